@@ -1,0 +1,37 @@
+# Compiler settings shared by every target.
+
+include(CheckPIESupported)
+check_pie_supported()
+
+add_library(repvolta_options INTERFACE)
+target_compile_options(repvolta_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+  -fstack-protector-strong)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # False alarms inside std::string's own operator+ (GCC bug 105651).
+  target_compile_options(repvolta_options INTERFACE -Wno-restrict)
+endif()
+target_link_options(repvolta_options INTERFACE -Wl,-z,relro,-z,now)
+
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT REPVOLTA_SANITIZE)
+  target_compile_options(repvolta_options INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+endif()
+
+if(REPVOLTA_SANITIZE)
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(repvolta_options INTERFACE ${sanitizers})
+  target_link_options(repvolta_options INTERFACE ${sanitizers})
+endif()
+
+if(REPVOLTA_COVERAGE)
+  target_compile_options(repvolta_options INTERFACE --coverage -O0)
+  target_link_options(repvolta_options INTERFACE --coverage)
+endif()
+
+# repvolta_folder(NAME [libraries...]): one static library from the sources of this folder.
+function(repvolta_folder name)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  add_library(repvolta_${name} STATIC ${sources})
+  target_include_directories(repvolta_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(repvolta_${name} PUBLIC repvolta_options ${ARGN})
+endfunction()

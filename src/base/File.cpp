@@ -1,0 +1,145 @@
+#include "base/File.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+#include "base/FileError.h"
+
+namespace repvolta {
+namespace {
+
+constexpr std::size_t kCopyBlock = 128 * 1024;
+
+const char* OpenFailure(File::Access access) {
+  return access == File::Access::kRead ? "could not be read" : "could not be opened for writing";
+}
+
+bool IsRegular(int descriptor) {
+  struct stat status {};
+  return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+}  // namespace
+
+File File::Open(const std::string& path, Access access) {
+  // Without O_NONBLOCK, opening a pipe would wait for its other end.
+  const int mode = access == Access::kRead ? O_RDONLY : O_RDWR;
+  const int descriptor = open(path.c_str(), mode | O_CLOEXEC | O_NONBLOCK);
+  if (descriptor < 0) throw FileError(path, OpenFailure(access), errno);
+  File file(descriptor, path);
+  if (!IsRegular(descriptor)) throw FileError(path, OpenFailure(access), "It is not a file");
+  return file;
+}
+
+File File::CreateNew(const std::string& path, unsigned mode) {
+  const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+  if (descriptor < 0) throw FileError(path, "could not be created", errno);
+  return {descriptor, path};
+}
+
+File& File::operator=(File&& other) noexcept {
+  if (this != &other) {
+    Close();
+    descriptor_ = std::exchange(other.descriptor_, -1);
+    path_ = std::move(other.path_);
+  }
+  return *this;
+}
+
+std::uint64_t File::Size() const {
+  struct stat status {};
+  if (fstat(descriptor_, &status) != 0) throw FileError(path_, "could not be read", errno);
+  return static_cast<std::uint64_t>(status.st_size);
+}
+
+std::size_t File::ReadAt(std::uint64_t offset, std::span<Byte> buffer) const {
+  std::size_t done = 0;
+  while (done < buffer.size()) {
+    const ssize_t count = pread(descriptor_, buffer.data() + done, buffer.size() - done,
+                                static_cast<off_t>(offset + done));
+    if (count == 0) break;
+    if (count > 0) {
+      done += static_cast<std::size_t>(count);
+    } else if (errno != EINTR) {
+      throw FileError(path_, "could not be read", errno);
+    }
+  }
+  return done;
+}
+
+void File::WriteAt(std::uint64_t offset, std::span<const Byte> bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t count = pwrite(descriptor_, bytes.data() + done, bytes.size() - done,
+                                 static_cast<off_t>(offset + done));
+    if (count >= 0) {
+      done += static_cast<std::size_t>(count);
+    } else if (errno != EINTR) {
+      throw FileError(path_, "could not be written", errno);
+    }
+  }
+}
+
+void File::FlushToDevice() {
+  if (fsync(descriptor_) != 0) throw FileError(path_, "could not be written", errno);
+}
+
+void File::Close() noexcept {
+  if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
+}
+
+bool FileExists(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to,
+                          std::uint64_t position) {
+  std::vector<Byte> block(kCopyBlock);
+  while (const std::size_t count = from.ReadAt(offset, block)) {
+    to.WriteAt(position, std::span(block).first(count));
+    offset += count;
+    position += count;
+  }
+  return position;
+}
+
+void CopyFileToNew(const std::string& source, const std::string& target) {
+  const File from = File::Open(source, File::Access::kRead);
+  File to = File::CreateNew(target);
+  try {
+    CopyContent(from, 0, to, 0);
+  } catch (...) {
+    unlink(target.c_str());
+    throw;
+  }
+}
+
+void CopyFileOver(const std::string& source, const std::string& target) {
+  { const File readable = File::Open(source, File::Access::kRead); }
+  RemoveFile(target);
+  CopyFileToNew(source, target);
+}
+
+void RemoveFile(const std::string& path) {
+  if (unlink(path.c_str()) != 0 && errno != ENOENT) {
+    throw FileError(path, "could not be deleted", errno);
+  }
+}
+
+void FlushFolder(const std::string& folder) {
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) throw FileError(folder, "could not be read", errno);
+  const int result = fsync(descriptor);
+  const int error = errno;
+  close(descriptor);
+  // Some file systems cannot flush a folder by itself and say so; they need no flush.
+  if (result != 0 && error != EINVAL) throw FileError(folder, "could not be written", error);
+}
+
+}  // namespace repvolta

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <utility>
+
+#include "base/Bytes.h"
+
+namespace repvolta {
+
+/// An open regular file; closed when it goes. Folders, pipes and devices are refused, so no read
+/// can wait for ever. Offsets and sizes are bytes.
+class File {
+ public:
+  enum class Access { kRead, kReadWrite };
+
+  /// Throws FileError when `path` does not exist, may not be used so, or is no regular file.
+  static File Open(const std::string& path, Access access);
+
+  /// A new, empty file for reading and writing. Throws FileError when anything stands at `path`, a
+  /// dangling link too. `mode` are permission bits, less the umask.
+  static File CreateNew(const std::string& path, unsigned mode = 0666);
+
+  File(File&& other) noexcept
+      : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
+  File& operator=(File&& other) noexcept;
+  File(const File&) = delete;
+  File& operator=(const File&) = delete;
+  ~File() { Close(); }
+
+  const std::string& Path() const { return path_; }
+  int Descriptor() const { return descriptor_; }
+
+  /// Throws FileError.
+  std::uint64_t Size() const;
+
+  /// Reads at `offset` until `buffer` is full or the file ends; returns the count of bytes read.
+  /// Throws FileError.
+  std::size_t ReadAt(std::uint64_t offset, std::span<Byte> buffer) const;
+
+  /// Writes all of `bytes` at `offset`. Throws FileError; some bytes may then have been written.
+  void WriteAt(std::uint64_t offset, std::span<const Byte> bytes);
+
+  /// Returns when the content is on the device. Throws FileError.
+  void FlushToDevice();
+
+  void Close() noexcept;
+
+ private:
+  File(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
+
+  int descriptor_ = -1;
+  std::string path_;
+};
+
+/// True when `path` is a regular file, or a link to one.
+bool FileExists(const std::string& path);
+
+/// Copies the bytes of `from`, from `offset` on, to the end of what has been written to `to`, whose
+/// next write position is `position`. Memory use does not depend on the size. Returns the new
+/// position. Throws FileError.
+std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to, std::uint64_t position);
+
+/// Copies the file `source` to `target`, content only. Whatever stands at `target`, a link too, is
+/// replaced by a new file and never written through. Throws FileError; then no `target` is left.
+void CopyFileOver(const std::string& source, const std::string& target);
+
+/// Like CopyFileOver, but throws FileError when anything stands at `target`.
+void CopyFileToNew(const std::string& source, const std::string& target);
+
+/// Removes the file or link `path`, read-only too; what does not exist is no error. Throws
+/// FileError.
+void RemoveFile(const std::string& path);
+
+/// Returns when the entries of the folder are on the device. Throws FileError.
+void FlushFolder(const std::string& folder);
+
+}  // namespace repvolta

@@ -1,0 +1,82 @@
+#include "base/FileNames.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "base/File.h"
+#include "base/Text.h"
+
+namespace repvolta {
+namespace {
+
+constexpr std::size_t kLongestName = 255;  // bytes, of the file systems in use
+
+bool IsForbidden(char character) {
+  const auto code = static_cast<unsigned char>(character);
+  return code == '/' || code < 0x20 || code == 0x7F;
+}
+
+/// All names in the folder, in name order without regard to case.
+std::vector<std::string> SortedNames(const std::string& folder) {
+  std::vector<std::pair<std::u32string, std::string>> keyed;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder.empty() ? "." : folder, error), end;
+       !error && entry != end; entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    keyed.emplace_back(FoldCase(name), name);
+  }
+  std::sort(keyed.begin(), keyed.end());
+  std::vector<std::string> names;
+  for (auto& [key, name] : keyed) names.push_back(std::move(name));
+  return names;
+}
+
+}  // namespace
+
+std::string FileName(std::string_view path) {
+  return std::string(path.substr(path.rfind('/') + 1));
+}
+
+std::string BaseName(std::string_view path) {
+  const std::string name = FileName(path);
+  return name.substr(0, name.rfind('.'));
+}
+
+std::string FolderOf(std::string_view path) {
+  return std::string(path.substr(0, path.rfind('/') + 1));
+}
+
+bool IsFileName(std::string_view name) {
+  return !name.empty() && name != "." && name != ".." && name.size() <= kLongestName &&
+         std::none_of(name.begin(), name.end(), IsForbidden);
+}
+
+std::string AsFileName(std::string_view name, std::string_view extension) {
+  std::string result(CutUtf8(name, kLongestName - extension.size()));
+  std::replace_if(result.begin(), result.end(), IsForbidden, '_');
+  return result.append(extension);
+}
+
+std::optional<std::string> FindFile(const std::string& path) {
+  if (FileExists(path)) return path;
+  const std::u32string wanted = FoldCase(FileName(path));
+  const std::string folder = FolderOf(path);
+  for (const std::string& name : SortedNames(folder)) {
+    if (FoldCase(name) == wanted && FileExists(folder + name)) return folder + name;
+  }
+  return std::nullopt;
+}
+
+std::string ExistingName(const std::string& path) { return FindFile(path).value_or(path); }
+
+std::vector<std::string> ListFiles(const std::string& folder, std::string_view extension) {
+  const std::u32string wanted = FoldCase(extension);
+  std::vector<std::string> names = SortedNames(folder);
+  std::erase_if(names, [&](const std::string& name) {
+    return !FoldCase(name).ends_with(wanted) || !FileExists(folder + "/" + name);
+  });
+  return names;
+}
+
+}  // namespace repvolta

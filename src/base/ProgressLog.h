@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+
+namespace repvolta {
+
+/// What an update tells the person who watches it, line by line.
+class ProgressLog {
+ public:
+  virtual ~ProgressLog() = default;
+
+  /// Appends one line, which is visible when the call returns. Problems begin "ERROR" or
+  /// "WARNING".
+  virtual void AddLineToUpdateList(std::string_view line) = 0;
+};
+
+}  // namespace repvolta

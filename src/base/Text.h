@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace repvolta {
+
+/// Without the blanks (U+0020 only) at both ends.
+std::string_view TrimBlanks(std::string_view text);
+
+/// Without the blanks (U+0020 only) at the end.
+std::string_view TrimTrailingBlanks(std::string_view text);
+
+/// True when the bytes are well-formed UTF-8 (RFC 3629: no surrogates, no overlong forms).
+bool IsUtf8(std::string_view bytes);
+
+/// The longest beginning of a UTF-8 text that has at most `limit` bytes and ends between
+/// characters.
+std::string_view CutUtf8(std::string_view text, std::size_t limit);
+
+/// The characters without regard to case, for comparing and ordering names; bytes that are no
+/// UTF-8 stand for themselves. The same in every locale.
+std::u32string FoldCase(std::string_view text);
+
+}  // namespace repvolta

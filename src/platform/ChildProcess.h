@@ -1,0 +1,42 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace repvolta {
+
+/// A program to start in the current directory, without a shell.
+struct ChildCommand {
+  /// A path; or a name without a folder, looked for in the current directory, then on the PATH.
+  std::string program;
+  std::vector<std::string> arguments;
+  /// The file that it reads as standard input; empty: its input is closed.
+  std::string inputFile = {};
+  /// It is killed when it runs longer; nothing: it may run as long as it likes.
+  std::optional<std::chrono::milliseconds> limit = std::nullopt;
+};
+
+enum class ChildEnd { kNotStarted, kExited, kCrashed, kKilledAtLimit };
+
+struct ChildResult {
+  ChildEnd end = ChildEnd::kNotStarted;
+  int exitCode = 0;    // when kExited
+  std::string output;  // the beginning of its standard output, at most kChildOutputLimit bytes
+};
+
+inline constexpr std::size_t kChildOutputLimit = 1024 * 1024;
+
+/// Runs child programs one at a time and waits for each one's end.
+class ChildProcesses {
+ public:
+  virtual ~ChildProcesses() = default;
+
+  /// Returns when the program has ended, however it did. Output beyond the limit is read and
+  /// dropped; its standard error is dropped. Does not throw for what the program does.
+  virtual ChildResult Run(const ChildCommand& command) = 0;
+};
+
+}  // namespace repvolta

@@ -1,0 +1,188 @@
+#include <csignal>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include "base/File.h"
+#include "base/FileError.h"
+#include "base/WholeFile.h"
+
+#include "support/TemporaryFolder.h"
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// While it lives no file can grow beyond `bytes`, as on a full disk.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+
+ private:
+  rlimit before_{};
+};
+
+std::size_t EntriesHere() {
+  return static_cast<std::size_t>(
+      std::distance(fs::directory_iterator("."), fs::directory_iterator()));
+}
+
+TEST(File, RefusesWhatIsNoRegularFile) {
+  TemporaryFolder folder;
+  fs::create_directory("Song.mp3");
+  ASSERT_EQ(mkfifo("pipe", 0600), 0);
+
+  EXPECT_THROW(File::Open("Song.mp3", File::Access::kRead), FileError);
+  EXPECT_THROW(File::Open("pipe", File::Access::kRead), FileError);
+}
+
+TEST(File, NamesTheFileAndTheReason) {
+  TemporaryFolder folder;
+  try {
+    File::Open("gone.wav", File::Access::kRead);
+    FAIL() << "opened";
+  } catch (const FileError& error) {
+    EXPECT_STREQ(error.what(), "gone.wav could not be read: No such file or directory");
+    EXPECT_EQ(error.Reason(), "No such file or directory");
+  }
+}
+
+TEST(File, ReadsOnlyWhatIsThere) {
+  TemporaryFolder folder;
+  PutFile("a", "abcdef");
+  Bytes buffer(10);
+
+  EXPECT_EQ(File::Open("a", File::Access::kRead).ReadAt(4, buffer), 2U);
+  EXPECT_EQ(File::Open("a", File::Access::kRead).ReadAt(9, buffer), 0U);
+}
+
+TEST(CopyFileOver, ReplacesALinkAndNotWhatItPointsTo) {
+  TemporaryFolder folder;
+  PutFile("song", "new");
+  PutFile("precious", "old");
+  fs::create_symlink("precious", "copy");
+
+  CopyFileOver("song", "copy");
+
+  EXPECT_EQ(GetTextFile("precious"), "old");
+  EXPECT_EQ(GetTextFile("copy"), "new");
+}
+
+TEST(CopyFileOver, KeepsTheTargetWhenTheSourceIsMissing) {
+  TemporaryFolder folder;
+  PutFile("copy", "old");
+
+  EXPECT_THROW(CopyFileOver("song", "copy"), FileError);
+
+  EXPECT_EQ(GetTextFile("copy"), "old");
+}
+
+TEST(CopyFileOver, LeavesNothingHalfWritten) {
+  TemporaryFolder folder;
+  PutFile("song", std::string(5000, 'x'));
+
+  {
+    FullDisk disk(1000);
+    EXPECT_THROW(CopyFileOver("song", "copy"), FileError);
+  }
+
+  EXPECT_FALSE(fs::exists("copy"));
+}
+
+TEST(CopyFileToNew, RefusesToReplace) {
+  TemporaryFolder folder;
+  PutFile("song", "new");
+  PutFile("copy", "old");
+
+  EXPECT_THROW(CopyFileToNew("song", "copy"), FileError);
+
+  EXPECT_EQ(GetTextFile("copy"), "old");
+}
+
+TEST(WriteWholeFile, ReplacesTheContentAndKeepsThePermissions) {
+  TemporaryFolder folder;
+  PutFile("settings.dat", "old");
+  fs::permissions("settings.dat", fs::perms(0640));
+
+  WriteWholeFile("settings.dat", AsBytes("new"));
+
+  EXPECT_EQ(GetTextFile("settings.dat"), "new");
+  EXPECT_EQ(fs::status("settings.dat").permissions(), fs::perms(0640));
+}
+
+TEST(WriteWholeFile, GivesANewFileTheUsualPermissions) {
+  TemporaryFolder folder;
+  const mode_t before = umask(022);
+
+  WriteWholeFile("new", AsBytes("x"));
+  umask(before);
+
+  EXPECT_EQ(fs::status("new").permissions(), fs::perms(0644));
+}
+
+TEST(WriteWholeFile, LeavesTheOldFileWholeOnAFullDisk) {
+  TemporaryFolder folder;
+  PutFile("Monday.RPV", "old");
+
+  {
+    FullDisk disk(1000);
+    EXPECT_THROW(WriteWholeFile("Monday.RPV", Bytes(5000)), FileError);
+  }
+
+  EXPECT_EQ(GetTextFile("Monday.RPV"), "old");
+  EXPECT_EQ(EntriesHere(), 1U);
+}
+
+TEST(WriteWholeFile, NamesTheFileAndNotTheOneBesideIt) {
+  TemporaryFolder folder;
+  try {
+    WriteWholeFile("no/such/folder", AsBytes("x"));
+    FAIL() << "written";
+  } catch (const FileError& error) {
+    EXPECT_STREQ(error.what(), "no/such/folder could not be written: No such file or directory");
+  }
+}
+
+TEST(WholeFileWriter, LeavesNothingWithoutACommit) {
+  TemporaryFolder folder;
+  { WholeFileWriter("musiclist.txt").Append("a song\n"); }
+  EXPECT_EQ(EntriesHere(), 0U);
+}
+
+TEST(WholeFileWriter, WritesMoreThanItHolds) {
+  TemporaryFolder folder;
+  WholeFileWriter writer("musiclist.txt");
+  const std::string line(999, 'x');
+  for (int i = 0; i < 1000; ++i) writer.Append(line + "\n");
+  writer.Commit();
+  EXPECT_EQ(fs::file_size("musiclist.txt"), 1000000U);
+}
+
+TEST(ReadWholeFile, StopsAtTheLimit) {
+  TemporaryFolder folder;
+  PutFile("long", std::string(5000, 'x'));
+  EXPECT_EQ(ReadWholeFile("long", 100).size(), 100U);
+  EXPECT_EQ(ReadWholeFile("long", 9000).size(), 5000U);
+}
+
+TEST(RemoveFile, RemovesReadOnlyFilesAndMindsNoMissingOnes) {
+  TemporaryFolder folder;
+  PutFile("temp.wav", "x");
+  fs::permissions("temp.wav", fs::perms(0400));
+
+  RemoveFile("temp.wav");
+  RemoveFile("temp.wav");
+
+  EXPECT_FALSE(FileExists("temp.wav"));
+}
+
+}  // namespace
+}  // namespace repvolta

@@ -1,0 +1,46 @@
+#include "support/TemporaryFolder.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <stdlib.h>
+
+namespace repvolta {
+
+namespace fs = std::filesystem;
+
+TemporaryFolder::TemporaryFolder() : before_(fs::current_path()) {
+  std::string pattern = fs::temp_directory_path() / "repvolta-test-XXXXXX";
+  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  path_ = fs::canonical(pattern).string() + "/";
+  fs::current_path(path_);
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  fs::current_path(before_, ignored);
+  fs::remove_all(path_, ignored);
+}
+
+void PutFile(const std::string& path, std::span<const Byte> content) {
+  PutFile(path, AsText(content));
+}
+
+void PutFile(const std::string& path, std::string_view content) {
+  if (fs::path(path).has_parent_path()) fs::create_directories(fs::path(path).parent_path());
+  std::ofstream(path, std::ios::binary) << content;
+}
+
+Bytes GetFile(const std::string& path) {
+  const std::string text = GetTextFile(path);
+  return {text.begin(), text.end()};
+}
+
+std::string GetTextFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  EXPECT_TRUE(file) << path << " cannot be read";
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace repvolta

@@ -1,0 +1,14 @@
+#include <QCoreApplication>
+#include <clocale>
+#include <gtest/gtest.h>
+#include <locale>
+
+/// Takes the locale of the environment, as the programs do: the suite also runs where the decimal
+/// point is a comma.
+int main(int argc, char** argv) {
+  QCoreApplication application(argc, argv);
+  std::setlocale(LC_ALL, "");
+  std::locale::global(std::locale(""));
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}

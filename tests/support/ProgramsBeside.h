@@ -1,0 +1,13 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace repvolta {
+
+/// The path of a small program of our own that the build puts beside the test programs.
+inline std::string ProgramBeside(const std::string& name) {
+  return (std::filesystem::canonical("/proc/self/exe").parent_path() / name).string();
+}
+
+}  // namespace repvolta

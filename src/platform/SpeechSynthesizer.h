@@ -13,12 +13,12 @@ class SpeechError : public std::runtime_error {
 };
 
 struct SpeechRequest {
-  std::string text;  // UTF-8
-  std::string file;  // the WAV file to write; an existing one is replaced
-  int voice = 0;     // position in VoiceNames()
-  int rate = 0;      // -10 (three times as slow) .. 0 (normal) .. 10 (three times as fast)
-  int volume = 100;  // 0 .. 100
-  int format = 0;    // position in kSoundFormats
+  std::string text = {};  // UTF-8
+  std::string file = {};  // the WAV file to write; an existing one is replaced
+  int voice = 0;          // position in VoiceNames()
+  int rate = 0;           // -10 (three times as slow) .. 0 (normal) .. 10 (three times as fast)
+  int volume = 100;       // 0 .. 100
+  int format = 0;         // position in kSoundFormats
 };
 
 /// Speaks texts into WAV files.

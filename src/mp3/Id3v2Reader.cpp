@@ -1,0 +1,141 @@
+#include "mp3/Id3v2Reader.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <optional>
+#include <stdexcept>
+
+#include "base/SingleByteText.h"
+#include "mp3/Id3v2Format.h"
+
+namespace repvolta {
+namespace {
+
+constexpr std::size_t kChunk = 4096;
+constexpr std::size_t kChunkOverlap = 3;
+constexpr std::string_view kAudioStart = "\xFF\xFB";
+
+constexpr int kMostFrames = 4096;
+constexpr std::size_t kMostBytesHeld = 4 * 1024 * 1024;
+
+std::int32_t PositionPast(std::uint64_t offset, const std::string& path) {
+  const std::uint64_t position = offset + kId3v2Marker.size() + 1;
+  if (position > std::numeric_limits<std::int32_t>::max()) {
+    throw std::overflow_error(path + " could not be read: Its tag stands too far from the start");
+  }
+  return static_cast<std::int32_t>(position);
+}
+
+std::int32_t PositionPastMarker(const File& file) {
+  std::string chunk;
+  for (std::uint64_t offset = 0;; offset += kChunk - kChunkOverlap) {
+    chunk.resize(kChunk);
+    chunk.resize(file.ReadAt(offset, {reinterpret_cast<Byte*>(chunk.data()), chunk.size()}));
+    const std::size_t marker = chunk.find(kId3v2Marker);
+    const std::size_t audio = chunk.find(kAudioStart);
+    if (marker != std::string::npos && marker < audio) {
+      return PositionPast(offset + marker, file.Path());
+    }
+    if (audio != std::string::npos || chunk.size() < kChunk) return 0;
+  }
+}
+
+struct FrameHeader {
+  std::string identifier;
+  std::uint32_t size;
+};
+
+bool IsZero(std::span<const Byte> bytes) {
+  return std::all_of(bytes.begin(), bytes.end(), [](Byte byte) { return byte == 0; });
+}
+
+std::uint32_t BigEndian(std::span<const Byte> bytes) {
+  std::uint32_t value = 0;
+  for (const Byte byte : bytes) value = value << 8 | byte;
+  return value;
+}
+
+std::string InVersion3(std::string identifier) {
+  for (const auto& [old, current] : kIdentifiersOfVersion2) {
+    if (identifier == old) return std::string(current);
+  }
+  return identifier;
+}
+
+/// The bytes that can hold frames: from behind the tag's header to its end or the file's.
+struct FrameArea {
+  std::uint64_t start;
+  std::uint64_t end;
+};
+
+FrameArea AreaOf(const File& file, const Id3v2Place& place) {
+  const std::uint64_t start = place.Offset() + kId3v2HeaderSize;
+  const auto size = static_cast<std::uint64_t>(std::max(place.size, 0));
+  return {start, std::min(start + size, file.Size())};
+}
+
+/// The header of the frame at the start of the area; nothing where frames end.
+std::optional<FrameHeader> NextFrame(const File& file, const FrameArea& area,
+                                     const FrameLayout& layout) {
+  if (area.start >= area.end || area.end - area.start < layout.headerSize) return std::nullopt;
+  std::array<Byte, kFrameLayoutOfVersion3.headerSize> bytes{};
+  const auto header = std::span(bytes).first(layout.headerSize);
+  if (file.ReadAt(area.start, header) < header.size()) return std::nullopt;
+  const auto identifier = header.first(layout.identifierSize);
+  const std::uint32_t size = BigEndian(header.subspan(layout.identifierSize, layout.sizeSize));
+  const bool fits = size <= area.end - area.start - layout.headerSize;
+  if (IsZero(identifier) || !fits) return std::nullopt;
+  return FrameHeader{AsText(identifier), size};
+}
+
+/// The data without its zero bytes: so without the encoding and the terminators.
+std::string ReadFrameText(const File& file, std::uint64_t offset, std::uint32_t size) {
+  std::string data(size, '\0');
+  data.resize(file.ReadAt(offset, {reinterpret_cast<Byte*>(data.data()), data.size()}));
+  std::erase(data, '\0');
+  return FromWindows1252(data);
+}
+
+}  // namespace
+
+std::uint64_t Id3v2Place::Offset() const {
+  return static_cast<std::uint64_t>(position) - 1 - kId3v2Marker.size();
+}
+
+Id3v2Place LocateId3v2(const File& file) {
+  Id3v2Place place;
+  place.position = PositionPastMarker(file);
+  if (place.position == 0) return place;
+  std::array<Byte, kId3v2HeaderSize> header{};
+  if (file.ReadAt(place.Offset(), header) <= kId3v2VersionOffset) return place;
+  place.version = header[kId3v2VersionOffset];
+  if (place.version >= kOldestVersionRead && place.version <= kNewestVersionRead) {
+    place.size =
+        static_cast<std::int32_t>(LoadBigEndian32(std::span(header).subspan(kId3v2SizeOffset)));
+  }
+  return place;
+}
+
+Id3v2Frames ReadId3v2Frames(const File& file, const Id3v2Place& place) {
+  Id3v2Frames frames;
+  if (place.position == 0 || place.size <= 0) return frames;
+  const FrameLayout& layout = place.version == 2 ? kFrameLayoutOfVersion2 : kFrameLayoutOfVersion3;
+  FrameArea area = AreaOf(file, place);
+  std::size_t held = 0;
+  for (int count = 0; count < kMostFrames; ++count) {
+    const auto header = NextFrame(file, area, layout);
+    if (!header) break;
+    const std::uint64_t data = area.start + layout.headerSize;
+    if (header->size <= kMostBytesHeld - held) {
+      held += header->size;
+      const bool isVersion2 = place.version == 2;
+      frames.Add(isVersion2 ? InVersion3(header->identifier) : header->identifier,
+                 ReadFrameText(file, data, header->size));
+    }
+    area.start = data + header->size;
+  }
+  return frames;
+}
+
+}  // namespace repvolta

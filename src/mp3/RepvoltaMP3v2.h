@@ -1,0 +1,72 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "mp3/Id3v2Reader.h"
+
+namespace repvolta {
+
+/// The ID3v2 tag at the start of one file: reads versions 2.2 to 2.4, replaces frames, and writes
+/// the tag as version 2.3. Texts are UTF-8; in the file they are Windows-1252. All sizes are plain
+/// big-endian numbers, in reading and in writing, unlike those that RepvoltaMP3 reads; this is
+/// meant.
+class cMP3ID3v2 {
+ public:
+  /// Makes `path` the current file and reads its tag; what was set before is gone. Throws TagError
+  /// with the source ".cMP3ID3v1", a name that is kept on purpose.
+  void SetFileName(const std::string& path);
+
+  /// "ID3" stands before the audio.
+  bool HasTag() const { return place_.position >= 1; }
+
+  // Each replaces all frames of its identifier by one.
+  void SetUserUrl(std::string_view address);  // WXXX
+  void SetTitle(std::string_view text) { Replace("TIT2", std::string(text)); }
+  void SetArtist(std::string_view text) { Replace("TPE1", std::string(text)); }
+  void SetAlbum(std::string_view text) { Replace("TALB", std::string(text)); }
+  void SetTrack(std::string_view text) { Replace("TRCK", std::string(text)); }
+
+  /// Writes the held frames into the current file. It grows, all or nothing, when it has no tag or
+  /// too small a one; a larger tag is written over in its place. Throws TagError.
+  void WriteTag();
+
+  std::string Title() const { return frames_.LastText("TIT2"); }
+  std::string Artist() const { return frames_.LastText("TPE1"); }
+  std::string Album() const { return frames_.LastText("TALB"); }
+  std::string Year() const { return frames_.LastText("TYER"); }
+  std::string Track() const { return frames_.LastText("TRCK"); }
+  std::string Copyright() const { return frames_.LastText("TCOP"); }
+  std::string OriginalArtist() const { return frames_.LastText("TOPE"); }
+  std::string Composer() const { return frames_.LastText("TCOM"); }
+  std::string EncodedBy() const { return frames_.LastText("TENC"); }
+  std::string PlayCount() const { return frames_.LastText("PCNT"); }
+  std::string UserUrl() const;
+  std::string AudioFileUrl() const { return frames_.LastText("WOAF"); }
+  std::string ArtistUrl() const { return frames_.LastText("WOAR"); }
+  std::string CommercialUrl() const { return frames_.LastText("WCOM"); }
+  std::string Lyrics() const { return frames_.LastText("USLT"); }
+
+  /// All comments, with "\r\n" between them.
+  std::string Comment() const;
+
+  /// The name after "(number)", or the number's when nothing follows, or the text as it stands.
+  std::string Genre() const;
+
+  /// 255 when unknown.
+  Byte GenreNumber() const;
+
+  const Id3v2Place& Place() const { return place_; }
+  const Id3v2Frames& Frames() const { return frames_; }
+
+ private:
+  void Replace(std::string_view identifier, std::string text);
+  Bytes BuildTag() const;
+  void WriteInto(File& file) const;
+
+  std::string fileName_;
+  Id3v2Place place_;
+  Id3v2Frames frames_;
+};
+
+}  // namespace repvolta

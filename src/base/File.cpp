@@ -15,8 +15,11 @@ namespace {
 
 constexpr std::size_t kCopyBlock = 128 * 1024;
 
+constexpr const char* kWriteFailure = "could not be opened for writing";
+constexpr const char* kNoFile = "It is not a file";
+
 const char* OpenFailure(File::Access access) {
-  return access == File::Access::kRead ? "could not be read" : "could not be opened for writing";
+  return access == File::Access::kRead ? "could not be read" : kWriteFailure;
 }
 
 bool IsRegular(int descriptor) {
@@ -32,7 +35,7 @@ File File::Open(const std::string& path, Access access) {
   const int descriptor = open(path.c_str(), mode | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) throw FileError(path, OpenFailure(access), errno);
   File file(descriptor, path);
-  if (!IsRegular(descriptor)) throw FileError(path, OpenFailure(access), "It is not a file");
+  if (!IsRegular(descriptor)) throw FileError(path, OpenFailure(access), kNoFile);
   return file;
 }
 
@@ -40,6 +43,15 @@ File File::CreateNew(const std::string& path, unsigned mode) {
   const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
   if (descriptor < 0) throw FileError(path, "could not be created", errno);
   return {descriptor, path};
+}
+
+File File::OpenOrCreate(const std::string& path) {
+  const int flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
+  const int descriptor = open(path.c_str(), flags, 0666);
+  if (descriptor < 0) throw FileError(path, kWriteFailure, errno);
+  File file(descriptor, path);
+  if (!IsRegular(descriptor)) throw FileError(path, kWriteFailure, kNoFile);
+  return file;
 }
 
 File& File::operator=(File&& other) noexcept {

@@ -22,6 +22,10 @@ class File {
   /// dangling link too. `mode` are permission bits, less the umask.
   static File CreateNew(const std::string& path, unsigned mode = 0666);
 
+  /// The file for reading and writing, made when it does not exist. A link is refused. Throws
+  /// FileError.
+  static File OpenOrCreate(const std::string& path);
+
   File(File&& other) noexcept
       : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
   File& operator=(File&& other) noexcept;

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <random>
+
+namespace repvolta {
+
+class RandomNumbers {
+ public:
+  virtual ~RandomNumbers() = default;
+
+  /// Begins a new sequence, chosen by the system timer.
+  virtual void Seed() = 0;
+
+  /// The next number, uniform in [0, 1).
+  virtual double Next() = 0;
+};
+
+class TimerSeededNumbers : public RandomNumbers {
+ public:
+  void Seed() override;
+  double Next() override;
+
+ private:
+  std::mt19937_64 engine_;
+};
+
+}  // namespace repvolta

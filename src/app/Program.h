@@ -1,0 +1,22 @@
+#pragma once
+
+#include "app/ProgramState.h"
+#include "app/UserInterface.h"
+#include "base/Clock.h"
+#include "base/RandomNumbers.h"
+#include "platform/ChildProcess.h"
+#include "platform/SpeechSynthesizer.h"
+
+namespace repvolta {
+
+/// The state and the services that the procedures work with; each main puts one together.
+struct Program {
+  ProgramState& state;
+  UserInterface& screen;
+  const Clock& clock;
+  RandomNumbers& random;
+  ChildProcesses& processes;
+  SpeechSynthesizer& speech;
+};
+
+}  // namespace repvolta

@@ -1,0 +1,16 @@
+#include "app/ProgramState.h"
+
+#include <cerrno>
+#include <unistd.h>
+
+#include "base/FileError.h"
+
+namespace repvolta {
+
+void MakeProgramDirectoryCurrent(const ProgramState& state) {
+  if (chdir(state.ProgramDirectory.c_str()) != 0) {
+    throw FileError(state.ProgramDirectory, "could not be opened", errno);
+  }
+}
+
+}  // namespace repvolta

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/Records.h"
+
+namespace repvolta {
+
+/// How SpeakToFile speaks: the voice as it was set up at the start, and the choices on the settings
+/// tab.
+struct VoiceState {
+  std::int16_t Voice = 0;    // position in VoiceCB
+  std::int16_t Rate = 0;     // -10 .. 10
+  std::int16_t Volume = 70;  // 0 .. 100
+  std::int16_t Format = 14;  // position in FormatCB: SAFT16kHz16BitMono
+};
+
+/// Everything that the program holds in memory, one for the whole run.
+struct ProgramState {
+  ExerciseSlots Workout;
+  SettingsRecord Settings;
+  VoiceState Voice;
+
+  std::int16_t NumberOfExercises = 0;  // slots in use in Workout
+  std::int16_t CurrentExercise = 0;    // the slot that the exercise tab shows
+  std::int16_t NumberOfWorkouts = 0;
+  std::vector<std::string> WorkoutNames;  // what WorkoutDropBox lists: file names with ".RPV"
+  std::string WorkoutFileName;            // of the workout in memory; empty: none
+  std::int32_t RandomMusicFiles = 0;      // lines of "musiclist.txt" as last counted
+
+  bool ScreenUpdating = false;       // the program itself fills the controls
+  bool UpdatingAllWorkouts = false;  // not saved
+  std::string ProgramDirectory;      // with the separator at its end
+};
+
+/// Makes the program directory the current one. Throws FileError.
+void MakeProgramDirectoryCurrent(const ProgramState& state);
+
+}  // namespace repvolta

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/Records.h"
+#include "base/Bytes.h"
+
+namespace repvolta {
+
+// Workout file: kExerciseSlots records back to back. Settings file: one record. Both are
+// little-endian without header or padding; docs/formats has the byte tables.
+
+inline constexpr std::size_t kExerciseRecordSize = 5120;
+inline constexpr std::size_t kWorkoutFileSize = kExerciseSlots * kExerciseRecordSize;
+/// Without the characters of AudioFormat.
+inline constexpr std::size_t kSettingsFileSize = 1320;
+/// The longest settings file: the length of AudioFormat has 16 bits.
+inline constexpr std::size_t kLongestSettingsFile = kSettingsFileSize + 0xFFFF;
+
+/// kWorkoutFileSize bytes.
+Bytes EncodeWorkout(const ExerciseSlots& workout);
+
+/// Reads as far as the bytes go; what is missing is zeros and blanks, what is too much is ignored.
+ExerciseSlots DecodeWorkout(std::span<const Byte> file);
+
+Bytes EncodeSettings(const SettingsRecord& settings);
+
+/// Reads as far as the bytes go; what is missing is zeros and blanks.
+SettingsRecord DecodeSettings(std::span<const Byte> file);
+
+}  // namespace repvolta

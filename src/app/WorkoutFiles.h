@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "app/Program.h"
+
+namespace repvolta {
+
+inline constexpr std::string_view kWorkoutFolder = "workouts/";
+inline constexpr std::string_view kWorkoutExtension = ".RPV";
+
+/// Refills WorkoutDropBox and its count from the workout folder, in name order; the folder is made
+/// when it is missing. Throws FileError.
+void LoadWorkoutNames(ProgramState& state, UserInterface& screen);
+
+enum class WorkoutLoad { kLoaded, kNoName, kNotFound };
+
+/// Reads the file named by WorkoutFileName into Workout, selects its first exercise and refreshes
+/// both tabs. Says so when there is no such file. Throws FileError when it cannot be read. Where it
+/// is not loaded, the workout in memory is as it was.
+WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen);
+
+/// Makes the program directory current and writes Workout to the file named by WorkoutFileName, all
+/// or nothing; without a name it writes nothing. Throws FileError.
+void SaveWorkout(const ProgramState& state);
+
+}  // namespace repvolta

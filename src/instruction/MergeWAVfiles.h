@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "base/ProgressLog.h"
+
+namespace repvolta {
+
+/// Appends the samples of the WAV file `source` to the WAV file `target` and sets the sizes in its
+/// header. Both have the 46-byte header and one sample format; neither is checked. Never throws: a
+/// missing file is logged and leaves `target` as it was, a step that fails is passed over.
+void MergeWAVfiles(const std::string& target, const std::string& source, ProgressLog& log);
+
+}  // namespace repvolta

@@ -1,0 +1,127 @@
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "instruction/MergeWAVfiles.h"
+
+#include "fakes/RecordingScreen.h"
+#include "support/ClipBytes.h"
+#include "support/TemporaryFolder.h"
+
+namespace repvolta {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class MergeWAV : public testing::Test {
+ protected:
+  std::uint32_t TargetNumber(std::size_t offset) {
+    return LoadLittleEndian<std::uint32_t>(
+        std::span(target_ = GetFile("target.wav")).subspan(offset));
+  }
+
+  TemporaryFolder folder;
+  RecordingScreen screen;
+
+ private:
+  Bytes target_;
+};
+
+TEST_F(MergeWAV, AppendsTheSamplesOverTheLastByte) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  Bytes source = ClipBytes(Bytes(100, 's'));
+  source[45] = 'h';
+  PutFile("source.wav", source);
+
+  MergeWAVfiles("target.wav", "source.wav", screen);
+
+  const Bytes joined = GetFile("target.wav");
+  ASSERT_EQ(joined.size(), 346U);
+  EXPECT_EQ(AsText(std::span(joined).subspan(46, 199)), std::string(199, 't'));
+  EXPECT_EQ(joined[245], 'h');
+  EXPECT_EQ(AsText(std::span(joined).subspan(246)), std::string(100, 's'));
+  EXPECT_EQ(TargetNumber(4), 338U);
+  EXPECT_EQ(TargetNumber(16), 18U);
+  EXPECT_EQ(TargetNumber(42), 299U);
+  EXPECT_THAT(screen.log, IsEmpty());
+}
+
+TEST_F(MergeWAV, LeavesTheSourceAlone) {
+  const Bytes source = ClipBytes(Bytes(100, 's'));
+  PutFile("source.wav", source);
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_EQ(GetFile("source.wav"), source);
+}
+
+TEST_F(MergeWAV, WritesTheFormatSizeWhateverItWas) {
+  Bytes target = ClipBytes(Bytes(200, 't'));
+  target[16] = 16;
+  PutFile("target.wav", target);
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_EQ(TargetNumber(16), 18U);
+}
+
+TEST_F(MergeWAV, LeavesTheOtherHeaderFieldsAlone) {
+  Bytes target = ClipBytes(Bytes(200, 't'));
+  for (const std::size_t offset : {0, 8, 12, 20, 22, 24, 28, 32, 34, 36, 38}) target[offset] = 'x';
+  PutFile("target.wav", target);
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+
+  MergeWAVfiles("target.wav", "source.wav", screen);
+
+  const Bytes joined = GetFile("target.wav");
+  for (const std::size_t offset : {0, 8, 12, 20, 22, 24, 28, 32, 34, 36, 38})
+    EXPECT_EQ(joined[offset], 'x') << offset;
+}
+
+TEST_F(MergeWAV, LogsAMissingSourceAndChangesNothing) {
+  const Bytes target = ClipBytes(Bytes(200, 't'));
+  PutFile("target.wav", target);
+  MergeWAVfiles("target.wav", "voice/reps.wav", screen);
+  EXPECT_THAT(screen.log, ElementsAre("ERROR: voice/reps.wav NOT FOUND."));
+  EXPECT_EQ(GetFile("target.wav"), target);
+}
+
+TEST_F(MergeWAV, LogsAMissingTargetAndMakesNone) {
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_THAT(screen.log, ElementsAre("ERROR: target.wav NOT FOUND."));
+  EXPECT_FALSE(std::filesystem::exists("target.wav"));
+}
+
+TEST_F(MergeWAV, LogsOnlyTheSourceWhenBothAreMissing) {
+  MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav NOT FOUND."));
+}
+
+TEST_F(MergeWAV, PassesOverASourceThatIsTooShort) {
+  const Bytes target = ClipBytes(Bytes(200, 't'));
+  PutFile("target.wav", target);
+  for (const std::size_t size : {0, 1, 44, 45}) {
+    PutFile("source.wav", Bytes(size, 's'));
+    MergeWAVfiles("target.wav", "source.wav", screen);
+    EXPECT_EQ(GetFile("target.wav"), target) << size;
+  }
+  EXPECT_THAT(screen.log, IsEmpty());
+}
+
+TEST_F(MergeWAV, PassesOverATargetThatIsTooShort) {
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  PutFile("target.wav", Bytes(45, 't'));
+  MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_EQ(GetFile("target.wav"), Bytes(45, 't'));
+}
+
+TEST_F(MergeWAV, JoinsManyClips) {
+  PutFile("target.wav", ClipBytes(Bytes(10, 't')));
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  for (int i = 0; i < 60; ++i) MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_EQ(GetFile("target.wav").size(), 46U + 10 + 60 * 100);
+  EXPECT_EQ(TargetNumber(42), 10U + 60 * 100 - 1);
+}
+
+}  // namespace
+}  // namespace repvolta

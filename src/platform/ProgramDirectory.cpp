@@ -1,0 +1,69 @@
+#include "platform/ProgramDirectory.h"
+
+#include <QStandardPaths>
+#include <filesystem>
+#include <system_error>
+
+#include "base/File.h"
+#include "base/FileError.h"
+#include "base/FileNames.h"
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kSharedData = "../share/repvolta";
+constexpr const char* kEncoderLink = "lame.exe";
+
+std::string UserDataFolder() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  return folder.toStdString() + "/repvolta/";
+}
+
+bool IsPortable(const std::string& executableFolder) {
+  return fs::is_directory(executableFolder + "voice");
+}
+
+/// Copies what `target` lacks, folder by folder.
+void CopyMissing(const fs::path& source, const fs::path& target) {
+  fs::create_directories(target);
+  for (const fs::directory_entry& entry : fs::directory_iterator(source)) {
+    const fs::path copy = target / entry.path().filename();
+    if (entry.is_directory()) {
+      CopyMissing(entry.path(), copy);
+    } else if (!fs::exists(fs::symlink_status(copy))) {
+      CopyFileToNew(entry.path(), copy);
+    }
+  }
+}
+
+}  // namespace
+
+std::string FindProgramDirectory(const std::string& executable) {
+  const std::string beside = FolderOf(executable);
+  return IsPortable(beside) ? beside : UserDataFolder();
+}
+
+void FillProgramDirectory(const std::string& programDirectory, const std::string& executable) {
+  const std::string beside = FolderOf(executable);
+  if (programDirectory == beside) return;
+  try {
+    fs::create_directories(programDirectory);
+    const fs::path shared = fs::path(beside) / kSharedData;
+    if (fs::is_directory(shared)) CopyMissing(shared, programDirectory);
+  } catch (const fs::filesystem_error& error) {
+    throw FileError(programDirectory, "could not be filled", error.code().value());
+  }
+}
+
+void LinkEncoder(const std::string& programDirectory) {
+  const std::string link = programDirectory + kEncoderLink;
+  const QString encoder = QStandardPaths::findExecutable("lame");
+  if (FileExists(link) || encoder.isEmpty()) return;
+  std::error_code readOnly;
+  fs::remove(link, readOnly);
+  fs::create_symlink(encoder.toStdString(), link, readOnly);
+}
+
+}  // namespace repvolta

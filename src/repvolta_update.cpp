@@ -1,0 +1,166 @@
+#include <QCoreApplication>
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "app/Program.h"
+#include "app/Settings.h"
+#include "app/StartUp.h"
+#include "app/WorkoutFiles.h"
+#include "base/File.h"
+#include "base/FileError.h"
+#include "base/Text.h"
+#include "platform/EngineSpeech.h"
+#include "platform/ProgramDirectory.h"
+#include "platform/QtChildProcesses.h"
+#include "update/RandomMusicList.h"
+#include "update/Steps.h"
+#include "update/UpdateCommands.h"
+#include "update/UpdateDriver.h"
+
+// The update without a window, for scheduled runs and scripts.
+
+namespace repvolta {
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kDoneWithErrors = 1;
+constexpr int kNotStarted = 2;
+constexpr int kSignalStatus = 128;
+
+volatile std::sig_atomic_t stopSignal = 0;
+
+void RequestStop(int signal) { stopSignal = signal; }
+
+/// What keeps the update from starting; nothing was changed.
+class CannotStart : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Prints the progress lines to standard output as they come, and messages to standard error.
+class Console : public UserInterface {
+ public:
+  bool SawError() const { return sawError_; }
+
+  void AddLineToUpdateList(std::string_view line) override {
+    if (line.starts_with("ERROR")) sawError_ = true;
+    std::fwrite(line.data(), 1, line.size(), stdout);
+    std::fputc('\n', stdout);
+    std::fflush(stdout);
+  }
+
+  void ShowMessage(std::string_view text, std::string_view /*title*/) override {
+    std::fprintf(stderr, "repvolta-update: %s\n", std::string(text).c_str());
+  }
+
+  void ShowWorkoutNames() override {}
+  void UpdateWorkoutScreen() override {}
+  void UpdateExerciseScreen() override {}
+  void ShowUpdateForm() override {}
+  void HideUpdateForm() override {}
+  void OpenPlayList(const std::string& /*path*/) override {}
+  bool KeepWaiting() override { return false; }
+  bool StopRequested() override { return stopSignal != 0; }
+
+ private:
+  bool sawError_ = false;
+};
+
+std::vector<std::string> Operands(const std::vector<std::string>& arguments) {
+  for (const std::string& argument : arguments) {
+    if (argument.starts_with('-')) {
+      throw CannotStart(argument + " is no workout; usage: repvolta-update [WORKOUT ...]");
+    }
+  }
+  return arguments;
+}
+
+/// The listed workout that an operand names, with or without ".RPV", in any case.
+std::string FindWorkout(const ProgramState& state, const std::string& operand) {
+  for (const std::string& wanted : {operand, operand + std::string(kWorkoutExtension)}) {
+    if (std::ranges::count(state.WorkoutNames, wanted) > 0) return wanted;
+    for (const std::string& name : state.WorkoutNames) {
+      if (FoldCase(name) == FoldCase(wanted)) return name;
+    }
+  }
+  throw CannotStart("There is no workout " + operand);
+}
+
+std::vector<std::string> ChosenWorkouts(const ProgramState& state,
+                                        const std::vector<std::string>& operands) {
+  if (operands.empty()) return state.WorkoutNames;
+  std::vector<std::string> chosen;
+  for (const std::string& operand : operands) chosen.push_back(FindWorkout(state, operand));
+  return chosen;
+}
+
+void UpdateWorkout(Program& program, const std::string& name) {
+  program.state.WorkoutFileName = name;
+  std::string failure = name + " could not be loaded";
+  try {
+    if (LoadWorkout(program.state, program.screen) == WorkoutLoad::kLoaded) {
+      UpdateCurrentWorkout(program);
+      return;
+    }
+  } catch (const FileError& error) {
+    failure = error.what();
+  }
+  program.screen.AddLineToUpdateList("ERROR: " + failure);
+}
+
+/// Reads the settings, the list of workouts and the count of random music. Throws CannotStart.
+void Load(ProgramState& state, UserInterface& screen, const std::string& executable) {
+  state.ProgramDirectory = FindProgramDirectory(executable);
+  const std::string settings = state.ProgramDirectory + kSettingsFile;
+  if (!FileExists(settings)) {
+    throw CannotStart("There is no " + settings + "; start repvolta first");
+  }
+  FillProgramDirectory(state.ProgramDirectory, executable);
+  MakeProgramDirectoryCurrent(state);
+  LoadSettings(state);
+  if (IsOutputPathMissing(state.Settings)) {
+    throw CannotStart("no Output file path has been specified");
+  }
+  SetUpVoice(state);
+  LoadWorkoutNames(state, screen);
+  CountRandomMusicFiles(state);
+}
+
+int Run(const std::string& executable, const std::vector<std::string>& arguments) {
+  const std::vector<std::string> operands = Operands(arguments);
+  ProgramState state;
+  Console console;
+  Load(state, console, executable);
+  const std::vector<std::string> workouts = ChosenWorkouts(state, operands);
+
+  SystemClock clock;
+  TimerSeededNumbers random;
+  QtChildProcesses processes([&console] { Steps(console).CheckStop(); });
+  EngineSpeech speech(InstalledEngines(processes));
+  Program program{state, console, clock, random, processes, speech};
+  for (const std::string& workout : workouts) UpdateWorkout(program, workout);
+  return console.SawError() ? kDoneWithErrors : kDone;
+}
+
+}  // namespace
+}  // namespace repvolta
+
+int main(int argc, char** argv) {
+  QCoreApplication application(argc, argv);
+  std::signal(SIGINT, repvolta::RequestStop);
+  std::signal(SIGTERM, repvolta::RequestStop);
+  std::signal(SIGPIPE, SIG_IGN);
+  try {
+    return repvolta::Run(QCoreApplication::applicationFilePath().toStdString(),
+                         {argv + 1, argv + argc});
+  } catch (const repvolta::UpdateStopped&) {
+    return repvolta::kSignalStatus + repvolta::stopSignal;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "repvolta-update: %s\n", error.what());
+    return repvolta::kNotStarted;
+  }
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "app/ProgramState.h"
+
+namespace repvolta {
+
+/// The folder that receives the files of one workout, and what may be done there.
+class OutputFolder {
+ public:
+  /// `outputPath` and `workoutName`, the folder's name in it, are taken as they are.
+  OutputFolder(const std::string& outputPath, const std::string& workoutName);
+
+  /// With the separator at its end.
+  const std::string& Path() const { return path_; }
+
+  /// Deletes the folder with all that is in it, read-only files too. It must lie right in the
+  /// output path, be no link, and neither be nor hold one of `keep`; else throws std::runtime_error
+  /// and nothing is deleted: from then on no file in it is replaced, and nothing is written where
+  /// it leads out of the output path. Throws FileError when something could not be deleted.
+  void Clear(const std::vector<std::string>& keep);
+
+  /// Makes the folder unless it is there. Throws FileError.
+  void Create() const;
+
+  /// Says that `path`, which lies in the folder, is going to be written. Throws FileError when it
+  /// may not be changed.
+  void Claim(const std::string& path);
+
+  /// Claims `target`, which lies in the folder, and copies the file `source` to it. Throws
+  /// FileError; then no half copy is left.
+  void CopyInto(const std::string& source, const std::string& target);
+
+  /// False for a file that was there before a folder that is not ours to clear, and for every file
+  /// where the folder leads out of the output path.
+  bool MayChange(const std::string& path) const;
+
+  /// Returns when the claimed files and the folder are on the device. Throws FileError for the
+  /// first that is not.
+  void FlushToDevice() const;
+
+ private:
+  enum class Use { kReplace, kAddOnly, kNothing };
+
+  std::string name_;
+  std::string path_;
+  Use use_ = Use::kReplace;
+  std::set<std::string> claimed_;
+};
+
+}  // namespace repvolta

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace repvolta {
+
+/// Appends a path, as its own bytes, and a CR LF to the play list, which is made when it does not
+/// exist. Throws FileError; std::invalid_argument for a path with a line break in it, which would
+/// be two lines.
+void AddToPlaylistFile(const std::string& line, const std::string& playList);
+
+}  // namespace repvolta

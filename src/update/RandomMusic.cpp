@@ -1,0 +1,71 @@
+#include "update/RandomMusic.h"
+
+#include "base/File.h"
+#include "base/Numbers.h"
+#include "mp3/GetPlayTime.h"
+#include "update/RandomMusicList.h"
+
+namespace repvolta {
+namespace {
+
+/// Fills the music list of one exercise.
+class RandomFill {
+ public:
+  RandomFill(Program& program, ExerciseRecord& exercise, Steps& steps)
+      : program_(program), exercise_(exercise), steps_(steps) {}
+
+  void Run() {
+    exercise_.NumberOfMusicFiles = 0;
+    for (int slot = 0; slot < MaxMusicFiles && FillSlot(slot); ++slot) {
+      // The file that crosses the target is kept. Without a target one file is enough, even one
+      // whose play time is not known.
+      if (total_ > exercise_.TargetExerciseTime || exercise_.TargetExerciseTime == 0) break;
+    }
+    exercise_.TotalMusicTime = total_;
+  }
+
+ private:
+  /// False when no file was found.
+  bool FillSlot(int slot) {
+    exercise_.MusicFile[slot] = {};
+    const std::string path = Draw();
+    if (path.empty() || !FileExists(path)) {
+      steps_.Log("ERROR: Unable to find random music for Exercise - " +
+                 exercise_.ExerciseName.Text());
+      return false;
+    }
+    std::int16_t seconds = 0;
+    steps_.Run([&] { seconds = GetPlayTime(path); });
+    steps_.Run([&] { total_ = CheckedInt16(total_ + seconds); });
+    exercise_.MusicFilePlayTime[slot] = seconds;
+    exercise_.MusicFile[slot] = path;
+    ++exercise_.NumberOfMusicFiles;
+    steps_.Log("Random music file found and added for Exercise - " + exercise_.ExerciseName.Text());
+    return true;
+  }
+
+  std::string Draw() {
+    std::string path;
+    steps_.Run([&] {
+      const std::int16_t longest = CheckedInt16(exercise_.TargetExerciseTime * 2);
+      path = GetRandomMusicFile(program_.state.RandomMusicFiles, 0, longest, program_.random);
+    });
+    return path;
+  }
+
+  Program& program_;
+  ExerciseRecord& exercise_;
+  Steps& steps_;
+  std::int16_t total_ = 0;
+};
+
+}  // namespace
+
+void DrawRandomMusic(Program& program, Steps& steps) {
+  for (int i = 0; i < program.state.NumberOfExercises; ++i) {
+    ExerciseRecord& exercise = program.state.Workout[i];
+    if (exercise.RandomMusic == kTrue) RandomFill(program, exercise, steps).Run();
+  }
+}
+
+}  // namespace repvolta

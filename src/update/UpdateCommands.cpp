@@ -1,0 +1,64 @@
+#include "update/UpdateCommands.h"
+
+#include "app/WorkoutFiles.h"
+#include "base/FileError.h"
+#include "base/SingleByteText.h"
+#include "base/Text.h"
+#include "update/UpdateDriver.h"
+
+namespace repvolta {
+namespace {
+
+constexpr std::size_t kPathFieldSize = 256;
+
+/// The size that the text has in its field.
+std::size_t SizeInField(const std::string& text) {
+  Bytes field(kPathFieldSize);
+  EncodeField(text, field);
+  return TrimTrailingBlanks(AsText(field)).size();
+}
+
+bool CanUpdate(Program& program) {
+  MakeProgramDirectoryCurrent(program.state);
+  if (TrimBlanks(program.state.WorkoutFileName).empty()) return false;
+  if (!IsOutputPathMissing(program.state.Settings)) return true;
+  program.screen.ShowMessage("Cannot perform update, no Output file path has been specified.");
+  return false;
+}
+
+void LoadAndUpdate(Program& program, const std::string& name) {
+  program.state.WorkoutFileName = name;
+  WorkoutLoad load = WorkoutLoad::kNotFound;
+  try {
+    load = LoadWorkout(program.state, program.screen);
+  } catch (const FileError& error) {
+    program.screen.ShowMessage(error.what());
+  }
+  // The workout before must not be saved under this one's name.
+  if (load != WorkoutLoad::kNotFound) UpdateCurrentWorkout(program);
+}
+
+}  // namespace
+
+bool IsOutputPathMissing(const SettingsRecord& settings) {
+  const std::string path = settings.OutputPath.Trimmed();
+  return path.empty() || SizeInField(path) >= kPathFieldSize;
+}
+
+void UpdateSelectedWorkout(Program& program) {
+  if (!CanUpdate(program)) return;
+  program.state.UpdatingAllWorkouts = false;
+  UpdateCurrentWorkout(program);
+}
+
+void UpdateAllWorkouts(Program& program) {
+  if (!CanUpdate(program)) return;
+  program.state.UpdatingAllWorkouts = true;
+  const std::vector<std::string> names = program.state.WorkoutNames;
+  for (const std::string& name : names) LoadAndUpdate(program, name);
+  // One pass more than there are workouts: the command ends with no workout's name. Meant so.
+  LoadAndUpdate(program, "");
+  program.screen.ShowMessage("Update COMPLETED on all Workouts");
+}
+
+}  // namespace repvolta

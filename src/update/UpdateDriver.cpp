@@ -1,0 +1,196 @@
+#include "update/UpdateDriver.h"
+
+#include <cstdlib>
+#include <stdexcept>
+#include <vector>
+
+#include "app/WorkoutFiles.h"
+#include "base/File.h"
+#include "base/FileError.h"
+#include "base/FileNames.h"
+#include "base/Text.h"
+#include "instruction/TextInstruction.h"
+#include "instruction/VoiceInstruction.h"
+#include "mp3/ProcessMP3tag.h"
+#include "update/Encoder.h"
+#include "update/Growth.h"
+#include "update/OutputFolder.h"
+#include "update/PlayList.h"
+#include "update/RandomMusic.h"
+#include "update/Steps.h"
+
+namespace repvolta {
+namespace {
+
+// Both lie in the program directory, which is current.
+constexpr const char* kTempWav = "temp.wav";
+constexpr const char* kTempMp3 = "temp.mp3";
+
+/// One run for the workout in memory.
+class WorkoutUpdate {
+ public:
+  explicit WorkoutUpdate(Program& program)
+      : program_(program),
+        state_(program.state),
+        steps_(program.screen),
+        workoutName_(BaseName(state_.WorkoutFileName)),
+        folder_(state_.Settings.OutputPath.Text(), workoutName_),
+        playList_(folder_.Path() + workoutName_ + ".M3U") {}
+
+  void Run() {
+    Prepare();
+    GrowWorkout(program_, steps_);
+    DrawRandomMusic(program_, steps_);
+    steps_.Run([&] { SaveWorkout(state_); });
+    for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
+      text_.clear();
+      ProduceInstruction(i);
+      CopyMusic(state_.Workout[i]);
+    }
+    Finish();
+  }
+
+ private:
+  void Prepare() {
+    // The list is cleared when the window is shown: what fails before is logged behind that.
+    const auto clearing = steps_.Try([&] { folder_.Clear(FoldersToKeep()); });
+    const auto creation = steps_.Try([&] { folder_.Create(); });
+    program_.screen.ShowUpdateForm();
+    steps_.Log("Updating Workout " + FileName(state_.WorkoutFileName));
+    steps_.LogFailure(clearing);
+    steps_.LogFailure(creation);
+    steps_.Log("Created directory " + folder_.Path());
+  }
+
+  std::vector<std::string> FoldersToKeep() const {
+    const char* home = std::getenv("HOME");
+    return {state_.Settings.MusicPath.Trimmed(), state_.ProgramDirectory,
+            home == nullptr ? "" : home};
+  }
+
+  void ProduceInstruction(std::int16_t exercise) {
+    steps_.Run([&] { GenerateHumanVoiceInstruction(program_, exercise, kTempWav); });
+    steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
+    const std::string path = NumberedPath("Instructions");
+    Encoding encoding = Encoding::kNoEncoder;
+    steps_.Run([&] { encoding = EncodeMP3file(program_.processes, kTempWav, kTempMp3); });
+    if (encoding == Encoding::kEncoderRun) {
+      KeepMp3(path + ".mp3");
+    } else {
+      KeepWav(path + ".WAV");
+    }
+  }
+
+  void KeepMp3(const std::string& path) {
+    steps_.Run([&] { folder_.CopyInto(kTempMp3, path); });
+    steps_.Run([&] { RemoveFile(kTempWav); });
+    steps_.Run([&] { RemoveFile(kTempMp3); });
+    steps_.Log(FileName(path) + " MP3 Instruction file created sucessfully.");
+    Tag(path);
+    List(path);
+  }
+
+  /// Without an encoder the instruction stays a WAV file, and the working file stays too.
+  void KeepWav(const std::string& path) {
+    steps_.Run([&] { folder_.CopyInto(kTempWav, path); });
+    steps_.Log(FileName(path) + " WAV Instruction file created sucessfully.");
+    List(path);
+  }
+
+  void CopyMusic(const ExerciseRecord& exercise) {
+    steps_.Run([&] {
+      for (int j = 0; j < exercise.NumberOfMusicFiles; ++j) {
+        CopySong(exercise.MusicFile[j].Trimmed());
+      }
+    });
+  }
+
+  void CopySong(const std::string& source) {
+    if (!FileExists(source)) {
+      steps_.Log("ERROR: File not found. " + source);
+      return;
+    }
+    const std::string path(TrimBlanks(NumberedPath(FileName(source))));
+    steps_.Run([&] { CopyOrSayWhy(source, path); });
+    if (!WaitFor(path)) return;
+    Tag(path);
+    List(path);
+  }
+
+  void CopyOrSayWhy(const std::string& source, const std::string& path) {
+    try {
+      folder_.CopyInto(source, path);
+    } catch (const FileError& error) {
+      throw std::runtime_error(FileName(source) + " could not be copied: " + error.Reason());
+    }
+  }
+
+  /// False when the copy is given up.
+  bool WaitFor(const std::string& path) {
+    if (!folder_.MayChange(path)) return false;
+    while (!FileExists(path)) {
+      steps_.CheckStop();
+      if (!program_.screen.KeepWaiting()) return false;
+    }
+    return true;
+  }
+
+  void Tag(const std::string& path) {
+    if (!folder_.MayChange(path)) return;
+    steps_.Run([&] { ProcessMP3tag(path, text_, state_.WorkoutFileName, program_.screen); });
+  }
+
+  /// Appends the file that was made last to the play list and goes on to the next number.
+  void List(const std::string& path) {
+    steps_.Run([&] {
+      folder_.Claim(playList_);
+      AddToPlaylistFile(path, playList_);
+    });
+    ++counter_;
+  }
+
+  /// The path of the next file: its number has at least three digits.
+  std::string NumberedPath(const std::string& name) const {
+    std::string number = std::to_string(counter_);
+    if (number.size() < 3) number.insert(0, 3 - number.size(), '0');
+    return folder_.Path() + "RV" + number + "-" + name;
+  }
+
+  void Finish() {
+    steps_.Run([&] { folder_.FlushToDevice(); });
+    steps_.Log("");
+    steps_.Log("UPDATE COMPLETE.");
+    if (state_.UpdatingAllWorkouts) program_.screen.HideUpdateForm();
+    steps_.Run([&] { program_.screen.UpdateExerciseScreen(); });
+    if (state_.Settings.AutoLoadPlaylist == kTrue) {
+      steps_.Run([&] { program_.screen.OpenPlayList(playList_); });
+    }
+  }
+
+  Program& program_;
+  ProgramState& state_;
+  Steps steps_;
+  std::string workoutName_;
+  OutputFolder folder_;
+  std::string playList_;
+  std::string text_;  // the sentence of the exercise at hand
+  int counter_ = 1;
+};
+
+}  // namespace
+
+void UpdateCurrentWorkout(Program& program) {
+  ProgramState& state = program.state;
+  state.WorkoutFileName = TrimBlanks(state.WorkoutFileName);
+  if (state.WorkoutFileName.empty()) return;
+  state.Settings.OutputPath = state.Settings.OutputPath.Trimmed();
+  try {
+    WorkoutUpdate(program).Run();
+  } catch (const UpdateStopped&) {
+    RemoveFile(kTempWav);
+    RemoveFile(kTempMp3);
+    throw;
+  }
+}
+
+}  // namespace repvolta

@@ -1,0 +1,145 @@
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/FileError.h"
+#include "update/OutputFolder.h"
+
+#include "support/TemporaryFolder.h"
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+class OutputDirectory : public testing::Test {
+ protected:
+  OutputDirectory() { fs::create_directories("player"); }
+
+  std::string Full(const std::string& path) const { return folder.Path() + path; }
+
+  OutputFolder Monday() const { return {Full("player"), "Monday"}; }
+
+  TemporaryFolder folder;
+};
+
+/// Why the folder is not deleted; empty when it is.
+std::string Refusal(OutputFolder& output, const std::vector<std::string>& keep = {}) {
+  try {
+    output.Clear(keep);
+  } catch (const std::runtime_error& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST_F(OutputDirectory, LiesInTheOutputPathUnderTheWorkoutsName) {
+  EXPECT_EQ(OutputFolder("/player", "Monday").Path(), "/player/Monday/");
+  EXPECT_EQ(OutputFolder("/player", "Monday  ").Path(), "/player/Monday/");
+}
+
+TEST_F(OutputDirectory, IsDeletedWithAllThatIsInIt) {
+  PutFile("player/Monday/RV001-Instructions.mp3", "old");
+  PutFile("player/Monday/deep/er/read-only.mp3", "old");
+  fs::permissions("player/Monday/deep/er/read-only.mp3", fs::perms::owner_read);
+  fs::permissions("player/Monday/deep/er", fs::perms::owner_read | fs::perms::owner_exec);
+  OutputFolder output = Monday();
+
+  output.Clear({Full("music"), folder.Path(), ""});
+  EXPECT_FALSE(fs::exists("player/Monday"));
+
+  output.Create();
+  EXPECT_TRUE(fs::is_empty("player/Monday"));
+}
+
+TEST_F(OutputDirectory, DeletesLinksAndNotWhatTheyPointTo) {
+  PutFile("music/precious.mp3", "song");
+  fs::create_directories("player/Monday");
+  fs::create_directory_symlink(Full("music"), "player/Monday/music");
+  OutputFolder output = Monday();
+
+  output.Clear({});
+
+  EXPECT_EQ(GetTextFile("music/precious.mp3"), "song");
+}
+
+TEST_F(OutputDirectory, IsNotDeletedOutsideTheOutputPath) {
+  PutFile("player/kept", "");
+  for (const char* name : {"..", ".", "", "  ", ".. ", "a/b"}) {
+    OutputFolder output(Full("player"), name);
+    EXPECT_THAT(Refusal(output), HasSubstr("it does not lie in the output path")) << name;
+    EXPECT_FALSE(output.MayChange(output.Path() + "kept"));
+    EXPECT_THROW(output.Claim(output.Path() + "RV001-Instructions.mp3"), FileError);
+  }
+  EXPECT_TRUE(fs::exists("player/kept"));
+}
+
+TEST_F(OutputDirectory, IsNotDeletedThroughALink) {
+  PutFile("music/precious.mp3", "song");
+  fs::create_directory_symlink(Full("music"), "player/Monday");
+  OutputFolder output = Monday();
+
+  EXPECT_THAT(Refusal(output), HasSubstr("it is a link"));
+
+  EXPECT_TRUE(fs::exists("music/precious.mp3"));
+  EXPECT_THROW(output.CopyInto("music/precious.mp3", output.Path() + "RV001-x.mp3"), FileError);
+}
+
+TEST_F(OutputDirectory, IsNotDeletedWhenItIsOrHoldsAFolderToKeep) {
+  PutFile("player/Monday/music/song.mp3", "song");
+  for (const char* keep : {"player/Monday", "player/Monday/music", "player/Monday/music/gone"}) {
+    OutputFolder output = Monday();
+    EXPECT_THAT(Refusal(output, {Full(keep)}), HasSubstr("lies there")) << keep;
+  }
+  EXPECT_TRUE(fs::exists("player/Monday/music/song.mp3"));
+}
+
+TEST_F(OutputDirectory, IsNotDeletedWhenALinkedFolderToKeepLiesInIt) {
+  PutFile("player/Monday/song.mp3", "song");
+  fs::create_directory_symlink(Full("player/Monday"), "music");
+  OutputFolder output = Monday();
+  EXPECT_THAT(Refusal(output, {Full("music")}), HasSubstr("lies there"));
+}
+
+TEST_F(OutputDirectory, IsDeletedBesideAFolderToKeep) {
+  PutFile("player/Monday/old.mp3", "");
+  fs::create_directories("player/Monday music");
+  OutputFolder output = Monday();
+  EXPECT_EQ(Refusal(output, {Full("player/Monday music"), Full("player")}), "");
+}
+
+TEST_F(OutputDirectory, OnlyGainsNewFilesWhereItIsNotOurs) {
+  PutFile("player/Monday/RV001-Song.mp3", "theirs");
+  PutFile("song.mp3", "ours");
+  OutputFolder output = Monday();
+  Refusal(output, {Full("player/Monday")});
+
+  EXPECT_THROW(output.CopyInto("song.mp3", output.Path() + "RV001-Song.mp3"), FileError);
+  output.CopyInto("song.mp3", output.Path() + "RV002-Song.mp3");
+
+  EXPECT_EQ(GetTextFile("player/Monday/RV001-Song.mp3"), "theirs");
+  EXPECT_EQ(GetTextFile("player/Monday/RV002-Song.mp3"), "ours");
+  EXPECT_FALSE(output.MayChange(output.Path() + "RV001-Song.mp3"));
+  EXPECT_TRUE(output.MayChange(output.Path() + "RV002-Song.mp3"));
+}
+
+TEST_F(OutputDirectory, CannotBeMadeWhereThereIsNoOutputPath) {
+  OutputFolder output(Full("gone"), "Monday");
+  output.Clear({});
+  EXPECT_THROW(output.Create(), FileError);
+}
+
+TEST_F(OutputDirectory, IsFlushedWithItsFiles) {
+  PutFile("song.mp3", "ours");
+  OutputFolder output = Monday();
+  output.Clear({});
+  output.Create();
+  output.CopyInto("song.mp3", output.Path() + "RV001-Song.mp3");
+  EXPECT_NO_THROW(output.FlushToDevice());
+  fs::remove_all("player/Monday");
+  EXPECT_THROW(output.FlushToDevice(), FileError);
+}
+
+}  // namespace
+}  // namespace repvolta

@@ -1,0 +1,480 @@
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/RecordFormat.h"
+#include "app/WorkoutFiles.h"
+#include "mp3/RepvoltaMP3v2.h"
+#include "update/RandomMusicList.h"
+#include "update/Steps.h"
+#include "update/UpdateDriver.h"
+
+#include "support/ClipBytes.h"
+#include "support/ProgramFixture.h"
+#include "support/SongBytes.h"
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+/// The workout "Monday" of a program directory with an encoder that copies the WAV file behind the
+/// header of a frame, and without any clips but the names'.
+class UpdateDriver : public ProgramFixture {
+ protected:
+  UpdateDriver() {
+    state.WorkoutFileName = "Monday.RPV";
+    state.Settings.OutputPath = Full("player");
+    state.Settings.MusicPath = Full("music");
+    state.Settings.IncludeWeightValues = kTrue;
+    fs::create_directory("player");
+    PutFile("lame.exe", "");
+    PutFile("voice/sets.wav", ClipBytes(Bytes(10, '+')));
+    processes.run = [](const ChildCommand& command) {
+      if (!fs::exists(command.arguments[1])) return;
+      Bytes mp3 = SongBytes(1);
+      const Bytes wav = GetFile(command.arguments[1]);
+      mp3.insert(mp3.end(), wav.begin(), wav.end());
+      PutFile(command.arguments[2], mp3);
+    };
+  }
+
+  std::string Full(const std::string& path) const { return folder.Path() + path; }
+
+  ExerciseRecord& AddNamed(const std::string& name) {
+    PutFile("voice/exercise/" + name + ".WAV", ClipBytes(Bytes(20, '#')));
+    return AddExercise(name);
+  }
+
+  void AddSong(ExerciseRecord& exercise, const std::string& path) {
+    exercise.MusicFile[exercise.NumberOfMusicFiles++] = path;
+  }
+
+  std::vector<std::string> PlayerFiles() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator("player/Monday")) {
+      names.push_back(entry.path().filename());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  std::string PlayList() const { return GetTextFile("player/Monday/Monday.M3U"); }
+
+  void Update() { UpdateCurrentWorkout(program); }
+};
+
+TEST_F(UpdateDriver, DoesNothingWithoutAWorkout) {
+  state.WorkoutFileName = "  ";
+  Update();
+  EXPECT_THAT(screen.calls, IsEmpty());
+  EXPECT_TRUE(fs::is_empty("player"));
+}
+
+TEST_F(UpdateDriver, MakesAnEmptyFolderForAWorkoutWithoutExercises) {
+  PutFile("player/Monday/RV001-Old.mp3", "old");
+  Update();
+  EXPECT_THAT(PlayerFiles(), IsEmpty());
+  EXPECT_THAT(screen.log, ElementsAre("Updating Workout Monday.RPV",
+                                      "Created directory " + Full("player") + "/Monday/", "",
+                                      "UPDATE COMPLETE."));
+}
+
+TEST_F(UpdateDriver, WritesInstructionMusicAndPlayListInOrder) {
+  PutFile("music/Song.mp3", SongBytes(3));
+  AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
+  AddNamed("Rowing");
+
+  Update();
+
+  EXPECT_THAT(PlayerFiles(), ElementsAre("Monday.M3U", "RV001-Instructions.mp3", "RV002-Song.mp3",
+                                         "RV003-Instructions.mp3"));
+  const std::string output = Full("player/Monday/");
+  EXPECT_EQ(PlayList(), output + "RV001-Instructions.mp3\r\n" + output + "RV002-Song.mp3\r\n" +
+                            output + "RV003-Instructions.mp3\r\n");
+  EXPECT_THAT(processes.started,
+              ElementsAre("lame.exe -V4 temp.wav temp.mp3", "lame.exe -V4 temp.wav temp.mp3"));
+  EXPECT_FALSE(fs::exists("temp.wav"));
+  EXPECT_FALSE(fs::exists("temp.mp3"));
+}
+
+TEST_F(UpdateDriver, LogsEachStep) {
+  PutFile("music/Song.mp3", SongBytes(3));
+  AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
+
+  Update();
+
+  EXPECT_THAT(
+      screen.log,
+      ElementsAre("Updating Workout Monday.RPV", "Created directory " + Full("player/Monday/"),
+                  "RV001-Instructions.mp3 MP3 Instruction file created sucessfully.",
+                  "RV001-Instructions.mp3  TAG modified OK", "RV002-Song.mp3  TAG modified OK", "",
+                  "UPDATE COMPLETE."));
+}
+
+TEST_F(UpdateDriver, GivesMusicTheTagOfItsInstruction) {
+  PutFile("music/Song.mp3", SongBytes(3));
+  ExerciseRecord& exercise = AddNamed("Squat");
+  AddSet(exercise, 50, 10);
+  AddSong(exercise, Full("music/Song.mp3"));
+
+  Update();
+
+  const std::string song = GetTextFile("player/Monday/RV002-Song.mp3");
+  EXPECT_THAT(song, testing::HasSubstr("RV002- Squat - 1 set, 50kg for 10reps"));
+  EXPECT_THAT(song, testing::HasSubstr("Monday.RPV"));
+  EXPECT_THAT(GetTextFile("player/Monday/RV001-Instructions.mp3"),
+              testing::HasSubstr("RV001- Squat - 1 set, 50kg for 10reps"));
+}
+
+TEST_F(UpdateDriver, LeavesTheUsersMusicAlone) {
+  PutFile("music/Song.mp3", SongBytes(3));
+  const auto time = fs::last_write_time("music/Song.mp3");
+  AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
+  Update();
+  EXPECT_EQ(GetFile("music/Song.mp3"), SongBytes(3));
+  EXPECT_EQ(fs::last_write_time("music/Song.mp3"), time);
+}
+
+TEST_F(UpdateDriver, LeavesOutMissingMusicAndItsNumber) {
+  PutFile("music/Song.mp3", SongBytes(3));
+  ExerciseRecord& exercise = AddNamed("Squat");
+  AddSong(exercise, " " + Full("music/Song.mp3"));
+  AddSong(exercise, Full("music/gone.mp3"));
+  AddNamed("Rowing");
+
+  Update();
+
+  EXPECT_THAT(PlayerFiles(), ElementsAre("Monday.M3U", "RV001-Instructions.mp3", "RV002-Song.mp3",
+                                         "RV003-Instructions.mp3"));
+  EXPECT_THAT(screen.log, Contains("ERROR: File not found. " + Full("music/gone.mp3")));
+}
+
+TEST_F(UpdateDriver, TakesAFolderOrADanglingLinkForAMissingFile) {
+  ExerciseRecord& exercise = AddNamed("Squat");
+  fs::create_directories("music/folder.mp3");
+  fs::create_symlink("nowhere", "music/link.mp3");
+  AddSong(exercise, Full("music/folder.mp3"));
+  AddSong(exercise, Full("music/link.mp3"));
+
+  Update();
+
+  EXPECT_THAT(screen.log, Contains("ERROR: File not found. " + Full("music/folder.mp3")));
+  EXPECT_THAT(screen.log, Contains("ERROR: File not found. " + Full("music/link.mp3")));
+}
+
+TEST_F(UpdateDriver, CountsBeyondThreeDigits) {
+  PutFile("music/Song.mp3", SongBytes(1));
+  // Only a file can hold as many: the list of one exercise goes round 100 times.
+  for (int i = 0; i < 5; ++i) {
+    ExerciseRecord& exercise = AddNamed("Squat " + std::to_string(i));
+    for (int j = 0; j < 12; ++j) AddSong(exercise, Full("music/Song.mp3"));
+  }
+  state.NumberOfExercises = 52;
+  for (int i = 5; i < 52; ++i) state.Workout[i] = state.Workout[0];
+  for (int i = 0; i < 52; ++i) state.Workout[i].NumberOfMusicFiles = 12;
+  Update();
+  EXPECT_TRUE(fs::exists("player/Monday/RV099-Song.mp3"));
+  EXPECT_TRUE(fs::exists("player/Monday/RV100-Song.mp3"));
+  EXPECT_TRUE(fs::exists("player/Monday/RV676-Song.mp3"));
+}
+
+TEST_F(UpdateDriver, KeepsTheWavFileWithoutAnEncoder) {
+  fs::remove("lame.exe");
+  AddNamed("Squat");
+
+  Update();
+
+  EXPECT_THAT(PlayerFiles(), ElementsAre("Monday.M3U", "RV001-Instructions.WAV"));
+  EXPECT_EQ(PlayList(), Full("player/Monday/RV001-Instructions.WAV\r\n"));
+  EXPECT_THAT(screen.log, Contains("RV001-Instructions.WAV WAV Instruction file created "
+                                   "sucessfully."));
+  EXPECT_TRUE(fs::exists("temp.wav"));
+  EXPECT_THAT(processes.started, IsEmpty());
+}
+
+TEST_F(UpdateDriver, SaysSoWhenTheEncoderWritesNothing) {
+  processes.run = nullptr;
+  PutFile("temp.mp3", "the instruction of another day");
+  AddNamed("Squat");
+
+  Update();
+
+  EXPECT_THAT(screen.log, Contains("ERROR: temp.mp3 could not be read: No such file or directory"));
+  EXPECT_FALSE(fs::exists("player/Monday/RV001-Instructions.mp3"));
+  EXPECT_EQ(screen.log.back(), "UPDATE COMPLETE.");
+}
+
+TEST_F(UpdateDriver, GoesOnWhenAnExerciseCannotBeSpoken) {
+  speech.fails = true;
+  AddExercise("Unheard of");
+  AddNamed("Squat");
+
+  Update();
+
+  EXPECT_THAT(screen.log, Contains("ERROR: There is no speech engine"));
+  EXPECT_TRUE(fs::exists("player/Monday/RV002-Instructions.mp3"));
+}
+
+TEST_F(UpdateDriver, SavesWhatHasGrownBeforeItProducesSound) {
+  ExerciseRecord& exercise = AddNamed("Squat");
+  AddSet(exercise, 50, 10);
+  exercise.SetIncrement1[0] = 2.5F;
+  exercise.SetFrequency1[0] = 1;
+  exercise.NextUpdate1[0] = kToday - 2;
+  const auto encode = processes.run;
+  processes.run = [&](const ChildCommand& command) {
+    EXPECT_EQ(DecodeWorkout(GetFile("workouts/Monday.RPV"))[0].SetValue1[0], 52.5F);
+    encode(command);
+  };
+
+  Update();
+
+  EXPECT_THAT(screen.log, Contains("Updated Field 1 in exercise - Squat"));
+  EXPECT_EQ(GetFile("workouts/Monday.RPV"), EncodeWorkout(state.Workout));
+}
+
+TEST_F(UpdateDriver, ReportsCountsBeyondTheSlotsOnceAnExercise) {
+  AddNamed("Squat").NumberOfMusicFiles = 32767;
+  AddNamed("Rowing").NumberOfSets = 18;
+  AddNamed("Plank").NumberOfSets = -1;
+
+  Update();
+
+  EXPECT_EQ(std::count(screen.log.begin(), screen.log.end(), "ERROR: Number 12 is outside 0 to 11"),
+            1);
+  EXPECT_THAT(screen.log, Contains("ERROR: Number 17 is outside 0 to 16"));
+  EXPECT_EQ(screen.log.back(), "UPDATE COMPLETE.");
+}
+
+TEST_F(UpdateDriver, SaysOnceWhatKeptAFileFromBeingCopied) {
+  PutFile("music/Song.mp3", SongBytes(3));
+  AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
+  // A folder in the way of the copy.
+  const auto encode = processes.run;
+  processes.run = [&](const ChildCommand& command) {
+    encode(command);
+    fs::create_directories("player/Monday/RV002-Song.mp3/in the way");
+  };
+
+  Update();
+
+  EXPECT_THAT(screen.log, Contains("ERROR: Song.mp3 could not be copied: Is a directory"));
+  EXPECT_EQ(PlayList(), Full("player/Monday/RV001-Instructions.mp3\r\n"));
+}
+
+TEST_F(UpdateDriver, WaitsForACopyAsLongAsThePersonLikes) {
+  PutFile("music/Song.mp3", SongBytes(3));
+  AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
+  const auto encode = processes.run;
+  processes.run = [&](const ChildCommand& command) {
+    encode(command);
+    fs::create_directories("player/Monday/RV002-Song.mp3/in the way");
+  };
+  int waits = 0;
+  screen.keepWaiting = [&] {
+    if (++waits < 5) return true;
+    fs::remove_all("player/Monday/RV002-Song.mp3");
+    PutFile("player/Monday/RV002-Song.mp3", SongBytes(3));
+    return true;
+  };
+
+  Update();
+
+  EXPECT_EQ(waits, 5);
+  EXPECT_THAT(screen.log, Contains("RV002-Song.mp3  TAG modified OK"));
+}
+
+TEST_F(UpdateDriver, EndsAtTheNextStepWhenItIsStopped) {
+  AddNamed("Squat");
+  AddNamed("Rowing");
+  screen.stopRequested = [&] { return processes.started.size() == 1; };
+
+  EXPECT_THROW(Update(), UpdateStopped);
+
+  EXPECT_THAT(screen.log, Not(Contains("UPDATE COMPLETE.")));
+  EXPECT_EQ(processes.started.size(), 1U);
+  EXPECT_FALSE(fs::exists("temp.wav"));
+  EXPECT_FALSE(fs::exists("temp.mp3"));
+}
+
+TEST_F(UpdateDriver, ClearsTheListBeforeItLogsWhatFailedBefore) {
+  state.WorkoutFileName = "...RPV";
+  Update();
+  ASSERT_GE(screen.log.size(), 2U);
+  EXPECT_EQ(screen.log[0], "Updating Workout ...RPV");
+  EXPECT_THAT(screen.log[1], StartsWith("ERROR: " + Full("player") + "/.. is not deleted"));
+}
+
+TEST_F(UpdateDriver, WritesNothingOutsideTheOutputPath) {
+  state.WorkoutFileName = "...RPV";
+  PutFile("music/Song.mp3", SongBytes(3));
+  AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
+  PutFile("RV001-Instructions.mp3", "theirs");
+
+  Update();
+
+  EXPECT_EQ(GetTextFile("RV001-Instructions.mp3"), "theirs");
+  EXPECT_FALSE(fs::exists("RV002-Song.mp3"));
+  EXPECT_FALSE(fs::exists("...M3U"));
+  EXPECT_TRUE(fs::is_empty("player"));
+}
+
+TEST_F(UpdateDriver, TouchesNoFileOfAFolderThatHoldsTheMusic) {
+  state.Settings.MusicPath = Full("player/Monday");
+  PutFile("player/Monday/Song.mp3", SongBytes(3));
+  PutFile("player/Monday/RV001-Instructions.mp3", "theirs");
+  PutFile("player/Monday/Monday.M3U", "theirs too");
+  AddSong(AddNamed("Squat"), Full("player/Monday/Song.mp3"));
+
+  Update();
+
+  EXPECT_EQ(GetFile("player/Monday/Song.mp3"), SongBytes(3));
+  EXPECT_EQ(GetTextFile("player/Monday/RV001-Instructions.mp3"), "theirs");
+  EXPECT_EQ(GetTextFile("player/Monday/Monday.M3U"), "theirs too");
+}
+
+TEST_F(UpdateDriver, ShowsTheProgressWindowAndLeavesItOpen) {
+  Update();
+  EXPECT_THAT(screen.calls, ElementsAre("show", "line", "line", "line", "line", "exercise screen"));
+}
+
+TEST_F(UpdateDriver, HidesTheProgressWindowWhenItUpdatesAll) {
+  state.UpdatingAllWorkouts = true;
+  Update();
+  EXPECT_THAT(screen.calls,
+              ElementsAre("show", "line", "line", "line", "line", "hide", "exercise screen"));
+}
+
+TEST_F(UpdateDriver, OpensThePlayListWhenTheSettingAsksForIt) {
+  Update();
+  EXPECT_THAT(screen.opened, IsEmpty());
+  state.Settings.AutoLoadPlaylist = kTrue;
+  Update();
+  EXPECT_THAT(screen.opened, ElementsAre(Full("player/Monday/Monday.M3U")));
+}
+
+class RandomMusic : public UpdateDriver {
+ protected:
+  ExerciseRecord& AddRandom(std::int16_t target) {
+    ExerciseRecord& exercise = AddNamed("Squat");
+    exercise.RandomMusic = kTrue;
+    exercise.TargetExerciseTime = target;
+    return exercise;
+  }
+
+  void ListSongs(std::initializer_list<int> seconds) {
+    std::string list;
+    for (const int time : seconds) {
+      const std::string path = Full("music/" + std::to_string(time) + ".mp3");
+      PutFile(path, SongBytes(time));
+      list += path + "\n";
+    }
+    PutFile("musiclist.txt", list);
+    CountRandomMusicFiles(state);
+  }
+};
+
+TEST_F(RandomMusic, FillsUntilTheTargetIsPassed) {
+  ListSongs({200});
+  ExerciseRecord& exercise = AddRandom(300);
+
+  Update();
+
+  EXPECT_EQ(exercise.NumberOfMusicFiles, 2);
+  EXPECT_EQ(exercise.TotalMusicTime, 400);
+  EXPECT_EQ(exercise.MusicFilePlayTime[1], 200);
+  EXPECT_EQ(exercise.MusicFile[1].Text(), Full("music/200.mp3"));
+  EXPECT_THAT(screen.log,
+              Contains("Random music file found and added for Exercise - Squat").Times(2));
+  EXPECT_TRUE(fs::exists("player/Monday/RV003-200.mp3"));
+}
+
+TEST_F(RandomMusic, GoesOnWhenTheTargetIsJustReached) {
+  ListSongs({10});
+  ExerciseRecord& exercise = AddRandom(20);
+  Update();
+  EXPECT_EQ(exercise.NumberOfMusicFiles, 3);
+}
+
+TEST_F(RandomMusic, TakesNoMoreThanTenFiles) {
+  ListSongs({1});
+  ExerciseRecord& exercise = AddRandom(300);
+  Update();
+  EXPECT_EQ(exercise.NumberOfMusicFiles, 10);
+  EXPECT_EQ(exercise.TotalMusicTime, 10);
+}
+
+TEST_F(RandomMusic, RejectsSongsOfMoreThanTwiceTheTarget) {
+  ListSongs({201});
+  ExerciseRecord& exercise = AddRandom(100);
+  Update();
+  EXPECT_EQ(exercise.NumberOfMusicFiles, 0);
+  EXPECT_THAT(screen.log, Contains("ERROR: Unable to find random music for Exercise - Squat"));
+}
+
+TEST_F(RandomMusic, FailsOnceWithoutAList) {
+  ExerciseRecord& exercise = AddRandom(100);
+  exercise.TotalMusicTime = 50;
+  exercise.NumberOfMusicFiles = 1;
+  Update();
+  EXPECT_THAT(screen.log,
+              Contains("ERROR: Unable to find random music for Exercise - Squat").Times(1));
+  EXPECT_EQ(exercise.NumberOfMusicFiles, 0);
+  EXPECT_EQ(exercise.TotalMusicTime, 0);
+}
+
+TEST_F(RandomMusic, TakesExactlyOneFileForATargetOfZero) {
+  ListSongs({0});
+  ExerciseRecord& exercise = AddRandom(0);
+  PutFile("music/0.mp3", "no frame, no time");
+  Update();
+  EXPECT_EQ(exercise.NumberOfMusicFiles, 1);
+}
+
+TEST_F(RandomMusic, DropsAFileThatIsGoneAndKeepsTheOthers) {
+  ListSongs({10});
+  PutFile("musiclist.txt", GetTextFile("musiclist.txt") + "/gone.mp3\n");
+  CountRandomMusicFiles(state);
+  random = ScriptedNumbers({0.0, 0.9});
+  // Each draw takes 101 numbers, so the second one begins with the missing file.
+  ExerciseRecord& exercise = AddRandom(20);
+  Update();
+  EXPECT_EQ(exercise.NumberOfMusicFiles, 1);
+  EXPECT_EQ(exercise.TotalMusicTime, 10);
+}
+
+TEST_F(RandomMusic, IsDrawnOnlyForATrueFlag) {
+  ListSongs({10});
+  ExerciseRecord& exercise = AddRandom(5);
+  exercise.RandomMusic = 1;
+  AddSong(exercise, Full("music/10.mp3"));
+  Update();
+  EXPECT_THAT(screen.log, Not(Contains(StartsWith("Random music"))));
+  EXPECT_EQ(exercise.NumberOfMusicFiles, 1);
+}
+
+TEST_F(RandomMusic, ReportsATargetWhoseDoubleDoesNotFit) {
+  ListSongs({10});
+  AddRandom(16384);
+  Update();
+  EXPECT_THAT(screen.log, Contains("ERROR: The number is too large"));
+  EXPECT_THAT(screen.log, Contains("ERROR: Unable to find random music for Exercise - Squat"));
+}
+
+TEST_F(RandomMusic, IsSavedWithTheWorkout) {
+  ListSongs({200});
+  AddRandom(100);
+  Update();
+  const ExerciseSlots saved = DecodeWorkout(GetFile("workouts/Monday.RPV"));
+  EXPECT_EQ(saved[0].NumberOfMusicFiles, 1);
+  EXPECT_EQ(saved[0].MusicFile[0].Text(), Full("music/200.mp3"));
+}
+
+}  // namespace
+}  // namespace repvolta

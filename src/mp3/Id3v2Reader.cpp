@@ -46,10 +46,6 @@ struct FrameHeader {
   std::uint32_t size;
 };
 
-bool IsZero(std::span<const Byte> bytes) {
-  return std::all_of(bytes.begin(), bytes.end(), [](Byte byte) { return byte == 0; });
-}
-
 std::uint32_t BigEndian(std::span<const Byte> bytes) {
   std::uint32_t value = 0;
   for (const Byte byte : bytes) value = value << 8 | byte;
@@ -85,7 +81,9 @@ std::optional<FrameHeader> NextFrame(const File& file, const FrameArea& area,
   const auto identifier = header.first(layout.identifierSize);
   const std::uint32_t size = BigEndian(header.subspan(layout.identifierSize, layout.sizeSize));
   const bool fits = size <= area.end - area.start - layout.headerSize;
-  if (IsZero(identifier) || !fits) return std::nullopt;
+  // One zero byte is enough: the area of a tag of ours may end in it, with audio right behind.
+  const bool isPadding = identifier.front() == 0;
+  if (isPadding || !fits) return std::nullopt;
   return FrameHeader{AsText(identifier), size};
 }
 

@@ -1,0 +1,140 @@
+#include <csignal>
+#include <fcntl.h>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include "base/FileError.h"
+#include "mp3/RepvoltaMP3.h"
+
+#include "support/Mp3Bytes.h"
+#include "support/TemporaryFolder.h"
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+
+void Cut(RepvoltaMP3::FileTimes times = RepvoltaMP3::FileTimes::kKept) {
+  RepvoltaMP3 mp3;
+  mp3.SetFileName("song.mp3");
+  mp3.RemoveLeadingData(times);
+}
+
+constexpr timespec kAccess{1000000000, 123456789};
+constexpr timespec kChange{1100000000, 987654321};
+
+void SetOldTimes() {
+  const timespec times[] = {kAccess, kChange};
+  utimensat(AT_FDCWD, "song.mp3", times, 0);
+}
+
+struct stat StatusNow() {
+  struct stat status {};
+  stat("song.mp3", &status);
+  return status;
+}
+
+TEST(RemoveLeadingData, CutsTheTagAndTheGarbageBehindIt) {
+  TemporaryFolder folder;
+  const Mp3Bytes audio = Mp3Bytes().Frames(3).Id3v1("Title");
+  PutFile("song.mp3", Mp3Bytes().Id3v2(Id3v2Bytes().Syncsafe().Padding(300)).Garbage(9).Raw(audio));
+
+  Cut();
+
+  EXPECT_EQ(GetFile("song.mp3"), Bytes(audio));
+}
+
+TEST(RemoveLeadingData, CutsAFileOfManyBlocks) {
+  TemporaryFolder folder;
+  const Mp3Bytes audio = Mp3Bytes().Frame().Garbage(1000000);
+  PutFile("song.mp3", Mp3Bytes().Id3v2(Id3v2Bytes().Syncsafe().Padding(300 * 1024)).Raw(audio));
+
+  Cut();
+
+  EXPECT_EQ(GetFile("song.mp3"), Bytes(audio));
+}
+
+TEST(RemoveLeadingData, LeavesAFileThatStartsWithAudioAsItIs) {
+  TemporaryFolder folder;
+  PutFile("song.mp3", Mp3Bytes().Frames(3));
+  SetOldTimes();
+  const auto before = StatusNow();
+
+  Cut(RepvoltaMP3::FileTimes::kNew);
+
+  EXPECT_EQ(StatusNow().st_ino, before.st_ino);
+  EXPECT_EQ(StatusNow().st_mtim.tv_sec, kChange.tv_sec);
+}
+
+TEST(RemoveLeadingData, LosesNothingOfAFileWithoutAFrame) {
+  TemporaryFolder folder;
+  const Mp3Bytes file = Mp3Bytes().Id3v2(Id3v2Bytes().Padding(20)).Garbage(300);
+  PutFile("song.mp3", file);
+
+  Cut();
+
+  EXPECT_EQ(GetFile("song.mp3"), Bytes(file));
+}
+
+TEST(RemoveLeadingData, KeepsTheTimesWhenAskedTo) {
+  TemporaryFolder folder;
+  PutFile("song.mp3", Mp3Bytes().Id3v2(Id3v2Bytes()).Frame());
+  SetOldTimes();
+  chmod("song.mp3", 0640);
+
+  RepvoltaMP3 mp3;
+  mp3.SetFileName("song.mp3");
+  SetOldTimes();
+  mp3.RemoveLeadingData(RepvoltaMP3::FileTimes::kKept);
+
+  EXPECT_EQ(StatusNow().st_atim.tv_sec, kAccess.tv_sec);
+  EXPECT_EQ(StatusNow().st_atim.tv_nsec, kAccess.tv_nsec);
+  EXPECT_EQ(StatusNow().st_mtim.tv_sec, kChange.tv_sec);
+  EXPECT_EQ(StatusNow().st_mtim.tv_nsec, kChange.tv_nsec);
+  EXPECT_EQ(StatusNow().st_mode & 0777U, 0640U);
+}
+
+TEST(RemoveLeadingData, GivesNewTimesOtherwise) {
+  TemporaryFolder folder;
+  PutFile("song.mp3", Mp3Bytes().Id3v2(Id3v2Bytes()).Frame());
+  SetOldTimes();
+
+  Cut(RepvoltaMP3::FileTimes::kNew);
+
+  EXPECT_GT(StatusNow().st_mtim.tv_sec, kChange.tv_sec);
+}
+
+TEST(RemoveLeadingData, KnowsTheFileAsItThenIs) {
+  TemporaryFolder folder;
+  PutFile("song.mp3", Mp3Bytes().Id3v2(Id3v2Bytes()).Frame());
+  RepvoltaMP3 mp3;
+  mp3.SetFileName("song.mp3");
+
+  mp3.RemoveLeadingData(RepvoltaMP3::FileTimes::kKept);
+
+  EXPECT_FALSE(mp3.HasID3v2());
+  EXPECT_EQ(mp3.Info().headerOffset, 0);
+  EXPECT_EQ(mp3.Info().fileLength, 417);
+}
+
+TEST(RemoveLeadingData, LeavesTheOldFileWholeOnAFullDisk) {
+  TemporaryFolder folder;
+  const Mp3Bytes file = Mp3Bytes().Id3v2(Id3v2Bytes()).Frames(5);
+  PutFile("song.mp3", file);
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit full{1000, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &full);
+
+  EXPECT_THROW(Cut(), FileError);
+
+  setrlimit(RLIMIT_FSIZE, &before);
+  EXPECT_EQ(GetFile("song.mp3"), Bytes(file));
+  EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 1);
+}
+
+}  // namespace
+}  // namespace repvolta

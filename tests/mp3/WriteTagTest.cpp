@@ -140,7 +140,7 @@ TEST(WriteTag, LeavesNoOldFrameReadableBehindTheNew) {
   }
 }
 
-TEST(WriteTag, TouchesNoAudioBehindATagItFillsButForOneByte) {
+TEST(WriteTag, TouchesNoAudioBehindATagItFills) {
   const Mp3Bytes audio = Mp3Bytes().Frames(2);
   const Mp3Bytes file = Mp3Bytes().Id3v2(Id3v2Bytes().Padding(290).ClaimSize(300)).Raw(audio);
   const Bytes tagged = WithTitle(file, TitleForTagOf(299));

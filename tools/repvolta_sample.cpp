@@ -27,7 +27,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kRate = 22050;
+constexpr int kRate = 44100;
 constexpr int kDaysSinceGrowth = 10;
 
 struct Song {
@@ -66,7 +66,7 @@ void MakeSong(const Song& song, const fs::path& folder, ChildProcesses& processe
   WriteWholeFile(wav, file);
   const std::string mp3 = folder / (std::string(song.name) + ".mp3");
   processes.Run({.program = "lame",
-                 .arguments = {"--silent", "-V7", "--add-id3v2", "--tt", song.name, "--ta",
+                 .arguments = {"--silent", "-b", "64", "--add-id3v2", "--tt", song.name, "--ta",
                                "The Sample Band", wav, mp3}});
   fs::remove(wav);
   if (!FileExists(mp3)) throw std::runtime_error(mp3 + " could not be encoded");

@@ -56,7 +56,7 @@ void Try(Deed deed) {
 TEST(HostileFile, RaisesNothingButItsFaultsWhenItIsExamined) {
   TemporaryFolder folder;
   std::mt19937 random(1);
-  for (int round = 0; round < 2000; ++round) {
+  for (int round = 0; round < 500; ++round) {
     PutFile("song.mp3", Damaged(random));
     Try([] { GetPlayTime("song.mp3"); });
     Try([] { RepvoltaMP3(RepvoltaMP3::EmbeddedTags::kSearched).SetFileName("song.mp3"); });
@@ -66,7 +66,7 @@ TEST(HostileFile, RaisesNothingButItsFaultsWhenItIsExamined) {
 TEST(HostileFile, GrowsByNoMoreThanATagWhenItIsTagged) {
   TemporaryFolder folder;
   std::mt19937 random(2);
-  for (int round = 0; round < 300; ++round) {
+  for (int round = 0; round < 100; ++round) {
     const Bytes file = Damaged(random);
     PutFile("song.mp3", file);
     NoLog log;

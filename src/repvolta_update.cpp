@@ -41,8 +41,8 @@ class CannotStart : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Prints the progress lines to standard output as they come. There is nobody to show boxes to: what
-/// they would say is logged.
+/// Prints the progress lines to standard output as they come. There is nobody to show boxes to:
+/// what they would say is logged.
 class Console : public UserInterface {
  public:
   bool SawError() const { return sawError_; }

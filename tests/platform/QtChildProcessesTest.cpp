@@ -1,6 +1,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -177,6 +178,14 @@ TEST(QtChildProcesses, DoesNotWaitForWhatTheProgramLeavesBehind) {
 TEST(QtChildProcesses, WaitsForAProgramThatHasClosedItsOutput) {
   const ChildResult result = RunDummy({"mute", "nap", "200", "exit", "4"});
   EXPECT_EQ(result.exitCode, 4);
+}
+
+TEST(QtChildProcesses, RestsWhileItWaits) {
+  for (const char* before : {"say", "mute"}) {
+    const std::clock_t start = std::clock();
+    RunDummy({before, "mute", "nap", "1000"});
+    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC / 4) << before;
+  }
 }
 
 TEST(QtChildProcesses, KeepsTheBeginningOfAFloodAndNoMore) {

@@ -21,6 +21,9 @@ class MainScreen : public UserInterface {
   /// Shows MusicPath and OutputPath of the settings.
   virtual void ShowPaths() = 0;
 
+  /// Shows DefaultExerciseTime of the settings.
+  virtual void ShowDefaultExerciseTime() = 0;
+
   /// Selects an entry of WorkoutDropBox and does not load it. -1: none.
   virtual void SelectWorkout(int index) = 0;
 

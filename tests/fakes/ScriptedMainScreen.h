@@ -27,6 +27,7 @@ class ScriptedMainScreen : public MainScreen {
     return folder;
   }
   void ShowPaths() override { calls.emplace_back("paths"); }
+  void ShowDefaultExerciseTime() override { calls.emplace_back("default time"); }
   void SelectWorkout(int index) override { calls.push_back("workout " + std::to_string(index)); }
   int SelectedWorkout() const override { return selectedWorkout; }
   void EnableWorkoutControls() override { calls.emplace_back("enable"); }

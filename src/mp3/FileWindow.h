@@ -12,9 +12,15 @@ class FileWindow {
 
   /// The bytes of the file from `offset` on: at least `count` of them, fewer only where the file
   /// ends. They are there until the next call. Throws FileError.
-  std::span<const Byte> From(std::uint64_t offset, std::size_t count);
+  std::span<const Byte> From(std::uint64_t offset, std::size_t count) {
+    const std::uint64_t end = start_ + block_.size();
+    if (offset < start_ || offset > end || end - offset < count) ReadBlock(offset, count);
+    return std::span<const Byte>(block_).subspan(static_cast<std::size_t>(offset - start_));
+  }
 
  private:
+  void ReadBlock(std::uint64_t offset, std::size_t count);
+
   const File& file_;
   Bytes block_;
   std::uint64_t start_ = 0;

@@ -47,7 +47,7 @@ constexpr std::array<std::string_view, 148> kGenres{
     "Duet", "Punk Rock", "Drum Solo", "", "Euro - House", "Dance Hall", "Goa", "Drum & Bass",
     "Club - House", "Hardcore",
     // 130
-    "Terror", "Indie", "Brit Pop", "Negerpunk", "Polsk Punk", "Beat", "Christian Gangsta Rap",
+    "Terror", "Indie", "Brit Pop", "Afro-Punk", "Polsk Punk", "Beat", "Christian Gangsta Rap",
     "Heavy Metal", "Black Metal", "Crossover",
     // 140
     "Contemporary Christian", "Christian Rock", "Merengue", "Salsa", "Thrash Metal", "Anime",

@@ -21,7 +21,7 @@ bool RemoveOldTag(const std::string& path) {
     mp3.RemoveLeadingData(RepvoltaMP3::FileTimes::kKept);
     return true;
   } catch (const FileError&) {
-    return false;
+    return !mp3.HasID3v2();
   }
 }
 

@@ -48,6 +48,9 @@ class Child {
     process_.setChildProcessModifier([] { setpgid(0, 0); });
   }
 
+  /// What is waited for no longer does not run on.
+  ~Child() { Kill(); }
+
   bool Start() {
     const std::string program = FindProgram(command_.program);
     if (program.empty()) return false;

@@ -19,6 +19,7 @@ InputBox::InputBox(const QString& prompt, const QString& title, const QString& i
   ui_->PromptLabel->setText(WithLineBreaks(prompt));
   ui_->AnswerBox->setAccessibleName(prompt);
   ui_->AnswerBox->setText(initial);
+  ui_->AnswerBox->setFocus();
   ui_->AnswerBox->selectAll();
   ui_->AnswerBox->setMinimumWidth(kWidth * fontMetrics().averageCharWidth());
   connect(ui_->OKButton, &QPushButton::clicked, this, &QDialog::accept);

@@ -1,34 +1,18 @@
-#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/WholeFile.h"
 
+#include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// While it lives no file can grow beyond `bytes`, as on a full disk.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-
- private:
-  rlimit before_{};
-};
 
 std::size_t EntriesHere() {
   return static_cast<std::size_t>(

@@ -8,6 +8,7 @@
 #include "mp3/RepvoltaMP3v2.h"
 #include "mp3/TagError.h"
 
+#include "support/FullDisk.h"
 #include "support/Mp3Bytes.h"
 #include "support/TemporaryFolder.h"
 
@@ -181,6 +182,22 @@ TEST(ProcessMP3tag, WritesNothingAnewBeforeItTagsAnUntaggedFile) {
   Lines log;
   ProcessMP3tag("song.mp3", "t", "", log);
   EXPECT_EQ(fs::file_size("song.mp3"), 2048 + 20 + 3 * 417U) << "the garbage is still there";
+}
+
+TEST(ProcessMP3tag, LogsATagThatCouldNotBeCutOffAndRaisesOneThatCouldNotBeWritten) {
+  TemporaryFolder folder;
+  const Id3v2Bytes appended = Id3v2Bytes(4, 0x10).Syncsafe();
+  const Mp3Bytes file = Mp3Bytes().Garbage(9).Frames(5).Id3v2(appended).Footer(appended);
+  PutFile("song.mp3", file);
+  Lines log;
+
+  {
+    FullDisk disk(1000);
+    EXPECT_THROW(ProcessMP3tag("song.mp3", "t", "", log), TagError);
+  }
+
+  EXPECT_THAT(log.all, ElementsAre("ERROR:song.mp3 - MP3v2 TAG could not be removed."));
+  EXPECT_EQ(GetFile("song.mp3"), Bytes(file));
 }
 
 TEST(ProcessMP3tag, RaisesAMissingFile) {

@@ -1,13 +1,12 @@
-#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "base/FileError.h"
 #include "mp3/RepvoltaMP3.h"
 
+#include "support/FullDisk.h"
 #include "support/Mp3Bytes.h"
 #include "support/TemporaryFolder.h"
 
@@ -123,15 +122,12 @@ TEST(RemoveLeadingData, LeavesTheOldFileWholeOnAFullDisk) {
   TemporaryFolder folder;
   const Mp3Bytes file = Mp3Bytes().Id3v2(Id3v2Bytes()).Frames(5);
   PutFile("song.mp3", file);
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before{};
-  getrlimit(RLIMIT_FSIZE, &before);
-  const rlimit full{1000, before.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &full);
 
-  EXPECT_THROW(Cut(), FileError);
+  {
+    FullDisk disk(1000);
+    EXPECT_THROW(Cut(), FileError);
+  }
 
-  setrlimit(RLIMIT_FSIZE, &before);
   EXPECT_EQ(GetFile("song.mp3"), Bytes(file));
   EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 1);
 }

@@ -125,12 +125,22 @@ struct Genre {
 };
 
 TEST(cMP3ID3v2, ReadsGenres) {
-  const Genre kGenres[] = {
-      {"Polka", "Polka", 255},     {"(7)", "Hip Hop", 7}, {"(17)Hard stuff", "Hard stuff", 17},
-      {"(255)", "", 255},          {"(256)x", "x", 255},  {"()", "", 255},
-      {"(RX)Remix", "Remix", 255}, {"(4)(5)", "(5)", 4},  {"(4", "(4", 255},
-      {"4)", "4)", 255},           {")4(", ")4(", 255},   {"(99999999999)", "", 255},
-      {"(123)", "", 123},          {"", "", 255}};
+  const Genre kGenres[] = {{"Polka", "Polka", 255},
+                           {"(7)", "Hip Hop", 7},
+                           {"(17)Hard stuff", "Hard stuff", 17},
+                           {"(200)", "", 200},
+                           {"(254)x", "x", 254},
+                           {"(255)", "", 255},
+                           {"(256)x", "x", 255},
+                           {"()", "", 255},
+                           {"(RX)Remix", "Remix", 255},
+                           {"(4)(5)", "(5)", 4},
+                           {"(4", "(4", 255},
+                           {"4)", "4)", 255},
+                           {")4(", ")4(", 255},
+                           {"(99999999999)", "", 255},
+                           {"(123)", "", 123},
+                           {"", "", 255}};
   for (const Genre& genre : kGenres) {
     const cMP3ID3v2 tag = ReadTag(Id3v2Bytes().Text("TCON", genre.text));
     EXPECT_EQ(tag.Genre(), genre.name) << genre.text;

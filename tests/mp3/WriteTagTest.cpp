@@ -1,11 +1,10 @@
-#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include "mp3/RepvoltaMP3v2.h"
 #include "mp3/TagError.h"
 
+#include "support/FullDisk.h"
 #include "support/Mp3Bytes.h"
 #include "support/TemporaryFolder.h"
 
@@ -140,6 +139,22 @@ TEST(WriteTag, LeavesNoOldFrameReadableBehindTheNew) {
   }
 }
 
+TEST(WriteTag, LeavesNoOldFrameReadableBehindATagThatGrewOverTheOld) {
+  TemporaryFolder folder;
+  // The new tag ends just where the second frame of the old one starts.
+  const Id3v2Bytes old = Id3v2Bytes().Text("TIT2", "a").Text("TALB", "b").ClaimSize(2048);
+  PutFile("untagged.mp3", Mp3Bytes().Frame());
+  cMP3ID3v2 tag;
+  tag.SetFileName("untagged.mp3");
+  tag.SetTitle(TitleForTagOf(2048 + 22));
+  PutFile("untagged.mp3", Mp3Bytes().Id3v2(Id3v2Bytes(old).Padding(2004)).Frame());
+
+  tag.WriteTag();
+
+  EXPECT_EQ(Reread(GetFile("untagged.mp3")).Frames().Identifiers(),
+            std::vector<std::string>{"TIT2"});
+}
+
 TEST(WriteTag, TouchesNoAudioBehindATagItFills) {
   const Mp3Bytes audio = Mp3Bytes().Frames(2);
   const Mp3Bytes file = Mp3Bytes().Id3v2(Id3v2Bytes().Padding(290).ClaimSize(300)).Raw(audio);
@@ -148,10 +163,12 @@ TEST(WriteTag, TouchesNoAudioBehindATagItFills) {
 }
 
 TEST(WriteTag, LosesNothingByATagOfNegativeSize) {
-  const Mp3Bytes file = Mp3Bytes().Id3v2(Id3v2Bytes().ClaimSize(0x80000000)).Frames(2);
-  const Bytes tagged = WithTitle(file, "t");
-  ASSERT_EQ(tagged.size(), file.Size() + 2048);
-  EXPECT_EQ(Bytes(tagged.begin() + 2048, tagged.end()), Bytes(file));
+  for (const std::uint32_t size : {0x80000000U, 0x80000100U, 0xFFFFFFFFU}) {
+    const Mp3Bytes file = Mp3Bytes().Id3v2(Id3v2Bytes().ClaimSize(size)).Frames(2);
+    const Bytes tagged = WithTitle(file, "t");
+    ASSERT_EQ(tagged.size(), file.Size() + 2048);
+    EXPECT_EQ(Bytes(tagged.begin() + 2048, tagged.end()), Bytes(file));
+  }
 }
 
 TEST(WriteTag, LosesNothingByATagOfUnknownVersion) {
@@ -213,20 +230,15 @@ TEST(WriteTag, LeavesTheOldFileWholeOnAFullDisk) {
   PutFile("song.mp3", file);
   cMP3ID3v2 tag;
   tag.SetFileName("song.mp3");
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before{};
-  getrlimit(RLIMIT_FSIZE, &before);
-  const rlimit full{3000, before.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &full);
 
   std::string source;
   try {
+    FullDisk disk(3000);
     tag.WriteTag();
   } catch (const TagError& error) {
     source = error.Source();
   }
 
-  setrlimit(RLIMIT_FSIZE, &before);
   EXPECT_EQ(source, "tests_mp3.cMP3ID3v2");
   EXPECT_EQ(GetFile("song.mp3"), Bytes(file));
   EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 1);

@@ -14,9 +14,7 @@
 namespace repvolta {
 namespace {
 
-// Milliseconds.
-constexpr int kAnswerLimit = 2000;
-constexpr int kPause = 50;
+constexpr int kPause = 20;  // milliseconds
 
 /// One name for each user and program directory.
 QString ServerName(const std::string& programDirectory) {
@@ -50,12 +48,12 @@ void SingleInstance::OnLaterStart(std::function<void()> raise) {
   server_.listen(serverName_);
 }
 
-bool SingleInstance::RaiseFirst() const {
+bool SingleInstance::RaiseFirst(std::chrono::milliseconds limit) const {
   QLocalSocket socket;
   // The first may hold the directory without listening yet.
-  for (QDeadlineTimer limit(kAnswerLimit); !limit.hasExpired(); QThread::msleep(kPause)) {
+  for (QDeadlineTimer end(limit); !end.hasExpired(); QThread::msleep(kPause)) {
     socket.connectToServer(serverName_);
-    if (socket.waitForConnected(kAnswerLimit)) return true;
+    if (socket.waitForConnected(static_cast<int>(limit.count()))) return true;
   }
   return false;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLocalServer>
+#include <chrono>
 #include <functional>
 #include <string>
 
@@ -23,8 +24,8 @@ class SingleInstance {
   void OnLaterStart(std::function<void()> raise);
 
   /// For a later start: asks the running program to come to the front. False when it cannot be
-  /// asked, as when it belongs to another user.
-  bool RaiseFirst() const;
+  /// asked within the limit, as when it belongs to another user.
+  bool RaiseFirst(std::chrono::milliseconds limit = std::chrono::seconds(2)) const;
 
  private:
   int directory_ = -1;

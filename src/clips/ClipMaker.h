@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/SpeechEngine.h"
+
+#include "clips/ClipLists.h"
+
+namespace repvolta {
+
+/// Speaks the clips with the engine's first voice and writes them below `folder`, which is created
+/// when missing; existing clips are replaced. Nothing is written before all are spoken. Throws
+/// ClipError, SpeechError, FileError.
+void MakeClips(SpeechEngine& engine, const std::vector<ClipWords>& clips,
+               const std::string& folder);
+
+/// Makes a clip of any WAV recording of a word; an existing clip is replaced. Throws ClipError when
+/// there is no sound in it, FileError.
+void MakeClipOfRecording(const std::string& recording, const std::string& clip);
+
+}  // namespace repvolta

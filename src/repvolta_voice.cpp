@@ -1,0 +1,14 @@
+#include <QCoreApplication>
+#include <iostream>
+
+#include "platform/FliteEngine.h"
+#include "platform/QtChildProcesses.h"
+
+#include "clips/VoiceCommand.h"
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  repvolta::QtChildProcesses processes;
+  repvolta::FliteEngine engine(repvolta::EngineProgram(processes, "flite"));
+  return repvolta::RunVoiceCommand({argv + 1, argv + argc}, engine, std::cout, std::cerr);
+}

@@ -1,0 +1,198 @@
+#include <cmath>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "platform/SpeechSynthesizer.h"
+#include "platform/WavReader.h"
+
+#include "clips/ClipSound.h"
+#include "clips/VoiceCommand.h"
+#include "support/TemporaryFolder.h"
+#include "support/WavBytes.h"
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+/// An engine that says a tone, and "silence" as silence.
+class ToneEngine : public SpeechEngine {
+ public:
+  std::vector<EngineVoice> Voices() override { return voices; }
+
+  Sound Speak(const std::string& text, const EngineVoice& voice, double slowness) override {
+    if (text == "trouble") throw SpeechError("flite crashed");
+    spoken.push_back(voice.id + ": " + text);
+    const float level = text == "silence" ? 0.0F : 0.2F;
+    Sound sound{8000, std::vector<float>(static_cast<std::size_t>(4000 * slowness))};
+    for (std::size_t i = 0; i < sound.samples.size(); ++i) {
+      sound.samples[i] = level * std::sin(0.3F * static_cast<float>(i));
+    }
+    return sound;
+  }
+
+  std::vector<EngineVoice> voices = {{"first", "rms"}, {"second", "slt"}};
+  std::vector<std::string> spoken;
+};
+
+class VoiceCommand : public testing::Test {
+ protected:
+  int Run(const std::vector<std::string>& arguments) {
+    return RunVoiceCommand(arguments, engine_, output_, errors_);
+  }
+
+  void ExpectFailure(const std::vector<std::string>& arguments, const std::string& message) {
+    EXPECT_EQ(Run(arguments), 1);
+    EXPECT_EQ(errors_.str(), "repvolta-voice: " + message + "\n");
+    EXPECT_THAT(output_.str(), IsEmpty());
+  }
+
+  static std::vector<std::string> ClipsIn(const std::string& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+      if (entry.is_regular_file()) names.push_back(fs::relative(entry.path(), folder));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  static void ExpectClip(const std::string& path) {
+    const Bytes file = GetFile(path);
+    ASSERT_GT(file.size(), kWavHeaderSize);
+    const auto dataSize = static_cast<std::uint32_t>(file.size() - kWavHeaderSize);
+    EXPECT_EQ(Bytes(file.begin(), file.begin() + kWavHeaderSize), WavHeader(kClipFormat, dataSize));
+    EXPECT_NEAR(JoinedLoudness(std::vector<Sound>{ReadWav(file)}), kClipLoudness, 1);
+    EXPECT_LE(Peak(ReadWav(file)), 0.8913F);
+  }
+
+  TemporaryFolder folder_;
+  ToneEngine engine_;
+  std::ostringstream output_;
+  std::ostringstream errors_;
+};
+
+TEST_F(VoiceCommand, MakesTheClipsOfTheLists) {
+  PutFile("words", "300 three hundred\nset set\n");
+  PutFile("a.lst", "Bench Press\nPush Up\n");
+  PutFile("b.lst", "Push Up\nSquat\n");
+
+  EXPECT_EQ(Run({"make", "words", "out/voice", "a.lst", "b.lst"}), 0);
+
+  EXPECT_THAT(ClipsIn("out/voice"),
+              ElementsAre("300.wav", "exercise/Bench Press.WAV", "exercise/Push Up.WAV",
+                          "exercise/Squat.WAV", "set.wav"));
+  EXPECT_THAT(engine_.spoken, ElementsAre("rms: three hundred", "rms: set", "rms: Bench Press",
+                                          "rms: Push Up", "rms: Squat"));
+  EXPECT_EQ(output_.str(), "5 clips made in out/voice\n");
+  ExpectClip("out/voice/300.wav");
+  ExpectClip("out/voice/exercise/Squat.WAV");
+}
+
+TEST_F(VoiceCommand, MakesClipsWithoutNameLists) {
+  PutFile("words", "set set\n");
+  EXPECT_EQ(Run({"make", "words", "voice"}), 0);
+  EXPECT_THAT(ClipsIn("voice"), ElementsAre("set.wav"));
+}
+
+TEST_F(VoiceCommand, ReportsAMissingWordList) {
+  ExpectFailure({"make", "gone", "voice"}, "gone could not be read: No such file or directory");
+}
+
+TEST_F(VoiceCommand, ReportsAMissingVoice) {
+  PutFile("words", "set set\n");
+  engine_.voices.clear();
+  ExpectFailure({"make", "words", "voice"}, "no voice of flite is installed");
+}
+
+TEST_F(VoiceCommand, WritesNothingWhenAClipCannotBeSpoken) {
+  PutFile("words", "set set\nfor trouble\n");
+  ExpectFailure({"make", "words", "voice"}, "flite crashed");
+  EXPECT_FALSE(fs::exists("voice"));
+}
+
+TEST_F(VoiceCommand, ReportsAClipWithoutASound) {
+  PutFile("words", "set silence\n");
+  ExpectFailure({"make", "words", "voice"}, "set.wav has only silence");
+}
+
+TEST_F(VoiceCommand, ReportsAFolderThatCannotBeCreated) {
+  PutFile("words", "set set\n");
+  PutFile("voice", "in the way");
+  EXPECT_EQ(Run({"make", "words", "voice"}), 1);
+  EXPECT_THAT(errors_.str(), StartsWith("repvolta-voice: voice"));
+}
+
+TEST_F(VoiceCommand, ConvertsARecordingOfAnotherFormat) {
+  WavBytes recording;
+  recording.Format(2, 44100, 16).Text("data").U32(44100 * 4);
+  for (int i = 0; i < 44100; ++i) {
+    const bool sounds = i > 10000 && i < 30000;
+    const int level = sounds ? static_cast<int>(2000 * std::sin(0.05 * i)) : 0;
+    recording.U16(static_cast<std::uint16_t>(level)).U16(static_cast<std::uint16_t>(level));
+  }
+  PutFile("recording.wav", recording.Get());
+  PutFile("set.wav", "an older clip");
+
+  EXPECT_EQ(Run({"convert", "recording.wav", "set.wav"}), 0);
+
+  ExpectClip("set.wav");
+  EXPECT_NEAR(static_cast<double>(ReadWav(GetFile("set.wav")).samples.size()) / 16000,
+              20000 / 44100.0 + 0.07, 0.01);
+}
+
+TEST_F(VoiceCommand, ConvertsAFileOntoItself) {
+  WavBytes recording;
+  recording.Format(1, 16000, 8).Text("data").U32(8000);
+  for (int i = 0; i < 8000; ++i) recording.Text(i / 10 % 2 == 0 ? "\x60" : "\xA0");
+  PutFile("set.wav", recording.Get());
+  EXPECT_EQ(Run({"convert", "set.wav", "set.wav"}), 0);
+  ExpectClip("set.wav");
+}
+
+TEST_F(VoiceCommand, KeepsTheClipWhenTheRecordingIsSilent) {
+  PutFile("recording.wav", WavBytes().Format(1, 16000, 16).Samples16({0, 0, 0}).Get());
+  PutFile("set.wav", "an older clip");
+  ExpectFailure({"convert", "recording.wav", "set.wav"}, "recording.wav has only silence");
+  EXPECT_EQ(GetTextFile("set.wav"), "an older clip");
+}
+
+TEST_F(VoiceCommand, ReportsARecordingThatIsNone) {
+  PutFile("song.mp3", "ID3");
+  ExpectFailure({"convert", "song.mp3", "set.wav"}, "song.mp3 cannot be used: It is no WAV file");
+}
+
+TEST_F(VoiceCommand, ReportsAMissingRecording) {
+  ExpectFailure({"convert", "gone.wav", "set.wav"},
+                "gone.wav could not be read: No such file or directory");
+}
+
+TEST_F(VoiceCommand, ShowsItsUsageWhenItIsNotCalledRightly) {
+  for (const std::vector<std::string>& arguments :
+       std::vector<std::vector<std::string>>{{},
+                                             {"make"},
+                                             {"make", "words"},
+                                             {"convert", "a.wav"},
+                                             {"convert", "a.wav", "b.wav", "c.wav"},
+                                             {"speak", "a", "b"},
+                                             {"--make", "a", "b"}}) {
+    errors_.str("");
+    EXPECT_EQ(Run(arguments), 2);
+    EXPECT_THAT(errors_.str(), StartsWith("repvolta-voice: "));
+    EXPECT_THAT(errors_.str(), HasSubstr("usage: repvolta-voice make"));
+  }
+  EXPECT_THAT(output_.str(), IsEmpty());
+}
+
+TEST_F(VoiceCommand, ShowsItsUsageWhenAsked) {
+  EXPECT_EQ(Run({"--help"}), 0);
+  EXPECT_THAT(output_.str(), StartsWith("usage: repvolta-voice make"));
+}
+
+}  // namespace
+}  // namespace repvolta

@@ -99,8 +99,10 @@ class FormFixture : public testing::Test {
     return Find<Control>(*form, name);
   }
 
-  void Click(const char* button) {
-    QTest::mouseClick(&Get<QAbstractButton>(button), Qt::LeftButton);
+  /// At the beginning of the button, where a check box has its box.
+  void Click(const char* name) {
+    auto& button = Get<QAbstractButton>(name);
+    QTest::mouseClick(&button, Qt::LeftButton, {}, {button.height() / 2, button.height() / 2});
   }
 
   RowList& List(const char* name) { return Get<RowList>(name); }

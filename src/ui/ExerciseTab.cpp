@@ -193,8 +193,9 @@ void ExerciseTab::ShowChoices(const ExerciseRecord& exercise) {
 
 void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
   const double now = editor_.program.clock.Now();
+  const int selected = SelectedSet();
   SetTable::Columns columns;
-  sets_->SetRows({});
+  sets_->SetRows(columns);
   for (int i = 0; i < exercise.NumberOfSets; ++i) {
     const std::array texts = {
         ListNumberText(exercise.SetValue1[i]),     ListNumberText(exercise.SetValue2[i]),
@@ -206,6 +207,7 @@ void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
     }
   }
   sets_->SetRows(columns);
+  sets_->SelectRow(selected);
 }
 
 }  // namespace repvolta

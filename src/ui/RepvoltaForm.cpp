@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QScreen>
 #include <QShortcut>
 #include <QTabBar>
 #include <QTimer>
@@ -41,6 +42,7 @@ RepvoltaForm::RepvoltaForm(const FormServices& services)
   AddTabs();
   ConnectButtons();
   new WheelGuard(this);
+  resize(sizeHint().boundedTo(screen()->availableSize()));
   RestoreWindowLayout(*this);
   EnableWorkoutControls();
 }
@@ -55,6 +57,12 @@ void RepvoltaForm::AddTabs() {
   ui_->ExerciseScrollArea->setWidget(exerciseTab_);
   ui_->SettingsScrollArea->setWidget(settingsTab_);
   ui_->SSTab1->tabBar()->setAccessibleName("Tabs");
+  // The buttons of the window come behind the controls of the tabs.
+  for (QWidget* button : std::initializer_list<QWidget*>{ui_->UpdateSelectedWorkoutButton,
+                                                         ui_->UpdateAllWorkoutsButton,
+                                                         ui_->AboutButton, ui_->ExitButton}) {
+    setTabOrder(previousInFocusChain(), button);
+  }
   connect(workoutTab_, &WorkoutTab::ExerciseOpened, this,
           [this] { ui_->SSTab1->setCurrentWidget(ui_->ExercisePage); });
   connect(ui_->SSTab1, &QTabWidget::currentChanged, this, [this] {

@@ -21,8 +21,9 @@ RowList::RowList(QWidget* parent) : QListWidget(parent) {
 }
 
 void RowList::SetHint(const QString& hint) {
-  hint_ = hint;
-  new EmptyListHint(this, hint);
+  delete hint_;
+  hint_ = new EmptyListHint(this, hint);
+  viewport()->update();
 }
 
 void RowList::SetVisibleRows(int rows) {

@@ -16,7 +16,7 @@ class RowList : public QListWidget {
   explicit RowList(QWidget* parent = nullptr);
 
   /// What the empty list says.
-  const QString& Hint() const { return hint_; }
+  QString Hint() const { return accessibleDescription(); }
   void SetHint(const QString& hint);
 
   /// The height that the list would like to have.
@@ -45,7 +45,7 @@ class RowList : public QListWidget {
   void EmitChosen();
   QSize SizeOfRows(int rows) const;
 
-  QString hint_;
+  QObject* hint_ = nullptr;
   int visibleRows_ = 3;
 };
 

@@ -22,12 +22,8 @@ SetTable::SetTable(const Lists& lists, QObject* parent) : QObject(parent), lists
 }
 
 void SetTable::SetRows(const Columns& columns) {
-  const int selected = SelectedRow();
-  {
-    const QScopedValueRollback<bool> selecting(selecting_, true);
-    for (std::size_t i = 0; i < lists_.size(); ++i) lists_[i]->SetRows(columns[i]);
-  }
-  SelectRow(selected);
+  const QScopedValueRollback<bool> selecting(selecting_, true);
+  for (std::size_t i = 0; i < lists_.size(); ++i) lists_[i]->SetRows(columns[i]);
 }
 
 void SetTable::SelectRow(int row) {

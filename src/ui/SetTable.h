@@ -16,7 +16,7 @@ class SetTable : public QObject {
 
   SetTable(const Lists& lists, QObject* parent);
 
-  /// Replaces all rows; the selected row stays selected while there is one.
+  /// Replaces all rows, none of which is selected then.
   void SetRows(const Columns& columns);
 
   int SelectedRow() const { return lists_.front()->SelectedRow(); }

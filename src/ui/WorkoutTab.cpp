@@ -95,6 +95,8 @@ void WorkoutTab::ShowWorkoutNames() {
   }
   ui_->WorkoutDropBox->clear();
   ui_->WorkoutDropBox->addItems(names);
+  ui_->WorkoutDropBox->setPlaceholderText(names.isEmpty() ? "No workouts yet: create one."
+                                                          : "Choose a workout.");
   ui_->WorkoutDropBox->setCurrentIndex(-1);
 }
 
@@ -133,6 +135,8 @@ void WorkoutTab::UpdateWorkoutScreen() {
 void WorkoutTab::EnableEditing(bool enabled) {
   ui_->DeleteSelectedWorkoutButton->setEnabled(enabled);
   ui_->ExerciseListFrame->setEnabled(enabled);
+  ui_->ExerciseList->SetHint(enabled ? "No exercises yet: add one with \"Add New Exercise\"."
+                                     : "Create or choose a workout first.");
 }
 
 }  // namespace repvolta

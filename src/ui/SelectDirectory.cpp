@@ -66,8 +66,9 @@ SelectDirectory::SelectDirectory(const QStringList& drives, const QString& start
           &SelectDirectory::DriveListBox_Change);
   connect(ui_->DirListBox->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &SelectDirectory::DirListBox_Change);
-  connect(folders_, &QFileSystemModel::directoryLoaded, this,
-          [this] { ui_->DirListBox->scrollTo(ui_->DirListBox->currentIndex()); });
+  connect(folders_, &QFileSystemModel::directoryLoaded, this, [this] {
+    ui_->DirListBox->scrollTo(ui_->DirListBox->currentIndex(), QTreeView::PositionAtCenter);
+  });
   connect(ui_->NewFolderButton, &QPushButton::clicked, this,
           &SelectDirectory::NewFolderButton_Click);
   connect(ui_->OKButton, &QPushButton::clicked, this, &SelectDirectory::OKButton_Click);
@@ -109,7 +110,7 @@ void SelectDirectory::Show(const QString& folder) {
   const QModelIndex index = folders_->index(folder);
   ui_->DirListBox->setCurrentIndex(index);
   ui_->DirListBox->expand(index);
-  ui_->DirListBox->scrollTo(index);
+  ui_->DirListBox->scrollTo(index, QTreeView::PositionAtCenter);
   DirListBox_Change();
 }
 

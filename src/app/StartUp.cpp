@@ -1,11 +1,121 @@
 #include "app/StartUp.h"
 
+#include "app/ScreenUpdate.h"
+#include "app/Settings.h"
+#include "app/WorkoutFiles.h"
+#include "base/File.h"
+#include "base/Numbers.h"
+
 namespace repvolta {
+namespace {
+
+/// One step of the start: a failure is told, and the start goes on without the step.
+void Try(UserInterface& screen, const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const std::exception& error) {
+    screen.ShowMessage(error.what());
+  }
+}
+
+void ClampLastWorkoutIndex(ProgramState& state) {
+  std::int16_t& index = state.Settings.LastWorkoutIndex;
+  if (index < 0 || index > state.NumberOfWorkouts - 1) index = 0;
+}
+
+void LoadLastWorkout(ProgramState& state, MainScreen& screen) {
+  if (state.NumberOfWorkouts < 1) {
+    screen.EnableWorkoutControls();
+    return;
+  }
+  const int index = state.Settings.LastWorkoutIndex;
+  state.WorkoutFileName = state.WorkoutNames.at(static_cast<std::size_t>(index));
+  screen.EnableWorkoutControls();
+  screen.SelectWorkout(index);
+  LoadWorkout(state, screen);
+}
+
+void SetUpSpeech(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
+  Try(screen, [&] { screen.ShowVoices(services.speech.VoiceNames()); });
+  screen.ShowAudioOutputs(services.outputs.Names());
+  SetUpVoice(state);
+  screen.ShowFormats();
+}
+
+/// Message, picker: the folder that the person chose.
+std::string AskForFolder(MainScreen& screen, std::string_view text, std::string_view title) {
+  screen.ShowMessage(text, title);
+  return screen.SelectDirectory();
+}
+
+void AskForMusic(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
+  state.Settings.MusicPath =
+      AskForFolder(screen,
+                   "Repvolta needs to know where your MP3 music files are loacted.\r"
+                   "These are the music files Repvolta will use to create your workout.\r"
+                   "Press ENTER to select where your files are located",
+                   "Find your music files");
+  screen.ShowPaths();
+  Try(screen, [&] {
+    services.compileMusicList();
+    screen.ShowMessage("The random music list has been compiled.");
+  });
+  Try(screen, services.countRandomMusicFiles);
+}
+
+void AskForOutput(ProgramState& state, MainScreen& screen) {
+  state.Settings.OutputPath = AskForFolder(
+      screen,
+      "Repvolta now needs to know what directory you want to store your Exercise files "
+      "in.\r"
+      "It is recommended you create a new directory just for this purpose.\r"
+      "Press ENTER to select a directory.",
+      "Select your output directory");
+  screen.ShowPaths();
+}
+
+}  // namespace
 
 void SetUpVoice(ProgramState& state) {
   state.Voice = {.Voice = state.Settings.VoiceIndex,
                  .Rate = state.Settings.VoiceRate,
                  .Volume = state.Settings.VoiceVolume};
+}
+
+void Form_Load(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
+  MakeProgramDirectoryCurrent(state);
+  Try(screen, [&] { FirstRunSetup(state, screen, services); });
+  screen.ShowTab(WindowTab::kWorkout);
+  Try(screen, [&] { LoadWorkoutNames(state, screen); });
+  Try(screen, [&] { LoadSettings(state); });
+  const ScreenUpdate updating(state);
+  ClampLastWorkoutIndex(state);
+  Try(screen, [&] { LoadLastWorkout(state, screen); });
+  SetUpSpeech(state, screen, services);
+  Try(screen, services.countRandomMusicFiles);
+  screen.UpdateSettingsScreen();
+}
+
+void FirstRunSetup(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
+  if (FileExists(kSettingsFile)) return;
+  // The slips in these texts are meant.
+  screen.ShowMessage(
+      "This is the first time the program has been executed, so lets set up some simple stuff "
+      "first to get started.\rPress ENETER to begin.",
+      "Welcome to Repvolta");
+  AskForMusic(state, screen, services);
+  AskForOutput(state, screen);
+  state.Settings.DefaultExerciseTime = 5;
+  state.Settings.IncludeWeightValues = kTrue;
+  state.Settings.VoiceVolume = 100;
+  SaveSettings(state);
+}
+
+void ExitButton_Click(ProgramState& state, MainScreen& screen) {
+  Try(screen, [&] {
+    state.Settings.LastWorkoutIndex = CheckedInt16(screen.SelectedWorkout());
+    SaveSettings(state);
+  });
 }
 
 }  // namespace repvolta

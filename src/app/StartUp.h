@@ -1,6 +1,11 @@
 #pragma once
 
+#include <functional>
+
+#include "app/MainScreen.h"
 #include "app/ProgramState.h"
+#include "platform/AudioOutputs.h"
+#include "platform/SpeechSynthesizer.h"
 
 namespace repvolta {
 
@@ -8,5 +13,28 @@ namespace repvolta {
 /// newly chosen voice: rate and volume are heard from the next start on, and the format always
 /// begins as SAFT16kHz16BitMono. Both are meant so.
 void SetUpVoice(ProgramState& state);
+
+/// What the start needs from beyond the state and the screen. The two calls are those of the random
+/// music list; they throw FileError.
+struct StartUpServices {
+  SpeechSynthesizer& speech;
+  AudioOutputs& outputs;
+  std::function<void()> compileMusicList;
+  std::function<void()> countRandomMusicFiles;
+};
+
+/// The start of the main window: enters the program directory, which the state names, leads through
+/// the first set-up, loads the settings and the last workout, and fills the tabs. A later
+/// step that fails is told and passed over. Throws FileError when the directory cannot be entered.
+void Form_Load(ProgramState& state, MainScreen& screen, const StartUpServices& services);
+
+/// The guided set-up that asks for the folders and writes the first settings file; does nothing
+/// when there is one. The program directory must be current. Throws FileError when the settings
+/// cannot be written.
+void FirstRunSetup(ProgramState& state, MainScreen& screen, const StartUpServices& services);
+
+/// Stores the selected workout in the settings; when they cannot be saved it says so. The window
+/// then ends the program.
+void ExitButton_Click(ProgramState& state, MainScreen& screen);
 
 }  // namespace repvolta

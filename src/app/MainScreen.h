@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/UserInterface.h"
+
+namespace repvolta {
+
+enum class WindowTab { kWorkout, kExercise, kSettings };
+
+/// The main window as the start-up and the editing commands see it, beyond what an update asks for.
+/// Nothing that these calls change in a control counts as a choice of the person.
+class MainScreen : public UserInterface {
+ public:
+  /// SelectDirectory. Empty when it was cancelled.
+  virtual std::string SelectDirectory() = 0;
+
+  virtual void UpdateSettingsScreen() = 0;
+
+  /// Shows MusicPath and OutputPath of the settings.
+  virtual void ShowPaths() = 0;
+
+  /// Shows DefaultExerciseTime of the settings.
+  virtual void ShowDefaultExerciseTime() = 0;
+
+  /// Selects an entry of WorkoutDropBox and does not load it. -1: none.
+  virtual void SelectWorkout(int index) = 0;
+
+  /// The entry selected in WorkoutDropBox; -1: none.
+  virtual int SelectedWorkout() const = 0;
+
+  /// Lets what edits a workout be used only while WorkoutFileName names one.
+  virtual void EnableWorkoutControls() = 0;
+
+  virtual void ShowTab(WindowTab tab) = 0;
+
+  /// Select a row of the set lists or of MusicList; a row that is not there: none.
+  virtual void SelectSet(int row) = 0;
+  virtual void SelectMusic(int row) = 0;
+
+  /// Fills VoiceCB and selects VoiceIndex.
+  virtual void ShowVoices(const std::vector<std::string>& names) = 0;
+
+  /// Fills AudioOutputCB and selects its first entry. Without outputs it says so and is disabled.
+  virtual void ShowAudioOutputs(const std::vector<std::string>& names) = 0;
+
+  /// Fills FormatCB with all sound formats and selects the one of the state's Voice.
+  virtual void ShowFormats() = 0;
+};
+
+}  // namespace repvolta

@@ -1,0 +1,130 @@
+#include <QApplication>
+#include <QIcon>
+#include <cstdio>
+#include <string>
+
+#include "app/StartUp.h"
+#include "base/Product.h"
+#include "platform/EngineSpeech.h"
+#include "platform/ProgramDirectory.h"
+#include "platform/QtChildProcesses.h"
+#include "platform/desktop/DesktopAudioOutputs.h"
+#include "platform/desktop/DesktopDocuments.h"
+#include "platform/desktop/SingleInstance.h"
+#include "ui/MessageBox.h"
+#include "ui/QtDialogs.h"
+#include "ui/RandomMusicMessage.h"
+#include "ui/RepvoltaForm.h"
+#include "ui/UpdateForm.h"
+#include "update/RandomMusicList.h"
+
+// The desktop program.
+
+namespace repvolta {
+namespace {
+
+constexpr int kNotStarted = 1;
+
+int Fail(const std::string& reason) {
+  std::fprintf(stderr, "repvolta: %s\n", reason.c_str());
+  MessageBox::Show(nullptr, QString::fromStdString(reason), kProductName.data());
+  return kNotStarted;
+}
+
+std::string PrepareProgramDirectory(const std::string& executable) {
+  std::string directory = FindProgramDirectory(executable);
+  FillProgramDirectory(directory, executable);
+  LinkEncoder(directory);
+  return directory;
+}
+
+/// Brings the window to the front, or the box that it waits for.
+void Raise(QWidget& form) {
+  QWidget* box = QApplication::activeModalWidget();
+  QWidget& window = box ? *box : form;
+  if (window.isMinimized()) window.showNormal();
+  window.raise();
+  window.activateWindow();
+}
+
+/// The state, the services and the windows of one run.
+class Desktop {
+ public:
+  explicit Desktop(const std::string& programDirectory) {
+    state_.ProgramDirectory = programDirectory;
+    window_ = &form_;
+    dialogs_.SetOwner(&form_);
+    progress_.SetOwner(&form_);
+    pleaseWait_.SetOwner(&form_);
+    QObject::connect(&form_, &RepvoltaForm::Ended, qApp, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+  }
+
+  int Run(SingleInstance& instance) {
+    instance.OnLaterStart([this] { Raise(form_); });
+    Form_Load(state_, form_,
+              {.speech = speech_,
+               .outputs = outputs_,
+               .compileMusicList = [this] { ListMusic(); },
+               .countRandomMusicFiles = [this] { CountRandomMusicFiles(state_); }});
+    form_.show();
+    return QApplication::exec();
+  }
+
+ private:
+  void ListMusic() {
+    pleaseWait_.Show();
+    CompileMusicList(state_.Settings.MusicPath.Trimmed(), [this] { RunEvents(); });
+    pleaseWait_.Hide();
+  }
+
+  void RunEvents() {
+    if (window_) window_->RunEvents();
+  }
+
+  RepvoltaForm* window_ = nullptr;  // once it is made
+  ProgramState state_;
+  SystemClock clock_;
+  TimerSeededNumbers random_;
+  QtChildProcesses processes_{[this] { RunEvents(); }};
+  EngineSpeech speech_{InstalledEngines(processes_)};
+  DesktopAudioOutputs outputs_;
+  DesktopDocuments documents_;
+  QtDialogs dialogs_;
+  UpdateForm progress_;
+  RandomMusicMessage pleaseWait_;
+  RepvoltaForm form_{{.state = state_,
+                      .clock = clock_,
+                      .random = random_,
+                      .processes = processes_,
+                      .speech = speech_,
+                      .dialogs = dialogs_,
+                      .progress = progress_,
+                      .pleaseWait = pleaseWait_,
+                      .openDocument = [this](const std::string& path) { documents_.Open(path); }}};
+};
+
+int Run() {
+  const std::string directory =
+      PrepareProgramDirectory(QCoreApplication::applicationFilePath().toStdString());
+  SingleInstance instance(directory);
+  if (instance.IsFirst()) return Desktop(directory).Run(instance);
+  return instance.RaiseFirst() ? 0 : Fail("Repvolta is already running in " + directory);
+}
+
+}  // namespace
+}  // namespace repvolta
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("repvolta");
+  QApplication::setDesktopFileName("repvolta");
+  QApplication::setWindowIcon(QIcon::fromTheme("repvolta"));
+  // The program ends by its Exit command: the boxes of the set-up are the last windows for a while.
+  QApplication::setQuitOnLastWindowClosed(false);
+  try {
+    return repvolta::Run();
+  } catch (const std::exception& error) {
+    return repvolta::Fail(error.what());
+  }
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/MainScreen.h"
+#include "app/Program.h"
+#include "ui/Dialogs.h"
+#include "ui/ProgressWindows.h"
+
+namespace repvolta {
+
+enum class CheckBox { kUnticked, kTicked };
+
+/// What the editing commands work with.
+struct Editor {
+  Program& program;
+  MainScreen& screen;
+  Dialogs& dialogs;
+  PleaseWait& pleaseWait;
+  /// Lets the windows live during long work; throws UpdateStopped when the person ends the program.
+  std::function<void()> runEvents;
+
+  ProgramState& State() const { return program.state; }
+  ExerciseRecord& Exercise() const { return State().Workout[State().CurrentExercise]; }
+};
+
+/// True when `text` comes back whole from a field of a record.
+template <std::size_t Size>
+bool FitsField(const std::string& text) {
+  return FixedText<Size>(text).Text() == text;
+}
+
+/// `text` for a field that holds a path. Throws std::length_error when it would be cut.
+FixedText<256> PathField(const std::string& text);
+
+/// The row that is selected after a row was removed: the one that took its place.
+int RowAfterRemoval(int removed, int rowsLeft);
+
+}  // namespace repvolta

@@ -1,0 +1,213 @@
+#include "ui/ExerciseTab.h"
+
+#include "app/ScreenUpdate.h"
+#include "base/Numbers.h"
+#include "ui/Keys.h"
+#include "ui/MusicEditing.h"
+#include "ui/ScreenTexts.h"
+#include "ui/SetEditing.h"
+#include "ui/SetTable.h"
+#include "ui/SetValueEditing.h"
+
+#include "ui_ExerciseTab.h"
+
+namespace repvolta {
+namespace {
+
+/// Checks one of the buttons that exclude each other; an index that none has: none.
+template <std::size_t Size>
+void CheckOne(const std::array<QAbstractButton*, Size>& buttons, int index) {
+  for (QAbstractButton* button : buttons) button->setAutoExclusive(false);
+  for (std::size_t i = 0; i < Size; ++i) buttons[i]->setChecked(static_cast<int>(i) == index);
+  for (QAbstractButton* button : buttons) button->setAutoExclusive(true);
+}
+
+}  // namespace
+
+ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
+    : editor_(editor), handlers_(handlers), ui_(std::make_unique<Ui::ExerciseTab>()) {
+  ui_->setupUi(this);
+  sets_ = new SetTable({ui_->SetList1, ui_->SetList2, ui_->SetListInc1, ui_->SetListInc2,
+                        ui_->FreqList1, ui_->FreqList2, ui_->NextUpdateList},
+                       this);
+  setButtons_ = {ui_->SetButton_0, ui_->SetButton_1, ui_->SetButton_2, ui_->SetButton_3};
+  unitsSelections_ = {ui_->UnitsSelection_0, ui_->UnitsSelection_1};
+  ui_->MusicList->setTextElideMode(Qt::ElideMiddle);
+  ConnectSetButtons();
+  ConnectSetLists();
+  ConnectChoices();
+  ConnectMusic();
+}
+
+ExerciseTab::~ExerciseTab() = default;
+
+void ExerciseTab::ConnectSetButtons() {
+  handlers_.OnClick(ui_->AddNewSetButton, "The set could not be added.",
+                    [this] { AddNewSetButton_Click(editor_); });
+  handlers_.OnClick(ui_->RemoveSelectedSetButton, "The set could not be removed.",
+                    [this] { RemoveSelectedSetButton_Click(editor_, SelectedSet()); });
+  handlers_.OnClick(ui_->MoveSetUpListButton, "The set could not be moved.",
+                    [this] { MoveSetUpListButton_Click(editor_, SelectedSet()); });
+  handlers_.OnClick(ui_->ManualDateResetButton, "The date could not be reset.",
+                    [this] { ManualDateResetButton_Click(editor_, SelectedSet()); });
+  for (QWidget* scope : std::initializer_list<QWidget*>{ui_->SetSplitter, ui_->SetButtonsFrame}) {
+    AddKey(scope, Qt::Key_Insert, ui_->AddNewSetButton);
+    AddKey(scope, Qt::Key_Delete, ui_->RemoveSelectedSetButton);
+    AddKey(scope, Qt::ALT | Qt::Key_Up, ui_->MoveSetUpListButton);
+  }
+}
+
+void ExerciseTab::ConnectSetLists() {
+  using Handler = void (*)(Editor&, int);
+  const std::initializer_list<std::pair<RowList*, Handler>> doubleClicks = {
+      {ui_->SetList1, SetList1_DblClick},
+      {ui_->SetList2, SetList2_DblClick},
+      {ui_->SetListInc1, SetListInc1_DblClick},
+      {ui_->SetListInc2, SetListInc2_DblClick},
+      {ui_->FreqList1, FreqList1_DblClick},
+      {ui_->FreqList2, FreqList2_DblClick},
+      {ui_->NextUpdateList, NextUpdateList_DblClick},
+  };
+  for (const auto& [list, handler] : doubleClicks) {
+    connect(list, &RowList::RowChosen, this, [this, handler = handler](int row) {
+      handlers_.Run("Nothing was changed.", [&] { handler(editor_, row); });
+    });
+  }
+}
+
+void ExerciseTab::ConnectChoices() {
+  for (int i = 0; i < static_cast<int>(setButtons_.size()); ++i) {
+    connect(setButtons_[static_cast<std::size_t>(i)], &QAbstractButton::toggled, this,
+            [this, i](bool checked) {
+              if (!checked || editor_.State().ScreenUpdating) return;
+              handlers_.Run("The kind of sets could not be changed.",
+                            [&] { SetButton_Click(editor_, i); });
+            });
+  }
+  for (int i = 0; i < static_cast<int>(unitsSelections_.size()); ++i) {
+    connect(unitsSelections_[static_cast<std::size_t>(i)], &QAbstractButton::toggled, this,
+            [this, i](bool checked) {
+              if (!checked || editor_.State().ScreenUpdating) return;
+              handlers_.Run("The units could not be changed.",
+                            [&] { UnitsSelection_Click(editor_, i); });
+            });
+  }
+  connect(ui_->RandomMusicCheckBox, &QCheckBox::toggled, this, [this](bool checked) {
+    handlers_.Run("The choice could not be kept.", [&] {
+      RandomMusicCheckBox_Click(editor_, checked ? CheckBox::kTicked : CheckBox::kUnticked);
+    });
+  });
+}
+
+void ExerciseTab::ConnectMusic() {
+  handlers_.OnClick(ui_->SetExerciseTimeButton, "The time could not be set.",
+                    [this] { SetExerciseTimeButton_Click(editor_); });
+  handlers_.OnClick(ui_->AddMusicFileButton, "The music file could not be added.",
+                    [this] { AddMusicFileButton_Click(editor_); });
+  handlers_.OnClick(ui_->RemoveMusicFileButton, "The music file could not be removed.",
+                    [this] { RemoveMusicFileButton_Click(editor_, SelectedMusic()); });
+  handlers_.OnClick(ui_->MoveMusicFileUpListButton, "The music file could not be moved.",
+                    [this] { MoveMusicFileUpListButton_Click(editor_, SelectedMusic()); });
+  for (QWidget* scope :
+       std::initializer_list<QWidget*>{ui_->MusicListFrame, ui_->MusicButtonsFrame}) {
+    AddKey(scope, Qt::Key_Insert, ui_->AddMusicFileButton);
+    AddKey(scope, Qt::Key_Delete, ui_->RemoveMusicFileButton);
+    AddKey(scope, Qt::ALT | Qt::Key_Up, ui_->MoveMusicFileUpListButton);
+  }
+}
+
+int ExerciseTab::SelectedSet() const { return sets_->SelectedRow(); }
+
+int ExerciseTab::SelectedMusic() const { return ui_->MusicList->SelectedRow(); }
+
+void ExerciseTab::SelectSet(int row) { sets_->SelectRow(row); }
+
+void ExerciseTab::SelectMusic(int row) { ui_->MusicList->SelectRow(row); }
+
+void ExerciseTab::ShowContent(Content content) {
+  const bool shown = content == Content::kExercise;
+  for (QWidget* frame : std::initializer_list<QWidget*>{
+           ui_->SetButtonsFrame, ui_->MusicButtonsFrame, ui_->MusicListFrame,
+           ui_->ExerciseSettingFrame, ui_->SetDetailsFrame, ui_->AutoIncFrame}) {
+    frame->setVisible(shown);
+  }
+  if (!shown) ui_->ExerciseNameLabel->setText("No Exercise Selected");
+}
+
+void ExerciseTab::UpdateExerciseScreen() {
+  ProgramState& state = editor_.State();
+  if (state.NumberOfExercises < 1) return;
+  // 5 passes, although it is one beyond the last usable exercise: this is meant.
+  if (state.CurrentExercise > MaxExercises) {
+    editor_.dialogs.ShowMessage(
+        "Cannot update exercise screen. Current exercise number exceeds MaxExercises");
+    return;
+  }
+  const ScreenUpdate updating(state);
+  const ExerciseRecord& exercise = editor_.Exercise();
+  ui_->ExerciseNameLabel->setText(QString::fromStdString(exercise.ExerciseName.Trimmed()));
+  ShowMusic(exercise);
+  ui_->EstimatedExerciseTimeLabel->setText(
+      QString::fromStdString("Target Exercise Time = " + FormatTime(exercise.TargetExerciseTime)));
+  ui_->TotalMusicTimeLabel->setText(
+      QString::fromStdString("Total Music Time = " + FormatTime(exercise.TotalMusicTime)));
+  ShowFieldNames(exercise);
+  ShowChoices(exercise);
+  ShowSets(exercise);
+  // The random music check box stays as it is: this is meant.
+}
+
+void ExerciseTab::ShowMusic(const ExerciseRecord& exercise) {
+  QStringList files;
+  for (int i = 0; i < exercise.NumberOfMusicFiles; ++i) {
+    files.append(QString::fromStdString(exercise.MusicFile[i].Trimmed()));
+  }
+  const int selected = SelectedMusic();
+  ui_->MusicList->SetRows(files);
+  ui_->MusicList->SelectRow(selected);
+}
+
+void ExerciseTab::ShowFieldNames(const ExerciseRecord& exercise) {
+  const FieldNames names = FieldNamesOf(exercise);
+  const QString first = QString::fromStdString(names.first);
+  const QString second = QString::fromStdString(names.second);
+  for (QLabel* label : {ui_->SetListLabel1, ui_->SetListIncLabel1, ui_->FreqListLabel1}) {
+    label->setText(first);
+  }
+  for (QLabel* label : {ui_->SetListLabel2, ui_->SetListIncLabel2, ui_->FreqListLabel2}) {
+    label->setText(second);
+  }
+  ui_->NextUpdateListLabel->setText(first + ", " + second);
+  ui_->SetList1->setAccessibleName("First value: " + first);
+  ui_->SetList2->setAccessibleName("Second value: " + second);
+  ui_->SetListInc1->setAccessibleName("First increment: " + first);
+  ui_->SetListInc2->setAccessibleName("Second increment: " + second);
+  ui_->FreqList1->setAccessibleName("First frequency in days: " + first);
+  ui_->FreqList2->setAccessibleName("Second frequency in days: " + second);
+}
+
+void ExerciseTab::ShowChoices(const ExerciseRecord& exercise) {
+  CheckOne(unitsSelections_, exercise.Units == kFalse ? 0 : 1);
+  CheckOne(setButtons_, exercise.SetType);
+}
+
+void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
+  const double now = editor_.program.clock.Now();
+  const int selected = SelectedSet();
+  SetTable::Columns columns;
+  sets_->SetRows(columns);
+  for (int i = 0; i < exercise.NumberOfSets; ++i) {
+    const std::array texts = {
+        ListNumberText(exercise.SetValue1[i]),     ListNumberText(exercise.SetValue2[i]),
+        ListNumberText(exercise.SetIncrement1[i]), ListNumberText(exercise.SetIncrement2[i]),
+        ListNumberText(exercise.SetFrequency1[i]), ListNumberText(exercise.SetFrequency2[i]),
+        NextUpdateText(exercise, i, now)};
+    for (std::size_t column = 0; column < texts.size(); ++column) {
+      columns[column].append(QString::fromStdString(texts[column]));
+    }
+  }
+  sets_->SetRows(columns);
+  sets_->SelectRow(selected);
+}
+
+}  // namespace repvolta

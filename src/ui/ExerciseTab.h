@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QWidget>
+#include <array>
+#include <memory>
+
+#include "ui/Editor.h"
+#include "ui/Handlers.h"
+
+namespace Ui {
+class ExerciseTab;
+}
+
+namespace repvolta {
+
+class SetTable;
+
+/// "Exercise Setup": the sets and the music of the current exercise.
+class ExerciseTab : public QWidget {
+  Q_OBJECT
+
+ public:
+  ExerciseTab(Editor& editor, Handlers& handlers);
+  ~ExerciseTab() override;
+
+  /// Without an exercise the tab stays as it is. Throws std::out_of_range and std::overflow_error
+  /// for a record that cannot be shown; what comes before the fault is then shown.
+  void UpdateExerciseScreen();
+
+  enum class Content { kExercise, kNoExercise };
+  void ShowContent(Content content);
+
+  void SelectSet(int row);
+  void SelectMusic(int row);
+
+ private:
+  void ConnectSetButtons();
+  void ConnectSetLists();
+  void ConnectChoices();
+  void ConnectMusic();
+  void ShowMusic(const ExerciseRecord& exercise);
+  void ShowFieldNames(const ExerciseRecord& exercise);
+  void ShowChoices(const ExerciseRecord& exercise);
+  void ShowSets(const ExerciseRecord& exercise);
+  int SelectedSet() const;
+  int SelectedMusic() const;
+
+  Editor& editor_;
+  Handlers& handlers_;
+  std::unique_ptr<Ui::ExerciseTab> ui_;
+  SetTable* sets_;
+  std::array<QAbstractButton*, 4> setButtons_;
+  std::array<QAbstractButton*, 2> unitsSelections_;
+};
+
+}  // namespace repvolta

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <functional>
+#include <string>
+
+#include "ui/Dialogs.h"
+
+namespace repvolta {
+
+/// The one place through which the window's commands run: one at a time, and what a command throws
+/// ends here in one message box.
+class Handlers {
+ public:
+  enum class Outcome { kDone, kFailed };
+
+  /// `afterwards` is called behind each command.
+  Handlers(Dialogs& dialogs, std::function<void(Outcome)> afterwards)
+      : dialogs_(dialogs), afterwards_(std::move(afterwards)) {}
+
+  /// Does nothing while another command runs. `failure` says what did not happen: "The set could
+  /// not be added."; it stands before a reason that does not say so itself.
+  void Run(const std::string& failure, const std::function<void()>& handler);
+
+  /// Runs the handler whenever the button is clicked.
+  void OnClick(QAbstractButton* button, const std::string& failure,
+               const std::function<void()>& handler);
+
+  bool AreRunning() const { return running_; }
+
+ private:
+  Outcome RunGuarded(const std::string& failure, const std::function<void()>& handler);
+
+  Dialogs& dialogs_;
+  std::function<void(Outcome)> afterwards_;
+  bool running_ = false;
+};
+
+}  // namespace repvolta

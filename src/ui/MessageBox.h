@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QMessageBox>
+
+namespace repvolta {
+
+/// The text with each lone carriage return as a line break.
+QString WithLineBreaks(QString text);
+
+/// A message box that shows its text plainly, as it is.
+class MessageBox : public QMessageBox {
+  Q_OBJECT
+
+ public:
+  MessageBox(const QString& text, const QString& title, StandardButtons buttons,
+             QWidget* parent = nullptr);
+
+  /// A box with an OK button.
+  static void Show(QWidget* parent, const QString& text, const QString& title);
+
+  /// A box with OK and Cancel. True: OK.
+  static bool Confirm(QWidget* parent, const QString& text, const QString& title);
+};
+
+}  // namespace repvolta

@@ -1,0 +1,69 @@
+#include "ui/QtDialogs.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+
+#include "app/ExerciseTypes.h"
+#include "base/FileError.h"
+#include "ui/AboutForm.h"
+#include "ui/InputBox.h"
+#include "ui/MessageBox.h"
+#include "ui/SelectDirectory.h"
+#include "ui/SelectExerciseDialog.h"
+
+namespace repvolta {
+namespace {
+
+QString ToQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+void QtDialogs::ShowMessage(std::string_view text, std::string_view title) {
+  MessageBox::Show(owner_, ToQt(text), ToQt(title));
+}
+
+bool QtDialogs::Confirm(std::string_view text, std::string_view title) {
+  return MessageBox::Confirm(owner_, ToQt(text), ToQt(title));
+}
+
+std::string QtDialogs::AskText(std::string_view prompt, std::string_view title,
+                               std::string_view initial) {
+  return InputBox::Ask(owner_, ToQt(prompt), ToQt(title), ToQt(initial)).toStdString();
+}
+
+std::string QtDialogs::SelectExercise() {
+  const auto namesOfType = [this](const std::string& type) -> std::vector<std::string> {
+    try {
+      return ExerciseNames(type);
+    } catch (const FileError& error) {
+      ShowMessage(error.what());
+      return {};
+    }
+  };
+  SelectExerciseDialog dialog(ExerciseTypes(), namesOfType, owner_);
+  dialog.exec();
+  return dialog.SelectedName();
+}
+
+std::string QtDialogs::SelectDirectory() {
+  repvolta::SelectDirectory dialog(MountedVolumes(), QDir::homePath(), owner_);
+  dialog.exec();
+  return dialog.SelectedDirectory();
+}
+
+std::string QtDialogs::SelectMusicFile(const std::string& startFolder) {
+  QFileDialog dialog(owner_, "Music File Selection", QFile::decodeName(startFolder.c_str()));
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setNameFilters({"MP3 (*.MP3)", "WMA (*.WMA)"});
+  if (dialog.exec() != QDialog::Accepted) return {};
+  return QFile::encodeName(dialog.selectedFiles().value(0)).toStdString();
+}
+
+void QtDialogs::ShowAbout() { AboutForm(owner_).exec(); }
+
+}  // namespace repvolta

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "ui/Dialogs.h"
+
+namespace repvolta {
+
+/// The real boxes and dialogs.
+class QtDialogs : public Dialogs {
+ public:
+  /// The window that the boxes belong to and stay above.
+  void SetOwner(QWidget* owner) { owner_ = owner; }
+
+  void ShowMessage(std::string_view text, std::string_view title = kProductName) override;
+  bool Confirm(std::string_view text, std::string_view title) override;
+  std::string AskText(std::string_view prompt, std::string_view title,
+                      std::string_view initial = {}) override;
+  std::string SelectExercise() override;
+  std::string SelectDirectory() override;
+  std::string SelectMusicFile(const std::string& startFolder) override;
+  void ShowAbout() override;
+
+ private:
+  QPointer<QWidget> owner_;
+};
+
+}  // namespace repvolta

@@ -1,0 +1,238 @@
+#include "ui/RepvoltaForm.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QScreen>
+#include <QShortcut>
+#include <QTabBar>
+#include <QTimer>
+#include <algorithm>
+
+#include "app/ScreenUpdate.h"
+#include "app/StartUp.h"
+#include "base/Text.h"
+#include "ui/ExerciseTab.h"
+#include "ui/Keys.h"
+#include "ui/SettingsTab.h"
+#include "ui/WheelGuard.h"
+#include "ui/WindowLayout.h"
+#include "ui/WorkoutTab.h"
+#include "update/Steps.h"
+#include "update/UpdateCommands.h"
+
+#include "ui_RepvoltaForm.h"
+
+namespace repvolta {
+namespace {
+
+constexpr int kMoment = 50;  // milliseconds
+
+}  // namespace
+
+RepvoltaForm::RepvoltaForm(const FormServices& services)
+    : program_{services.state,     *this,          services.clock, services.random,
+               services.processes, services.speech},
+      services_(services),
+      editor_{program_, *this, services.dialogs, services.pleaseWait, [this] { RunEvents(); }},
+      handlers_(services.dialogs, [this](Handlers::Outcome outcome) { AfterHandler(outcome); }),
+      ui_(std::make_unique<Ui::RepvoltaForm>()) {
+  ui_->setupUi(this);
+  setWindowFlags(Qt::Window);
+  AddTabs();
+  ConnectButtons();
+  new WheelGuard(this);
+  resize(sizeHint().boundedTo(screen()->availableSize()));
+  RestoreWindowLayout(*this);
+  EnableWorkoutControls();
+}
+
+RepvoltaForm::~RepvoltaForm() = default;
+
+void RepvoltaForm::AddTabs() {
+  workoutTab_ = new WorkoutTab(editor_, handlers_);
+  exerciseTab_ = new ExerciseTab(editor_, handlers_);
+  settingsTab_ = new SettingsTab(editor_, handlers_);
+  ui_->WorkoutScrollArea->setWidget(workoutTab_);
+  ui_->ExerciseScrollArea->setWidget(exerciseTab_);
+  ui_->SettingsScrollArea->setWidget(settingsTab_);
+  ui_->SSTab1->tabBar()->setAccessibleName("Tabs");
+  // The buttons of the window come behind the controls of the tabs.
+  for (QWidget* button : std::initializer_list<QWidget*>{ui_->UpdateSelectedWorkoutButton,
+                                                         ui_->UpdateAllWorkoutsButton,
+                                                         ui_->AboutButton, ui_->ExitButton}) {
+    setTabOrder(previousInFocusChain(), button);
+  }
+  connect(workoutTab_, &WorkoutTab::ExerciseOpened, this,
+          [this] { ui_->SSTab1->setCurrentWidget(ui_->ExercisePage); });
+  connect(ui_->SSTab1, &QTabWidget::currentChanged, this, [this] {
+    if (services_.state.ScreenUpdating) return;
+    handlers_.Run("The exercise cannot be shown as a whole.", [this] { SSTab1_Click(); });
+  });
+}
+
+void RepvoltaForm::ConnectButtons() {
+  handlers_.OnClick(ui_->UpdateSelectedWorkoutButton, "The workout could not be updated.",
+                    [this] { UpdateSelectedWorkout(program_); });
+  handlers_.OnClick(ui_->UpdateAllWorkoutsButton, "The workouts could not be updated.",
+                    [this] { UpdateAllWorkouts(program_); });
+  handlers_.OnClick(ui_->AboutButton, "The box could not be shown.",
+                    [this] { services_.dialogs.ShowAbout(); });
+  connect(ui_->ExitButton, &QPushButton::clicked, this, &RepvoltaForm::Exit);
+  AddKey(this, Qt::Key_F1, ui_->AboutButton);
+  AddKey(this, QKeySequence(Qt::CTRL | Qt::Key_Q), ui_->ExitButton);
+  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp), this), &QShortcut::activated, this,
+          [this] { StepTab(-1); });
+  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown), this), &QShortcut::activated,
+          this, [this] { StepTab(1); });
+}
+
+void RepvoltaForm::SSTab1_Click() {
+  ProgramState& state = services_.state;
+  state.CurrentExercise = static_cast<std::int16_t>(std::max(0, workoutTab_->SelectedExercise()));
+  exerciseTab_->ShowContent(state.NumberOfExercises >= 1 ? ExerciseTab::Content::kExercise
+                                                         : ExerciseTab::Content::kNoExercise);
+  UpdateExerciseScreen();
+  UpdateWorkoutScreen();
+}
+
+void RepvoltaForm::StepTab(int step) {
+  QTabWidget* tabs = ui_->SSTab1;
+  int index = tabs->currentIndex() + step;
+  while (index >= 0 && index < tabs->count() && !tabs->isTabEnabled(index)) index += step;
+  if (index >= 0 && index < tabs->count()) tabs->setCurrentIndex(index);
+}
+
+void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
+  if (stopRequested_) {
+    End();
+    return;
+  }
+  if (outcome == Handlers::Outcome::kFailed) {
+    // What could not be saved is in memory all the same, and the tabs show what is in memory. A
+    // record that cannot be shown was told already.
+    try {
+      UpdateWorkoutScreen();
+      UpdateExerciseScreen();
+    } catch (const std::exception&) {
+    }
+  }
+  SetBusy(false);
+  EnableWorkoutControls();
+}
+
+void RepvoltaForm::Exit() {
+  if (stopRequested_) return;
+  stopRequested_ = true;
+  ExitButton_Click(services_.state, *this);
+  SaveWindowLayout(*this);
+  if (!handlers_.AreRunning()) End();
+}
+
+void RepvoltaForm::End() {
+  if (ended_) return;
+  ended_ = true;
+  services_.progress.Hide();
+  services_.pleaseWait.Hide();
+  hide();
+  emit Ended();
+}
+
+void RepvoltaForm::closeEvent(QCloseEvent* event) {
+  Exit();
+  event->setAccepted(ended_);
+}
+
+void RepvoltaForm::SetBusy(bool busy) {
+  if (busy == busy_) return;
+  busy_ = busy;
+  if (busy) focusBefore_ = focusWidget();
+  ui_->SSTab1->setEnabled(!busy);
+  ui_->AboutButton->setEnabled(!busy);
+  EnableWorkoutControls();
+  if (!busy && focusBefore_) focusBefore_->setFocus(Qt::OtherFocusReason);
+}
+
+void RepvoltaForm::LetEventsRun() {
+  // The start of the program, which is no command, also lets events run.
+  SetBusy(handlers_.AreRunning());
+  QCoreApplication::processEvents();
+}
+
+void RepvoltaForm::RunEvents() {
+  LetEventsRun();
+  if (stopRequested_) throw UpdateStopped();
+}
+
+bool RepvoltaForm::KeepWaiting() {
+  SetBusy(handlers_.AreRunning());
+  QEventLoop moment;
+  QTimer::singleShot(kMoment, &moment, &QEventLoop::quit);
+  moment.exec();
+  return !stopRequested_;
+}
+
+bool RepvoltaForm::StopRequested() { return stopRequested_; }
+
+void RepvoltaForm::AddLineToUpdateList(std::string_view line) {
+  services_.progress.AddLine(line);
+  LetEventsRun();
+}
+
+void RepvoltaForm::ShowMessage(std::string_view text, std::string_view title) {
+  services_.dialogs.ShowMessage(text, title);
+}
+
+void RepvoltaForm::ShowUpdateForm() { services_.progress.Show(); }
+
+void RepvoltaForm::HideUpdateForm() { services_.progress.Hide(); }
+
+void RepvoltaForm::OpenPlayList(const std::string& path) { services_.openDocument(path); }
+
+std::string RepvoltaForm::SelectDirectory() { return services_.dialogs.SelectDirectory(); }
+
+void RepvoltaForm::ShowWorkoutNames() { workoutTab_->ShowWorkoutNames(); }
+
+void RepvoltaForm::UpdateWorkoutScreen() { workoutTab_->UpdateWorkoutScreen(); }
+
+void RepvoltaForm::UpdateExerciseScreen() { exerciseTab_->UpdateExerciseScreen(); }
+
+void RepvoltaForm::UpdateSettingsScreen() { settingsTab_->UpdateSettingsScreen(); }
+
+void RepvoltaForm::ShowPaths() { settingsTab_->ShowPaths(); }
+
+void RepvoltaForm::ShowDefaultExerciseTime() { settingsTab_->ShowDefaultExerciseTime(); }
+
+void RepvoltaForm::SelectWorkout(int index) { workoutTab_->SelectWorkout(index); }
+
+int RepvoltaForm::SelectedWorkout() const { return workoutTab_->SelectedWorkout(); }
+
+void RepvoltaForm::SelectSet(int row) { exerciseTab_->SelectSet(row); }
+
+void RepvoltaForm::SelectMusic(int row) { exerciseTab_->SelectMusic(row); }
+
+void RepvoltaForm::ShowVoices(const std::vector<std::string>& names) {
+  settingsTab_->ShowVoices(names);
+}
+
+void RepvoltaForm::ShowAudioOutputs(const std::vector<std::string>& names) {
+  settingsTab_->ShowAudioOutputs(names);
+}
+
+void RepvoltaForm::ShowFormats() { settingsTab_->ShowFormats(); }
+
+void RepvoltaForm::ShowTab(WindowTab tab) { ui_->SSTab1->setCurrentIndex(static_cast<int>(tab)); }
+
+void RepvoltaForm::EnableWorkoutControls() {
+  const bool hasWorkout = !TrimBlanks(services_.state.WorkoutFileName).empty();
+  workoutTab_->EnableEditing(hasWorkout);
+  if (!hasWorkout && ui_->SSTab1->currentWidget() == ui_->ExercisePage) {
+    const ScreenUpdate updating(services_.state);
+    ShowTab(WindowTab::kWorkout);
+  }
+  ui_->SSTab1->setTabEnabled(static_cast<int>(WindowTab::kExercise), hasWorkout);
+  ui_->UpdateSelectedWorkoutButton->setEnabled(hasWorkout && !busy_);
+  ui_->UpdateAllWorkoutsButton->setEnabled(hasWorkout && !busy_);
+}
+
+}  // namespace repvolta

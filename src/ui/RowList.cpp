@@ -1,0 +1,95 @@
+#include "ui/RowList.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include "ui/EmptyListHint.h"
+
+namespace repvolta {
+namespace {
+
+constexpr int kNarrowest = 9;  // characters
+constexpr int kRowMargin = 3;  // of a font's height: the part that a row is higher
+
+}  // namespace
+
+RowList::RowList(QWidget* parent) : QListWidget(parent) {
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  connect(this, &QListWidget::itemSelectionChanged, this,
+          [this] { emit RowSelected(SelectedRow()); });
+}
+
+void RowList::SetHint(const QString& hint) {
+  delete hint_;
+  hint_ = new EmptyListHint(this, hint);
+  viewport()->update();
+}
+
+void RowList::SetVisibleRows(int rows) {
+  visibleRows_ = rows;
+  updateGeometry();
+}
+
+int RowList::SelectedRow() const {
+  const QList<QListWidgetItem*> selected = selectedItems();
+  return selected.isEmpty() ? -1 : row(selected.first());
+}
+
+void RowList::SelectRow(int row) {
+  if (row < 0 || row >= count()) {
+    setCurrentRow(-1);
+    clearSelection();
+  } else {
+    setCurrentRow(row, QItemSelectionModel::ClearAndSelect);
+  }
+}
+
+void RowList::SetRows(const QStringList& rows) {
+  const int position = verticalScrollBar()->value();
+  clear();
+  addItems(rows);
+  for (int i = 0; i < count(); ++i) {
+    // As rich text, so that no character of the row is taken for markup.
+    item(i)->setToolTip("<qt>" + rows[i].toHtmlEscaped() + "</qt>");
+  }
+  doItemsLayout();
+  verticalScrollBar()->setValue(position);
+}
+
+QSize RowList::SizeOfRows(int rows) const {
+  const int rowHeight = fontMetrics().height() + fontMetrics().height() / kRowMargin;
+  return {fontMetrics().averageCharWidth() * kNarrowest + 2 * frameWidth(),
+          rowHeight * rows + 2 * frameWidth()};
+}
+
+QSize RowList::sizeHint() const { return SizeOfRows(visibleRows_); }
+
+QSize RowList::minimumSizeHint() const { return SizeOfRows(visibleRows_ > 3 ? 3 : visibleRows_); }
+
+void RowList::EmitChosen() {
+  if (SelectedRow() >= 0) emit RowChosen(SelectedRow());
+}
+
+void RowList::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    QListWidget::keyPressEvent(event);
+    return;
+  }
+  event->accept();
+  if (!event->isAutoRepeat()) EmitChosen();
+}
+
+void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
+  QListWidget::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton && itemAt(event->position().toPoint()) != nullptr) {
+    EmitChosen();
+  }
+}
+
+void RowList::changeEvent(QEvent* event) {
+  QListWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) updateGeometry();
+}
+
+}  // namespace repvolta

@@ -1,0 +1,132 @@
+#include "ui/SelectDirectory.h"
+
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+#include <QStorageInfo>
+
+#include "base/FileNames.h"
+#include "ui/InputBox.h"
+#include "ui/MessageBox.h"
+
+#include "ui_SelectDirectory.h"
+
+namespace repvolta {
+namespace {
+
+// In characters of the dialog's font.
+constexpr int kWidth = 64;
+constexpr int kHeight = 28;
+
+/// File systems that hold the machine's state, not a person's files.
+bool IsPersonal(const QStorageInfo& volume) {
+  static const QStringList personal{"btrfs", "cifs",    "exfat", "ext2",    "ext3",    "ext4",
+                                    "f2fs",  "fuseblk", "hfs",   "hfsplus", "iso9660", "jfs",
+                                    "msdos", "nfs",     "nfs4",  "ntfs",    "ntfs3",   "reiserfs",
+                                    "smb3",  "udf",     "vfat",  "xfs",     "zfs"};
+  return personal.contains(QString::fromLatin1(volume.fileSystemType())) ||
+         volume.fileSystemType().startsWith("fuse.");
+}
+
+}  // namespace
+
+QStringList MountedVolumes() {
+  QStringList roots;
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+    const QString root = volume.rootPath();
+    if (volume.isReady() && IsPersonal(volume) && QFileInfo(root).isDir()) roots << root;
+  }
+  roots.removeAll(QDir::rootPath());
+  roots.sort();
+  roots.removeDuplicates();
+  roots.prepend(QDir::rootPath());
+  return roots;
+}
+
+SelectDirectory::SelectDirectory(const QStringList& drives, const QString& start, QWidget* parent)
+    : QDialog(parent),
+      ui_(std::make_unique<Ui::SelectDirectory>()),
+      folders_(new QFileSystemModel(this)) {
+  ui_->setupUi(this);
+  resize(kWidth * fontMetrics().averageCharWidth(), kHeight * fontMetrics().lineSpacing());
+  askName_ = [this] {
+    return InputBox::Ask(this, tr("Enter a name for the new folder"), tr("New Folder"));
+  };
+  folders_->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
+  folders_->setRootPath(QDir::rootPath());
+  ui_->DirListBox->setModel(folders_);
+  for (int column = 1; column < folders_->columnCount(); ++column) {
+    ui_->DirListBox->hideColumn(column);
+  }
+  ui_->DriveListBox->addItems(drives);
+  Show(QDir(start).absolutePath());
+  ShowDriveOf(CurrentFolder());
+
+  connect(ui_->DriveListBox, &QComboBox::currentIndexChanged, this,
+          &SelectDirectory::DriveListBox_Change);
+  connect(ui_->DirListBox->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &SelectDirectory::DirListBox_Change);
+  connect(folders_, &QFileSystemModel::directoryLoaded, this, [this] {
+    ui_->DirListBox->scrollTo(ui_->DirListBox->currentIndex(), QTreeView::PositionAtCenter);
+  });
+  connect(ui_->NewFolderButton, &QPushButton::clicked, this,
+          &SelectDirectory::NewFolderButton_Click);
+  connect(ui_->OKButton, &QPushButton::clicked, this, &SelectDirectory::OKButton_Click);
+  connect(ui_->CancelButton, &QPushButton::clicked, this, &SelectDirectory::CancelButton_Click);
+}
+
+SelectDirectory::~SelectDirectory() = default;
+
+void SelectDirectory::DriveListBox_Change() { Show(ui_->DriveListBox->currentText()); }
+
+void SelectDirectory::DirListBox_Change() {
+  ui_->SelectedFolderLabel->setText(QDir::toNativeSeparators(CurrentFolder()));
+}
+
+void SelectDirectory::NewFolderButton_Click() {
+  const QString name = askName_();
+  if (name.trimmed().isEmpty()) return;
+  const QString folder = QDir(CurrentFolder()).filePath(name);
+  if (!IsFileName(name.toStdString())) {
+    MessageBox::Show(this, tr("\"%1\" cannot be the name of a folder.").arg(name), windowTitle());
+  } else if (!QDir().mkdir(folder)) {
+    MessageBox::Show(this, tr("The folder %1 could not be made.").arg(folder), windowTitle());
+  } else {
+    Show(folder);
+  }
+}
+
+void SelectDirectory::OKButton_Click() {
+  selectedDirectory_ = QFile::encodeName(CurrentFolder()).toStdString();
+  accept();
+}
+
+void SelectDirectory::CancelButton_Click() {
+  selectedDirectory_.clear();
+  reject();
+}
+
+void SelectDirectory::Show(const QString& folder) {
+  const QModelIndex index = folders_->index(folder);
+  ui_->DirListBox->setCurrentIndex(index);
+  ui_->DirListBox->expand(index);
+  ui_->DirListBox->scrollTo(index, QTreeView::PositionAtCenter);
+  DirListBox_Change();
+}
+
+/// Selects the entry of DriveListBox that holds the folder most closely.
+void SelectDirectory::ShowDriveOf(const QString& folder) {
+  int best = -1;
+  for (int i = 0; i < ui_->DriveListBox->count(); ++i) {
+    const QString root = ui_->DriveListBox->itemText(i);
+    const bool holds = folder == root || folder.startsWith(root.endsWith('/') ? root : root + '/');
+    if (holds && (best < 0 || root.size() > ui_->DriveListBox->itemText(best).size())) best = i;
+  }
+  ui_->DriveListBox->setCurrentIndex(best);
+}
+
+QString SelectDirectory::CurrentFolder() const {
+  return folders_->filePath(ui_->DirListBox->currentIndex());
+}
+
+}  // namespace repvolta

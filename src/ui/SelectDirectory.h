@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QDialog>
+#include <QFileSystemModel>
+#include <QStringList>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace Ui {
+class SelectDirectory;
+}
+
+namespace repvolta {
+
+/// The roots of the volumes that a person would look for music on, "/" first.
+QStringList MountedVolumes();
+
+/// Picks a folder, or makes a new one and picks that.
+class SelectDirectory : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// Asks for the name of a new folder; empty: none.
+  using AskName = std::function<QString()>;
+
+  /// Opens at the folder `start`. `drives` are the entries of DriveListBox.
+  SelectDirectory(const QStringList& drives, const QString& start, QWidget* parent = nullptr);
+  ~SelectDirectory() override;
+
+  void SetAskName(AskName askName) { askName_ = std::move(askName); }
+
+  /// The full path of the chosen folder when the dialog was closed with OK, else empty.
+  std::string SelectedDirectory() const { return selectedDirectory_; }
+
+ private:
+  void DriveListBox_Change();
+  void DirListBox_Change();
+  void NewFolderButton_Click();
+  void OKButton_Click();
+  void CancelButton_Click();
+
+  void Show(const QString& folder);
+  void ShowDriveOf(const QString& folder);
+  QString CurrentFolder() const;
+
+  std::unique_ptr<Ui::SelectDirectory> ui_;
+  QFileSystemModel* folders_;
+  AskName askName_;
+  std::string selectedDirectory_;
+};
+
+}  // namespace repvolta

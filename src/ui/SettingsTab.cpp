@@ -1,0 +1,117 @@
+#include "ui/SettingsTab.h"
+
+#include "app/ScreenUpdate.h"
+#include "base/Numbers.h"
+#include "platform/SoundFormats.h"
+#include "ui/SettingsEditing.h"
+
+#include "ui_SettingsTab.h"
+
+namespace repvolta {
+namespace {
+
+CheckBox TickOf(bool checked) { return checked ? CheckBox::kTicked : CheckBox::kUnticked; }
+
+void Fill(QComboBox* box, const std::vector<std::string>& names) {
+  box->clear();
+  for (const std::string& name : names) box->addItem(QString::fromStdString(name));
+}
+
+}  // namespace
+
+SettingsTab::SettingsTab(Editor& editor, Handlers& handlers)
+    : editor_(editor), handlers_(handlers), ui_(std::make_unique<Ui::SettingsTab>()) {
+  ui_->setupUi(this);
+  ConnectButtons();
+  ConnectVoice();
+  ConnectCheckBoxes();
+}
+
+SettingsTab::~SettingsTab() = default;
+
+void SettingsTab::ConnectButtons() {
+  handlers_.OnClick(ui_->MusicPathButton, "The music path could not be changed.",
+                    [this] { MusicPathButton_Click(editor_); });
+  handlers_.OnClick(ui_->CompileMusicList, "The random music list could not be compiled.",
+                    [this] { CompileMusicList_Click(editor_); });
+  handlers_.OnClick(ui_->OutputPathButton, "The output path could not be changed.",
+                    [this] { OutputPathButton_Click(editor_); });
+  handlers_.OnClick(ui_->ExerciseTimeButton, "The default exercise time could not be set.",
+                    [this] { ExerciseTimeButton_Click(editor_); });
+}
+
+void SettingsTab::ConnectVoice() {
+  constexpr const char* kFailure = "The choice could not be kept.";
+  // A value is told when the slider is let go, not on the way.
+  ui_->RateSldr->setTracking(false);
+  ui_->VolumeSldr->setTracking(false);
+  connect(ui_->RateSldr, &QSlider::valueChanged, this,
+          [this](int value) { handlers_.Run(kFailure, [&] { RateSldr_Change(editor_, value); }); });
+  connect(ui_->VolumeSldr, &QSlider::valueChanged, this, [this](int value) {
+    handlers_.Run(kFailure, [&] { VolumeSldr_Change(editor_, value); });
+  });
+  connect(ui_->VoiceCB, &QComboBox::currentIndexChanged, this,
+          [this](int index) { handlers_.Run(kFailure, [&] { VoiceCB_Click(editor_, index); }); });
+  connect(ui_->FormatCB, &QComboBox::currentIndexChanged, this,
+          [this](int index) { handlers_.Run(kFailure, [&] { FormatCB_Change(editor_, index); }); });
+}
+
+void SettingsTab::ConnectCheckBoxes() {
+  constexpr const char* kFailure = "The choice could not be kept.";
+  connect(ui_->IncludeWeightValuesCheck, &QCheckBox::toggled, this, [this](bool checked) {
+    handlers_.Run(kFailure, [&] { IncludeWeightValuesCheck_Click(editor_, TickOf(checked)); });
+  });
+  connect(ui_->AutoLoadPLaylistCheckbox, &QCheckBox::toggled, this, [this](bool checked) {
+    handlers_.Run(kFailure, [&] { AutoLoadPLaylistCheckbox_Click(editor_, TickOf(checked)); });
+  });
+}
+
+void SettingsTab::UpdateSettingsScreen() {
+  const ProgramState& state = editor_.State();
+  const ScreenUpdate updating(editor_.State());
+  ui_->RateSldr->setValue(state.Voice.Rate);
+  ui_->VolumeSldr->setValue(state.Voice.Volume);
+  ui_->VoiceCB->setCurrentIndex(state.Settings.VoiceIndex);
+  ShowDefaultExerciseTime();
+  ShowPaths();
+  ui_->RandomMusicTextBox->setText(
+      QString::fromStdString(std::to_string(state.RandomMusicFiles) + " songs found."));
+  ui_->IncludeWeightValuesCheck->setChecked(state.Settings.IncludeWeightValues == kTrue);
+  ui_->AutoLoadPLaylistCheckbox->setChecked(state.Settings.AutoLoadPlaylist == kTrue);
+}
+
+void SettingsTab::ShowPaths() {
+  const SettingsRecord& settings = editor_.State().Settings;
+  ui_->MusicPathTextBox->setText(QString::fromStdString(settings.MusicPath.Trimmed()));
+  ui_->OutputPathTextBox->setText(QString::fromStdString(settings.OutputPath.Trimmed()));
+}
+
+void SettingsTab::ShowDefaultExerciseTime() {
+  ui_->ExerciseTimeTextBox->setText(
+      QString::fromStdString(StandardNumberText(editor_.State().Settings.DefaultExerciseTime)));
+}
+
+void SettingsTab::ShowVoices(const std::vector<std::string>& names) {
+  const ScreenUpdate updating(editor_.State());
+  Fill(ui_->VoiceCB, names);
+  ui_->VoiceCB->setCurrentIndex(editor_.State().Settings.VoiceIndex);
+}
+
+void SettingsTab::ShowAudioOutputs(const std::vector<std::string>& names) {
+  Fill(ui_->AudioOutputCB, names);
+  if (names.empty()) ui_->AudioOutputCB->addItem("No audio output object available");
+  ui_->AudioOutputCB->setEnabled(!names.empty());
+  ui_->AudioOutputCB->setCurrentIndex(0);
+}
+
+void SettingsTab::ShowFormats() {
+  const ScreenUpdate updating(editor_.State());
+  ui_->FormatCB->clear();
+  for (const SoundFormat& format : kSoundFormats) {
+    ui_->FormatCB->addItem(
+        QString::fromUtf8(format.name.data(), static_cast<int>(format.name.size())), format.code);
+  }
+  ui_->FormatCB->setCurrentIndex(editor_.State().Voice.Format);
+}
+
+}  // namespace repvolta

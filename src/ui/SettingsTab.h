@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ui/Editor.h"
+#include "ui/Handlers.h"
+
+namespace Ui {
+class SettingsTab;
+}
+
+namespace repvolta {
+
+/// "Program Settings": the folders, the defaults and the voice.
+class SettingsTab : public QWidget {
+  Q_OBJECT
+
+ public:
+  SettingsTab(Editor& editor, Handlers& handlers);
+  ~SettingsTab() override;
+
+  void UpdateSettingsScreen();
+  void ShowPaths();
+  void ShowDefaultExerciseTime();
+  void ShowVoices(const std::vector<std::string>& names);
+  void ShowAudioOutputs(const std::vector<std::string>& names);
+  void ShowFormats();
+
+ private:
+  void ConnectButtons();
+  void ConnectVoice();
+  void ConnectCheckBoxes();
+
+  Editor& editor_;
+  Handlers& handlers_;
+  std::unique_ptr<Ui::SettingsTab> ui_;
+};
+
+}  // namespace repvolta

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QDialog>
+#include <QPointer>
+#include <memory>
+
+#include "ui/ProgressWindows.h"
+
+namespace Ui {
+class UpdateForm;
+}
+
+namespace repvolta {
+
+/// Shows the progress of an update, line by line. It does not block the other windows; closing it
+/// only hides it.
+class UpdateForm : public QDialog, public ProgressWindow {
+  Q_OBJECT
+
+ public:
+  UpdateForm();
+  ~UpdateForm() override;
+
+  /// The window that it stays above.
+  void SetOwner(QWidget* owner) { owner_ = owner; }
+
+  void Show() override;
+  void Hide() override { hide(); }
+  void AddLine(std::string_view line) override;
+
+ private:
+  void UpdateOKbutton_Click();
+
+  std::unique_ptr<Ui::UpdateForm> ui_;
+  QPointer<QWidget> owner_;
+};
+
+}  // namespace repvolta

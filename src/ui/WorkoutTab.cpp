@@ -1,0 +1,142 @@
+#include "ui/WorkoutTab.h"
+
+#include <QScrollBar>
+
+#include "app/ScreenUpdate.h"
+#include "base/Numbers.h"
+#include "ui/ExerciseEditing.h"
+#include "ui/Keys.h"
+#include "ui/ScreenTexts.h"
+#include "ui/WorkoutEditing.h"
+
+#include "ui_WorkoutTab.h"
+
+namespace repvolta {
+
+WorkoutTab::WorkoutTab(Editor& editor, Handlers& handlers)
+    : editor_(editor), handlers_(handlers), ui_(std::make_unique<Ui::WorkoutTab>()) {
+  ui_->setupUi(this);
+  ConnectWorkouts();
+  ConnectExercises();
+  ConnectLists();
+}
+
+WorkoutTab::~WorkoutTab() = default;
+
+void WorkoutTab::ConnectWorkouts() {
+  handlers_.OnClick(ui_->CreateNewWorkoutButton, "The workout could not be created.",
+                    [this] { CreateNewWorkoutButton_Click(editor_); });
+  handlers_.OnClick(ui_->DeleteSelectedWorkoutButton, "The workout could not be deleted.",
+                    [this] { DeleteSelectedWorkoutButton_Click(editor_); });
+  AddKey(this, QKeySequence::New, ui_->CreateNewWorkoutButton);
+
+  // A choice by hand is told by `activated`, also when it is the entry that was chosen before. One
+  // by an assistive tool may change the entry only: then it counts as soon as events run.
+  connect(ui_->WorkoutDropBox, &QComboBox::activated, this, [this] { ChooseWorkout(); });
+  connect(ui_->WorkoutDropBox, &QComboBox::currentIndexChanged, this, [this] {
+    if (editor_.State().ScreenUpdating) return;
+    choicePending_ = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          if (choicePending_) ChooseWorkout();
+        },
+        Qt::QueuedConnection);
+  });
+}
+
+void WorkoutTab::ConnectExercises() {
+  handlers_.OnClick(ui_->AddExerciseButton, "The exercise could not be added.",
+                    [this] { AddExerciseButton_Click(editor_); });
+  handlers_.OnClick(ui_->EditExerciseNameButton, "The exercise could not be renamed.",
+                    [this] { EditExerciseNameButton_Click(editor_, SelectedExercise()); });
+  handlers_.OnClick(ui_->RemoveExerciseButton, "The exercise could not be removed.",
+                    [this] { RemoveExerciseButton_Click(editor_, SelectedExercise()); });
+  handlers_.OnClick(ui_->MoveUpExerciseListButton, "The exercise could not be moved.",
+                    [this] { MoveUpExerciseListButton_Click(editor_, SelectedExercise()); });
+  AddKey(ui_->ExerciseListFrame, Qt::Key_Insert, ui_->AddExerciseButton);
+  AddKey(ui_->ExerciseListFrame, Qt::Key_F2, ui_->EditExerciseNameButton);
+  AddKey(ui_->ExerciseListFrame, Qt::Key_Delete, ui_->RemoveExerciseButton);
+  AddKey(ui_->ExerciseListFrame, Qt::ALT | Qt::Key_Up, ui_->MoveUpExerciseListButton);
+}
+
+void WorkoutTab::ConnectLists() {
+  RowList* names = ui_->ExerciseList;
+  RowList* summary = ui_->ExerciseSummaryList;
+  connect(names, &RowList::RowSelected, this, &WorkoutTab::ExerciseList_Click);
+  connect(summary, &RowList::RowSelected, names, [this, names](int row) {
+    if (!editor_.State().ScreenUpdating && row != names->SelectedRow()) names->SelectRow(row);
+  });
+  connect(names, &RowList::RowChosen, this, &WorkoutTab::ExerciseOpened);
+  connect(summary, &RowList::RowChosen, this, &WorkoutTab::ExerciseOpened);
+  connect(names->verticalScrollBar(), &QScrollBar::valueChanged, summary->verticalScrollBar(),
+          &QScrollBar::setValue);
+  connect(summary->verticalScrollBar(), &QScrollBar::valueChanged, names->verticalScrollBar(),
+          &QScrollBar::setValue);
+}
+
+void WorkoutTab::ExerciseList_Click(int row) {
+  if (editor_.State().ScreenUpdating || row == ui_->ExerciseSummaryList->SelectedRow()) return;
+  ui_->ExerciseSummaryList->SelectRow(row);
+}
+
+void WorkoutTab::ChooseWorkout() {
+  choicePending_ = false;
+  const std::string name = ui_->WorkoutDropBox->currentText().toStdString();
+  handlers_.Run("The workout cannot be shown as a whole.",
+                [&] { WorkoutDropBox_Click(editor_, name); });
+}
+
+void WorkoutTab::ShowWorkoutNames() {
+  const ScreenUpdate updating(editor_.State());
+  QStringList names;
+  for (const std::string& name : editor_.State().WorkoutNames) {
+    names.append(QString::fromStdString(name));
+  }
+  ui_->WorkoutDropBox->clear();
+  ui_->WorkoutDropBox->addItems(names);
+  ui_->WorkoutDropBox->setPlaceholderText(names.isEmpty() ? "No workouts yet: create one."
+                                                          : "Choose a workout.");
+  ui_->WorkoutDropBox->setCurrentIndex(-1);
+}
+
+void WorkoutTab::SelectWorkout(int index) {
+  const ScreenUpdate updating(editor_.State());
+  ui_->WorkoutDropBox->setCurrentIndex(index);
+}
+
+int WorkoutTab::SelectedWorkout() const { return ui_->WorkoutDropBox->currentIndex(); }
+
+int WorkoutTab::SelectedExercise() const { return ui_->ExerciseList->SelectedRow(); }
+
+void WorkoutTab::UpdateWorkoutScreen() {
+  ProgramState& state = editor_.State();
+  const ScreenUpdate updating(state);
+  QStringList names;
+  QStringList summaries;
+  std::int32_t total = 0;
+  for (int i = 0; i < state.NumberOfExercises; ++i) {
+    ExerciseRecord& exercise = state.Workout[i];
+    exercise.ExerciseName = exercise.ExerciseName.Trimmed();
+    if (!exercise.ExerciseName.IsBlank()) {
+      names.append(QString::fromStdString(exercise.ExerciseName.Text()));
+    }
+    total += exercise.TotalMusicTime;
+    summaries.append(QString::fromStdString(SummaryLine(exercise)));
+  }
+  ui_->ExerciseList->SetRows(names);
+  ui_->ExerciseSummaryList->SetRows(summaries);
+  ui_->ExerciseList->SelectRow(state.CurrentExercise);
+  ui_->ExerciseSummaryList->SelectRow(state.CurrentExercise);
+  ui_->TotalWorkoutMusicTimeLabel->clear();
+  ui_->TotalWorkoutMusicTimeLabel->setText(QString::fromStdString(FormatTime(CheckedInt16(total))));
+}
+
+void WorkoutTab::EnableEditing(bool enabled) {
+  ui_->DeleteSelectedWorkoutButton->setEnabled(enabled);
+  ui_->ExerciseListFrame->setEnabled(enabled);
+  ui_->ExerciseList->SetHint(enabled ? "No exercises yet: add one with \"Add New Exercise\"."
+                                     : "Create or choose a workout first.");
+}
+
+}  // namespace repvolta

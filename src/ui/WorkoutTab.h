@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "ui/Editor.h"
+#include "ui/Handlers.h"
+
+namespace Ui {
+class WorkoutTab;
+}
+
+namespace repvolta {
+
+/// "Workout Setup/Exercise Selection": chooses the workout and lists its exercises.
+class WorkoutTab : public QWidget {
+  Q_OBJECT
+
+ public:
+  WorkoutTab(Editor& editor, Handlers& handlers);
+  ~WorkoutTab() override;
+
+  void ShowWorkoutNames();
+  void SelectWorkout(int index);
+  int SelectedWorkout() const;
+
+  /// Throws std::overflow_error when the total time does not fit; all else is then shown.
+  void UpdateWorkoutScreen();
+
+  int SelectedExercise() const;
+
+  /// Enables what edits the workout; choosing and creating one is always possible.
+  void EnableEditing(bool enabled);
+
+ signals:
+  void ExerciseOpened();
+
+ private:
+  void ConnectWorkouts();
+  void ConnectExercises();
+  void ConnectLists();
+  void ChooseWorkout();
+  void ExerciseList_Click(int row);
+
+  Editor& editor_;
+  Handlers& handlers_;
+  std::unique_ptr<Ui::WorkoutTab> ui_;
+  bool choicePending_ = false;
+};
+
+}  // namespace repvolta

@@ -1,0 +1,106 @@
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "platform/desktop/SingleInstance.h"
+
+#include "support/TemporaryFolder.h"
+
+namespace repvolta {
+namespace {
+
+/// Lets events run until `done`, for a few seconds at most.
+bool WaitFor(const std::function<bool()>& done) {
+  for (const QDeadlineTimer limit(5000); !done() && !limit.hasExpired();) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+  }
+  return done();
+}
+
+TEST(SingleInstance, IsTheFirstInADirectoryOfItsOwn) {
+  const TemporaryFolder folder;
+  EXPECT_TRUE(SingleInstance(folder.Path()).IsFirst());
+}
+
+TEST(SingleInstance, IsNotTheFirstWhileAnotherHoldsTheDirectory) {
+  const TemporaryFolder folder;
+  const SingleInstance first(folder.Path());
+  EXPECT_FALSE(SingleInstance(folder.Path()).IsFirst());
+}
+
+TEST(SingleInstance, MayHoldOtherDirectories) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directories("other");
+  const SingleInstance first(folder.Path());
+  EXPECT_TRUE(SingleInstance(folder.Path() + "other/").IsFirst());
+}
+
+TEST(SingleInstance, KnowsADirectoryByAnotherName) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directories("real");
+  std::filesystem::create_directory_symlink("real", "link");
+  const SingleInstance first(folder.Path() + "real/");
+  EXPECT_FALSE(SingleInstance(folder.Path() + "link/").IsFirst());
+}
+
+TEST(SingleInstance, LeavesNothingBehind) {
+  const TemporaryFolder folder;
+  { const SingleInstance first(folder.Path()); }
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+  EXPECT_TRUE(SingleInstance(folder.Path()).IsFirst());
+}
+
+TEST(SingleInstance, LosesItsHoldWhenItsProcessDies) {
+  const TemporaryFolder folder;
+  const pid_t child = fork();
+  if (child == 0) {
+    const SingleInstance killed(folder.Path());
+    _exit(killed.IsFirst() ? 0 : 1);
+  }
+  int status = -1;
+  waitpid(child, &status, 0);
+  ASSERT_EQ(status, 0);
+  EXPECT_TRUE(SingleInstance(folder.Path()).IsFirst());
+}
+
+TEST(SingleInstance, IsRaisedByALaterStart) {
+  const TemporaryFolder folder;
+  SingleInstance first(folder.Path());
+  int raised = 0;
+  first.OnLaterStart([&] { ++raised; });
+
+  const SingleInstance later(folder.Path());
+
+  EXPECT_TRUE(later.RaiseFirst());
+  EXPECT_TRUE(WaitFor([&] { return raised == 1; }));
+}
+
+TEST(SingleInstance, CanBeRaisedAfterAnotherCrashed) {
+  const TemporaryFolder folder;
+  const pid_t child = fork();
+  if (child == 0) {
+    SingleInstance killed(folder.Path());
+    killed.OnLaterStart([] {});
+    _exit(0);  // Its socket stays behind.
+  }
+  waitpid(child, nullptr, 0);
+  SingleInstance first(folder.Path());
+  int raised = 0;
+  first.OnLaterStart([&] { ++raised; });
+
+  EXPECT_TRUE(SingleInstance(folder.Path()).RaiseFirst());
+
+  EXPECT_TRUE(WaitFor([&] { return raised == 1; }));
+}
+
+TEST(SingleInstance, SaysWhenTheFirstCannotBeAsked) {
+  const TemporaryFolder folder;
+  const SingleInstance silent(folder.Path());
+  EXPECT_FALSE(SingleInstance(folder.Path()).RaiseFirst(std::chrono::milliseconds(60)));
+}
+
+}  // namespace
+}  // namespace repvolta

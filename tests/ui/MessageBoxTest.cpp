@@ -1,0 +1,73 @@
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest/QTest>
+#include <gtest/gtest.h>
+
+#include "ui/MessageBox.h"
+
+#include "support/Modal.h"
+
+namespace repvolta {
+namespace {
+
+using StandardButtons = QMessageBox::StandardButtons;
+
+TEST(MessageBox, ShowsItsTitleAndText) {
+  const MessageBox box("Cannot add any more Sets", "Repvolta", QMessageBox::Ok);
+  EXPECT_EQ(box.windowTitle(), "Repvolta");
+  EXPECT_EQ(box.text(), "Cannot add any more Sets");
+}
+
+TEST(MessageBox, ShowsMarkupAsItIs) {
+  const MessageBox box("<b>Legs</b> & more", "Repvolta", QMessageBox::Ok);
+  EXPECT_EQ(box.textFormat(), Qt::PlainText);
+  EXPECT_EQ(box.text(), "<b>Legs</b> & more");
+}
+
+TEST(MessageBox, BreaksTheLineAtACarriageReturn) {
+  const MessageBox box("Are you SURE?\rMonday.RPV", "Repvolta", QMessageBox::Ok);
+  EXPECT_EQ(box.text(), "Are you SURE?\nMonday.RPV");
+}
+
+TEST(MessageBox, HasOnlyAnOkButtonWhenItTells) {
+  StandardButtons buttons;
+  WhenModal([&](QWidget& box) {
+    buttons = dynamic_cast<QMessageBox&>(box).standardButtons();
+    QTest::keyClick(&box, Qt::Key_Return);
+  });
+  MessageBox::Show(nullptr, "text", "title");
+  EXPECT_EQ(buttons, QMessageBox::Ok);
+}
+
+TEST(MessageBox, ClosesOnEscape) {
+  WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+  MessageBox::Show(nullptr, "text", "title");
+}
+
+TEST(MessageBox, AsksWithOkAndCancel) {
+  StandardButtons buttons;
+  WhenModal([&](QWidget& box) {
+    buttons = dynamic_cast<QMessageBox&>(box).standardButtons();
+    QTest::keyClick(&box, Qt::Key_Escape);
+  });
+  MessageBox::Confirm(nullptr, "text", "title");
+  EXPECT_EQ(buttons, QMessageBox::Ok | QMessageBox::Cancel);
+}
+
+TEST(MessageBox, TakesEnterAsOk) {
+  WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+  EXPECT_TRUE(MessageBox::Confirm(nullptr, "text", "title"));
+}
+
+TEST(MessageBox, TakesEscapeAsCancel) {
+  WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+  EXPECT_FALSE(MessageBox::Confirm(nullptr, "text", "title"));
+}
+
+TEST(MessageBox, TakesItsCloseButtonAsCancel) {
+  WhenModal([](QWidget& box) { box.close(); });
+  EXPECT_FALSE(MessageBox::Confirm(nullptr, "text", "title"));
+}
+
+}  // namespace
+}  // namespace repvolta

@@ -1,0 +1,147 @@
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFileSystemModel>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QtTest/QTest>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "ui/QtDialogs.h"
+
+#include "support/Modal.h"
+#include "support/TemporaryFolder.h"
+
+namespace repvolta {
+namespace {
+
+class QtDialogsTest : public testing::Test {
+ protected:
+  TemporaryFolder folder;
+  QtDialogs dialogs;
+};
+
+TEST_F(QtDialogsTest, ShowMessages) {
+  QString text;
+  QString title;
+  WhenModal([&](QWidget& box) {
+    text = dynamic_cast<QMessageBox&>(box).text();
+    title = box.windowTitle();
+    box.close();
+  });
+  dialogs.ShowMessage("Développé");
+  EXPECT_EQ(text, "Développé");
+  EXPECT_EQ(title, "Repvolta");
+}
+
+TEST_F(QtDialogsTest, AskForOkOrCancel) {
+  QString title;
+  WhenModal([&](QWidget& box) {
+    title = box.windowTitle();
+    QTest::keyClick(&box, Qt::Key_Return);
+  });
+  EXPECT_TRUE(dialogs.Confirm("Sure?", "Remove Set"));
+  EXPECT_EQ(title, "Remove Set");
+}
+
+TEST_F(QtDialogsTest, AskForTexts) {
+  WhenModal([](QWidget& box) {
+    EXPECT_EQ(box.windowTitle(), "New Workout");
+    EXPECT_EQ(Find<QLabel>(box, "PromptLabel").text(), "Enter a name for the new Workout");
+    Find<QLineEdit>(box, "AnswerBox").setText("月曜日");
+    QTest::keyClick(&box, Qt::Key_Return);
+  });
+  EXPECT_EQ(dialogs.AskText("Enter a name for the new Workout", "New Workout"), "月曜日");
+}
+
+TEST_F(QtDialogsTest, SelectAnExerciseFromTheListsOfTheProgramDirectory) {
+  PutFile("exercise/Weights.lst", "Bench Press\nSquat\n");
+  WhenModal([](QWidget& box) {
+    Find<QListWidget>(box, "ExerciseTypeList").setCurrentRow(0);
+    Find<QListWidget>(box, "ExerciseNameList").setCurrentRow(1);
+    Find<QPushButton>(box, "OKButton").click();
+  });
+  EXPECT_EQ(dialogs.SelectExercise(), "Squat");
+}
+
+TEST_F(QtDialogsTest, SelectNoExerciseWhenCancelled) {
+  WhenModal([](QWidget& box) { box.close(); });
+  EXPECT_EQ(dialogs.SelectExercise(), "");
+}
+
+TEST_F(QtDialogsTest, TellWhenAnExerciseListHasVanished) {
+  PutFile("exercise/Weights.lst", "Squat\n");
+  QString text;
+  WhenModal([&](QWidget& box) {
+    std::filesystem::remove("exercise/Weights.lst");
+    WhenModal([&](QWidget& message) {
+      text = dynamic_cast<QMessageBox&>(message).text();
+      message.close();
+    });
+    Find<QListWidget>(box, "ExerciseTypeList").setCurrentRow(0);
+    box.close();
+  });
+  EXPECT_EQ(dialogs.SelectExercise(), "");
+  EXPECT_TRUE(text.contains("Weights.lst")) << text.toStdString();
+}
+
+TEST_F(QtDialogsTest, SelectADirectoryFromTheHomeFolderOn) {
+  WhenModal([](QWidget& box) { Find<QPushButton>(box, "OKButton").click(); });
+  EXPECT_EQ(dialogs.SelectDirectory(), QDir::homePath().toStdString());
+}
+
+TEST_F(QtDialogsTest, SelectNoDirectoryWhenCancelled) {
+  WhenModal([](QWidget& box) { box.close(); });
+  EXPECT_EQ(dialogs.SelectDirectory(), "");
+}
+
+TEST_F(QtDialogsTest, SelectAMusicFile) {
+  PutFile("Läufe/走る.MP3", "x");
+  WhenModal([](QWidget& box) {
+    Find<QLineEdit>(box, "fileNameEdit").setText("走る.MP3");
+    QTest::keyClick(&box, Qt::Key_Return);
+  });
+  EXPECT_EQ(dialogs.SelectMusicFile(folder.Path() + "Läufe"), folder.Path() + "Läufe/走る.MP3");
+}
+
+TEST_F(QtDialogsTest, SelectNoMusicFileWhenCancelled) {
+  WhenModal([](QWidget& box) { box.close(); });
+  EXPECT_EQ(dialogs.SelectMusicFile(folder.Path()), "");
+}
+
+TEST_F(QtDialogsTest, OfferMp3AndWmaFilesInAnyCase) {
+  for (const char* name : {"a.mp3", "b.MP3", "c.wma", "d.wav"}) PutFile(name, "x");
+  QStringList shown;
+  WhenModal([&](QWidget& box) {
+    auto& dialog = dynamic_cast<QFileDialog&>(box);
+    EXPECT_EQ(dialog.windowTitle(), "Music File Selection");
+    EXPECT_EQ(Find<QComboBox>(box, "fileTypeCombo").itemText(0), "MP3");
+    EXPECT_EQ(Find<QComboBox>(box, "fileTypeCombo").itemText(1), "WMA");
+    auto& model = *box.findChild<QFileSystemModel*>();
+    const QModelIndex root = model.index(dialog.directory().path());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model.rowCount(root) == 2; }));
+    for (int row = 0; row < model.rowCount(root); ++row) {
+      shown << model.index(row, 0, root).data().toString();
+    }
+    box.close();
+  });
+  dialogs.SelectMusicFile(folder.Path());
+  shown.sort();
+  EXPECT_EQ(shown, (QStringList{"a.mp3", "b.MP3"}));
+}
+
+TEST_F(QtDialogsTest, ShowTheAboutBox) {
+  QString name;
+  WhenModal([&](QWidget& box) {
+    name = box.objectName();
+    box.close();
+  });
+  dialogs.ShowAbout();
+  EXPECT_EQ(name, "AboutForm");
+}
+
+}  // namespace
+}  // namespace repvolta

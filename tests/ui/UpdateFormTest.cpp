@@ -1,0 +1,123 @@
+#include <QEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QtTest/QTest>
+#include <gtest/gtest.h>
+
+#include "ui/RandomMusicMessage.h"
+#include "ui/UpdateForm.h"
+
+#include "support/Accessibility.h"
+#include "support/Modal.h"
+
+namespace repvolta {
+namespace {
+
+/// Counts the paint events of a widget.
+class Paints : public QObject {
+ public:
+  explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return QObject::eventFilter(watched, event);
+  }
+
+  int count = 0;
+};
+
+class UpdateWindow : public testing::Test {
+ protected:
+  UpdateWindow() { form.Show(); }
+
+  UpdateForm form;
+  QListWidget& list = Find<QListWidget>(form, "UpdateList");
+};
+
+TEST_F(UpdateWindow, HasItsCaption) {
+  EXPECT_EQ(form.windowTitle(), "Repvolta Update Progress...");
+}
+
+TEST_F(UpdateWindow, DoesNotBlockTheOthers) {
+  EXPECT_TRUE(form.isVisible());
+  EXPECT_FALSE(form.isModal());
+}
+
+TEST_F(UpdateWindow, ListsTheLinesInTheirOrder) {
+  form.AddLine("Zulu");
+  form.AddLine("");
+  form.AddLine("ERROR: Ärger <b>");
+
+  ASSERT_EQ(list.count(), 3);
+  EXPECT_EQ(list.item(0)->text(), "Zulu");
+  EXPECT_EQ(list.item(1)->text(), "");
+  EXPECT_EQ(list.item(2)->text(), "ERROR: Ärger <b>");
+}
+
+TEST_F(UpdateWindow, PaintsEachLineBeforeTheNext) {
+  Paints paints(*list.viewport());
+  for (int line = 1; line <= 3; ++line) {
+    form.AddLine("line");
+    EXPECT_GE(paints.count, line);
+  }
+}
+
+TEST_F(UpdateWindow, KeepsItsScrollPosition) {
+  for (int line = 0; line < 500; ++line) form.AddLine("line");
+  QApplication::processEvents();
+  list.verticalScrollBar()->setValue(7);
+
+  form.AddLine("last");
+  QApplication::processEvents();
+
+  EXPECT_EQ(list.verticalScrollBar()->value(), 7);
+}
+
+TEST_F(UpdateWindow, IsHiddenByItsButtonAndKeepsItsLines) {
+  form.AddLine("line");
+  Find<QPushButton>(form, "UpdateOKbutton").click();
+  EXPECT_FALSE(form.isVisible());
+  EXPECT_EQ(list.count(), 1);
+}
+
+TEST_F(UpdateWindow, IsHiddenByEnterAndEscape) {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+    form.Show();
+    QTest::keyClick(&form, key);
+    EXPECT_FALSE(form.isVisible());
+  }
+}
+
+TEST_F(UpdateWindow, GoesOnListingWhileItIsHidden) {
+  form.Hide();
+  form.AddLine("line");
+  EXPECT_FALSE(form.isVisible());
+  EXPECT_EQ(list.count(), 1);
+}
+
+TEST_F(UpdateWindow, IsEmptyWhenItIsShownAgain) {
+  form.AddLine("line");
+  form.Hide();
+  form.Show();
+  EXPECT_TRUE(form.isVisible());
+  EXPECT_EQ(list.count(), 0);
+}
+
+TEST_F(UpdateWindow, IsHeardByDistinctNames) {
+  EXPECT_EQ(HeardNames(form), (std::map<std::string, int>{{"OK", 1}, {"Update progress", 1}}));
+}
+
+TEST(RandomMusicMessage, AsksForPatienceWithoutBlocking) {
+  RandomMusicMessage message;
+  message.Show();
+  EXPECT_TRUE(message.isVisible());
+  EXPECT_FALSE(message.isModal());
+  EXPECT_EQ(Find<QLabel>(message, "MessageLabel").text(),
+            "Generating the Random Music file list, please wait...");
+  message.Hide();
+  EXPECT_FALSE(message.isVisible());
+}
+
+}  // namespace
+}  // namespace repvolta

@@ -3,13 +3,17 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "ui/EmptyListHint.h"
 
 namespace repvolta {
 namespace {
 
-constexpr int kNarrowest = 9;  // characters
+// The least that is shown of a list.
+constexpr int kFewestRows = 3;
+constexpr int kFewestCharacters = 9;
+
 constexpr int kRowMargin = 3;  // of a font's height: the part that a row is higher
 
 }  // namespace
@@ -28,6 +32,11 @@ void RowList::SetHint(const QString& hint) {
 
 void RowList::SetVisibleRows(int rows) {
   visibleRows_ = rows;
+  updateGeometry();
+}
+
+void RowList::SetVisibleCharacters(int characters) {
+  visibleCharacters_ = characters;
   updateGeometry();
 }
 
@@ -58,15 +67,18 @@ void RowList::SetRows(const QStringList& rows) {
   verticalScrollBar()->setValue(position);
 }
 
-QSize RowList::SizeOfRows(int rows) const {
+QSize RowList::SizeOf(int characters, int rows) const {
   const int rowHeight = fontMetrics().height() + fontMetrics().height() / kRowMargin;
-  return {fontMetrics().averageCharWidth() * kNarrowest + 2 * frameWidth(),
+  return {fontMetrics().averageCharWidth() * characters + 2 * frameWidth(),
           rowHeight * rows + 2 * frameWidth()};
 }
 
-QSize RowList::sizeHint() const { return SizeOfRows(visibleRows_); }
+QSize RowList::sizeHint() const { return SizeOf(visibleCharacters_, visibleRows_); }
 
-QSize RowList::minimumSizeHint() const { return SizeOfRows(visibleRows_ > 3 ? 3 : visibleRows_); }
+QSize RowList::minimumSizeHint() const {
+  return SizeOf(std::min(visibleCharacters_, kFewestCharacters),
+                std::min(visibleRows_, kFewestRows));
+}
 
 void RowList::EmitChosen() {
   if (SelectedRow() >= 0) emit RowChosen(SelectedRow());

@@ -86,6 +86,13 @@ TEST_F(Rows, TheHeightFollowsTheRowsAndTheFont) {
   EXPECT_GT(list.sizeHint().height(), six * 3 / 2);
 }
 
+TEST_F(Rows, TheWidthFollowsTheCharacters) {
+  const int narrow = list.sizeHint().width();
+  list.SetVisibleCharacters(40);
+  EXPECT_GT(list.sizeHint().width(), narrow * 3);
+  EXPECT_EQ(list.minimumSizeHint().width(), narrow);
+}
+
 TEST_F(Rows, TheHintIsHeardToo) {
   list.SetHint("Add one.");
   list.SetHint("Add another.");

@@ -41,7 +41,8 @@ class CannotStart : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Prints the progress lines to standard output as they come, and messages to standard error.
+/// Prints the progress lines to standard output as they come. There is nobody to show boxes to:
+/// what they would say is logged.
 class Console : public UserInterface {
  public:
   bool SawError() const { return sawError_; }
@@ -53,9 +54,7 @@ class Console : public UserInterface {
     std::fflush(stdout);
   }
 
-  void ShowMessage(std::string_view text, std::string_view /*title*/) override {
-    std::fprintf(stderr, "repvolta-update: %s\n", std::string(text).c_str());
-  }
+  void ShowMessage(std::string_view /*text*/, std::string_view /*title*/) override {}
 
   void ShowWorkoutNames() override {}
   void UpdateWorkoutScreen() override {}

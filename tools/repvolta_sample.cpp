@@ -150,7 +150,7 @@ void MakeWorkouts(ProgramState& state, const fs::path& music) {
       .Exercise("Bench Press", kWeightAndReps, kFalse, {{50, 10}, {55, 8}, {60, 6}})
       .Growing(2.5F)
       .Music({0, 1})
-      .Exercise("Treadmill", kDistanceAndSpeed, kTrue, {{3, 6.5F}})
+      .Exercise("Treadmill Run", kDistanceAndSpeed, kTrue, {{3, 6.5F}})
       .RandomMusic(150)
       .Save();
   maker.Begin("Thursday")

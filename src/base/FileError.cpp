@@ -1,10 +1,19 @@
 #include "base/FileError.h"
 
-#include <system_error>
+#include <cstring>
 
 namespace repvolta {
+namespace {
+
+/// The system's text in English, as our own texts are, whatever the locale.
+std::string Description(int error) {
+  const char* text = strerrordesc_np(error);
+  return text == nullptr ? "Error " + std::to_string(error) : text;
+}
+
+}  // namespace
 
 FileError::FileError(const std::string& path, const std::string& failure, int error)
-    : FileError(path, failure, std::generic_category().message(error), error) {}
+    : FileError(path, failure, Description(error), error) {}
 
 }  // namespace repvolta

@@ -7,41 +7,67 @@ namespace {
 
 constexpr std::size_t kBlock = 128 * 1024;
 
-std::string_view WithoutCarriageReturn(std::string_view line) {
-  return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
-}
+using TakeLine = std::function<bool(std::string_view)>;
 
-void AppendLimited(std::string& line, std::string_view part) {
-  line.append(part.substr(0, kLongestLine - line.size()));
-}
+/// Takes lines out of the blocks of a file.
+class LineSplitter {
+ public:
+  explicit LineSplitter(const TakeLine& take) : take_(take) {}
+
+  /// False when no more lines are wanted.
+  bool Feed(std::string_view block) {
+    for (std::size_t end; (end = block.find('\n')) != std::string_view::npos;) {
+      if (!End(block.substr(0, end))) return false;
+      block.remove_prefix(end + 1);
+    }
+    Begin(block);
+    return true;
+  }
+
+  /// Gives the last line, when nothing ended it.
+  void Finish() {
+    if (begun_) End({});
+  }
+
+ private:
+  void Begin(std::string_view part) {
+    begun_ = begun_ || !part.empty();
+    beginning_.append(part.substr(0, kLongestLine - beginning_.size()));
+  }
+
+  /// Gives the line that ends with `part`; its beginning may have stood in earlier blocks.
+  bool End(std::string_view part) {
+    if (!begun_) return Give(part);
+    Begin(part);
+    const bool goesOn = Give(beginning_);
+    beginning_.clear();
+    begun_ = false;
+    return goesOn;
+  }
+
+  bool Give(std::string_view line) {
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    return take_(line.substr(0, kLongestLine));
+  }
+
+  const TakeLine& take_;
+  std::string beginning_;
+  bool begun_ = false;
+};
 
 }  // namespace
 
-void ForEachLine(const std::string& path, const std::function<bool(std::string_view)>& take) {
+void ForEachLine(const std::string& path, const TakeLine& take) {
   const File file = File::Open(path, File::Access::kRead);
-  std::string block(kBlock, '\0');
-  std::string begun;  // a line that began in an earlier block
-  bool inLine = false;
+  Bytes block(kBlock);
+  LineSplitter splitter(take);
   std::uint64_t offset = 0;
-  const std::span<Byte> buffer(reinterpret_cast<Byte*>(block.data()), block.size());
-  while (const std::size_t count = file.ReadAt(offset, buffer)) {
+  while (const std::size_t count = file.ReadAt(offset, block)) {
     offset += count;
-    std::string_view rest = std::string_view(block).substr(0, count);
-    for (std::size_t end; (end = rest.find('\n')) != std::string_view::npos;) {
-      std::string_view line = rest.substr(0, end);
-      if (inLine) {
-        AppendLimited(begun, line);
-        line = begun;
-      }
-      if (!take(WithoutCarriageReturn(line.substr(0, kLongestLine)))) return;
-      rest.remove_prefix(end + 1);
-      begun.clear();
-      inLine = false;
-    }
-    AppendLimited(begun, rest);
-    inLine = inLine || !rest.empty();
+    const auto* text = reinterpret_cast<const char*>(block.data());
+    if (!splitter.Feed({text, count})) return;
   }
-  if (inLine) take(WithoutCarriageReturn(begun));
+  splitter.Finish();
 }
 
 }  // namespace repvolta

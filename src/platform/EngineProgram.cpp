@@ -1,6 +1,7 @@
 #include "platform/EngineProgram.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <stdlib.h>
 
@@ -17,11 +18,21 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kLargestSound = 64 * 1024 * 1024;
 
+/// espeak-ng cuts off the names of its files at 199 bytes.
+constexpr std::size_t kLongestFolder = 150;
+
+/// The folder for temporary files, or the system's own when that one cannot be used.
+fs::path TemporaryPlace() {
+  std::error_code error;
+  const fs::path place = fs::temp_directory_path(error);
+  return error || place.string().size() > kLongestFolder ? fs::path(P_tmpdir) : place;
+}
+
 /// A folder that only this user can enter; deleted with all that is in it.
 class PrivateFolder {
  public:
   PrivateFolder() {
-    std::string pattern = (fs::temp_directory_path() / "repvolta-XXXXXX").string();
+    std::string pattern = (TemporaryPlace() / "repvolta-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) throw FileError(pattern, "could not be created", errno);
     path_ = pattern + "/";
   }

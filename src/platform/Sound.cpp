@@ -104,6 +104,7 @@ Sound ConvertRate(const Sound& sound, std::uint32_t rate) {
   if (sound.rate == rate || sound.samples.empty()) return {rate, sound.samples};
   const double ratio = static_cast<double>(rate) / sound.rate;
   const auto length = std::llround(static_cast<double>(sound.samples.size()) * ratio);
+  if (length == 0) return {rate, {}};
   Sound result{rate, std::vector<float>(static_cast<std::size_t>(length))};
   const soxr_quality_spec_t quality = soxr_quality_spec(SOXR_HQ, 0);
   const soxr_error_t error = soxr_oneshot(

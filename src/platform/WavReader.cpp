@@ -74,7 +74,7 @@ Sound ReadSamples(std::span<const Byte> data, const Layout& layout) {
       sum +=
           ReadSample(data.subspan(channel * layout.SampleSize(), layout.SampleSize()), layout.tag);
     }
-    sound.samples.push_back(sum / layout.format.channels);
+    sound.samples.push_back(sum / static_cast<float>(layout.format.channels));
   }
   return sound;
 }

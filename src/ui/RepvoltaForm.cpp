@@ -154,7 +154,8 @@ void RepvoltaForm::SetBusy(bool busy) {
 }
 
 void RepvoltaForm::LetEventsRun() {
-  SetBusy(true);
+  // The start of the program, which is no command, also lets events run.
+  SetBusy(handlers_.AreRunning());
   QCoreApplication::processEvents();
 }
 
@@ -164,7 +165,7 @@ void RepvoltaForm::RunEvents() {
 }
 
 bool RepvoltaForm::KeepWaiting() {
-  SetBusy(true);
+  SetBusy(handlers_.AreRunning());
   QEventLoop moment;
   QTimer::singleShot(kMoment, &moment, &QEventLoop::quit);
   moment.exec();

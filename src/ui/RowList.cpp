@@ -49,9 +49,10 @@ void RowList::SetRows(const QStringList& rows) {
   const int position = verticalScrollBar()->value();
   clear();
   addItems(rows);
+  const QString help = toolTip().isEmpty() ? QString() : "<br>" + toolTip().toHtmlEscaped();
   for (int i = 0; i < count(); ++i) {
     // As rich text, so that no character of the row is taken for markup.
-    item(i)->setToolTip("<qt>" + rows[i].toHtmlEscaped() + "</qt>");
+    item(i)->setToolTip("<qt>" + rows[i].toHtmlEscaped() + help + "</qt>");
   }
   doItemsLayout();
   verticalScrollBar()->setValue(position);
@@ -72,12 +73,23 @@ void RowList::EmitChosen() {
 }
 
 void RowList::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-    QListWidget::keyPressEvent(event);
-    return;
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      event->accept();
+      if (!event->isAutoRepeat()) EmitChosen();
+      return;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      if (event->modifiers() == Qt::NoModifier && SelectedRow() < 0 && currentRow() >= 0) {
+        SelectRow(currentRow());
+        return;
+      }
+      break;
+    default:
+      break;
   }
-  event->accept();
-  if (!event->isAutoRepeat()) EmitChosen();
+  QListWidget::keyPressEvent(event);
 }
 
 void RowList::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -39,6 +39,12 @@ TEST(File, NamesTheFileAndTheReason) {
   }
 }
 
+TEST(FileError, SpeaksEnglishInEveryLocale) {
+  EXPECT_EQ(FileError("a", "failed", ENOSPC).Reason(), "No space left on device");
+  EXPECT_EQ(FileError("a", "failed", 9999).Reason(), "Error 9999");
+  EXPECT_EQ(FileError("a", "failed", ENOSPC).Error(), ENOSPC);
+}
+
 TEST(File, ReadsOnlyWhatIsThere) {
   TemporaryFolder folder;
   PutFile("a", "abcdef");

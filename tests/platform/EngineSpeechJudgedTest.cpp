@@ -161,6 +161,20 @@ TEST_F(EngineSpeechJudged, ObeysNoText) {
   EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 1);
 }
 
+TEST_F(EngineSpeechJudged, SpeaksWithADeepOrMissingTemporaryFolder) {
+  const std::string deep = folder_.Path() + std::string(200, 'd');
+  fs::create_directory(deep);
+  for (const std::string& place : {deep, folder_.Path() + "gone"}) {
+    setenv("TMPDIR", place.c_str(), 1);
+    for (const int voice : {0, PositionOf("English (America) - espeak-ng")}) {
+      Speak({.voice = voice});
+      EXPECT_GT(Seconds(), 1);
+    }
+    unsetenv("TMPDIR");
+  }
+  EXPECT_TRUE(fs::is_empty(deep));
+}
+
 TEST_F(EngineSpeechJudged, SpeaksTheLongestText) {
   std::string text;
   while (text.size() < 3000) text += "push up ";

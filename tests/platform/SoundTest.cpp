@@ -56,6 +56,16 @@ TEST(ConvertRate, LeavesNothingOfNothing) {
   EXPECT_TRUE(ConvertRate({22050, {}}, 8000).samples.empty());
 }
 
+TEST(ConvertRate, TakesAnythingShortAndAnyRate) {
+  for (std::size_t count = 1; count < 60; ++count) {
+    for (const std::uint32_t rate : {1000U, 8000U, 44100U, 384000U}) {
+      const Sound sound{rate, std::vector<float>(count, 0.5F)};
+      EXPECT_NEAR(static_cast<double>(ConvertRate(sound, 16000).samples.size()),
+                  static_cast<double>(count) * 16000 / rate, 0.51);
+    }
+  }
+}
+
 TEST(Stretch, ChangesTheLengthAndNotThePitch) {
   for (const double factor : {0.4, 0.7, 1.37, 3.0}) {
     const Sound sound = Stretch(Tone(22050, 1, 200), factor);

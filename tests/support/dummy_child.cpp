@@ -1,6 +1,7 @@
 // A child program for the tests, which behaves as its arguments say, one after the other:
 //   say TEXT      writes the text and a line end        flood BYTES   writes that many bytes
 //   complain TEXT writes the text to standard error     echo          copies standard input
+//   name          writes the name it was started by
 //   here          writes its current directory          exit CODE     ends with the code
 //   crash         ends by a signal                      hang          stays until it is killed
 //   mute          closes standard output                nap MS        stays that long
@@ -84,7 +85,12 @@ const std::map<std::string, Action>& Actions() {
 int main(int argc, char** argv) {
   Arguments arguments(std::vector<std::string>(argv + 1, argv + argc));
   while (!arguments.Empty()) {
-    const auto action = Actions().find(arguments.Next());
+    const std::string word = arguments.Next();
+    if (word == "name") {
+      std::cout << argv[0] << std::endl;
+      continue;
+    }
+    const auto action = Actions().find(word);
     if (action == Actions().end()) return 99;
     action->second(arguments);
   }

@@ -55,6 +55,14 @@ class UpdateDriver : public ProgramFixture {
     exercise.MusicFile[exercise.NumberOfMusicFiles++] = path;
   }
 
+  /// While the instruction is encoded, a folder that is not empty takes the place of the next copy.
+  void PutFolderInTheWay(const std::string& copy) {
+    processes.run = [encode = processes.run, copy](const ChildCommand& command) {
+      encode(command);
+      fs::create_directories(copy + "/in the way");
+    };
+  }
+
   std::vector<std::string> PlayerFiles() const {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator("player/Monday")) {
@@ -255,12 +263,7 @@ TEST_F(UpdateDriver, ReportsCountsBeyondTheSlotsOnceAnExercise) {
 TEST_F(UpdateDriver, SaysOnceWhatKeptAFileFromBeingCopied) {
   PutFile("music/Song.mp3", SongBytes(3));
   AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
-  // A folder in the way of the copy.
-  const auto encode = processes.run;
-  processes.run = [&](const ChildCommand& command) {
-    encode(command);
-    fs::create_directories("player/Monday/RV002-Song.mp3/in the way");
-  };
+  PutFolderInTheWay("player/Monday/RV002-Song.mp3");
 
   Update();
 
@@ -271,11 +274,7 @@ TEST_F(UpdateDriver, SaysOnceWhatKeptAFileFromBeingCopied) {
 TEST_F(UpdateDriver, WaitsForACopyAsLongAsThePersonLikes) {
   PutFile("music/Song.mp3", SongBytes(3));
   AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
-  const auto encode = processes.run;
-  processes.run = [&](const ChildCommand& command) {
-    encode(command);
-    fs::create_directories("player/Monday/RV002-Song.mp3/in the way");
-  };
+  PutFolderInTheWay("player/Monday/RV002-Song.mp3");
   int waits = 0;
   screen.keepWaiting = [&] {
     if (++waits < 5) return true;
@@ -465,6 +464,16 @@ TEST_F(RandomMusic, ReportsATargetWhoseDoubleDoesNotFit) {
   Update();
   EXPECT_THAT(screen.log, Contains("ERROR: The number is too large"));
   EXPECT_THAT(screen.log, Contains("ERROR: Unable to find random music for Exercise - Squat"));
+}
+
+TEST_F(RandomMusic, IsFoundByItsOwnBytes) {
+  PutFile("music/caf\xE9.mp3", SongBytes(10));
+  PutFile("musiclist.txt", Full("music/caf\xE9.mp3\n"));
+  CountRandomMusicFiles(state);
+  AddRandom(5);
+  Update();
+  EXPECT_TRUE(fs::exists("player/Monday/RV002-caf\xE9.mp3"));
+  EXPECT_THAT(PlayList(), testing::EndsWith("RV002-caf\xE9.mp3\r\n"));
 }
 
 TEST_F(RandomMusic, IsSavedWithTheWorkout) {

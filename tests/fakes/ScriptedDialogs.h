@@ -1,0 +1,101 @@
+#pragma once
+
+#include <deque>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "ui/Dialogs.h"
+#include "ui/ProgressWindows.h"
+
+namespace repvolta {
+
+/// Records the boxes and dialogs that are asked for, as "kind|title|text", and answers from a
+/// script: a box that the script has no answer for fails the test.
+class ScriptedDialogs : public Dialogs {
+ public:
+  void ShowMessage(std::string_view text, std::string_view title) override {
+    Record("message", title, text);
+  }
+
+  bool Confirm(std::string_view text, std::string_view title) override {
+    Record("confirm", title, text);
+    return NextAnswer() == "OK";
+  }
+
+  std::string AskText(std::string_view prompt, std::string_view title,
+                      std::string_view initial) override {
+    Record("ask", title, prompt);
+    if (!initial.empty()) asked.back() += "|" + std::string(initial);
+    return NextAnswer();
+  }
+
+  std::string SelectExercise() override {
+    asked.emplace_back("exercise");
+    return NextAnswer();
+  }
+
+  std::string SelectDirectory() override {
+    asked.emplace_back("directory");
+    return NextAnswer();
+  }
+
+  std::string SelectMusicFile(const std::string& startFolder) override {
+    asked.push_back("music|" + startFolder);
+    return NextAnswer();
+  }
+
+  void ShowAbout() override { asked.emplace_back("about"); }
+
+  std::vector<std::string> asked;
+  std::deque<std::string> answers;
+
+ private:
+  void Record(const std::string& kind, std::string_view title, std::string_view text) {
+    asked.push_back(kind + "|" + std::string(title) + "|" + std::string(text));
+  }
+
+  std::string NextAnswer() {
+    if (answers.empty()) {
+      ADD_FAILURE() << "There is no answer to " << asked.back();
+      return "";
+    }
+    std::string answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+};
+
+/// Records what the progress window shows.
+class RecordingProgress : public ProgressWindow {
+ public:
+  void Show() override {
+    lines.clear();
+    visible = true;
+    ++shown;
+  }
+  void Hide() override { visible = false; }
+  void AddLine(std::string_view line) override {
+    lines.emplace_back(line);
+    if (whenLine) whenLine();
+  }
+
+  std::vector<std::string> lines;
+  bool visible = false;
+  int shown = 0;
+  std::function<void()> whenLine;
+};
+
+class RecordingPleaseWait : public PleaseWait {
+ public:
+  void Show() override {
+    visible = true;
+    ++shown;
+  }
+  void Hide() override { visible = false; }
+
+  bool visible = false;
+  int shown = 0;
+};
+
+}  // namespace repvolta

@@ -14,7 +14,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-LIMIT = 15  # seconds; nothing here takes as long
+LIMIT = 40  # seconds; nothing here takes as long
 PAUSE = 0.03
 
 

@@ -56,8 +56,8 @@ class Day(WindowTest):
     def change(self, name, row, value):
         """Enter on a row of a set list does what a double click does."""
         program = self.program
-        program.focus(program.find(program.main(), "list", name))
-        keys("Home", *["Down"] * row, "Return")
+        program.select(name, row)
+        keys("Return")
         self.assertEqual(program.answer("Change Exercise Value", value), "Enter new Value:")
         program.main()
 

@@ -62,7 +62,7 @@ def keys(*names):
 
 
 def type_text(text):
-    subprocess.run(["xdotool", "type", "--delay", "2", text], check=True)
+    subprocess.run(["xdotool", "type", "--delay", "2", "--", text], check=True)
 
 
 def active_title():
@@ -236,15 +236,17 @@ class Program:
                 if item.get_role_name() == "list item"]
 
     def select(self, name, item, window=None):
-        """Goes to a list and down to an entry."""
+        """Goes to a list and to an entry: its text, or its number."""
         control = self.find(window or self.main(), "list", name)
         self.focus(control)
         keys("Home")
 
         def reached():
-            selected = [entry.get_name() for entry in children(control)
+            entries = [entry for entry in children(control)
+                       if entry.get_role_name() == "list item"]
+            selected = [number for number, entry in enumerate(entries)
                         if has_state(entry, Atspi.StateType.SELECTED)]
-            if selected == [item]:
+            if selected and item in (selected[0], entries[selected[0]].get_name()):
                 return True
             keys("Down" if selected else "space")
             return False

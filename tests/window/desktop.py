@@ -253,13 +253,16 @@ class Program:
         wait_for(f"{item!r} to be selected", reached)
 
     def tab(self, title):
-        """Turns the tabs until that one is shown."""
+        """Goes along the tabs until that one is shown."""
         def turned():
+            strip = self.controls(self.main(), "page tab list")[0]
             # The strip bears the name of the tab that is shown.
-            if self.controls(self.main(), "page tab list", title):
-                return True
-            keys("ctrl+Next")
-            return False
+            titles = [tab.get_name() for tab in children(strip)
+                      if tab.get_role_name() == "page tab"]
+            behind = titles.index(title) - titles.index(strip.get_name())
+            if behind:
+                keys("ctrl+Next" if behind > 0 else "ctrl+Prior")
+            return behind == 0
         wait_for(f"the tab {title!r}", turned)
 
     def exit(self):

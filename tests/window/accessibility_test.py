@@ -2,9 +2,7 @@
 
 import collections
 
-from gi.repository import Atspi
-
-from desktop import has_state, heard_name, keys, showing, wait_for
+from desktop import Atspi, has_state, heard_name, keys, showing, wait_for
 from support import WindowTest
 
 TABS = ["Workout Setup/Exercise Selection", "Exercise Setup", "Program Settings"]

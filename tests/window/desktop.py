@@ -93,10 +93,13 @@ def showing(node):
 
 
 def heard_name(node):
-    """What a screen reader says: the text of the label, if the control has one, else its name."""
+    """What a screen reader says: the text of the label, if the control has one, else its name. The
+    group around a control counts as a label, too, but names the group."""
     for relation in node.get_relation_set():
         if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
-            return relation.get_target(0).get_name()
+            for index in range(relation.get_n_targets()):
+                if relation.get_target(index).get_role_name() == "label":
+                    return relation.get_target(index).get_name()
     return node.get_name()
 
 

@@ -45,8 +45,7 @@ void CutAndCompare(std::span<const Byte> file, const Mp3ByRule& rule) {
   Require(Succeeds<std::exception>([&] { mp3.SetFileName(kSong); }), "a file can be examined");
   {
     const LinearCost cost(file.size());
-    // What is left may have figures that divide by zero; it was cut all the same.
-    Succeeds<DivisionByZero>([&] { mp3.RemoveLeadingData(RepvoltaMP3::FileTimes::kKept); });
+    mp3.RemoveLeadingData(RepvoltaMP3::FileTimes::kKept);
   }
   const bool cuts = rule.result != RuleResult::kNoFrame;
   const auto rest = file.subspan(cuts ? static_cast<std::size_t>(rule.headerOffset) : 0);

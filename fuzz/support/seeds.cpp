@@ -86,18 +86,24 @@ void AddMp3Seeds(const fs::path& root) {
     cut.Add(file);
     write.Add("\x05Title"sv, file);
   }
+  // A large tag and a short song: its average bit rate is 0 as soon as the tag is cut off.
+  cut.Add(Mp3Bytes()
+              .Id3v2(Id3v2Bytes(3).Syncsafe().Text("TIT2", "T").Padding(3000))
+              .Frame({}, 60)
+              .Xing(1, 100));
   write.Add("\xFF" + std::string(255, 'T'), Mp3Bytes().Id3v2(SmallTag(3)).Frame({}, 60));
 }
 
 void AddSoundSeeds(const fs::path& root) {
   const std::string clip = AsText(ClipBytes(Bytes(9, 's')));
   const std::string other = AsText(ClipBytes(Bytes(4, 'o')));
-  const char split = static_cast<char>(clip.size());
-  Seeds join(root, "clip_join");
-  for (const char choice : {'\0', '\1', '\2'}) {
-    join.Add(std::string{choice, '\0', split} + clip + other);
-  }
-  join.Add(std::string{'\0', '\0', '\12'} + clip);
+  const std::string split(1, static_cast<char>(clip.size()));
+  const std::string none(1, '\0');
+  Seeds(root, "clip_join")
+      .Add(none + none + split + clip + other)
+      .Add("\1" + none + split + clip + other)
+      .Add("\2" + none + split + clip + other)
+      .Add(none + none + "\12" + clip);
   Seeds(root, "wav_reader")
       .Add(WavBytes().Format(1, 16000, 16).Samples16({0, 16384, -32768}))
       .Add(WavBytes().Chunk("LIST", "abc").Format(2, 8000, 8).Chunk("data", "\x80\xC0\x00\x10"sv))

@@ -13,7 +13,7 @@
 namespace repvolta {
 namespace {
 
-constexpr std::size_t kCopyBlock = 128 * 1024;
+constexpr std::size_t kCopyBlock = std::size_t{128} * 1024;
 
 constexpr const char* kWriteFailure = "could not be opened for writing";
 constexpr const char* kNoFile = "It is not a file";

@@ -56,6 +56,13 @@ TEST_F(MergeWAV, LeavesTheSourceAlone) {
   EXPECT_EQ(GetFile("source.wav"), source);
 }
 
+TEST_F(MergeWAV, WritesADataSizeOfMinusOneForTwoEmptyClips) {
+  PutFile("source.wav", ClipBytes({}));
+  PutFile("target.wav", ClipBytes({}));
+  MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_EQ(TargetNumber(42), 0xFFFFFFFFU);
+}
+
 TEST_F(MergeWAV, JoinsAFileToItselfOnce) {
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
   const FullDisk endsWhatRunsOn(1024 * 1024);

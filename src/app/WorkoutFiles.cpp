@@ -13,8 +13,18 @@
 namespace repvolta {
 namespace {
 
-std::string WorkoutPath(const ProgramState& state) {
-  return ExistingName(std::string(kWorkoutFolder) + state.WorkoutFileName);
+std::string WorkoutPath(const ProgramState& state, const std::string& directory = "") {
+  return ExistingName(directory + std::string(kWorkoutFolder) + state.WorkoutFileName);
+}
+
+bool IsOtherThanKnown(const ProgramState& state, const std::string& path) {
+  if (!state.KnownFile || state.KnownFile->name != state.WorkoutFileName) return false;
+  const std::optional<FileStamp> stamp = StampOf(path);
+  return stamp && *stamp != state.KnownFile->stamp;
+}
+
+void RememberPlaced(ProgramState& state, const WholeFileWriter& writer) {
+  if (const auto stamp = writer.Placed()) state.KnownFile = {state.WorkoutFileName, *stamp};
 }
 
 void MakeWorkoutFolder() {
@@ -50,7 +60,11 @@ WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen) {
     screen.ShowMessage("Error: Workout file not found");
     return WorkoutLoad::kNotFound;
   }
+  // Taken before the content: a change in between is then noticed, not lost.
+  const std::optional<FileStamp> stamp = StampOf(path);
   state.Workout = DecodeWorkout(ReadWholeFile(path, kWorkoutFileSize));
+  state.KnownFile.reset();
+  if (stamp) state.KnownFile = {state.WorkoutFileName, *stamp};
   state.NumberOfExercises = CountExercises(state.Workout);
   state.CurrentExercise = 0;
   screen.UpdateWorkoutScreen();
@@ -58,11 +72,27 @@ WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen) {
   return WorkoutLoad::kLoaded;
 }
 
-void SaveWorkout(const ProgramState& state) {
+void SaveWorkout(ProgramState& state) {
   MakeProgramDirectoryCurrent(state);
   if (TrimBlanks(state.WorkoutFileName).empty()) return;
   MakeWorkoutFolder();
-  WriteWholeFile(WorkoutPath(state), EncodeWorkout(state.Workout));
+  const std::string path = WorkoutPath(state);
+  if (IsOtherThanKnown(state, path)) {
+    throw FileError(path, "could not be written", "Another program has changed it meanwhile");
+  }
+  WholeFileWriter writer(path);
+  writer.Append(EncodeWorkout(state.Workout));
+  try {
+    writer.Commit();
+  } catch (const FileError&) {
+    RememberPlaced(state, writer);
+    throw;
+  }
+  RememberPlaced(state, writer);
+}
+
+bool WorkoutChangedOnDisk(const ProgramState& state) {
+  return IsOtherThanKnown(state, WorkoutPath(state, state.ProgramDirectory));
 }
 
 }  // namespace repvolta

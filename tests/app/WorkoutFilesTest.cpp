@@ -134,6 +134,61 @@ TEST_F(WorkoutFiles, ReplaceAFileOfAnotherCaseAndAddNone) {
   EXPECT_THAT(state.WorkoutNames, ElementsAre("monday.rpv"));
 }
 
+TEST_F(WorkoutFiles, AreKnownToBeUnchangedAfterLoadingAndSaving) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+  SaveWorkout(state);
+  SaveWorkout(state);
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+}
+
+TEST_F(WorkoutFiles, AreKnownToBeChangedByAnotherProcess) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  ProgramState other = state;
+  other.KnownFile.reset();
+
+  SaveWorkout(other);
+  std::filesystem::current_path("/");
+  EXPECT_TRUE(WorkoutChangedOnDisk(state));
+
+  std::filesystem::current_path(folder.Path());
+  LoadWorkout(state, screen);
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+}
+
+TEST_F(WorkoutFiles, DoNotReplaceWhatAnotherProcessHasWritten) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  ProgramState other = state;
+  other.Workout[0].ExerciseName = "Grown";
+  SaveWorkout(other);
+  const Bytes grown = GetFile("workouts/Monday.RPV");
+
+  EXPECT_THROW(SaveWorkout(state), FileError);
+
+  EXPECT_EQ(GetFile("workouts/Monday.RPV"), grown);
+}
+
+TEST_F(WorkoutFiles, AreNotChangedWhereTheyAreGoneOrNeverSeen) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+  LoadWorkout(state, screen);
+  std::filesystem::remove("workouts/Monday.RPV");
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+  SaveWorkout(state);
+  PutWorkout("Tuesday.RPV", {"B"});
+  state.WorkoutFileName = "Tuesday.RPV";
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+  state.WorkoutFileName = "";
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+}
+
 class SettingsFile : public WorkoutFiles {};
 
 TEST_F(SettingsFile, HasDefaultsWhenItIsMissing) {

@@ -78,14 +78,17 @@ void OutputFolder::Create() const {
 }
 
 bool OutputFolder::MayChange(const std::string& path) const {
-  return use_ == Use::kReplace || claimed_.contains(path);
+  if (use_ != Use::kReplace && !claimed_.contains(path)) return false;
+  // What could not be cleared away may be a link to a file of the user.
+  return !IsLinked(path);
 }
 
 void OutputFolder::Claim(const std::string& path) {
   if (use_ == Use::kNothing) {
     throw FileError(path, kNotCreated, "It does not lie in the output path");
   }
-  if (!MayChange(path) && fs::exists(fs::symlink_status(path))) {
+  const bool isOurs = use_ == Use::kReplace || claimed_.contains(path);
+  if (!isOurs && fs::exists(fs::symlink_status(path))) {
     throw FileError(path, kNotCreated, EEXIST);
   }
   claimed_.insert(path);

@@ -61,8 +61,8 @@ TEST_F(Kills, AtRandomMomentsLoseNothing) {
   for (int i = 0; i < kills; ++i) {
     Reset();
     SCOPED_TRACE(i);
-    const ProgramRun run = RunProgram(
-        "program/repvolta-update", {"Monday"}, {"TMPDIR=" + Full("tmp")}, [&](long process) {
+    const ProgramRun run =
+        RunProgram("program/repvolta-update", {"Monday"}, Surroundings(), [&](long process) {
           std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
           kill(static_cast<pid_t>(process), SIGKILL);
         });

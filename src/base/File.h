@@ -77,8 +77,8 @@ bool FileExists(const std::string& path);
 /// The stamp of the file `path`, or of the one that it is a link to; nothing when there is none.
 std::optional<FileStamp> StampOf(const std::string& path);
 
-/// True when `path` is a link, or a file that has another name elsewhere: writing to it would change
-/// that too.
+/// True when `path` is a link, or a file that has another name elsewhere: writing to it would
+/// change that too.
 bool IsLinked(const std::string& path);
 
 /// Copies the bytes of `from`, from `offset` on, to the end of what has been written to `to`, whose

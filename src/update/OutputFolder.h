@@ -45,6 +45,8 @@ class OutputFolder {
  private:
   enum class Use { kReplace, kAddOnly, kNothing };
 
+  std::string Folder() const { return path_.substr(0, path_.size() - 1); }
+
   std::string name_;
   std::string path_;
   Use use_ = Use::kReplace;

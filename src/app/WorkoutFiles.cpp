@@ -1,5 +1,6 @@
 #include "app/WorkoutFiles.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <sys/stat.h>
 
@@ -43,6 +44,28 @@ std::int16_t CountExercises(ExerciseSlots& workout) {
   return MaxExercises;
 }
 
+void ReadWorkout(ProgramState& state, const std::string& path) {
+  // Taken before the content: a change in between is then noticed, not lost.
+  const std::optional<FileStamp> stamp = StampOf(path);
+  state.Workout = DecodeWorkout(ReadWholeFile(path, kWorkoutFileSize));
+  state.KnownFile.reset();
+  if (stamp) state.KnownFile = {state.WorkoutFileName, *stamp};
+  state.NumberOfExercises = CountExercises(state.Workout);
+}
+
+/// What the lists of the window have rows for.
+std::vector<std::string> RowsOf(const ProgramState& state) {
+  std::vector<std::string> rows;
+  for (int i = 0; i < state.NumberOfExercises; ++i) {
+    const ExerciseRecord& exercise = state.Workout[i];
+    rows.push_back(exercise.ExerciseName.Text() + "/" + std::to_string(exercise.NumberOfSets));
+    if (i != state.CurrentExercise) continue;
+    const int files = std::min<int>(exercise.NumberOfMusicFiles, MaxMusicFiles);
+    for (int j = 0; j < files; ++j) rows.push_back(exercise.MusicFile[j].Text());
+  }
+  return rows;
+}
+
 }  // namespace
 
 void LoadWorkoutNames(ProgramState& state, UserInterface& screen) {
@@ -60,12 +83,7 @@ WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen) {
     screen.ShowMessage("Error: Workout file not found");
     return WorkoutLoad::kNotFound;
   }
-  // Taken before the content: a change in between is then noticed, not lost.
-  const std::optional<FileStamp> stamp = StampOf(path);
-  state.Workout = DecodeWorkout(ReadWholeFile(path, kWorkoutFileSize));
-  state.KnownFile.reset();
-  if (stamp) state.KnownFile = {state.WorkoutFileName, *stamp};
-  state.NumberOfExercises = CountExercises(state.Workout);
+  ReadWorkout(state, path);
   state.CurrentExercise = 0;
   screen.UpdateWorkoutScreen();
   screen.UpdateExerciseScreen();
@@ -93,6 +111,19 @@ void SaveWorkout(ProgramState& state) {
 
 bool WorkoutChangedOnDisk(const ProgramState& state) {
   return IsOtherThanKnown(state, WorkoutPath(state, state.ProgramDirectory));
+}
+
+void ReloadChangedWorkout(ProgramState& state, UserInterface& screen) {
+  if (!WorkoutChangedOnDisk(state)) return;
+  const std::vector<std::string> rows = RowsOf(state);
+  ReadWorkout(state, WorkoutPath(state, state.ProgramDirectory));
+  if (state.CurrentExercise >= state.NumberOfExercises) state.CurrentExercise = 0;
+  screen.UpdateWorkoutScreen();
+  screen.UpdateExerciseScreen();
+  if (RowsOf(state) != rows) {
+    throw WorkoutReplaced(state.WorkoutFileName +
+                          " was changed by another program and has been loaded again.");
+  }
 }
 
 }  // namespace repvolta

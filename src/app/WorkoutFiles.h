@@ -1,5 +1,6 @@
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -29,5 +30,16 @@ void SaveWorkout(ProgramState& state);
 /// True when another process has changed the file of the workout in memory since LoadWorkout or
 /// SaveWorkout: it is then to be loaded again before it is shown or edited. False when it is gone.
 bool WorkoutChangedOnDisk(const ProgramState& state);
+
+/// The rows that the person saw and selected are no longer those of the workout.
+class WorkoutReplaced : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Loads the workout in memory again when another process has changed its file, and refreshes both
+/// tabs; the current exercise stays. Throws FileError; or WorkoutReplaced when not only values have
+/// grown but exercises, sets or the music of the current exercise are others.
+void ReloadChangedWorkout(ProgramState& state, UserInterface& screen);
 
 }  // namespace repvolta

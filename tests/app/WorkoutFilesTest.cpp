@@ -189,6 +189,41 @@ TEST_F(WorkoutFiles, AreNotChangedWhereTheyAreGoneOrNeverSeen) {
   EXPECT_FALSE(WorkoutChangedOnDisk(state));
 }
 
+TEST_F(WorkoutFiles, AreLoadedAgainOnlyWhenTheyAreChanged) {
+  PutWorkout("Monday.RPV", {"A", "B"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  state.CurrentExercise = 1;
+  ProgramState other = state;
+  screen.calls.clear();
+  ReloadChangedWorkout(state, screen);
+  EXPECT_THAT(screen.calls, IsEmpty());
+
+  other.Workout[1].SetValue1[0] = 52.5F;
+  SaveWorkout(other);
+  ReloadChangedWorkout(state, screen);
+
+  EXPECT_EQ(state.Workout[1].SetValue1[0], 52.5F);
+  EXPECT_EQ(state.CurrentExercise, 1);
+  EXPECT_THAT(screen.calls, ElementsAre("workout screen", "exercise screen"));
+}
+
+TEST_F(WorkoutFiles, AreToldToBeOthersWhenTheirRowsAre) {
+  PutWorkout("Monday.RPV", {"A", "B"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  state.CurrentExercise = 1;
+  ProgramState other = state;
+  other.Workout[1].ExerciseName = "";
+  SaveWorkout(other);
+
+  EXPECT_THROW(ReloadChangedWorkout(state, screen), WorkoutReplaced);
+
+  EXPECT_EQ(state.NumberOfExercises, 1);
+  EXPECT_EQ(state.CurrentExercise, 0);
+  EXPECT_NO_THROW(ReloadChangedWorkout(state, screen));
+}
+
 class SettingsFile : public WorkoutFiles {};
 
 TEST_F(SettingsFile, HasDefaultsWhenItIsMissing) {

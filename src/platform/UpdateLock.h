@@ -17,8 +17,8 @@ class UpdateRunning : public std::runtime_error {
 /// however that ends, and children do not inherit it.
 class UpdateLock {
  public:
-  /// Waits for nobody: throws UpdateRunning when the lock is taken; FileError when the lock's file,
-  /// which stays in the directory and is always empty, cannot be opened.
+  /// Throws UpdateRunning when the lock is taken and stays so for a quarter of a second; FileError
+  /// when the lock's file, which stays in the directory and is always empty, cannot be opened.
   explicit UpdateLock(const std::string& programDirectory);
 
  private:

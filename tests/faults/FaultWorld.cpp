@@ -18,6 +18,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* kSpokenClip = "program/voice/exercise/Spoken.WAV";
+
+/// A speech engine that says the same, whatever it is to say.
+constexpr const char* kEngine =
+    "#!/bin/sh\n"
+    "[ \"$1\" = -lv ] && exec echo rms\n"
+    "for target; do :; done\n"
+    "exec cp voice/set.wav \"$target\"\n";
+
 constexpr const char* kClips[] = {"1",   "set",  "sets", "5",         "10",    "point",
                                   "for", "reps", "50",   "kilograms", "pounds"};
 
@@ -91,6 +100,12 @@ void FaultWorld::BuildProgram() {
   fs::copy_file(REPVOLTA_BIN "/repvolta-update", "program/repvolta-update");
   fs::copy_file(ProgramBeside("fake_encoder"), "program/lame.exe");
   PutFile("program/update.lock", "");
+  PutFile("bin/flite", kEngine);
+  // Without voices: it must not speak instead when the other fails.
+  PutFile("bin/espeak-ng", "#!/bin/sh\nexit 1\n");
+  for (const char* engine : {"bin/flite", "bin/espeak-ng"}) {
+    fs::permissions(engine, fs::perms(0755));
+  }
   state.ProgramDirectory = Full("program/");
   state.Settings.MusicPath = Full("music");
   state.Settings.OutputPath = Full("player");
@@ -121,7 +136,15 @@ void FaultWorld::BuildWorkouts() {
   fs::current_path(folder.Path());
 }
 
+void FaultWorld::MakeMondaySpeak() {
+  state.Workout[0].ExerciseName = "Spoken";
+  SaveWorkout(state);
+  fs::current_path(folder.Path());
+  oldWorkout = GetFile("program/workouts/Monday.RPV");
+}
+
 void FaultWorld::Reset() {
+  fs::remove(kSpokenClip);
   fs::remove_all("player");
   // An older update's folder, in which somebody has put links to what is precious.
   PutFile("player/Monday/deep/old.mp3", "old");
@@ -130,6 +153,7 @@ void FaultWorld::Reset() {
   fs::create_directory_symlink(Full("precious"), "player/Monday/folder");
   const std::string workout = "program/workouts/Monday.RPV";
   PutFile(workout, oldWorkout);
+  state.KnownFile.reset();
   for (const char* name : {"temp.wav", "temp.mp3"}) fs::remove(std::string("program/") + name);
 }
 
@@ -138,10 +162,13 @@ FaultyRun FaultWorld::RunWith(const Fault& fault, const std::string& program,
   const std::string trace = Full("trace");
   fs::remove(trace);
   FaultyRun result;
-  result.run = RunProgram(
-      program, operands,
-      {"LD_PRELOAD=" + ProgramBeside("libfault_shim.so"), "REPVOLTA_FAULT=" + fault.Text(),
-       "REPVOLTA_TRACE=" + trace, "TMPDIR=" + Full("tmp")});
+  Environment environment = Surroundings();
+  for (const std::string& setting :
+       {"LD_PRELOAD=" + ProgramBeside("libfault_shim.so"), "REPVOLTA_FAULT=" + fault.Text(),
+        "REPVOLTA_TRACE=" + trace, std::string("ASAN_OPTIONS=verify_asan_link_order=0")}) {
+    environment.push_back(setting);
+  }
+  result.run = RunProgram(program, operands, environment);
   if (!fs::exists(trace)) {
     ADD_FAILURE() << program << " did not start: " << result.run.errors;
     return result;
@@ -154,8 +181,12 @@ FaultyRun FaultWorld::RunWith(const Fault& fault, const std::string& program,
   return result;
 }
 
+Environment FaultWorld::Surroundings() const {
+  return {"TMPDIR=" + Full("tmp"), "PATH=" + Full("bin") + ":/usr/bin:/bin"};
+}
+
 ProgramRun FaultWorld::Update(const std::vector<std::string>& operands) {
-  return RunProgram("program/repvolta-update", operands, {"TMPDIR=" + Full("tmp")});
+  return RunProgram("program/repvolta-update", operands, Surroundings());
 }
 
 void FaultWorld::LearnWhatIsRight() {
@@ -163,6 +194,7 @@ void FaultWorld::LearnWhatIsRight() {
   const ProgramRun run = Update();
   ASSERT_EQ(run.status, 0) << run.output << run.errors;
   newWorkout = GetFile("program/workouts/Monday.RPV");
+  rightClip_ = fs::exists(kSpokenClip) ? GetTextFile(kSpokenClip) : "";
   ASSERT_NE(WithoutGrowth(newWorkout), WithoutGrowth(oldWorkout));
   rightPlayer_.clear();
   for (const auto& [path, entry] : Look("player")) rightPlayer_[path] = entry.content;
@@ -188,13 +220,20 @@ void FaultWorld::ExpectNothingLost() {
   }
   ExpectOnlyAllowedPaths(now);
   ExpectWorkoutIsWhole();
+  ExpectClipIsWhole();
+}
+
+void FaultWorld::ExpectClipIsWhole() {
+  if (!fs::exists(kSpokenClip)) return;
+  EXPECT_TRUE(GetTextFile(kSpokenClip) == rightClip_) << kSpokenClip << " is damaged";
 }
 
 void FaultWorld::ExpectOnlyAllowedPaths(const Entries& now) {
   for (const auto& [path, entry] : now) {
     const bool isAllowed = before_.contains(path) || path == "program/temp.wav" ||
-                           path == "program/temp.mp3" || IsBelow(path, "player") ||
-                           path.ends_with(".new") || IsBelow(path, "tmp");
+                           path == "program/temp.mp3" || path == kSpokenClip ||
+                           IsBelow(path, "player") || path.ends_with(".new") ||
+                           IsBelow(path, "tmp");
     EXPECT_TRUE(isAllowed) << path << " was made";
     EXPECT_TRUE(!IsBelow(path, "player") || path == "player" || IsBelow(path, "player/Monday"))
         << path << " was made";

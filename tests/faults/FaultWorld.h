@@ -47,8 +47,9 @@ struct FaultyRun {
 bool IsLongRun();
 
 /// The smallest world in which an update goes all its ways: "program" with clips of a moment and an
-/// encoder of our own, the workout Monday with one exercise that grows, one song of its own and one
-/// drawn; another workout; "music"; "player"; and "precious", which nobody may touch.
+/// encoder and a speech engine of our own, the workout Monday with one exercise that grows, one
+/// song of its own and one drawn; another workout; "music"; "player"; and "precious", which nobody
+/// may touch.
 class FaultWorld : public testing::Test {
  protected:
   FaultWorld();
@@ -61,8 +62,14 @@ class FaultWorld : public testing::Test {
   FaultyRun RunWith(const Fault& fault, const std::string& program = "program/repvolta-update",
                     const std::vector<std::string>& operands = {"Monday"});
 
+  /// Where the programs of the tests find their engine and their temporary folder.
+  Environment Surroundings() const;
+
   /// Updates without a fault.
   ProgramRun Update(const std::vector<std::string>& operands = {"Monday"});
+
+  /// From now on Monday's first exercise has a name that must be spoken first.
+  void MakeMondaySpeak();
 
   /// Updates once without a fault, to know what the workout and the player then look like.
   void LearnWhatIsRight();
@@ -83,10 +90,12 @@ class FaultWorld : public testing::Test {
   void BuildProgram();
   void BuildWorkouts();
   void ExpectWorkoutIsWhole();
+  void ExpectClipIsWhole();
   void ExpectOnlyAllowedPaths(const Entries& now);
 
   Entries before_;
   std::map<std::string, std::string> rightPlayer_;
+  std::string rightClip_;
 };
 
 }  // namespace repvolta

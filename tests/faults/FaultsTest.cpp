@@ -34,14 +34,16 @@ const std::vector<Group> kGroups = {{"open", {"EIO", "ENOSPC", "EACCES", "EINTR"
 bool IsToBeSurvived(const std::string& failure) { return failure == "EINTR" || failure == "SHORT"; }
 
 /// Calls `run` for the 1st, 2nd, 3rd ... call of each group, until none is left. The short form
-/// tries one failure a call, the next one each time. Prints how many points were tried.
+/// tries one failure a call, the next one each time, and only every `stride`th call. Prints how
+/// many points were tried.
 template <class Run>
-void ForEachFault(const char* title, Run run) {
+void ForEachFault(const char* title, Run run, int stride = 1) {
   int points = 0;
+  if (IsLongRun()) stride = 1;
   for (const Group& group : kGroups) {
     const std::size_t kinds = group.failures.size();
     std::vector<bool> isLeft(kinds, true);
-    for (int number = 1; std::ranges::count(isLeft, true) > 0; ++number) {
+    for (int number = 1; std::ranges::count(isLeft, true) > 0; number += stride) {
       for (std::size_t kind = 0; kind < kinds; ++kind) {
         if (!isLeft[kind]) continue;
         if (!IsLongRun() && static_cast<std::size_t>(number) % kinds != kind) continue;
@@ -90,6 +92,13 @@ class Faults : public FaultWorld {
 TEST_F(Faults, OfOneCallLoseNothingInAnUpdate) {
   LearnWhatIsRight();
   ForEachFault("update", [&](const Fault& fault) { return TryUpdate(fault); });
+}
+
+TEST_F(Faults, OfOneCallLoseNothingWhileANameIsSpoken) {
+  MakeMondaySpeak();
+  LearnWhatIsRight();
+  ForEachFault(
+      "update that speaks", [&](const Fault& fault) { return TryUpdate(fault); }, 5);
 }
 
 TEST_F(Faults, OfAllFurtherCallsLoseNothingInAnUpdate) {
@@ -192,8 +201,12 @@ TEST_F(EngineFaults, LeaveAWholeMusicList) {
     const FaultyRun faulty = RunStep("compile", fault);
     SCOPED_TRACE(fault.Text());
     ExpectTold(fault, faulty);
+    const std::vector<std::string> lines = Lines(GetTextFile("musiclist.txt"));
     // A folder that cannot be read is passed over, so the list may be shorter.
-    for (const std::string& line : Lines(GetTextFile("musiclist.txt"))) {
+    if (IsToBeSurvived(fault.failure)) {
+      EXPECT_EQ(lines.size(), 2U);
+    }
+    for (const std::string& line : lines) {
       EXPECT_TRUE(line == Full("music/song.mp3") || line == Full("music/drawn.mp3")) << line;
     }
     ExpectNoWorkingFiles(".");

@@ -19,8 +19,13 @@ endif()
 
 if(REPVOLTA_SANITIZE)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_compile_options(repvolta_options INTERFACE ${sanitizers})
+  target_compile_options(repvolta_options INTERFACE ${sanitizers} -D_GLIBCXX_ASSERTIONS)
   target_link_options(repvolta_options INTERFACE ${sanitizers})
+endif()
+
+if(REPVOLTA_FUZZ)
+  target_compile_options(repvolta_options INTERFACE
+    -fsanitize=fuzzer-no-link,float-cast-overflow -fno-sanitize-recover=float-cast-overflow)
 endif()
 
 if(REPVOLTA_COVERAGE)

@@ -1,7 +1,7 @@
 #include <QCoreApplication>
 #include <algorithm>
 #include <csignal>
-#include <cstdio>
+#include <iostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -49,9 +49,7 @@ class Console : public UserInterface {
 
   void AddLineToUpdateList(std::string_view line) override {
     if (line.starts_with("ERROR")) sawError_ = true;
-    std::fwrite(line.data(), 1, line.size(), stdout);
-    std::fputc('\n', stdout);
-    std::fflush(stdout);
+    std::cout << line << '\n' << std::flush;
   }
 
   void ShowMessage(std::string_view /*text*/, std::string_view /*title*/) override {}
@@ -93,6 +91,7 @@ std::vector<std::string> ChosenWorkouts(const ProgramState& state,
                                         const std::vector<std::string>& operands) {
   if (operands.empty()) return state.WorkoutNames;
   std::vector<std::string> chosen;
+  chosen.reserve(operands.size());
   for (const std::string& operand : operands) chosen.push_back(FindWorkout(state, operand));
   return chosen;
 }
@@ -150,16 +149,16 @@ int Run(const std::string& executable, const std::vector<std::string>& arguments
 
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
-  std::signal(SIGINT, repvolta::RequestStop);
-  std::signal(SIGTERM, repvolta::RequestStop);
-  std::signal(SIGPIPE, SIG_IGN);
+  static_cast<void>(std::signal(SIGINT, repvolta::RequestStop));
+  static_cast<void>(std::signal(SIGTERM, repvolta::RequestStop));
+  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
   try {
     return repvolta::Run(QCoreApplication::applicationFilePath().toStdString(),
                          {argv + 1, argv + argc});
   } catch (const repvolta::UpdateStopped&) {
     return repvolta::kSignalStatus + repvolta::stopSignal;
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "repvolta-update: %s\n", error.what());
+    std::cerr << "repvolta-update: " << error.what() << '\n';
     return repvolta::kNotStarted;
   }
 }

@@ -6,7 +6,7 @@ namespace repvolta {
 
 void InitialiseExercise(ExerciseRecord& exercise, const SettingsRecord& settings,
                         const Clock& clock) {
-  const std::int16_t targetTime = CheckedInt16(settings.DefaultExerciseTime * 60);
+  const std::int16_t targetTime = CheckedInt16(std::int64_t{settings.DefaultExerciseTime} * 60);
   for (int i = 0; i < MaxMusicFiles; ++i) {
     exercise.MusicFile[i] = {};
     exercise.MusicFilePlayTime[i] = 0;

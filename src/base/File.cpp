@@ -13,7 +13,7 @@
 namespace repvolta {
 namespace {
 
-constexpr std::size_t kCopyBlock = 128 * 1024;
+constexpr std::size_t kCopyBlock = std::size_t{128} * 1024;
 
 constexpr const char* kWriteFailure = "could not be opened for writing";
 constexpr const char* kNoFile = "It is not a file";
@@ -112,8 +112,13 @@ bool FileExists(const std::string& path) {
 
 std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to,
                           std::uint64_t position) {
+  // The end is that of the beginning: a file that is copied to its own end must not run after it.
+  const std::uint64_t end = from.Size();
   std::vector<Byte> block(kCopyBlock);
-  while (const std::size_t count = from.ReadAt(offset, block)) {
+  while (offset < end) {
+    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(end - offset, kCopyBlock));
+    const std::size_t count = from.ReadAt(offset, std::span(block).first(wanted));
+    if (count == 0) break;
     to.WriteAt(position, std::span(block).first(count));
     offset += count;
     position += count;

@@ -61,9 +61,9 @@ class File {
 /// True when `path` is a regular file, or a link to one.
 bool FileExists(const std::string& path);
 
-/// Copies the bytes of `from`, from `offset` on, to the end of what has been written to `to`, whose
-/// next write position is `position`. Memory use does not depend on the size. Returns the new
-/// position. Throws FileError.
+/// Copies the bytes that `from` has now, from `offset` on, to the end of what has been written to
+/// `to`, whose next write position is `position`; the two may be one file. Memory use does not
+/// depend on the size. Returns the new position. Throws FileError.
 std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to, std::uint64_t position);
 
 /// Copies the file `source` to `target`, content only. Whatever stands at `target`, a link too, is

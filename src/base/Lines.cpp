@@ -5,7 +5,7 @@
 namespace repvolta {
 namespace {
 
-constexpr std::size_t kBlock = 128 * 1024;
+constexpr std::size_t kBlock = std::size_t{128} * 1024;
 
 using TakeLine = std::function<bool(std::string_view)>;
 

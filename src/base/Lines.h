@@ -7,7 +7,7 @@
 namespace repvolta {
 
 /// What is kept of a longer line: no path is as long.
-inline constexpr std::size_t kLongestLine = 64 * 1024;
+inline constexpr std::size_t kLongestLine = std::size_t{64} * 1024;
 
 /// Calls `take` for each line of a text file, without its line end (LF or CR LF); a last line needs
 /// none. Stops when `take` returns false. Memory use does not depend on the size of the file.

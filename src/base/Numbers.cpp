@@ -1,8 +1,10 @@
 #include "base/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <stdexcept>
 
@@ -21,12 +23,30 @@ bool StartsNumber(std::string_view text) {
   return !text.empty() && IsDigit(text[0]);
 }
 
-/// What a number that is too large or too small for a double comes to: the digits decide which.
+/// The power of ten of the first digit that is not zero.
+std::ptrdiff_t PowerOfTen(std::string_view digits) {
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  const std::size_t first = std::min(digits.find_first_of("123456789"), digits.size());
+  const auto power = static_cast<std::ptrdiff_t>(point) - static_cast<std::ptrdiff_t>(first);
+  return first < point ? power - 1 : power;
+}
+
+/// The number behind the "e"; a far too large one is only that.
+std::ptrdiff_t Exponent(std::string_view text) {
+  constexpr std::ptrdiff_t kFarTooLarge = std::numeric_limits<std::ptrdiff_t>::max() / 2;
+  if (text.starts_with('+')) text.remove_prefix(1);
+  std::ptrdiff_t exponent = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), exponent);
+  if (error == std::errc::result_out_of_range) return text[0] == '-' ? -kFarTooLarge : kFarTooLarge;
+  return std::clamp(exponent, -kFarTooLarge, kFarTooLarge);
+}
+
+/// What a number that is too large or too small for a double comes to.
 double OutOfRange(std::string_view number) {
-  const std::size_t exponent = number.find_first_of("eE");
-  const bool small = exponent == std::string_view::npos ? number[0] == '0' || number[0] == '.'
-                                                        : number[exponent + 1] == '-';
-  return small ? 0.0 : std::numeric_limits<double>::infinity();
+  const std::size_t e = std::min(number.find_first_of("eE"), number.size());
+  std::ptrdiff_t power = PowerOfTen(number.substr(0, e));
+  if (e < number.size()) power += Exponent(number.substr(e + 1));
+  return power < 0 ? 0.0 : std::numeric_limits<double>::infinity();
 }
 
 std::string TwoDigits(int value) {

@@ -14,6 +14,7 @@ namespace {
 class Converter {
  public:
   Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): so iconv_open says that it failed.
     if (handle_ == reinterpret_cast<iconv_t>(-1)) {
       throw std::system_error(errno, std::generic_category(), "no conversion to the code page");
     }

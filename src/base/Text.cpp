@@ -83,7 +83,7 @@ std::u32string FoldCase(std::string_view text) {
       folded +=
           static_cast<char32_t>(towlower_l(static_cast<wint_t>(character->code), NeutralLocale()));
     } else {
-      folded += 0x110000 + static_cast<char32_t>(static_cast<unsigned char>(text[0]));
+      folded += static_cast<char32_t>(0x110000U + static_cast<unsigned char>(text[0]));
     }
     text.remove_prefix(character ? character->size : 1);
   }

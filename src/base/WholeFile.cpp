@@ -14,7 +14,7 @@
 namespace repvolta {
 namespace {
 
-constexpr std::size_t kPendingLimit = 256 * 1024;
+constexpr std::size_t kPendingLimit = std::size_t{256} * 1024;
 constexpr unsigned kPrivate = 0600;
 
 File CreateBeside(const std::string& path) {

@@ -11,7 +11,7 @@
 namespace repvolta {
 namespace {
 
-constexpr std::size_t kLongestList = 1024 * 1024;
+constexpr std::size_t kLongestList = std::size_t{1024} * 1024;
 
 /// The lines in UTF-8, without line ends and blanks around them.
 std::vector<std::string> Lines(const std::string& path) {

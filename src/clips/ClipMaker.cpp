@@ -12,7 +12,7 @@
 namespace repvolta {
 namespace {
 
-constexpr std::size_t kLargestRecording = 256 * 1024 * 1024;
+constexpr std::size_t kLargestRecording = std::size_t{256} * 1024 * 1024;
 
 void CreateFolder(const std::string& folder) {
   std::error_code error;
@@ -45,6 +45,7 @@ void MakeClips(SpeechEngine& engine, const std::vector<ClipWords>& clips,
   const std::vector<EngineVoice> voices = engine.Voices();
   if (voices.empty()) throw ClipError("no voice of flite is installed");
   std::vector<Sound> sounds;
+  sounds.reserve(clips.size());
   for (const ClipWords& clip : clips) {
     sounds.push_back(WordOf(engine.Speak(clip.words, voices.front(), 1), clip.file));
   }

@@ -11,7 +11,8 @@ namespace {
 
 /// The samples and, before them, the last byte of the header, which is copied along.
 constexpr std::uint64_t kCopyOffset = kWavHeaderSize - 1;
-constexpr std::uint64_t kRiffHeaderSize = 8;  // "RIFF" and the size, which does not count them
+constexpr std::int64_t kRiffHeaderSize = 8;  // "RIFF" and the size, which does not count them
+constexpr std::int64_t kBeforeData = kWavHeaderSize + 1;
 
 /// Joining never stops an update: a step that fails is passed over and the next one runs.
 template <class Statement>
@@ -22,7 +23,7 @@ void Try(Statement statement) {
   }
 }
 
-void WriteNumber(File& file, std::uint64_t offset, std::uint64_t value) {
+void WriteNumber(File& file, std::uint64_t offset, std::int64_t value) {
   if (value > std::numeric_limits<std::uint32_t>::max()) return;
   Bytes bytes(4);
   StoreLittleEndian(bytes, static_cast<std::uint32_t>(value));
@@ -30,15 +31,16 @@ void WriteNumber(File& file, std::uint64_t offset, std::uint64_t value) {
 }
 
 /// The copied header byte replaces the last byte of the target, and the data size is one less than
-/// the bytes behind the header. Both are meant: joined files have always been so.
+/// the bytes behind the header, so -1 where none are. Both are meant: joined files have always been
+/// so.
 void Append(File& target, const File& source) {
   const std::uint64_t length = target.Size();
   if (source.Size() < kWavHeaderSize || length < kWavHeaderSize) return;
   Try([&] { CopyContent(source, kCopyOffset, target, length - 1); });
-  const std::uint64_t newLength = target.Size();
+  const auto newLength = static_cast<std::int64_t>(target.Size());
   Try([&] { WriteNumber(target, kRiffSizeOffset, newLength - kRiffHeaderSize); });
   Try([&] { WriteNumber(target, kFormatSizeOffset, kFormatChunkSize); });
-  Try([&] { WriteNumber(target, kDataSizeOffset, newLength - kWavHeaderSize - 1); });
+  Try([&] { WriteNumber(target, kDataSizeOffset, newLength - kBeforeData); });
 }
 
 }  // namespace

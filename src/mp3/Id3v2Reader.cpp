@@ -17,7 +17,7 @@ constexpr std::size_t kChunkOverlap = 3;
 constexpr std::string_view kAudioStart = "\xFF\xFB";
 
 constexpr int kMostFrames = 4096;
-constexpr std::size_t kMostBytesHeld = 4 * 1024 * 1024;
+constexpr std::size_t kMostBytesHeld = std::size_t{4} * 1024 * 1024;
 
 std::int32_t PositionPast(std::uint64_t offset, const std::string& path) {
   const std::uint64_t position = offset + kId3v2Marker.size() + 1;

@@ -37,7 +37,12 @@ void RepvoltaMP3::RemoveLeadingData(FileTimes times) {
     CopyRest(file, static_cast<std::uint64_t>(info_.headerOffset), writer);
     writer.Commit();
   }
-  ReadMP3Header();
+  try {
+    ReadMP3Header();
+  } catch (const DivisionByZero&) {
+    // The average bit rate counts the whole file, so less of it can have none.
+    ResetMP3Info(AfterReset::kEmptiesFileName);
+  }
   if (times == FileTimes::kKept) SetTimes(path, timesBefore);
 }
 

@@ -44,8 +44,9 @@ class RepvoltaMP3 {
 
   void ResetMP3Info(AfterReset after);
 
-  /// Cuts off all that stands before the first frame, all or nothing. kKept sets the times of last
-  /// access and last change back. Throws FileError.
+  /// Cuts off all that stands before the first frame, all or nothing, and reads what is left; where
+  /// its figures divide by zero, nothing is then known. kKept sets the times of last access and
+  /// last change back. Throws FileError.
   void RemoveLeadingData(FileTimes times);
 
   bool HasID3v2() const { return info_.hasID3v2; }

@@ -27,7 +27,7 @@ struct ChildResult {
   std::string output;  // the beginning of its standard output, at most kChildOutputLimit bytes
 };
 
-inline constexpr std::size_t kChildOutputLimit = 1024 * 1024;
+inline constexpr std::size_t kChildOutputLimit = std::size_t{1024} * 1024;
 
 /// Runs child programs one at a time and waits for each one's end.
 class ChildProcesses {

@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kLargestSound = 64 * 1024 * 1024;
+constexpr std::size_t kLargestSound = std::size_t{64} * 1024 * 1024;
 
 /// espeak-ng cuts off the names of its files at 199 bytes.
 constexpr std::size_t kLongestFolder = 150;

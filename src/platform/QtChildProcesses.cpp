@@ -30,7 +30,9 @@ std::string FindProgram(const std::string& name) {
   const char* path = std::getenv("PATH");
   std::istringstream folders(path == nullptr ? "" : path);
   for (std::string folder; std::getline(folders, folder, ':');) {
-    if (!folder.empty() && IsProgram(folder + "/" + name)) return folder + "/" + name;
+    if (folder.empty()) continue;
+    const std::string program = folder.append("/").append(name);
+    if (IsProgram(program)) return program;
   }
   return "";
 }

@@ -3,13 +3,17 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "ui/EmptyListHint.h"
 
 namespace repvolta {
 namespace {
 
-constexpr int kNarrowest = 9;  // characters
+// The least that is shown of a list.
+constexpr int kFewestRows = 3;
+constexpr int kFewestCharacters = 9;
+
 constexpr int kRowMargin = 3;  // of a font's height: the part that a row is higher
 
 }  // namespace
@@ -31,6 +35,11 @@ void RowList::SetVisibleRows(int rows) {
   updateGeometry();
 }
 
+void RowList::SetVisibleCharacters(int characters) {
+  visibleCharacters_ = characters;
+  updateGeometry();
+}
+
 int RowList::SelectedRow() const {
   const QList<QListWidgetItem*> selected = selectedItems();
   return selected.isEmpty() ? -1 : row(selected.first());
@@ -49,35 +58,50 @@ void RowList::SetRows(const QStringList& rows) {
   const int position = verticalScrollBar()->value();
   clear();
   addItems(rows);
+  const QString help = toolTip().isEmpty() ? QString() : "<br>" + toolTip().toHtmlEscaped();
   for (int i = 0; i < count(); ++i) {
     // As rich text, so that no character of the row is taken for markup.
-    item(i)->setToolTip("<qt>" + rows[i].toHtmlEscaped() + "</qt>");
+    item(i)->setToolTip("<qt>" + rows[i].toHtmlEscaped() + help + "</qt>");
   }
   doItemsLayout();
   verticalScrollBar()->setValue(position);
 }
 
-QSize RowList::SizeOfRows(int rows) const {
+QSize RowList::SizeOf(int characters, int rows) const {
   const int rowHeight = fontMetrics().height() + fontMetrics().height() / kRowMargin;
-  return {fontMetrics().averageCharWidth() * kNarrowest + 2 * frameWidth(),
+  return {fontMetrics().averageCharWidth() * characters + 2 * frameWidth(),
           rowHeight * rows + 2 * frameWidth()};
 }
 
-QSize RowList::sizeHint() const { return SizeOfRows(visibleRows_); }
+QSize RowList::sizeHint() const { return SizeOf(visibleCharacters_, visibleRows_); }
 
-QSize RowList::minimumSizeHint() const { return SizeOfRows(visibleRows_ > 3 ? 3 : visibleRows_); }
+QSize RowList::minimumSizeHint() const {
+  return SizeOf(std::min(visibleCharacters_, kFewestCharacters),
+                std::min(visibleRows_, kFewestRows));
+}
 
 void RowList::EmitChosen() {
   if (SelectedRow() >= 0) emit RowChosen(SelectedRow());
 }
 
 void RowList::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-    QListWidget::keyPressEvent(event);
-    return;
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      event->accept();
+      if (!event->isAutoRepeat()) EmitChosen();
+      return;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      if (event->modifiers() == Qt::NoModifier && SelectedRow() < 0 && currentRow() >= 0) {
+        SelectRow(currentRow());
+        return;
+      }
+      break;
+    default:
+      break;
   }
-  event->accept();
-  if (!event->isAutoRepeat()) EmitChosen();
+  QListWidget::keyPressEvent(event);
 }
 
 void RowList::mouseDoubleClickEvent(QMouseEvent* event) {

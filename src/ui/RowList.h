@@ -11,6 +11,7 @@ class RowList : public QListWidget {
   Q_OBJECT
   Q_PROPERTY(QString hint READ Hint WRITE SetHint)
   Q_PROPERTY(int visibleRows READ VisibleRows WRITE SetVisibleRows)
+  Q_PROPERTY(int visibleCharacters READ VisibleCharacters WRITE SetVisibleCharacters)
 
  public:
   explicit RowList(QWidget* parent = nullptr);
@@ -19,9 +20,11 @@ class RowList : public QListWidget {
   QString Hint() const { return accessibleDescription(); }
   void SetHint(const QString& hint);
 
-  /// The height that the list would like to have.
+  // The height and the width that the list would like to have.
   int VisibleRows() const { return visibleRows_; }
   void SetVisibleRows(int rows);
+  int VisibleCharacters() const { return visibleCharacters_; }
+  void SetVisibleCharacters(int characters);
 
   int SelectedRow() const;  // -1: none
   void SelectRow(int row);  // a row that is not there: none
@@ -43,10 +46,11 @@ class RowList : public QListWidget {
 
  private:
   void EmitChosen();
-  QSize SizeOfRows(int rows) const;
+  QSize SizeOf(int characters, int rows) const;
 
   QObject* hint_ = nullptr;
   int visibleRows_ = 3;
+  int visibleCharacters_ = 9;
 };
 
 }  // namespace repvolta

@@ -60,7 +60,8 @@ void OutputFolder::Clear(const std::vector<std::string>& keep) {
   use_ = Use::kAddOnly;
   for (const std::string& path : keep) {
     if (!path.empty() && IsOrHolds(Resolved(folder), Resolved(path))) {
-      throw std::runtime_error(folder + " is not deleted: " + path + " lies there");
+      throw std::runtime_error(
+          std::string(folder).append(" is not deleted: ").append(path).append(" lies there"));
     }
   }
   use_ = Use::kReplace;

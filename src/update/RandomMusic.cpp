@@ -47,7 +47,7 @@ class RandomFill {
   std::string Draw() {
     std::string path;
     steps_.Run([&] {
-      const std::int16_t longest = CheckedInt16(exercise_.TargetExerciseTime * 2);
+      const std::int16_t longest = CheckedInt16(std::int64_t{exercise_.TargetExerciseTime} * 2);
       path = GetRandomMusicFile(program_.state.RandomMusicFiles, 0, longest, program_.random);
     });
     return path;

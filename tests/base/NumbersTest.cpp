@@ -39,6 +39,14 @@ TEST(LeadingNumber, IsZeroWhenTooSmall) {
   EXPECT_EQ(LeadingNumber("0." + std::string(500, '0') + "1"), 0);
 }
 
+TEST(LeadingNumber, WeighsDigitsAndExponentOfANumberThatDoesNotFit) {
+  const std::string zeros(500, '0');
+  EXPECT_EQ(LeadingNumber("0." + zeros + "1e5"), 0);
+  EXPECT_TRUE(std::isinf(LeadingNumber("1" + zeros + "e-5")));
+  EXPECT_TRUE(std::isinf(LeadingNumber("0.1" + zeros + "E+99999999999999999999")));
+  EXPECT_EQ(LeadingNumber("1e-99999999999999999999"), 0);
+}
+
 TEST(NumberText, HasNoZeroBeforeThePoint) {
   EXPECT_EQ(NumberText(0.5F), ".5");
   EXPECT_EQ(NumberText(-0.25F), "-.25");

@@ -6,6 +6,7 @@
 
 #include "fakes/RecordingScreen.h"
 #include "support/ClipBytes.h"
+#include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -53,6 +54,20 @@ TEST_F(MergeWAV, LeavesTheSourceAlone) {
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
   MergeWAVfiles("target.wav", "source.wav", screen);
   EXPECT_EQ(GetFile("source.wav"), source);
+}
+
+TEST_F(MergeWAV, WritesADataSizeOfMinusOneForTwoEmptyClips) {
+  PutFile("source.wav", ClipBytes({}));
+  PutFile("target.wav", ClipBytes({}));
+  MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_EQ(TargetNumber(42), 0xFFFFFFFFU);
+}
+
+TEST_F(MergeWAV, JoinsAFileToItselfOnce) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  const FullDisk endsWhatRunsOn(1024 * 1024);
+  MergeWAVfiles("target.wav", "target.wav", screen);
+  EXPECT_EQ(GetFile("target.wav").size(), 446U);
 }
 
 TEST_F(MergeWAV, WritesTheFormatSizeWhateverItWas) {

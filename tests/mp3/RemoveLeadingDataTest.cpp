@@ -35,6 +35,32 @@ struct stat StatusNow() {
   return status;
 }
 
+/// The average bit rate counts the tag too, and is 0 without it.
+Mp3Bytes SongWithoutABitRateOfItsOwn() {
+  return Mp3Bytes()
+      .Id3v2(Id3v2Bytes().Syncsafe().Text("TIT2", "Title").Padding(3000))
+      .Frame({}, 60)
+      .Xing(1, 100);
+}
+
+TEST(RemoveLeadingData, KnowsNothingOfAFileThatDividesByZeroWithoutItsTag) {
+  TemporaryFolder folder;
+  PutFile("song.mp3", SongWithoutABitRateOfItsOwn());
+  RepvoltaMP3 mp3;
+  mp3.SetFileName("song.mp3");
+  mp3.RemoveLeadingData(RepvoltaMP3::FileTimes::kKept);
+  EXPECT_EQ(GetFile("song.mp3").size(), 60U);
+  EXPECT_FALSE(mp3.HasID3v2());
+}
+
+TEST(RemoveLeadingData, KeepsTheTimesOfAFileThatDividesByZeroWithoutItsTag) {
+  TemporaryFolder folder;
+  PutFile("song.mp3", SongWithoutABitRateOfItsOwn());
+  SetOldTimes();
+  Cut();
+  EXPECT_EQ(StatusNow().st_mtim.tv_sec, kChange.tv_sec);
+}
+
 TEST(RemoveLeadingData, CutsTheTagAndTheGarbageBehindIt) {
   TemporaryFolder folder;
   const Mp3Bytes audio = Mp3Bytes().Frames(3).Id3v1("Title");

@@ -14,7 +14,7 @@ class WavBytes {
   WavBytes() { Text("RIFF").U32(0xFFFFFFFF).Text("WAVE"); }
 
   WavBytes& Text(std::string_view text) {
-    bytes_.insert(bytes_.end(), text.begin(), text.end());
+    for (const char c : text) bytes_.push_back(static_cast<Byte>(c));
     return *this;
   }
   WavBytes& U16(std::uint16_t value) { return Number(value); }

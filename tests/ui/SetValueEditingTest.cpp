@@ -1,6 +1,8 @@
 #include <QDate>
 #include <QLocale>
 
+#include "base/Numbers.h"
+
 #include "support/FormFixture.h"
 
 namespace repvolta {
@@ -55,12 +57,12 @@ TEST_F(SetValueEditing, EachListChangesItsOwnNumberAndSavesIt) {
   for (const ValueList& list : kValueLists) {
     ExerciseRecord expected = Saved()[0];
     (expected.*list.number)[1] = value;
-    Change(list.name, 1, std::to_string(value).substr(0, 3));
+    Change(list.name, 1, ListNumberText(value));
     ExerciseRecord saved = Saved()[0];
     saved.NextUpdate1 = expected.NextUpdate1;
     saved.NextUpdate2 = expected.NextUpdate2;
     EXPECT_EQ(saved, expected) << list.name;
-    EXPECT_EQ(Rows(list.name)[1], std::to_string(value).substr(0, 3)) << list.name;
+    EXPECT_EQ(Rows(list.name)[1], ListNumberText(value)) << list.name;
     EXPECT_EQ(List(list.name).SelectedRow(), 1) << list.name;
     value += 1;
   }

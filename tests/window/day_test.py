@@ -10,8 +10,9 @@ from support import WindowTest
 WORKOUT_TAB = "Workout Setup/Exercise Selection"
 EXERCISE_TAB = "Exercise Setup"
 SETTINGS_TAB = "Program Settings"
-SET_LISTS = ["First value", "Second value", "First increment", "Second increment",
-             "First frequency in days", "Second frequency in days", "Days to the next increments"]
+SET_LISTS = ["First value: Weight", "Second value: Reps", "First increment: Weight",
+             "Second increment: Reps", "First frequency in days: Weight",
+             "Second frequency in days: Reps", "Days to the next increments"]
 
 
 def today():
@@ -55,8 +56,8 @@ class Day(WindowTest):
     def change(self, name, row, value):
         """Enter on a row of a set list does what a double click does."""
         program = self.program
-        program.focus(program.find(program.main(), "list", name))
-        keys("Home", *["Down"] * row, "Return")
+        program.select(name, row)
+        keys("Return")
         self.assertEqual(program.answer("Change Exercise Value", value), "Enter new Value:")
         program.main()
 
@@ -142,10 +143,10 @@ class Day(WindowTest):
 
         self.add_set("20.5", "12")
         self.add_set("25", "10")
-        self.change("First increment", 0, "2.5")
-        self.change("First frequency in days", 0, "7")
-        self.change("Second value", 1, "8")
-        self.change("Second increment", 1, "-5")
+        self.change("First increment: Weight", 0, "2.5")
+        self.change("First frequency in days: Weight", 0, "7")
+        self.change("Second value: Reps", 1, "8")
+        self.change("Second increment: Reps", 1, "-5")
         program.press("Imperial (Pounds/Miles)", role="radio button")
         self.add_music(self.songs[0])
         self.add_music(self.songs[1])

@@ -14,7 +14,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-LIMIT = 30  # seconds; nothing here takes as long
+LIMIT = 40  # seconds; nothing here takes as long
 PAUSE = 0.03
 
 
@@ -62,7 +62,7 @@ def keys(*names):
 
 
 def type_text(text):
-    subprocess.run(["xdotool", "type", "--delay", "2", text], check=True)
+    subprocess.run(["xdotool", "type", "--delay", "2", "--", text], check=True)
 
 
 def active_title():
@@ -93,10 +93,13 @@ def showing(node):
 
 
 def heard_name(node):
-    """What a screen reader says: the text of the label, if the control has one, else its name."""
+    """What a screen reader says: the text of the label, if the control has one, else its name. The
+    group around a control counts as a label, too, but names the group."""
     for relation in node.get_relation_set():
         if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
-            return relation.get_target(0).get_name()
+            for index in range(relation.get_n_targets()):
+                if relation.get_target(index).get_role_name() == "label":
+                    return relation.get_target(index).get_name()
     return node.get_name()
 
 
@@ -236,29 +239,33 @@ class Program:
                 if item.get_role_name() == "list item"]
 
     def select(self, name, item, window=None):
-        """Goes to a list and down to an entry."""
+        """Goes to a list and to an entry: its text, or its number."""
         control = self.find(window or self.main(), "list", name)
         self.focus(control)
         keys("Home")
 
         def reached():
-            selected = [entry.get_name() for entry in children(control)
+            entries = [entry for entry in children(control)
+                       if entry.get_role_name() == "list item"]
+            selected = [number for number, entry in enumerate(entries)
                         if has_state(entry, Atspi.StateType.SELECTED)]
-            if selected == [item]:
+            if selected and item in (selected[0], entries[selected[0]].get_name()):
                 return True
             keys("Down" if selected else "space")
             return False
         wait_for(f"{item!r} to be selected", reached)
 
     def tab(self, title):
-        """Turns the tabs until that one is shown."""
+        """Goes along the tabs until that one is shown."""
         def turned():
-            main = self.main()
-            for tab in self.controls(main, "page tab"):
-                if tab.get_name() == title and has_state(tab, Atspi.StateType.SELECTED):
-                    return True
-            keys("ctrl+Next")
-            return False
+            strip = self.controls(self.main(), "page tab list")[0]
+            # The strip bears the name of the tab that is shown.
+            titles = [tab.get_name() for tab in children(strip)
+                      if tab.get_role_name() == "page tab"]
+            behind = titles.index(title) - titles.index(strip.get_name())
+            if behind:
+                keys("ctrl+Next" if behind > 0 else "ctrl+Prior")
+            return behind == 0
         wait_for(f"the tab {title!r}", turned)
 
     def exit(self):

@@ -1,0 +1,88 @@
+#include <algorithm>
+
+#include "instruction/MergeWAVfiles.h"
+#include "platform/WavFormat.h"
+
+#include "support/Cost.h"
+#include "support/Fuzz.h"
+
+// The input is a choice, then two files. They are joined as the rule says.
+
+namespace repvolta {
+namespace {
+
+constexpr const char* kTarget = "temp.wav";
+constexpr const char* kSource = "clip.wav";
+
+class CountingLog : public ProgressLog {
+ public:
+  void AddLineToUpdateList(std::string_view line) override {
+    Require(line.starts_with("ERROR: ") && line.ends_with(" NOT FOUND."), "a log line");
+    ++lines;
+  }
+  int lines = 0;
+};
+
+void Put32(Bytes& file, std::size_t offset, std::size_t value) {
+  StoreLittleEndian(std::span(file).subspan(offset), static_cast<std::uint32_t>(value));
+}
+
+/// The last byte of the target gives way to the last byte of the source's header, which its samples
+/// follow; then the sizes are set.
+Bytes JoinedByRule(std::span<const Byte> target, std::span<const Byte> source) {
+  Bytes joined(target.begin(), target.end());
+  if (target.size() < kWavHeaderSize || source.size() < kWavHeaderSize) return joined;
+  joined.pop_back();
+  joined.insert(joined.end(), source.begin() + kWavHeaderSize - 1, source.end());
+  Require(joined.size() == target.size() + source.size() - kWavHeaderSize, "the rule's length");
+  Put32(joined, kRiffSizeOffset, joined.size() - 8);
+  Put32(joined, kFormatSizeOffset, kFormatChunkSize);
+  Put32(joined, kDataSizeOffset, joined.size() - kWavHeaderSize - 1);
+  return joined;
+}
+
+void JoinTwo(std::span<const Byte> target, std::span<const Byte> source) {
+  PutFile(kTarget, target);
+  PutFile(kSource, source);
+  CountingLog log;
+  {
+    const LinearCost cost(target.size() + source.size());
+    MergeWAVfiles(kTarget, kSource, log);
+  }
+  Require(log.lines == 0, "two files that are there are joined");
+  Require(GetFile(kTarget) == JoinedByRule(target, source), "the joined file is the rule's");
+  Require(std::ranges::equal(GetFile(kSource), source), "the clip is untouched");
+}
+
+/// A file joined to itself: ends, and is no longer than twice as long.
+void JoinToItself(std::span<const Byte> target) {
+  PutFile(kTarget, target);
+  CountingLog log;
+  MergeWAVfiles(kTarget, kTarget, log);
+  Require(GetFile(kTarget).size() == JoinedByRule(target, target).size(),
+          "a file joins itself once");
+}
+
+void JoinMissing(std::span<const Byte> target) {
+  PutFile(kTarget, target);
+  CountingLog log;
+  MergeWAVfiles(kTarget, "missing.wav", log);
+  Require(log.lines == 1, "a missing clip is told");
+  Require(std::ranges::equal(GetFile(kTarget), target), "a missing clip changes nothing");
+}
+
+}  // namespace
+}  // namespace repvolta
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace repvolta;
+  static const FuzzFolder folder;
+  FuzzInput input(data, size);
+  const Byte choice = input.TakeByte();
+  const auto files = input.Rest().subspan(std::min<std::size_t>(input.Rest().size(), 2));
+  const std::size_t split = files.empty() ? 0 : input.TakeNumber() % (files.size() + 1);
+  JoinTwo(files.first(split), files.subspan(split));
+  if (choice % 8 == 1) JoinToItself(files.first(split));
+  if (choice % 8 == 2) JoinMissing(files);
+  return 0;
+}

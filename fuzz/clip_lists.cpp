@@ -1,0 +1,49 @@
+#include <algorithm>
+
+#include "base/FileNames.h"
+#include "base/Text.h"
+
+#include "clips/ClipLists.h"
+#include "support/Cost.h"
+#include "support/Fuzz.h"
+
+// The input is a list of clips. Whatever its lines say, no clip's file leads out of the folder.
+
+namespace repvolta {
+namespace {
+
+constexpr const char* kList = "list.txt";
+
+void RequireSafe(const std::vector<ClipWords>& clips, std::size_t mostClips,
+                 std::string_view folder) {
+  Require(clips.size() <= mostClips, "a line is one clip at the most");
+  for (const ClipWords& clip : clips) {
+    Require(clip.file.starts_with(folder), "the folder");
+    const std::string name = clip.file.substr(folder.size());
+    Require(IsFileName(name) && name.find('/') == std::string::npos, "a clip's file is a name");
+    Require(!clip.words.empty() && TrimBlanks(clip.words) == clip.words, "a clip has words");
+    Require(IsUtf8(clip.words), "words are UTF-8");
+  }
+}
+
+}  // namespace
+}  // namespace repvolta
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace repvolta;
+  static const FuzzFolder folder;
+  const std::span<const Byte> list(data, size);
+  PutFile(kList, list);
+  const auto lines = static_cast<std::size_t>(std::ranges::count(list, Byte{'\n'})) + 1;
+  std::vector<ClipWords> names;
+  std::vector<ClipWords> words;
+  {
+    // Each clip is two texts.
+    const LinearCost cost(size + lines * 2 * sizeof(ClipWords));
+    names = ReadNameList(kList);
+    Succeeds<ClipError>([&] { words = ReadWordList(kList); });
+  }
+  RequireSafe(names, lines, "exercise/");
+  RequireSafe(words, lines, "");
+  return 0;
+}

@@ -1,0 +1,90 @@
+#include <algorithm>
+#include <array>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include "mp3/ProcessMP3tag.h"
+#include "mp3/RepvoltaMP3.h"
+#include "mp3/RepvoltaMP3v2.h"
+
+#include "support/Cost.h"
+#include "support/Fuzz.h"
+#include "support/Mp3Rule.h"
+
+// The input is an MP3 file. Cutting off what stands before its first frame leaves the rest as it
+// is, byte for byte, and its times; so does tagging it, behind the new tag.
+
+namespace repvolta {
+namespace {
+
+constexpr const char* kSong = "song.mp3";
+
+class Log : public ProgressLog {
+ public:
+  void AddLineToUpdateList(std::string_view /*line*/) override {}
+};
+
+/// Seconds and nanoseconds of the last change.
+std::array<std::int64_t, 2> TimeOfChange() {
+  struct stat status {};
+  Require(stat(kSong, &status) == 0, "the file is there");
+  return {status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+}
+
+/// Puts a file with a date long ago.
+void PutOldFile(std::span<const Byte> file) {
+  PutFile(kSong, file);
+  const std::array<timespec, 2> times{{{1000000000, 1}, {1100000000, 2}}};
+  Require(utimensat(AT_FDCWD, kSong, times.data(), 0) == 0, "a file can be given a date");
+}
+
+void CutAndCompare(std::span<const Byte> file, const Mp3ByRule& rule) {
+  PutOldFile(file);
+  const auto timeBefore = TimeOfChange();
+  RepvoltaMP3 mp3;
+  Require(Succeeds<std::exception>([&] { mp3.SetFileName(kSong); }), "a file can be examined");
+  {
+    const LinearCost cost(file.size());
+    mp3.RemoveLeadingData(RepvoltaMP3::FileTimes::kKept);
+  }
+  const bool cuts = rule.result != RuleResult::kNoFrame;
+  const auto rest = file.subspan(cuts ? static_cast<std::size_t>(rule.headerOffset) : 0);
+  Require(std::ranges::equal(GetFile(kSong), rest), "what is left begins with the first frame");
+  Require(TimeOfChange() == timeBefore, "the times are kept");
+}
+
+/// The frame that the rule found is behind the new tag, and so is all that follows it.
+void TagAndCompare(std::span<const Byte> file, const Mp3ByRule& rule) {
+  PutFile(kSong, file);
+  Log log;
+  const bool done =
+      Succeeds<std::exception>([&] { ProcessMP3tag(kSong, "three sets", "Monday.RPV", log); });
+  const Bytes after = GetFile(kSong);
+  if (rule.result == RuleResult::kFrame) Require(done, "a file with a frame is tagged");
+  if (rule.result != RuleResult::kFrame || !rule.hasID3v2) return;
+  const auto audio = file.subspan(static_cast<std::size_t>(rule.headerOffset));
+  const TagByRule inside = ReadTagByRule(audio);
+  if (inside.present) return;  // It is taken for the file's tag, and written over.
+  Require(after.size() >= audio.size() &&
+              std::ranges::equal(std::span(after).last(audio.size()), audio),
+          "tagging leaves the audio as it was");
+  cMP3ID3v2 tag;
+  tag.SetFileName(kSong);
+  Require(tag.Title() == "song three sets", "the title is in the file");
+}
+
+}  // namespace
+}  // namespace repvolta
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace repvolta;
+  static const FuzzFolder folder;
+  const std::span<const Byte> file(data, size);
+  const Mp3ByRule rule = ExamineByRule(file, TagsInside::kIgnored);
+  const bool isUnderstood =
+      rule.result == RuleResult::kFrame || rule.result == RuleResult::kNoFrame;
+  if (isUnderstood) CutAndCompare(file, rule);
+  TagAndCompare(file, rule);
+  Require(folder.CountEntries() == 1, "nothing stays behind");
+  return 0;
+}

@@ -1,0 +1,83 @@
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+#include "app/ProgramState.h"
+#include "base/Lines.h"
+#include "base/Text.h"
+#include "update/RandomMusicList.h"
+
+#include "support/Cost.h"
+#include "support/Fuzz.h"
+
+// The input is names, of files and folders of a music folder. The list that is made of it has each
+// music file once, and nothing else.
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kMostNames = 32;
+constexpr std::size_t kLongestName = 255;
+
+bool IsMusic(const std::string& name) {
+  if (name.size() < 4) return false;
+  std::string end = name.substr(name.size() - 4);
+  for (char& c : end) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  return end == ".mp3";
+}
+
+/// Makes what the input names: a file, or, where the name begins with "=", a folder, in which the
+/// further names are made. Returns the paths that the list must have.
+std::multiset<std::string> MakeMusic(std::span<const Byte> names, fs::path folder) {
+  std::multiset<std::string> music;
+  bool lineBreakAbove = false;
+  std::size_t count = 0;
+  while (!names.empty() && count++ < kMostNames) {
+    const auto end = std::ranges::find(names, Byte{0});
+    std::string name(names.begin(), end);
+    names = end == names.end() ? std::span<const Byte>() : std::span(end + 1, names.end());
+    std::ranges::replace(name, '/', '_');
+    if (name.empty() || name == "." || name == ".." || name.size() > kLongestName) continue;
+    const fs::path path = folder / name;
+    if (fs::exists(path) || path.native().size() > 2000) continue;
+    const bool breaks = lineBreakAbove || name.find_first_of("\r\n") != std::string::npos;
+    if (name.starts_with('=')) {
+      fs::create_directory(path);
+      folder = path;
+      lineBreakAbove = breaks;
+    } else {
+      PutFile(path, AsBytes("x"));
+      if (IsMusic(name) && !breaks) music.insert(path);
+    }
+  }
+  return music;
+}
+
+}  // namespace
+}  // namespace repvolta
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace repvolta;
+  static const FuzzFolder folder;
+  folder.Empty();
+  const std::string musicFolder = folder.Path() + "music";
+  fs::create_directory(musicFolder);
+  const auto expected = MakeMusic({data, size}, musicFolder);
+  {
+    const LinearCost cost(size);
+    CompileMusicList(musicFolder, nullptr);
+  }
+  std::multiset<std::string> listed;
+  ForEachLine(kMusicList, [&](std::string_view line) {
+    listed.emplace(line);
+    return true;
+  });
+  Require(listed == expected, "the list has each music file once, and nothing else");
+  ProgramState state;
+  CountRandomMusicFiles(state);
+  Require(state.RandomMusicFiles == static_cast<std::int32_t>(expected.size()), "the count");
+  Require(folder.CountEntries() == 2, "nothing stays behind");
+  return 0;
+}

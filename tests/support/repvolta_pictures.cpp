@@ -1,0 +1,170 @@
+#include <QApplication>
+#include <QDir>
+#include <QFont>
+#include <QListWidget>
+#include <QPalette>
+#include <QTabWidget>
+
+#include "app/Settings.h"
+#include "app/StartUp.h"
+#include "app/WorkoutFiles.h"
+#include "base/Clock.h"
+#include "ui/AboutForm.h"
+#include "ui/InputBox.h"
+#include "ui/MessageBox.h"
+#include "ui/QtDialogs.h"
+#include "ui/RandomMusicMessage.h"
+#include "ui/RepvoltaForm.h"
+#include "ui/SelectDirectory.h"
+#include "ui/SelectExerciseDialog.h"
+#include "ui/UpdateForm.h"
+
+#include "fakes/FakeServices.h"
+#include "support/TemporaryFolder.h"
+
+// Takes pictures of the windows: repvolta_pictures FOLDER light|dark [FONT SIZE].
+
+namespace repvolta {
+namespace {
+
+class Pictures {
+ public:
+  explicit Pictures(const QString& folder) : folder_(QDir(folder).absolutePath()) {
+    QDir().mkpath(folder_);
+  }
+
+  void Take(QWidget& window, const QString& name) const {
+    window.show();
+    // Folders are listed in the background.
+    for (int i = 0; i < 20; ++i) QApplication::processEvents(QEventLoop::AllEvents, 20);
+    window.grab().save(folder_ + "/" + name + ".png");
+    if (!qobject_cast<RepvoltaForm*>(&window)) window.hide();
+  }
+
+ private:
+  QString folder_;
+};
+
+class NoOutputs : public AudioOutputs {
+ public:
+  std::vector<std::string> Names() override { return {}; }
+};
+
+QPalette DarkPalette() {
+  QPalette dark(QColor(53, 53, 53));
+  dark.setColor(QPalette::Base, QColor(35, 35, 35));
+  dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  return dark;
+}
+
+ExerciseRecord SampleExercise(const char* name, float value) {
+  ExerciseRecord exercise;
+  exercise.ExerciseName = name;
+  exercise.TargetExerciseTime = 320;
+  exercise.TotalMusicTime = 375;
+  exercise.NumberOfSets = 3;
+  for (int set = 0; set < 3; ++set) {
+    exercise.SetValue1[set] = value + 2.5F * static_cast<float>(set);
+    exercise.SetValue2[set] = 12;
+    exercise.SetIncrement1[set] = 2.5F;
+    exercise.SetFrequency1[set] = 7;
+    exercise.NextUpdate1[set] = SystemClock().Today() - 2;
+    exercise.NextUpdate2[set] = SystemClock().Today();
+  }
+  exercise.NumberOfMusicFiles = 2;
+  exercise.MusicFile[0] = "/home/kim/Music/Café au lait.mp3";
+  exercise.MusicFile[1] = "/home/kim/Music/Long Run.mp3";
+  return exercise;
+}
+
+void MakeProgramDirectory(ProgramState& state) {
+  state.WorkoutFileName = "Monday.RPV";
+  state.Workout[0] = SampleExercise("Goblet Squat", 20);
+  state.Workout[1] = SampleExercise("Bench Press", 40);
+  state.Workout[2] = SampleExercise("走る", 5);
+  state.Workout[2].RandomMusic = kTrue;
+  SaveWorkout(state);
+  state.Settings.MusicPath = "/home/kim/Music";
+  state.Settings.OutputPath = "/home/kim/Player";
+  state.Settings.DefaultExerciseTime = 5;
+  SaveSettings(state);
+}
+
+void TakeDialogs(const Pictures& pictures) {
+  SelectExerciseDialog exercise({"Arms", "Legs"}, [](const std::string&) {
+    return std::vector<std::string>{"Front Squat", "Goblet Squat"};
+  });
+  pictures.Take(exercise, "SelectExerciseDialog-empty");
+  exercise.findChild<QListWidget*>("ExerciseTypeList")->setCurrentRow(1);
+  pictures.Take(exercise, "SelectExerciseDialog");
+  SelectDirectory directory(MountedVolumes(), QDir::homePath());
+  pictures.Take(directory, "SelectDirectory");
+  AboutForm about;
+  pictures.Take(about, "AboutForm");
+  InputBox input("Enter new Value:", "Change Exercise Value", "12.5");
+  pictures.Take(input, "InputBox");
+  MessageBox message("Are you SURE you want to delete workout\r<b>Monday</b>.RPV", "Delete Workout",
+                     QMessageBox::Ok | QMessageBox::Cancel);
+  pictures.Take(message, "MessageBox");
+  RandomMusicMessage wait;
+  pictures.Take(wait, "RandomMusicMessage");
+  UpdateForm update;
+  update.Show();
+  for (const char* line :
+       {"Updating workout: Monday", "Generating instructions: Goblet Squat",
+        "ERROR: File not found. /home/kim/Music/Long Run.mp3", "", "UPDATE COMPLETE."}) {
+    update.AddLine(line);
+  }
+  pictures.Take(update, "UpdateForm");
+}
+
+void TakeWindow(const Pictures& pictures) {
+  const TemporaryFolder folder;
+  ProgramState state;
+  state.ProgramDirectory = folder.Path();
+  MakeProgramDirectory(state);
+  const SystemClock clock;
+  TimerSeededNumbers random;
+  FakeProcesses processes;
+  FakeSpeech speech;
+  NoOutputs outputs;
+  QtDialogs dialogs;
+  UpdateForm progress;
+  RandomMusicMessage wait;
+  RepvoltaForm form({.state = state,
+                     .clock = clock,
+                     .random = random,
+                     .processes = processes,
+                     .speech = speech,
+                     .dialogs = dialogs,
+                     .progress = progress,
+                     .pleaseWait = wait,
+                     .openDocument = [](const std::string&) {}});
+  Form_Load(state, form, {speech, outputs, [] {}, [&] { state.RandomMusicFiles = 4321; }});
+  form.findChild<QListWidget*>("ExerciseList")->setCurrentRow(0);
+  auto& tabs = *form.findChild<QTabWidget*>("SSTab1");
+  for (const char* name : {"Workout", "Exercise", "Settings"}) {
+    pictures.Take(form, QString("RepvoltaForm-") + name);
+    tabs.setCurrentIndex(tabs.currentIndex() + 1);
+  }
+}
+
+}  // namespace
+}  // namespace repvolta
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  if (argc < 3) return 2;
+  if (QString(argv[2]) == "dark") QApplication::setPalette(repvolta::DarkPalette());
+  if (argc > 3) {
+    QFont font = QApplication::font();
+    font.setPointSize(QString(argv[3]).toInt());
+    QApplication::setFont(font);
+  }
+  const repvolta::Pictures pictures(argv[1]);
+  repvolta::TakeDialogs(pictures);
+  repvolta::TakeWindow(pictures);
+  return 0;
+}

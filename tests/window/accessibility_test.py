@@ -1,0 +1,83 @@
+"""What a screen reader finds, and what the keyboard alone reaches."""
+
+import collections
+
+from desktop import Atspi, has_state, heard_name, keys, showing, wait_for
+from support import WindowTest
+
+TABS = ["Workout Setup/Exercise Selection", "Exercise Setup", "Program Settings"]
+# What only groups or fills, and the entries of a list, which are heard by their text.
+NO_CONTROLS = {"filler", "panel", "layered pane", "list item", "table cell", "tree item", "page tab",
+               "dialog", "alert", "unknown"}
+
+
+class Accessibility(WindowTest):
+    def setUp(self):
+        super().setUp()
+        self.program = self.start_set_up()
+
+    def add_workout(self):
+        program = self.program
+        program.press("Create New Workout")
+        program.answer("New Workout", "Monday")
+        program.press("Add New Exercise")
+        dialog = program.window("Select Exercise")
+        self.check(dialog)
+        program.select("Exercise type", "Legs", dialog)
+        program.select("Exercise name", 0, dialog)
+        keys("Return")
+        wait_for("the exercise", lambda: program.items("Exercises"))
+        keys("Up")
+
+    def controls(self, window):
+        return [node for node in showing(window)
+                if has_state(node, Atspi.StateType.FOCUSABLE)
+                and node.get_role_name() not in NO_CONTROLS]
+
+    def check(self, window):
+        """Every control has a role and a name of its own."""
+        controls = self.controls(window)
+        self.assertNotEqual(controls, [])
+        names = collections.Counter(heard_name(control) for control in controls)
+        roles = {heard_name(control): control.get_role_name() for control in controls}
+        self.assertNotIn("", names, roles)
+        self.assertEqual([name for name, count in names.items() if count > 1], [])
+        self.assertNotIn("invalid", roles.values())
+
+    def check_reach(self, window):
+        """The Tab key comes by every control that can be used; arrow keys choose in a group."""
+        wanted = {heard_name(control) for control in self.controls(window)
+                  if has_state(control, Atspi.StateType.ENABLED)
+                  and control.get_role_name() != "radio button"}
+        reached = set()
+        for _ in range(2 * len(wanted) + 20):
+            before = self.program.focused(window)
+            reached |= {heard_name(node) for node in before}
+            if wanted <= reached:
+                break
+            keys("Tab")
+            wait_for("the focus to move", lambda: self.program.focused(window) != before, 10)
+        self.assertEqual(wanted - reached, set())
+
+    def test_names_every_control_and_reaches_it_by_keyboard(self):
+        self.add_workout()
+        for tab in TABS:
+            with self.subTest(tab):
+                self.program.tab(tab)
+                self.check(self.program.main())
+                self.check_reach(self.program.main())
+
+    def test_names_the_controls_of_the_boxes(self):
+        program = self.program
+        for open_it, title in ((lambda: program.press("Create New Workout"), "New Workout"),
+                               (lambda: keys("F1"), "About Repvolta")):
+            with self.subTest(title):
+                program.main()
+                open_it()
+                self.check(program.window(title))
+                keys("Escape")
+        program.tab(TABS[2])
+        program.press("Change Music Path")
+        picker = program.window("Select Directory")
+        self.check(picker)
+        self.check_reach(picker)

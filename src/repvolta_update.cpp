@@ -16,6 +16,7 @@
 #include "platform/EngineSpeech.h"
 #include "platform/ProgramDirectory.h"
 #include "platform/QtChildProcesses.h"
+#include "platform/UpdateLock.h"
 #include "update/RandomMusicList.h"
 #include "update/Steps.h"
 #include "update/UpdateCommands.h"
@@ -134,6 +135,7 @@ int Run(const std::string& executable, const std::vector<std::string>& arguments
   Console console;
   Load(state, console, executable);
   const std::vector<std::string> workouts = ChosenWorkouts(state, operands);
+  const UpdateLock lock(state.ProgramDirectory);
 
   SystemClock clock;
   TimerSeededNumbers random;

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "app/Records.h"
+#include "base/File.h"
 
 namespace repvolta {
 
@@ -15,6 +17,12 @@ struct VoiceState {
   std::int16_t Rate = 0;     // -10 .. 10
   std::int16_t Volume = 70;  // 0 .. 100
   std::int16_t Format = 14;  // position in FormatCB: SAFT16kHz16BitMono
+};
+
+/// A workout file as it was when it was last loaded or saved.
+struct KnownWorkoutFile {
+  std::string name;  // WorkoutFileName
+  FileStamp stamp;
 };
 
 /// Everything that the program holds in memory, one for the whole run.
@@ -28,7 +36,8 @@ struct ProgramState {
   std::int16_t NumberOfWorkouts = 0;
   std::vector<std::string> WorkoutNames;  // what WorkoutDropBox lists: file names with ".RPV"
   std::string WorkoutFileName;            // of the workout in memory; empty: none
-  std::int32_t RandomMusicFiles = 0;      // lines of "musiclist.txt" as last counted
+  std::optional<KnownWorkoutFile> KnownFile;
+  std::int32_t RandomMusicFiles = 0;  // lines of "musiclist.txt" as last counted
 
   bool ScreenUpdating = false;       // the program itself fills the controls
   bool UpdatingAllWorkouts = false;  // not saved

@@ -1,5 +1,6 @@
 #include "app/WorkoutFiles.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <sys/stat.h>
 
@@ -13,8 +14,18 @@
 namespace repvolta {
 namespace {
 
-std::string WorkoutPath(const ProgramState& state) {
-  return ExistingName(std::string(kWorkoutFolder) + state.WorkoutFileName);
+std::string WorkoutPath(const ProgramState& state, const std::string& directory = "") {
+  return ExistingName(directory + std::string(kWorkoutFolder) + state.WorkoutFileName);
+}
+
+bool IsOtherThanKnown(const ProgramState& state, const std::string& path) {
+  if (!state.KnownFile || state.KnownFile->name != state.WorkoutFileName) return false;
+  const std::optional<FileStamp> stamp = StampOf(path);
+  return stamp && *stamp != state.KnownFile->stamp;
+}
+
+void RememberPlaced(ProgramState& state, const WholeFileWriter& writer) {
+  if (const auto stamp = writer.Placed()) state.KnownFile = {state.WorkoutFileName, *stamp};
 }
 
 void MakeWorkoutFolder() {
@@ -31,6 +42,28 @@ std::int16_t CountExercises(ExerciseSlots& workout) {
     if (workout[i].ExerciseName.IsBlank()) return i;
   }
   return MaxExercises;
+}
+
+void ReadWorkout(ProgramState& state, const std::string& path) {
+  // Taken before the content: a change in between is then noticed, not lost.
+  const std::optional<FileStamp> stamp = StampOf(path);
+  state.Workout = DecodeWorkout(ReadWholeFile(path, kWorkoutFileSize));
+  state.KnownFile.reset();
+  if (stamp) state.KnownFile = {state.WorkoutFileName, *stamp};
+  state.NumberOfExercises = CountExercises(state.Workout);
+}
+
+/// What the lists of the window have rows for.
+std::vector<std::string> RowsOf(const ProgramState& state) {
+  std::vector<std::string> rows;
+  for (int i = 0; i < state.NumberOfExercises; ++i) {
+    const ExerciseRecord& exercise = state.Workout[i];
+    rows.push_back(exercise.ExerciseName.Text() + "/" + std::to_string(exercise.NumberOfSets));
+    if (i != state.CurrentExercise) continue;
+    const int files = std::min<int>(exercise.NumberOfMusicFiles, MaxMusicFiles);
+    for (int j = 0; j < files; ++j) rows.push_back(exercise.MusicFile[j].Text());
+  }
+  return rows;
 }
 
 }  // namespace
@@ -50,19 +83,47 @@ WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen) {
     screen.ShowMessage("Error: Workout file not found");
     return WorkoutLoad::kNotFound;
   }
-  state.Workout = DecodeWorkout(ReadWholeFile(path, kWorkoutFileSize));
-  state.NumberOfExercises = CountExercises(state.Workout);
+  ReadWorkout(state, path);
   state.CurrentExercise = 0;
   screen.UpdateWorkoutScreen();
   screen.UpdateExerciseScreen();
   return WorkoutLoad::kLoaded;
 }
 
-void SaveWorkout(const ProgramState& state) {
+void SaveWorkout(ProgramState& state) {
   MakeProgramDirectoryCurrent(state);
   if (TrimBlanks(state.WorkoutFileName).empty()) return;
   MakeWorkoutFolder();
-  WriteWholeFile(WorkoutPath(state), EncodeWorkout(state.Workout));
+  const std::string path = WorkoutPath(state);
+  if (IsOtherThanKnown(state, path)) {
+    throw FileError(path, "could not be written", "Another program has changed it meanwhile");
+  }
+  WholeFileWriter writer(path);
+  writer.Append(EncodeWorkout(state.Workout));
+  try {
+    writer.Commit();
+  } catch (const FileError&) {
+    RememberPlaced(state, writer);
+    throw;
+  }
+  RememberPlaced(state, writer);
+}
+
+bool WorkoutChangedOnDisk(const ProgramState& state) {
+  return IsOtherThanKnown(state, WorkoutPath(state, state.ProgramDirectory));
+}
+
+void ReloadChangedWorkout(ProgramState& state, UserInterface& screen) {
+  if (!WorkoutChangedOnDisk(state)) return;
+  const std::vector<std::string> rows = RowsOf(state);
+  ReadWorkout(state, WorkoutPath(state, state.ProgramDirectory));
+  if (state.CurrentExercise >= state.NumberOfExercises) state.CurrentExercise = 0;
+  screen.UpdateWorkoutScreen();
+  screen.UpdateExerciseScreen();
+  if (RowsOf(state) != rows) {
+    throw WorkoutReplaced(state.WorkoutFileName +
+                          " was changed by another program and has been loaded again.");
+  }
 }
 
 }  // namespace repvolta

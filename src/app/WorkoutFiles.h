@@ -1,5 +1,6 @@
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -22,7 +23,23 @@ enum class WorkoutLoad { kLoaded, kNoName, kNotFound };
 WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen);
 
 /// Makes the program directory current and writes Workout to the file named by WorkoutFileName, all
-/// or nothing; without a name it writes nothing. Throws FileError.
-void SaveWorkout(const ProgramState& state);
+/// or nothing; without a name it writes nothing. Throws FileError, also when another process has
+/// changed the file since it was loaded or saved: what it wrote is then kept.
+void SaveWorkout(ProgramState& state);
+
+/// True when another process has changed the file of the workout in memory since LoadWorkout or
+/// SaveWorkout: it is then to be loaded again before it is shown or edited. False when it is gone.
+bool WorkoutChangedOnDisk(const ProgramState& state);
+
+/// The rows that the person saw and selected are no longer those of the workout.
+class WorkoutReplaced : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Loads the workout in memory again when another process has changed its file, and refreshes both
+/// tabs; the current exercise stays. Throws FileError; or WorkoutReplaced when not only values have
+/// grown but exercises, sets or the music of the current exercise are others.
+void ReloadChangedWorkout(ProgramState& state, UserInterface& screen);
 
 }  // namespace repvolta

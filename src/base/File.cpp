@@ -22,9 +22,34 @@ const char* OpenFailure(File::Access access) {
   return access == File::Access::kRead ? "could not be read" : kWriteFailure;
 }
 
+constexpr const char* kOtherName = "It has another name elsewhere";
+
 bool IsRegular(int descriptor) {
   struct stat status {};
   return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+/// Opens, however often a signal comes in between.
+int OpenDescriptor(const std::string& path, int flags, unsigned mode = 0) {
+  while (true) {
+    const int descriptor = open(path.c_str(), flags, mode);
+    if (descriptor >= 0 || errno != EINTR) return descriptor;
+  }
+}
+
+int Flush(int descriptor) {
+  while (true) {
+    const int result = fsync(descriptor);
+    if (result == 0 || errno != EINTR) return result;
+  }
+}
+
+FileStamp MakeStamp(const struct stat& status) {
+  return {.device = status.st_dev,
+          .number = status.st_ino,
+          .size = static_cast<std::uint64_t>(status.st_size),
+          .seconds = status.st_mtim.tv_sec,
+          .nanoseconds = status.st_mtim.tv_nsec};
 }
 
 }  // namespace
@@ -32,7 +57,7 @@ bool IsRegular(int descriptor) {
 File File::Open(const std::string& path, Access access) {
   // Without O_NONBLOCK, opening a pipe would wait for its other end.
   const int mode = access == Access::kRead ? O_RDONLY : O_RDWR;
-  const int descriptor = open(path.c_str(), mode | O_CLOEXEC | O_NONBLOCK);
+  const int descriptor = OpenDescriptor(path, mode | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) throw FileError(path, OpenFailure(access), errno);
   File file(descriptor, path);
   if (!IsRegular(descriptor)) throw FileError(path, OpenFailure(access), kNoFile);
@@ -40,17 +65,20 @@ File File::Open(const std::string& path, Access access) {
 }
 
 File File::CreateNew(const std::string& path, unsigned mode) {
-  const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+  const int descriptor = OpenDescriptor(path, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
   if (descriptor < 0) throw FileError(path, "could not be created", errno);
   return {descriptor, path};
 }
 
 File File::OpenOrCreate(const std::string& path) {
   const int flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
-  const int descriptor = open(path.c_str(), flags, 0666);
+  const int descriptor = OpenDescriptor(path, flags, 0666);
   if (descriptor < 0) throw FileError(path, kWriteFailure, errno);
   File file(descriptor, path);
   if (!IsRegular(descriptor)) throw FileError(path, kWriteFailure, kNoFile);
+  struct stat status {};
+  if (fstat(descriptor, &status) != 0) throw FileError(path, kWriteFailure, errno);
+  if (status.st_nlink > 1) throw FileError(path, kWriteFailure, kOtherName);
   return file;
 }
 
@@ -67,6 +95,12 @@ std::uint64_t File::Size() const {
   struct stat status {};
   if (fstat(descriptor_, &status) != 0) throw FileError(path_, "could not be read", errno);
   return static_cast<std::uint64_t>(status.st_size);
+}
+
+FileStamp File::Stamp() const {
+  struct stat status {};
+  if (fstat(descriptor_, &status) != 0) throw FileError(path_, "could not be read", errno);
+  return MakeStamp(status);
 }
 
 std::size_t File::ReadAt(std::uint64_t offset, std::span<Byte> buffer) const {
@@ -98,7 +132,7 @@ void File::WriteAt(std::uint64_t offset, std::span<const Byte> bytes) {
 }
 
 void File::FlushToDevice() {
-  if (fsync(descriptor_) != 0) throw FileError(path_, "could not be written", errno);
+  if (Flush(descriptor_) != 0) throw FileError(path_, "could not be written", errno);
 }
 
 void File::Close() noexcept {
@@ -108,6 +142,18 @@ void File::Close() noexcept {
 bool FileExists(const std::string& path) {
   struct stat status {};
   return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::optional<FileStamp> StampOf(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) return std::nullopt;
+  return MakeStamp(status);
+}
+
+bool IsLinked(const std::string& path) {
+  struct stat status {};
+  if (lstat(path.c_str(), &status) != 0) return false;
+  return S_ISLNK(status.st_mode) || (S_ISREG(status.st_mode) && status.st_nlink > 1);
 }
 
 std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to,
@@ -150,9 +196,9 @@ void RemoveFile(const std::string& path) {
 }
 
 void FlushFolder(const std::string& folder) {
-  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const int descriptor = OpenDescriptor(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor < 0) throw FileError(folder, "could not be read", errno);
-  const int result = fsync(descriptor);
+  const int result = Flush(descriptor);
   const int error = errno;
   close(descriptor);
   // Some file systems cannot flush a folder by itself and say so; they need no flush.

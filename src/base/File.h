@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -8,6 +9,17 @@
 #include "base/Bytes.h"
 
 namespace repvolta {
+
+/// Tells one state of a file from another: a file that was replaced or written has another stamp.
+struct FileStamp {
+  std::uint64_t device = 0;
+  std::uint64_t number = 0;  // of the file on its device
+  std::uint64_t size = 0;
+  std::int64_t seconds = 0;  // of the last change of its content
+  std::int64_t nanoseconds = 0;
+
+  bool operator==(const FileStamp&) const = default;
+};
 
 /// An open regular file; closed when it goes. Folders, pipes and devices are refused, so no read
 /// can wait for ever. Offsets and sizes are bytes.
@@ -22,8 +34,8 @@ class File {
   /// dangling link too. `mode` are permission bits, less the umask.
   static File CreateNew(const std::string& path, unsigned mode = 0666);
 
-  /// The file for reading and writing, made when it does not exist. A link is refused. Throws
-  /// FileError.
+  /// The file for reading and writing, made when it does not exist. A link is refused, and so is a
+  /// file that has another name elsewhere. Throws FileError.
   static File OpenOrCreate(const std::string& path);
 
   File(File&& other) noexcept
@@ -38,6 +50,7 @@ class File {
 
   /// Throws FileError.
   std::uint64_t Size() const;
+  FileStamp Stamp() const;
 
   /// Reads at `offset` until `buffer` is full or the file ends; returns the count of bytes read.
   /// Throws FileError.
@@ -60,6 +73,13 @@ class File {
 
 /// True when `path` is a regular file, or a link to one.
 bool FileExists(const std::string& path);
+
+/// The stamp of the file `path`, or of the one that it is a link to; nothing when there is none.
+std::optional<FileStamp> StampOf(const std::string& path);
+
+/// True when `path` is a link, or a file that has another name elsewhere: writing to it would
+/// change that too.
+bool IsLinked(const std::string& path);
 
 /// Copies the bytes that `from` has now, from `offset` on, to the end of what has been written to
 /// `to`, whose next write position is `position`; the two may be one file. Memory use does not

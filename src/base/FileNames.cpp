@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/File.h"
+#include "base/FileError.h"
 #include "base/Text.h"
 
 namespace repvolta {
@@ -17,7 +18,8 @@ bool IsForbidden(char character) {
   return code == '/' || code < 0x20 || code == 0x7F;
 }
 
-/// All names in the folder, in name order without regard to case.
+/// All names in the folder, in name order without regard to case; none where there is no such
+/// folder. Throws FileError.
 std::vector<std::string> SortedNames(const std::string& folder) {
   std::vector<std::pair<std::u32string, std::string>> keyed;
   std::error_code error;
@@ -25,6 +27,10 @@ std::vector<std::string> SortedNames(const std::string& folder) {
        !error && entry != end; entry.increment(error)) {
     const std::string name = entry->path().filename().string();
     keyed.emplace_back(FoldCase(name), name);
+  }
+  if (error && error != std::errc::no_such_file_or_directory &&
+      error != std::errc::not_a_directory) {
+    throw FileError(folder, "could not be read", error.value());
   }
   std::sort(keyed.begin(), keyed.end());
   std::vector<std::string> names;
@@ -63,8 +69,12 @@ std::optional<std::string> FindFile(const std::string& path) {
   if (FileExists(path)) return path;
   const std::u32string wanted = FoldCase(FileName(path));
   const std::string folder = FolderOf(path);
-  for (const std::string& name : SortedNames(folder)) {
-    if (FoldCase(name) == wanted && FileExists(folder + name)) return folder + name;
+  try {
+    for (const std::string& name : SortedNames(folder)) {
+      if (FoldCase(name) == wanted && FileExists(folder + name)) return folder + name;
+    }
+  } catch (const FileError&) {
+    // What cannot be looked for is not found.
   }
   return std::nullopt;
 }

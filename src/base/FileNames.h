@@ -32,7 +32,8 @@ std::optional<std::string> FindFile(const std::string& path);
 std::string ExistingName(const std::string& path);
 
 /// The names of the files in `folder` that end in `extension` (".lst"), both without regard to
-/// case, in name order without regard to case. A folder that cannot be read has none.
+/// case, in name order without regard to case; none where there is no such folder. Throws FileError
+/// when it cannot be read.
 std::vector<std::string> ListFiles(const std::string& folder, std::string_view extension);
 
 }  // namespace repvolta

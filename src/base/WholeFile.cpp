@@ -3,31 +3,17 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <random>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/WorkingFile.h"
 
 namespace repvolta {
 namespace {
 
 constexpr std::size_t kPendingLimit = std::size_t{256} * 1024;
-constexpr unsigned kPrivate = 0600;
-
-File CreateBeside(const std::string& path) {
-  std::random_device random;
-  while (true) {
-    const std::string name = FolderOf(path) + ".repvolta-" + std::to_string(random());
-    try {
-      return File::CreateNew(name, kPrivate);
-    } catch (const FileError& error) {
-      if (error.Error() != EEXIST) throw FileError(path, "could not be written", error.Reason());
-    }
-  }
-}
 
 /// The permissions that the file at `path` has, or that a new one would get.
 mode_t PermissionsFor(const std::string& path) {
@@ -48,7 +34,7 @@ Bytes ReadWholeFile(const std::string& path, std::size_t limit) {
 }
 
 WholeFileWriter::WholeFileWriter(std::string path)
-    : path_(std::move(path)), file_(CreateBeside(path_)) {}
+    : path_(std::move(path)), file_(CreateWorkingFile(path_)) {}
 
 WholeFileWriter::~WholeFileWriter() {
   if (!committed_) unlink(file_.Path().c_str());
@@ -71,12 +57,28 @@ void WholeFileWriter::WriteOut() {
 
 void WholeFileWriter::Commit() {
   WriteOut();
-  if (fchmod(file_.Descriptor(), PermissionsFor(path_)) != 0 || fsync(file_.Descriptor()) != 0 ||
-      std::rename(file_.Path().c_str(), path_.c_str()) != 0) {
+  FlushWorkingFile();
+  if (std::rename(file_.Path().c_str(), path_.c_str()) != 0) {
     throw FileError(path_, "could not be written", errno);
   }
   committed_ = true;
   FlushFolder(FolderOf(path_).empty() ? "." : FolderOf(path_));
+}
+
+std::optional<FileStamp> WholeFileWriter::Placed() const {
+  if (!committed_) return std::nullopt;
+  return file_.Stamp();
+}
+
+void WholeFileWriter::FlushWorkingFile() {
+  try {
+    if (fchmod(file_.Descriptor(), PermissionsFor(path_)) != 0) {
+      throw FileError(path_, "could not be written", errno);
+    }
+    file_.FlushToDevice();
+  } catch (const FileError& error) {
+    throw FileError(path_, "could not be written", error.Reason());
+  }
 }
 
 void WriteWholeFile(const std::string& path, std::span<const Byte> bytes) {

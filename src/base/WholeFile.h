@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,10 +14,12 @@ Bytes ReadWholeFile(const std::string& path, std::size_t limit);
 
 /// Replaces a file by a new one, all or nothing: the bytes go to a private file beside `path`;
 /// Commit() flushes it to the device and puts it in the place of `path`. Until then, and when
-/// anything fails, `path` is as it was. Without a Commit() nothing stays behind.
+/// anything fails, `path` is as it was. Without a Commit() nothing stays behind; what a crash or a
+/// kill leaves is removed when the same file is next written.
 class WholeFileWriter {
  public:
-  /// Throws FileError when nothing can be created beside `path`.
+  /// Throws FileError when nothing can be created beside `path`, or when another process goes on
+  /// writing the same file.
   explicit WholeFileWriter(std::string path);
   ~WholeFileWriter();
   WholeFileWriter(const WholeFileWriter&) = delete;
@@ -26,11 +29,16 @@ class WholeFileWriter {
   void Append(std::span<const Byte> bytes);
   void Append(std::string_view text) { Append(AsBytes(text)); }
 
-  /// Throws FileError that names `path`, which is then as it was.
+  /// Throws FileError that names `path`, which is then as it was; or one that names its folder,
+  /// when the new file is in place but the device may not know.
   void Commit();
+
+  /// The stamp of the new file; nothing when it is not in place.
+  std::optional<FileStamp> Placed() const;
 
  private:
   void WriteOut();
+  void FlushWorkingFile();
 
   std::string path_;
   File file_;
@@ -39,7 +47,8 @@ class WholeFileWriter {
   bool committed_ = false;
 };
 
-/// Replaces the content of `path` by `bytes`, all or nothing. Throws FileError.
+/// Replaces the content of `path` by `bytes`, all or nothing. Throws FileError as WholeFileWriter
+/// does.
 void WriteWholeFile(const std::string& path, std::span<const Byte> bytes);
 
 }  // namespace repvolta

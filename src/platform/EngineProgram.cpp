@@ -37,8 +37,10 @@ class PrivateFolder {
     path_ = pattern + "/";
   }
   ~PrivateFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
+    // A second time for what could not be deleted at first.
+    std::error_code error;
+    fs::remove_all(path_, error);
+    if (error) fs::remove_all(path_, error);
   }
   PrivateFolder(const PrivateFolder&) = delete;
   PrivateFolder& operator=(const PrivateFolder&) = delete;

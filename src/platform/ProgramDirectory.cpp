@@ -7,6 +7,7 @@
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/WholeFile.h"
 
 namespace repvolta {
 namespace {
@@ -14,6 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kSharedData = "../share/repvolta";
+constexpr std::size_t kLargestSharedFile = 64 * 1024 * 1024;
 constexpr const char* kEncoderLink = "lame.exe";
 
 std::string UserDataFolder() {
@@ -25,6 +27,13 @@ bool IsPortable(const std::string& executableFolder) {
   return fs::is_directory(executableFolder + "voice");
 }
 
+/// All or nothing: half a clip would count as the user's own at the next start.
+void CopyWhole(const std::string& source, const std::string& target) {
+  WholeFileWriter writer(target);
+  writer.Append(ReadWholeFile(source, kLargestSharedFile));
+  writer.Commit();
+}
+
 /// Copies what `target` lacks, folder by folder.
 void CopyMissing(const fs::path& source, const fs::path& target) {
   fs::create_directories(target);
@@ -33,7 +42,7 @@ void CopyMissing(const fs::path& source, const fs::path& target) {
     if (entry.is_directory()) {
       CopyMissing(entry.path(), copy);
     } else if (!fs::exists(fs::symlink_status(copy))) {
-      CopyFileToNew(entry.path(), copy);
+      CopyWhole(entry.path(), copy);
     }
   }
 }
@@ -53,6 +62,9 @@ void FillProgramDirectory(const std::string& programDirectory, const std::string
     const fs::path shared = fs::path(beside) / kSharedData;
     if (fs::is_directory(shared)) CopyMissing(shared, programDirectory);
   } catch (const fs::filesystem_error& error) {
+    if (error.code() == std::errc::interrupted) {
+      return FillProgramDirectory(programDirectory, executable);
+    }
     throw FileError(programDirectory, "could not be filled", error.code().value());
   }
 }

@@ -6,6 +6,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <sstream>
+#include <sys/prctl.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -47,7 +48,10 @@ class Child {
     process_.setStandardInputFile(input.empty() ? QProcess::nullDevice()
                                                 : QFile::decodeName(input.c_str()));
     process_.setStandardErrorFile(QProcess::nullDevice());
-    process_.setChildProcessModifier([] { setpgid(0, 0); });
+    process_.setChildProcessModifier([] {
+      setpgid(0, 0);
+      prctl(PR_SET_PDEATHSIG, SIGKILL);
+    });
   }
 
   /// What is waited for no longer does not run on.

@@ -20,6 +20,7 @@ void Handlers::Run(const std::string& failure, const std::function<void()>& hand
 Handlers::Outcome Handlers::RunGuarded(const std::string& failure,
                                        const std::function<void()>& handler) {
   try {
+    beforehand_();
     handler();
     return Outcome::kDone;
   } catch (const UpdateStopped&) {

@@ -14,9 +14,11 @@ class Handlers {
  public:
   enum class Outcome { kDone, kFailed };
 
-  /// `afterwards` is called behind each command.
-  Handlers(Dialogs& dialogs, std::function<void(Outcome)> afterwards)
-      : dialogs_(dialogs), afterwards_(std::move(afterwards)) {}
+  /// `beforehand` is called before each command, which does not run when it throws, and
+  /// `afterwards` behind it.
+  Handlers(Dialogs& dialogs, std::function<void()> beforehand,
+           std::function<void(Outcome)> afterwards)
+      : dialogs_(dialogs), beforehand_(std::move(beforehand)), afterwards_(std::move(afterwards)) {}
 
   /// Does nothing while another command runs. `failure` says what did not happen: "The set could
   /// not be added."; it stands before a reason that does not say so itself.
@@ -32,6 +34,7 @@ class Handlers {
   Outcome RunGuarded(const std::string& failure, const std::function<void()>& handler);
 
   Dialogs& dialogs_;
+  std::function<void()> beforehand_;
   std::function<void(Outcome)> afterwards_;
   bool running_ = false;
 };

@@ -11,6 +11,7 @@
 
 #include "app/ScreenUpdate.h"
 #include "app/StartUp.h"
+#include "app/WorkoutFiles.h"
 #include "base/Text.h"
 #include "ui/ExerciseTab.h"
 #include "ui/Keys.h"
@@ -35,7 +36,9 @@ RepvoltaForm::RepvoltaForm(const FormServices& services)
                services.processes, services.speech},
       services_(services),
       editor_{program_, *this, services.dialogs, services.pleaseWait, [this] { RunEvents(); }},
-      handlers_(services.dialogs, [this](Handlers::Outcome outcome) { AfterHandler(outcome); }),
+      handlers_(
+          services.dialogs, [this] { ReloadChangedWorkout(services_.state, *this); },
+          [this](Handlers::Outcome outcome) { AfterHandler(outcome); }),
       ui_(std::make_unique<Ui::RepvoltaForm>()) {
   ui_->setupUi(this);
   setWindowFlags(Qt::Window);

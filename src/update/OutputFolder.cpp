@@ -51,7 +51,7 @@ OutputFolder::OutputFolder(const std::string& outputPath, const std::string& wor
       path_(std::string(TrimBlanks(outputPath + "/" + workoutName)) + "/") {}
 
 void OutputFolder::Clear(const std::vector<std::string>& keep) {
-  const std::string folder = path_.substr(0, path_.size() - 1);
+  const std::string folder = Folder();
   use_ = Use::kNothing;
   if (!IsFileName(name_)) {
     throw std::runtime_error(folder + " is not deleted: it does not lie in the output path");
@@ -79,14 +79,17 @@ void OutputFolder::Create() const {
 }
 
 bool OutputFolder::MayChange(const std::string& path) const {
-  return use_ == Use::kReplace || claimed_.contains(path);
+  if (use_ != Use::kReplace && !claimed_.contains(path)) return false;
+  // What could not be cleared away may be a link to a file of the user.
+  return !IsLinked(path) && !IsLinked(Folder());
 }
 
 void OutputFolder::Claim(const std::string& path) {
-  if (use_ == Use::kNothing) {
+  if (use_ == Use::kNothing || IsLinked(Folder())) {
     throw FileError(path, kNotCreated, "It does not lie in the output path");
   }
-  if (!MayChange(path) && fs::exists(fs::symlink_status(path))) {
+  const bool isOurs = use_ == Use::kReplace || claimed_.contains(path);
+  if (!isOurs && fs::exists(fs::symlink_status(path))) {
     throw FileError(path, kNotCreated, EEXIST);
   }
   claimed_.insert(path);

@@ -34,8 +34,8 @@ class OutputFolder {
   /// FileError; then no half copy is left.
   void CopyInto(const std::string& source, const std::string& target);
 
-  /// False for a file that was there before a folder that is not ours to clear, and for every file
-  /// where the folder leads out of the output path.
+  /// False for a file that was there before a folder that is not ours to clear, for every file
+  /// where the folder leads out of the output path, and for a link to a file elsewhere.
   bool MayChange(const std::string& path) const;
 
   /// Returns when the claimed files and the folder are on the device. Throws FileError for the
@@ -44,6 +44,8 @@ class OutputFolder {
 
  private:
   enum class Use { kReplace, kAddOnly, kNothing };
+
+  std::string Folder() const { return path_.substr(0, path_.size() - 1); }
 
   std::string name_;
   std::string path_;

@@ -4,6 +4,7 @@
 #include "base/FileError.h"
 #include "base/SingleByteText.h"
 #include "base/Text.h"
+#include "platform/UpdateLock.h"
 #include "update/UpdateDriver.h"
 
 namespace repvolta {
@@ -47,12 +48,14 @@ bool IsOutputPathMissing(const SettingsRecord& settings) {
 
 void UpdateSelectedWorkout(Program& program) {
   if (!CanUpdate(program)) return;
+  const UpdateLock lock(program.state.ProgramDirectory);
   program.state.UpdatingAllWorkouts = false;
   UpdateCurrentWorkout(program);
 }
 
 void UpdateAllWorkouts(Program& program) {
   if (!CanUpdate(program)) return;
+  const UpdateLock lock(program.state.ProgramDirectory);
   program.state.UpdatingAllWorkouts = true;
   const std::vector<std::string> names = program.state.WorkoutNames;
   for (const std::string& name : names) LoadAndUpdate(program, name);

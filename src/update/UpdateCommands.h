@@ -9,12 +9,12 @@ namespace repvolta {
 bool IsOutputPathMissing(const SettingsRecord& settings);
 
 /// Updates the workout in memory; says so when there is no output path, does nothing when there is
-/// no workout. Throws FileError, UpdateStopped.
+/// no workout. Throws FileError, UpdateRunning, UpdateStopped.
 void UpdateSelectedWorkout(Program& program);
 
 /// Loads and updates every workout of the list in turn, then one more time with an empty name, and
 /// says when it is done. A workout that cannot be loaded is told and passed over. Throws FileError,
-/// UpdateStopped.
+/// UpdateRunning, UpdateStopped.
 void UpdateAllWorkouts(Program& program);
 
 }  // namespace repvolta

@@ -73,7 +73,10 @@ class WorkoutUpdate {
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
     const std::string path = NumberedPath("Instructions");
     Encoding encoding = Encoding::kNoEncoder;
-    steps_.Run([&] { encoding = EncodeMP3file(program_.processes, kTempWav, kTempMp3); });
+    steps_.Run([&] {
+      encoding = EncodeMP3file(program_.processes, kTempWav, kTempMp3);
+      workingFileStays_ = encoding == Encoding::kNoEncoder;
+    });
     if (encoding == Encoding::kEncoderRun) {
       KeepMp3(path + ".mp3");
     } else {
@@ -157,6 +160,10 @@ class WorkoutUpdate {
   }
 
   void Finish() {
+    // Once more, for what could not be deleted at its time.
+    if (!workingFileStays_) {
+      for (const char* file : {kTempWav, kTempMp3}) steps_.Run([&] { RemoveFile(file); });
+    }
     steps_.Run([&] { folder_.FlushToDevice(); });
     steps_.Log("");
     steps_.Log("UPDATE COMPLETE.");
@@ -175,6 +182,7 @@ class WorkoutUpdate {
   std::string playList_;
   std::string text_;  // the sentence of the exercise at hand
   int counter_ = 1;
+  bool workingFileStays_ = false;
 };
 
 }  // namespace

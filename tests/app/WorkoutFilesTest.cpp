@@ -134,6 +134,96 @@ TEST_F(WorkoutFiles, ReplaceAFileOfAnotherCaseAndAddNone) {
   EXPECT_THAT(state.WorkoutNames, ElementsAre("monday.rpv"));
 }
 
+TEST_F(WorkoutFiles, AreKnownToBeUnchangedAfterLoadingAndSaving) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+  SaveWorkout(state);
+  SaveWorkout(state);
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+}
+
+TEST_F(WorkoutFiles, AreKnownToBeChangedByAnotherProcess) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  ProgramState other = state;
+  other.KnownFile.reset();
+
+  SaveWorkout(other);
+  std::filesystem::current_path("/");
+  EXPECT_TRUE(WorkoutChangedOnDisk(state));
+
+  std::filesystem::current_path(folder.Path());
+  LoadWorkout(state, screen);
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+}
+
+TEST_F(WorkoutFiles, DoNotReplaceWhatAnotherProcessHasWritten) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  ProgramState other = state;
+  other.Workout[0].ExerciseName = "Grown";
+  SaveWorkout(other);
+  const Bytes grown = GetFile("workouts/Monday.RPV");
+
+  EXPECT_THROW(SaveWorkout(state), FileError);
+
+  EXPECT_EQ(GetFile("workouts/Monday.RPV"), grown);
+}
+
+TEST_F(WorkoutFiles, AreNotChangedWhereTheyAreGoneOrNeverSeen) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+  LoadWorkout(state, screen);
+  std::filesystem::remove("workouts/Monday.RPV");
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+  SaveWorkout(state);
+  PutWorkout("Tuesday.RPV", {"B"});
+  state.WorkoutFileName = "Tuesday.RPV";
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+  state.WorkoutFileName = "";
+  EXPECT_FALSE(WorkoutChangedOnDisk(state));
+}
+
+TEST_F(WorkoutFiles, AreLoadedAgainOnlyWhenTheyAreChanged) {
+  PutWorkout("Monday.RPV", {"A", "B"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  state.CurrentExercise = 1;
+  ProgramState other = state;
+  screen.calls.clear();
+  ReloadChangedWorkout(state, screen);
+  EXPECT_THAT(screen.calls, IsEmpty());
+
+  other.Workout[1].SetValue1[0] = 52.5F;
+  SaveWorkout(other);
+  ReloadChangedWorkout(state, screen);
+
+  EXPECT_EQ(state.Workout[1].SetValue1[0], 52.5F);
+  EXPECT_EQ(state.CurrentExercise, 1);
+  EXPECT_THAT(screen.calls, ElementsAre("workout screen", "exercise screen"));
+}
+
+TEST_F(WorkoutFiles, AreToldToBeOthersWhenTheirRowsAre) {
+  PutWorkout("Monday.RPV", {"A", "B"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  state.CurrentExercise = 1;
+  ProgramState other = state;
+  other.Workout[1].ExerciseName = "";
+  SaveWorkout(other);
+
+  EXPECT_THROW(ReloadChangedWorkout(state, screen), WorkoutReplaced);
+
+  EXPECT_EQ(state.NumberOfExercises, 1);
+  EXPECT_EQ(state.CurrentExercise, 0);
+  EXPECT_NO_THROW(ReloadChangedWorkout(state, screen));
+}
+
 class SettingsFile : public WorkoutFiles {};
 
 TEST_F(SettingsFile, HasDefaultsWhenItIsMissing) {

@@ -5,6 +5,7 @@
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/WholeFile.h"
+#include "base/WorkingFile.h"
 
 #include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
@@ -145,6 +146,87 @@ TEST(WholeFileWriter, LeavesNothingWithoutACommit) {
   TemporaryFolder folder;
   { WholeFileWriter("musiclist.txt").Append("a song\n"); }
   EXPECT_EQ(EntriesHere(), 0U);
+}
+
+TEST(WholeFileWriter, TakesOverWhatADeadProcessLeft) {
+  TemporaryFolder folder;
+  PutFile(WorkingName("Monday.RPV"), "half");
+  WriteWholeFile("Monday.RPV", AsBytes("new"));
+  EXPECT_EQ(GetTextFile("Monday.RPV"), "new");
+  EXPECT_EQ(EntriesHere(), 1U);
+}
+
+TEST(WholeFileWriter, NeverWritesThroughALink) {
+  TemporaryFolder folder;
+  PutFile("precious", "old");
+  fs::create_symlink("precious", WorkingName("a"));
+  fs::create_hard_link("precious", WorkingName("b"));
+  fs::create_symlink("precious", "c");
+
+  for (const char* name : {"a", "b", "c"}) WriteWholeFile(name, AsBytes("new"));
+
+  EXPECT_EQ(GetTextFile("precious"), "old");
+  EXPECT_EQ(GetTextFile("c"), "new");
+  EXPECT_EQ(EntriesHere(), 4U);
+}
+
+TEST(WholeFileWriter, LeavesAFileAloneThatAnotherIsWriting) {
+  TemporaryFolder folder;
+  WholeFileWriter first("Monday.RPV");
+  first.Append("first");
+
+  EXPECT_THROW(WriteWholeFile("Monday.RPV", AsBytes("second")), FileError);
+  first.Commit();
+
+  EXPECT_EQ(GetTextFile("Monday.RPV"), "first");
+  WriteWholeFile("Monday.RPV", AsBytes("second"));
+  EXPECT_EQ(GetTextFile("Monday.RPV"), "second");
+}
+
+TEST(WholeFileWriter, SaysSoWhereAFolderIsInItsWay) {
+  TemporaryFolder folder;
+  fs::create_directory(WorkingName("Monday.RPV"));
+  EXPECT_THROW(WriteWholeFile("Monday.RPV", AsBytes("new")), FileError);
+}
+
+TEST(WholeFileWriter, IsPrivateWhileItIsWritten) {
+  TemporaryFolder folder;
+  const WholeFileWriter writer("Monday.RPV");
+  EXPECT_EQ(fs::status(WorkingName("Monday.RPV")).permissions(), fs::perms(0600));
+}
+
+TEST(WholeFileWriter, WritesNamesOfAnyLength) {
+  TemporaryFolder folder;
+  const std::string longest(255, 'x');
+  WriteWholeFile(longest, AsBytes("new"));
+  EXPECT_EQ(GetTextFile(longest), "new");
+}
+
+TEST(WholeFileWriter, KnowsTheStampOfWhatItPutInPlace) {
+  TemporaryFolder folder;
+  WholeFileWriter writer("Monday.RPV");
+  EXPECT_FALSE(writer.Placed());
+  writer.Commit();
+  EXPECT_EQ(writer.Placed(), StampOf("Monday.RPV"));
+}
+
+TEST(File, IsNotOpenedForMoreWhereItHasAnotherName) {
+  TemporaryFolder folder;
+  PutFile("precious", "old");
+  fs::create_hard_link("precious", "Monday.M3U");
+  fs::create_symlink("precious", "Tuesday.M3U");
+  EXPECT_THROW(File::OpenOrCreate("Monday.M3U"), FileError);
+  EXPECT_THROW(File::OpenOrCreate("Tuesday.M3U"), FileError);
+}
+
+TEST(IsLinked, KnowsLinksOfBothKinds) {
+  TemporaryFolder folder;
+  PutFile("song", "x");
+  fs::create_directories("folder/in/it");
+  for (const char* name : {"song", "folder", "gone"}) EXPECT_FALSE(IsLinked(name)) << name;
+  fs::create_symlink("gone", "link");
+  fs::create_hard_link("song", "other");
+  for (const char* name : {"link", "song", "other"}) EXPECT_TRUE(IsLinked(name)) << name;
 }
 
 TEST(WholeFileWriter, WritesMoreThanItHolds) {

@@ -141,5 +141,19 @@ TEST_F(OutputDirectory, IsFlushedWithItsFiles) {
   EXPECT_THROW(output.FlushToDevice(), FileError);
 }
 
+TEST_F(OutputDirectory, HoldsNoLinkThatMayBeChanged) {
+  PutFile("music/Song.mp3", "precious");
+  OutputFolder output = Monday();
+  output.Clear({});
+  output.Create();
+  fs::create_symlink(Full("music/Song.mp3"), output.Path() + "RV001-Song.mp3");
+  fs::create_hard_link("music/Song.mp3", output.Path() + "RV002-Song.mp3");
+
+  EXPECT_FALSE(output.MayChange(output.Path() + "RV001-Song.mp3"));
+  EXPECT_FALSE(output.MayChange(output.Path() + "RV002-Song.mp3"));
+  output.CopyInto(Full("music/Song.mp3"), output.Path() + "RV001-Song.mp3");
+  EXPECT_TRUE(output.MayChange(output.Path() + "RV001-Song.mp3"));
+}
+
 }  // namespace
 }  // namespace repvolta

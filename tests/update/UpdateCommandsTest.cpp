@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/RecordFormat.h"
+#include "platform/UpdateLock.h"
 #include "update/UpdateCommands.h"
 
 #include "support/ProgramFixture.h"
@@ -40,6 +41,14 @@ TEST_F(UpdateCommands, UpdateTheSelectedWorkoutFromAnyDirectory) {
   UpdateSelectedWorkout(program);
   EXPECT_TRUE(fs::exists(folder.Path() + "player/Monday"));
   EXPECT_FALSE(state.UpdatingAllWorkouts);
+}
+
+TEST_F(UpdateCommands, DoNothingWhileAnotherUpdateRuns) {
+  const UpdateLock other(state.ProgramDirectory);
+  EXPECT_THROW(UpdateSelectedWorkout(program), UpdateRunning);
+  EXPECT_THROW(UpdateAllWorkouts(program), UpdateRunning);
+  EXPECT_TRUE(fs::is_empty("player"));
+  EXPECT_THAT(screen.calls, IsEmpty());
 }
 
 TEST_F(UpdateCommands, DoNothingWithoutAWorkout) {

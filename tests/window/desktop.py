@@ -14,7 +14,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-LIMIT = 40  # seconds; nothing here takes as long
+LIMIT = 60  # seconds; nothing here takes as long
 PAUSE = 0.03
 
 
@@ -153,9 +153,12 @@ class Program:
 
     def _application(self):
         for application in children(Atspi.get_desktop(0)):
-            if application.get_process_id() == self.process.pid:
-                application.set_cache_mask(Atspi.Cache.NONE)
-                return application
+            try:
+                if application.get_process_id() == self.process.pid:
+                    application.set_cache_mask(Atspi.Cache.NONE)
+                    return application
+            except GLib.Error:
+                pass  # one that has just ended
         return None
 
     def window(self, title):

@@ -1,0 +1,74 @@
+#include "base/WorkingFile.h"
+
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+#include "base/FileError.h"
+#include "base/FileNames.h"
+
+namespace repvolta {
+namespace {
+
+constexpr unsigned kPrivate = 0600;
+constexpr int kAttempts = 100;
+constexpr std::chrono::milliseconds kPause{10};
+constexpr const char* kFailure = "could not be written";
+
+/// False when another process holds the lock. A file system without locks grants every one.
+bool Lock(int descriptor) {
+  while (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+    if (errno == EWOULDBLOCK) return false;
+    if (errno != EINTR) return true;
+  }
+  return true;
+}
+
+/// True when the open file is the one that now has this name.
+bool Has(int descriptor, const std::string& name) {
+  struct stat open {};
+  struct stat named {};
+  return fstat(descriptor, &open) == 0 && lstat(name.c_str(), &named) == 0 &&
+         open.st_dev == named.st_dev && open.st_ino == named.st_ino;
+}
+
+/// Removes what stands at `name`, unless a process has it locked. A name is only ever removed by
+/// the one who holds the lock of the file behind it, so nobody loses a file that is being written.
+void RemoveAbandoned(const std::string& name) {
+  const int descriptor = open(name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  const bool isLink = descriptor < 0 && errno == ELOOP;
+  if (isLink || (descriptor >= 0 && Lock(descriptor) && Has(descriptor, name))) RemoveFile(name);
+  if (descriptor >= 0) close(descriptor);
+}
+
+}  // namespace
+
+std::string WorkingName(const std::string& path) {
+  return FolderOf(path) + AsFileName("." + FileName(path), ".new");
+}
+
+File CreateWorkingFile(const std::string& path) {
+  const std::string name = WorkingName(path);
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    try {
+      File file = File::CreateNew(name, kPrivate);
+      if (Lock(file.Descriptor()) && Has(file.Descriptor(), name)) return file;
+    } catch (const FileError& error) {
+      if (error.Error() != EEXIST) throw FileError(path, kFailure, error.Reason());
+    }
+    try {
+      RemoveAbandoned(name);
+    } catch (const FileError& error) {
+      throw FileError(path, kFailure, error.Reason());
+    }
+    // The first time round there is usually nothing to wait for.
+    if (attempt > 0) std::this_thread::sleep_for(kPause);
+  }
+  throw FileError(path, kFailure, "Another program is writing it");
+}
+
+}  // namespace repvolta

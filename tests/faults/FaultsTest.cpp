@@ -1,0 +1,253 @@
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+
+#include "faults/FaultWorld.h"
+#include "support/ProgramsBeside.h"
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Group {
+  const char* name;
+  std::vector<const char*> failures;
+};
+
+/// EINTR and SHORT are no failures: the call is to be made again. A real system gives EINTR only
+/// for these calls.
+const std::vector<Group> kGroups = {{"open", {"EIO", "ENOSPC", "EACCES", "EINTR"}},
+                                    {"write", {"ENOSPC", "EIO", "SHORT", "EINTR"}},
+                                    {"fsync", {"EIO", "ENOSPC", "EINTR"}},
+                                    {"rename", {"EACCES", "ENOSPC", "EIO"}},
+                                    {"mkdir", {"ENOSPC", "EACCES", "EIO"}},
+                                    {"unlink", {"EIO", "EACCES"}},
+                                    {"read", {"EIO", "SHORT", "EINTR"}},
+                                    {"fork", {"EAGAIN"}},
+                                    {"exec", {"EACCES", "EIO"}},
+                                    {"list", {"EIO", "EACCES"}},
+                                    {"mode", {"EIO", "EACCES"}}};
+
+bool IsToBeSurvived(const std::string& failure) { return failure == "EINTR" || failure == "SHORT"; }
+
+/// Calls `run` for the 1st, 2nd, 3rd ... call of each group, until none is left. The short form
+/// tries one failure a call, the next one each time, and only every `stride`th call. Prints how
+/// many points were tried.
+template <class Run>
+void ForEachFault(const char* title, Run run, int stride = 1) {
+  int points = 0;
+  if (IsLongRun()) stride = 1;
+  for (const Group& group : kGroups) {
+    const std::size_t kinds = group.failures.size();
+    std::vector<bool> isLeft(kinds, true);
+    for (int number = 1; std::ranges::count(isLeft, true) > 0; number += stride) {
+      for (std::size_t kind = 0; kind < kinds; ++kind) {
+        if (!isLeft[kind]) continue;
+        if (!IsLongRun() && static_cast<std::size_t>(number) % kinds != kind) continue;
+        const bool hit = run(Fault{group.name, number, group.failures[kind]});
+        if (hit) ++points;
+        if (!hit && !IsLongRun()) isLeft.assign(kinds, false);
+        isLeft[kind] = hit;
+        if (testing::Test::HasFatalFailure()) return;
+      }
+    }
+  }
+  std::printf("[  POINTS  ] %s: %d calls failed, one at a time\n", title, points);
+}
+
+class Faults : public FaultWorld {
+ protected:
+  /// What failed is told, or was of no consequence.
+  void ExpectTold(const Fault& fault, const FaultyRun& faulty) {
+    const ProgramRun& run = faulty.run;
+    const bool isTold = (run.status == 1 && run.output.find("ERROR") != std::string::npos) ||
+                        (run.status == 2 && run.errors.starts_with("repvolta-update: "));
+    const bool isRight = run.status == 0 && PlayerIsRight();
+    EXPECT_TRUE(isRight || (isTold && !IsToBeSurvived(fault.failure)))
+        << "status " << run.status << "\n"
+        << run.output << run.errors;
+  }
+
+  bool TryUpdate(const Fault& fault) {
+    Reset();
+    const FaultyRun faulty = RunWith(fault);
+    SCOPED_TRACE(Where(fault, faulty));
+    ExpectTold(fault, faulty);
+    ExpectNothingLost();
+    if (!fault.allBehind) ExpectNoTemporaryFiles();
+    return faulty.hit;
+  }
+
+  static std::string Where(const Fault& fault, const FaultyRun& faulty) {
+    for (const std::string& line : faulty.trace) {
+      if (line.find(" failed ") != std::string::npos) return fault.Text() + ", " + line;
+    }
+    return fault.Text();
+  }
+};
+
+TEST_F(Faults, OfOneCallLoseNothingInAnUpdate) {
+  LearnWhatIsRight();
+  ForEachFault("update", [&](const Fault& fault) { return TryUpdate(fault); });
+}
+
+TEST_F(Faults, OfOneCallLoseNothingWhileANameIsSpoken) {
+  MakeMondaySpeak();
+  LearnWhatIsRight();
+  ForEachFault(
+      "update that speaks", [&](const Fault& fault) { return TryUpdate(fault); }, 5);
+}
+
+TEST_F(Faults, OfAllFurtherCallsLoseNothingInAnUpdate) {
+  LearnWhatIsRight();
+  int points = 0;
+  const int step = IsLongRun() ? 1 : 5;
+  for (const Group& group : kGroups) {
+    for (const char* failure : group.failures) {
+      if (IsToBeSurvived(failure)) continue;
+      for (int number = 1; TryUpdate(
+               {.group = group.name, .number = number, .failure = failure, .allBehind = true});
+           number += step) {
+        ++points;
+      }
+      if (!IsLongRun()) break;
+    }
+  }
+  std::printf("[  POINTS  ] update, disk that stays broken: %d beginnings\n", points);
+}
+
+class EngineFaults : public FaultWorld {
+ protected:
+  EngineFaults() { fs::current_path(Full("program")); }
+
+  FaultyRun RunStep(const std::string& step, const Fault& fault) {
+    return RunWith(fault, ProgramBeside("engine_steps"), {step});
+  }
+
+  /// What fails is told by the engine's exception; what is to be survived is not.
+  static void ExpectTold(const Fault& fault, const FaultyRun& faulty) {
+    const ProgramRun& run = faulty.run;
+    if (IsToBeSurvived(fault.failure)) {
+      EXPECT_EQ(run.status, 0) << run.errors;
+    } else {
+      EXPECT_TRUE(run.status == 0 || (run.status == 1 && run.errors.starts_with("engine_steps: ")))
+          << run.status << run.errors;
+    }
+  }
+
+  static void ExpectNoWorkingFiles(const std::string& root) {
+    for (const auto& [path, entry] : Look(root)) EXPECT_FALSE(path.ends_with(".new")) << path;
+  }
+};
+
+TEST_F(EngineFaults, LeaveTheOldOrTheNewFileWhenSaving) {
+  const Bytes oldSettings = GetFile("settings.dat");
+  ASSERT_EQ(RunProgram(ProgramBeside("engine_steps"), {"save"}).status, 0);
+  const Bytes newSettings = GetFile("settings.dat");
+  newWorkout = GetFile("workouts/Monday.RPV");
+  ForEachFault("saving", [&](const Fault& fault) {
+    PutFile("settings.dat", oldSettings);
+    PutFile("workouts/Monday.RPV", oldWorkout);
+    const FaultyRun faulty = RunStep("save", fault);
+    SCOPED_TRACE(fault.Text());
+    ExpectTold(fault, faulty);
+    const Bytes workout = GetFile("workouts/Monday.RPV");
+    const Bytes settings = GetFile("settings.dat");
+    EXPECT_TRUE(workout == newWorkout || workout == oldWorkout);
+    EXPECT_TRUE(settings == newSettings || settings == oldSettings);
+    if (faulty.run.status == 0) {
+      EXPECT_TRUE(workout == newWorkout && settings == newSettings);
+    }
+    ExpectNoWorkingFiles(".");
+    return faulty.hit;
+  });
+}
+
+TEST_F(EngineFaults, ChangeNothingWhenLoading) {
+  const Entries before = Look(folder.Path());
+  const std::string right = RunProgram(ProgramBeside("engine_steps"), {"load"}).output;
+  ASSERT_EQ(right, Full("music") + " 2 1\n");
+  ForEachFault("loading", [&](const Fault& fault) {
+    const FaultyRun faulty = RunStep("load", fault);
+    SCOPED_TRACE(fault.Text());
+    ExpectTold(fault, faulty);
+    if (faulty.run.status == 0) {
+      EXPECT_EQ(faulty.run.output, right);
+    }
+    EXPECT_TRUE(Look(folder.Path()) == before);
+    return faulty.hit;
+  });
+}
+
+TEST_F(EngineFaults, AreToldWhenListingWorkouts) {
+  ForEachFault("listing workouts", [&](const Fault& fault) {
+    const FaultyRun faulty = RunStep("list", fault);
+    SCOPED_TRACE(fault.Text());
+    ExpectTold(fault, faulty);
+    if (faulty.run.status == 0) {
+      EXPECT_EQ(faulty.run.output, "Monday.RPV\nTuesday.RPV\n");
+    }
+    return faulty.hit;
+  });
+}
+
+TEST_F(EngineFaults, LeaveAWholeMusicList) {
+  const std::string old = GetTextFile("musiclist.txt");
+  ForEachFault("listing music", [&](const Fault& fault) {
+    PutFile("musiclist.txt", old);
+    const FaultyRun faulty = RunStep("compile", fault);
+    SCOPED_TRACE(fault.Text());
+    ExpectTold(fault, faulty);
+    // A folder that cannot be read is passed over, so the list may be shorter.
+    for (const std::string& line : Lines(GetTextFile("musiclist.txt"))) {
+      EXPECT_TRUE(line == Full("music/song.mp3") || line == Full("music/drawn.mp3")) << line;
+    }
+    ExpectNoWorkingFiles(".");
+    return faulty.hit;
+  });
+}
+
+TEST_F(EngineFaults, LeaveNoHalfClipAtTheFirstStart) {
+  fs::create_directories("../usr/bin");
+  PutFile("../usr/share/repvolta/voice/set.wav", std::string(5000, 's'));
+  PutFile("../usr/share/repvolta/voice/exercise/Own.WAV", std::string(500, 's'));
+  ForEachFault("first start", [&](const Fault& fault) {
+    fs::remove_all("../home");
+    PutFile("../home/repvolta/voice/exercise/Own.WAV", "own");
+    const FaultyRun faulty = RunStep("fill", fault);
+    SCOPED_TRACE(fault.Text());
+    ExpectTold(fault, faulty);
+    EXPECT_EQ(GetTextFile("../home/repvolta/voice/exercise/Own.WAV"), "own");
+    const std::string clip = "../home/repvolta/voice/set.wav";
+    if (faulty.run.status == 0 || fs::exists(clip)) {
+      EXPECT_EQ(fs::file_size(clip), 5000U);
+    }
+    ExpectNoWorkingFiles("../home");
+    return faulty.hit;
+  });
+}
+
+/// The calls that a save makes, in their order, as "group what".
+std::vector<std::string> CallsOn(const std::vector<std::string>& trace, const std::string& part) {
+  std::vector<std::string> calls;
+  for (const std::string& line : trace) {
+    if (line.find(part) == std::string::npos) continue;
+    const std::string call = line.substr(0, line.find(' ')) + line.substr(line.rfind('/'));
+    if (calls.empty() || calls.back() != call) calls.push_back(call);
+  }
+  return calls;
+}
+
+TEST_F(EngineFaults, AreMetByTheOrderWriteFlushRenameFlushTheFolder) {
+  const FaultyRun run = RunStep("save", {.group = "open", .number = 1'000'000, .failure = "EIO"});
+  EXPECT_THAT(CallsOn(run.trace, "workouts"),
+              testing::ElementsAre("mkdir/", "open/.Monday.RPV.new", "write/.Monday.RPV.new",
+                                   "mode/.Monday.RPV.new", "fsync/.Monday.RPV.new",
+                                   "rename/Monday.RPV", "open/", "fsync/workouts"));
+}
+
+}  // namespace
+}  // namespace repvolta

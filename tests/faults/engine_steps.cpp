@@ -1,0 +1,55 @@
+// One procedure of the engine as a program, in the current directory: what it throws is printed and
+// ends it with status 1.
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+#include "app/Settings.h"
+#include "app/WorkoutFiles.h"
+#include "platform/ProgramDirectory.h"
+#include "update/RandomMusicList.h"
+
+#include "fakes/RecordingScreen.h"
+
+namespace repvolta {
+namespace {
+
+int Run(const std::string& step) {
+  ProgramState state;
+  RecordingScreen screen;
+  state.ProgramDirectory = std::filesystem::current_path().string() + "/";
+  state.WorkoutFileName = "Monday.RPV";
+  if (step == "load") {
+    LoadSettings(state);
+    LoadWorkout(state, screen);
+    CountRandomMusicFiles(state);
+    std::printf("%s %d %d\n", state.Settings.MusicPath.Text().c_str(), state.NumberOfExercises,
+                state.RandomMusicFiles);
+  } else if (step == "save") {
+    state.Workout[0].ExerciseName = "New";
+    state.Settings.MusicPath = "new";
+    SaveWorkout(state);
+    SaveSettings(state);
+  } else if (step == "list") {
+    LoadWorkoutNames(state, screen);
+    for (const std::string& name : state.WorkoutNames) std::printf("%s\n", name.c_str());
+  } else if (step == "compile") {
+    CompileMusicList(std::filesystem::current_path().parent_path() / "music");
+  } else {
+    FillProgramDirectory("../home/repvolta/", "../usr/bin/repvolta");
+  }
+  return 0;
+}
+
+}  // namespace
+}  // namespace repvolta
+
+int main(int argc, char** argv) {
+  try {
+    return repvolta::Run(argc == 2 ? argv[1] : "");
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "engine_steps: %s\n", error.what());
+    return 1;
+  }
+}

@@ -1,0 +1,331 @@
+// Preloaded into a program under test. It counts the program's calls of the system, lets chosen
+// ones fail, and writes down what the program does to files and which programs it starts.
+//
+//   REPVOLTA_FAULT   GROUP:NUMBER:FAILURE. The call with this number in its group fails; "3+" fails
+//                    the third and all behind it; the group "any" has all calls. FAILURE is the
+//                    name of an error; or SHORT: half of the bytes are read or written; or KILL:
+//                    the program is killed before the call.
+//   REPVOLTA_TRACE   the file that receives one line a call: GROUP, NUMBER, "ok" or "failed", and
+//                    what the call was about.
+//
+// Only the program itself is counted, and the start of its children up to their exec; the children
+// run without all this.
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <dirent.h>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <new>
+#include <sched.h>
+#include <string_view>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/types.h>
+#include <unistd.h>
+
+namespace {
+
+enum Group {
+  kOpen,
+  kWrite,
+  kFlush,
+  kRename,
+  kMkdir,
+  kUnlink,
+  kRead,
+  kFork,
+  kExec,
+  kList,
+  kMode,
+  kAny
+};
+constexpr const char* kGroups[] = {"open", "write", "fsync", "rename", "mkdir", "unlink",
+                                   "read", "fork",  "exec",  "list",   "mode",  "any"};
+constexpr int kGroupCount = static_cast<int>(std::size(kGroups));
+constexpr int kShort = -1;
+constexpr int kKill = -2;
+
+struct Plan {
+  int group = -1;
+  int first = 0;
+  bool allBehind = false;
+  int error = 0;  // errno value, kShort or kKill
+};
+
+/// Shared with the children that are not yet another program.
+struct Counters {
+  std::atomic<int> calls[kGroupCount];
+};
+
+Plan plan;
+Counters* counters = nullptr;
+int traceDescriptor = -1;
+pid_t program = 0;
+
+template <class Function>
+Function* Real(const char* name) {
+  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+int ErrorNamed(std::string_view name) {
+  if (name == "ENOSPC") return ENOSPC;
+  if (name == "EIO") return EIO;
+  if (name == "EACCES") return EACCES;
+  if (name == "EINTR") return EINTR;
+  if (name == "EAGAIN") return EAGAIN;
+  if (name == "EROFS") return EROFS;
+  if (name == "SHORT") return kShort;
+  if (name == "KILL") return kKill;
+  std::fprintf(stderr, "fault shim: what failure is this?\n");
+  std::abort();
+}
+
+void ReadPlan(std::string_view text) {
+  const std::size_t first = text.find(':');
+  const std::size_t second = text.find(':', first + 1);
+  const auto group = std::find(std::begin(kGroups), std::end(kGroups), text.substr(0, first));
+  plan.group = static_cast<int>(group - std::begin(kGroups));
+  plan.first = std::atoi(text.data() + first + 1);
+  plan.allBehind = text.substr(first, second - first).ends_with('+');
+  plan.error = ErrorNamed(text.substr(second + 1));
+}
+
+__attribute__((constructor)) void Start() {
+  void* shared =
+      mmap(nullptr, sizeof(Counters), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  if (shared == MAP_FAILED) std::abort();
+  if (const char* path = std::getenv("REPVOLTA_TRACE")) {
+    const int descriptor = static_cast<int>(
+        syscall(SYS_openat, AT_FDCWD, path, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600));
+    // Out of the way of the numbers that the program gets.
+    traceDescriptor = fcntl(descriptor, F_DUPFD_CLOEXEC, 500);
+    close(descriptor);
+  }
+  if (const char* text = std::getenv("REPVOLTA_FAULT")) ReadPlan(text);
+  for (const char* name : {"LD_PRELOAD", "REPVOLTA_FAULT", "REPVOLTA_TRACE"}) unsetenv(name);
+  program = getpid();
+  counters = new (shared) Counters{};
+}
+
+void Trace(int group, int number, bool failed, const char* what) {
+  if (traceDescriptor < 0) return;
+  char line[1024];
+  const int size = std::snprintf(line, sizeof line, "%s %d %s %.900s\n", kGroups[group], number,
+                                 failed ? "failed" : "ok", what);
+  syscall(SYS_write, traceDescriptor, line, static_cast<std::size_t>(size));
+}
+
+/// Counts a call and writes it down. 0: it goes on; an errno value: it fails; kShort.
+int Count(Group group, const char* what) {
+  if (counters == nullptr) return 0;
+  const int number = ++counters->calls[group];
+  const int anyNumber = ++counters->calls[kAny];
+  const int planned = plan.group == kAny ? anyNumber : number;
+  const bool hit = (plan.group == group || plan.group == kAny) &&
+                   (planned == plan.first || (plan.allBehind && planned > plan.first));
+  Trace(group, number, hit, what);
+  if (hit && plan.error == kKill) kill(program, SIGKILL);
+  return hit ? plan.error : 0;
+}
+
+/// Counts a call; true when it has to fail, errno is then set.
+bool Fails(Group group, const char* what) {
+  const int before = errno;
+  const int error = Count(group, what);
+  errno = error > 0 ? error : before;
+  return error > 0;
+}
+
+/// The path that the descriptor was opened by, for the trace.
+class DescriptorPath {
+ public:
+  explicit DescriptorPath(int descriptor) {
+    char link[64];
+    std::snprintf(link, sizeof link, "/proc/self/fd/%d", descriptor);
+    const long size = syscall(SYS_readlink, link, path_, sizeof path_ - 1);
+    path_[size > 0 ? size : 0] = '\0';
+  }
+  const char* Text() const { return path_; }
+
+ private:
+  char path_[700];
+};
+
+/// The bytes that a read or write may do: fewer in a short one; -1 when it fails.
+ssize_t Allowed(Group group, int descriptor, std::size_t size) {
+  const int before = errno;
+  const int error = Count(group, DescriptorPath(descriptor).Text());
+  errno = before;
+  if (error == kShort) return static_cast<ssize_t>(size > 1 ? size / 2 : size);
+  if (error == 0) return static_cast<ssize_t>(size);
+  errno = error;
+  return -1;
+}
+
+unsigned ModeOf(int flags, va_list arguments) {
+  return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, unsigned) : 0;
+}
+
+int OpenAt(int folder, const char* path, int flags, unsigned mode) {
+  if (Fails(kOpen, path)) return -1;
+  return static_cast<int>(syscall(SYS_openat, folder, path, flags, mode));
+}
+
+}  // namespace
+
+#define EXPORTED extern "C" __attribute__((visibility("default")))
+
+EXPORTED int open(const char* path, int flags, ...) {
+  va_list arguments;
+  va_start(arguments, flags);
+  const unsigned mode = ModeOf(flags, arguments);
+  va_end(arguments);
+  return OpenAt(AT_FDCWD, path, flags, mode);
+}
+EXPORTED int open64(const char* path, int flags, ...) {
+  va_list arguments;
+  va_start(arguments, flags);
+  const unsigned mode = ModeOf(flags, arguments);
+  va_end(arguments);
+  return OpenAt(AT_FDCWD, path, flags, mode);
+}
+EXPORTED int openat(int folder, const char* path, int flags, ...) {
+  va_list arguments;
+  va_start(arguments, flags);
+  const unsigned mode = ModeOf(flags, arguments);
+  va_end(arguments);
+  return OpenAt(folder, path, flags, mode);
+}
+EXPORTED int openat64(int folder, const char* path, int flags, ...) {
+  va_list arguments;
+  va_start(arguments, flags);
+  const unsigned mode = ModeOf(flags, arguments);
+  va_end(arguments);
+  return OpenAt(folder, path, flags, mode);
+}
+// What a fortified build calls.
+EXPORTED int __open_2(const char* path, int flags) { return OpenAt(AT_FDCWD, path, flags, 0); }
+EXPORTED int __open64_2(const char* path, int flags) { return OpenAt(AT_FDCWD, path, flags, 0); }
+
+EXPORTED ssize_t write(int descriptor, const void* bytes, std::size_t size) {
+  const ssize_t allowed = Allowed(kWrite, descriptor, size);
+  return allowed < 0 ? -1 : syscall(SYS_write, descriptor, bytes, allowed);
+}
+EXPORTED ssize_t pwrite(int descriptor, const void* bytes, std::size_t size, off_t offset) {
+  const ssize_t allowed = Allowed(kWrite, descriptor, size);
+  return allowed < 0 ? -1 : syscall(SYS_pwrite64, descriptor, bytes, allowed, offset);
+}
+EXPORTED ssize_t pwrite64(int descriptor, const void* bytes, std::size_t size, off64_t offset) {
+  return pwrite(descriptor, bytes, size, offset);
+}
+EXPORTED ssize_t read(int descriptor, void* bytes, std::size_t size) {
+  const ssize_t allowed = Allowed(kRead, descriptor, size);
+  return allowed < 0 ? -1 : syscall(SYS_read, descriptor, bytes, allowed);
+}
+EXPORTED ssize_t pread(int descriptor, void* bytes, std::size_t size, off_t offset) {
+  const ssize_t allowed = Allowed(kRead, descriptor, size);
+  return allowed < 0 ? -1 : syscall(SYS_pread64, descriptor, bytes, allowed, offset);
+}
+EXPORTED ssize_t pread64(int descriptor, void* bytes, std::size_t size, off64_t offset) {
+  return pread(descriptor, bytes, size, offset);
+}
+EXPORTED ssize_t __read_chk(int descriptor, void* bytes, std::size_t size, std::size_t) {
+  return read(descriptor, bytes, size);
+}
+EXPORTED ssize_t __pread_chk(int descriptor, void* bytes, std::size_t size, off_t offset,
+                             std::size_t) {
+  return pread(descriptor, bytes, size, offset);
+}
+EXPORTED ssize_t __pread64_chk(int descriptor, void* bytes, std::size_t size, off64_t offset,
+                               std::size_t) {
+  return pread(descriptor, bytes, size, offset);
+}
+
+EXPORTED int fsync(int descriptor) {
+  if (Fails(kFlush, DescriptorPath(descriptor).Text())) return -1;
+  return static_cast<int>(syscall(SYS_fsync, descriptor));
+}
+
+EXPORTED int rename(const char* from, const char* to) noexcept {
+  if (Fails(kRename, to)) return -1;
+  return static_cast<int>(syscall(SYS_rename, from, to));
+}
+
+EXPORTED int mkdir(const char* path, mode_t mode) noexcept {
+  if (Fails(kMkdir, path)) return -1;
+  return static_cast<int>(syscall(SYS_mkdir, path, mode));
+}
+EXPORTED char* mkdtemp(char* pattern) noexcept {
+  if (Fails(kMkdir, pattern)) return nullptr;
+  return Real<char*(char*)>("mkdtemp")(pattern);
+}
+
+EXPORTED int unlink(const char* path) noexcept {
+  if (Fails(kUnlink, path)) return -1;
+  return static_cast<int>(syscall(SYS_unlink, path));
+}
+EXPORTED int unlinkat(int folder, const char* path, int flags) noexcept {
+  if (Fails(kUnlink, path)) return -1;
+  return static_cast<int>(syscall(SYS_unlinkat, folder, path, flags));
+}
+EXPORTED int rmdir(const char* path) noexcept {
+  if (Fails(kUnlink, path)) return -1;
+  return static_cast<int>(syscall(SYS_rmdir, path));
+}
+EXPORTED int remove(const char* path) noexcept {
+  if (Fails(kUnlink, path)) return -1;
+  return Real<int(const char*)>("remove")(path);
+}
+
+EXPORTED DIR* opendir(const char* path) {
+  if (Fails(kList, path)) return nullptr;
+  return Real<DIR*(const char*)>("opendir")(path);
+}
+EXPORTED DIR* fdopendir(int descriptor) {
+  if (Fails(kList, DescriptorPath(descriptor).Text())) return nullptr;
+  return Real<DIR*(int)>("fdopendir")(descriptor);
+}
+EXPORTED dirent* readdir(DIR* folder) {
+  if (Fails(kList, "an entry")) return nullptr;
+  return Real<dirent*(DIR*)>("readdir")(folder);
+}
+
+EXPORTED int fchmod(int descriptor, mode_t mode) noexcept {
+  if (Fails(kMode, DescriptorPath(descriptor).Text())) return -1;
+  return static_cast<int>(syscall(SYS_fchmod, descriptor, mode));
+}
+EXPORTED int utimensat(int folder, const char* path, const timespec times[2], int flags) noexcept {
+  if (Fails(kMode, path)) return -1;
+  return static_cast<int>(syscall(SYS_utimensat, folder, path, times, flags));
+}
+
+EXPORTED pid_t fork() noexcept {
+  if (Fails(kFork, "fork")) return -1;
+  return Real<pid_t()>("fork")();
+}
+EXPORTED int clone(int (*function)(void*), void* stack, int flags, void* argument, ...) noexcept {
+  va_list arguments;
+  va_start(arguments, argument);
+  void* const parent = va_arg(arguments, void*);
+  void* const storage = va_arg(arguments, void*);
+  void* const child = va_arg(arguments, void*);
+  va_end(arguments);
+  if ((flags & CLONE_THREAD) == 0 && Fails(kFork, "clone")) return -1;
+  using Clone = int(int (*)(void*), void*, int, void*, ...);
+  return Real<Clone>("clone")(function, stack, flags, argument, parent, storage, child);
+}
+EXPORTED int execve(const char* path, char* const arguments[], char* const environment[]) noexcept {
+  if (Fails(kExec, path)) return -1;
+  return static_cast<int>(syscall(SYS_execve, path, arguments, environment));
+}
+EXPORTED int execv(const char* path, char* const arguments[]) noexcept {
+  return execve(path, arguments, environ);
+}

@@ -1,0 +1,71 @@
+#include "platform/UpdateLock.h"
+
+#include "support/FormFixture.h"
+
+namespace repvolta {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The exercise tab of the second exercise, while other processes work in the same directory.
+class ChangedWorkout : public FormFixture {
+ protected:
+  ChangedWorkout() {
+    AddExercise("Run");
+    ExerciseRecord& exercise = AddExercise("Squat");
+    exercise.NumberOfSets = 1;
+    exercise.SetValue1[0] = 50;
+    state.CurrentExercise = 1;
+    Show();
+    OpenTab(1);
+  }
+
+  /// What a scheduled update does meanwhile.
+  template <class Change>
+  void ChangeElsewhere(Change change) {
+    ProgramState other = state;
+    change(other.Workout[1]);
+    SaveWorkout(other);
+  }
+};
+
+TEST_F(ChangedWorkout, IsLoadedBeforeItIsEdited) {
+  ChangeElsewhere([](ExerciseRecord& exercise) { exercise.SetValue1[0] = 52.5F; });
+
+  Click("UnitsSelection_1");
+
+  EXPECT_THAT(dialogs.asked, IsEmpty());
+  EXPECT_EQ(Saved()[1].SetValue1[0], 52.5F);
+  EXPECT_EQ(Saved()[1].Units, state.Workout[1].Units);
+  EXPECT_NE(Saved()[1].Units, Saved()[0].Units);
+}
+
+TEST_F(ChangedWorkout, IsLoadedBeforeItIsShown) {
+  ChangeElsewhere([](ExerciseRecord& exercise) { exercise.SetValue1[0] = 52.5F; });
+  OpenTab(0);
+  OpenTab(1);
+  EXPECT_THAT(Rows("SetList1"), ElementsAre("52.5"));
+}
+
+TEST_F(ChangedWorkout, IsNotEditedByRowsThatAreNoMore) {
+  ChangeElsewhere([](ExerciseRecord& exercise) { exercise.NumberOfSets = 2; });
+
+  Click("UnitsSelection_1");
+
+  EXPECT_EQ(dialogs.asked.size(), 1U);
+  EXPECT_EQ(Saved()[1].NumberOfSets, 2);
+  EXPECT_EQ(Saved()[1].Units, Saved()[0].Units);
+  EXPECT_EQ(Rows("SetList1").size(), 2U);
+}
+
+TEST_F(ChangedWorkout, IsNotUpdatedWhileAnotherUpdateRuns) {
+  const UpdateLock other(state.ProgramDirectory);
+  Click("UpdateSelectedWorkoutButton");
+  EXPECT_THAT(dialogs.asked,
+              ElementsAre("message|Repvolta|The workout could not be updated.\rAnother update of " +
+                          state.ProgramDirectory + " is running"));
+}
+
+}  // namespace
+}  // namespace repvolta

@@ -31,6 +31,15 @@ int Fail(const std::string& reason) {
   return kNotStarted;
 }
 
+/// The icon of the desktop's theme, else our own.
+QIcon ProgramIcon() {
+  QIcon own;
+  for (const int size : {16, 32, 48, 128, 256}) {
+    own.addFile(QString(":/icons/repvolta-%1.png").arg(size));
+  }
+  return QIcon::fromTheme("repvolta", own);
+}
+
 std::string PrepareProgramDirectory(const std::string& executable) {
   std::string directory = FindProgramDirectory(executable);
   FillProgramDirectory(directory, executable);
@@ -119,7 +128,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("repvolta");
   QApplication::setDesktopFileName("repvolta");
-  QApplication::setWindowIcon(QIcon::fromTheme("repvolta"));
+  QApplication::setWindowIcon(repvolta::ProgramIcon());
   // The program ends by its Exit command: the boxes of the set-up are the last windows for a while.
   QApplication::setQuitOnLastWindowClosed(false);
   try {

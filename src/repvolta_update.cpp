@@ -52,8 +52,7 @@ class Console : public UserInterface {
 
   void AddLineToUpdateList(std::string_view line) override {
     if (line.starts_with("ERROR")) sawError_ = true;
-    std::cout << line << '
-' << std::flush;
+    std::cout << line << '\n' << std::flush;
     if (std::cout) return;
     // A reader that went away wanted no more lines.
     if (errno != EPIPE) lostLine_ = true;

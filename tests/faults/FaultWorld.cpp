@@ -67,7 +67,8 @@ bool IsBelow(const std::string& path, const std::string& folder) {
 Entries Look(const std::string& root) {
   Entries entries;
   for (const auto& entry : fs::recursive_directory_iterator(root)) {
-    entries[fs::relative(entry.path(), root)] = LookAt(entry.path());
+    // Not fs::relative, which follows links.
+    entries[entry.path().lexically_relative(root)] = LookAt(entry.path());
   }
   return entries;
 }

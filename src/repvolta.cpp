@@ -26,7 +26,7 @@ namespace {
 constexpr int kNotStarted = 1;
 
 int Fail(const std::string& reason) {
-  std::fprintf(stderr, "repvolta: %s\n", reason.c_str());
+  static_cast<void>(std::fprintf(stderr, "repvolta: %s\n", reason.c_str()));
   MessageBox::Show(nullptr, QString::fromStdString(reason), kProductName.data());
   return kNotStarted;
 }

@@ -1,5 +1,6 @@
 #include <QCoreApplication>
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <iostream>
 #include <stdexcept>
@@ -47,10 +48,15 @@ class CannotStart : public std::runtime_error {
 class Console : public UserInterface {
  public:
   bool SawError() const { return sawError_; }
+  bool LostLine() const { return lostLine_; }
 
   void AddLineToUpdateList(std::string_view line) override {
     if (line.starts_with("ERROR")) sawError_ = true;
     std::cout << line << '\n' << std::flush;
+    if (std::cout) return;
+    // A reader that went away wanted no more lines.
+    if (errno != EPIPE) lostLine_ = true;
+    std::cout.clear();
   }
 
   void ShowMessage(std::string_view /*text*/, std::string_view /*title*/) override {}
@@ -66,6 +72,7 @@ class Console : public UserInterface {
 
  private:
   bool sawError_ = false;
+  bool lostLine_ = false;
 };
 
 std::vector<std::string> Operands(const std::vector<std::string>& arguments) {
@@ -143,6 +150,10 @@ int Run(const std::string& executable, const std::vector<std::string>& arguments
   EngineSpeech speech(InstalledEngines(processes));
   Program program{state, console, clock, random, processes, speech};
   for (const std::string& workout : workouts) UpdateWorkout(program, workout);
+  if (console.LostLine()) {
+    std::fputs("repvolta-update: The progress lines could not be written\n", stderr);
+    return kDoneWithErrors;
+  }
   return console.SawError() ? kDoneWithErrors : kDone;
 }
 

@@ -58,8 +58,10 @@ void PutFile(const std::string& path, std::span<const Byte> content) {
 
 Bytes GetFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
-  Require(file.is_open(), "a file can be read back");
-  return {std::istreambuf_iterator<char>(file), {}};
+  Bytes content(fs::file_size(path));
+  file.read(reinterpret_cast<char*>(content.data()), static_cast<std::streamsize>(content.size()));
+  Require(file.good(), "a file can be read back");
+  return content;
 }
 
 Byte FuzzInput::TakeByte() {

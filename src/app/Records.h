@@ -113,7 +113,7 @@ struct ExerciseRecord {
   Flag Units = kFalse;  // true: pounds and miles
   Flag RandomMusic = kFalse;
   FixedText<256> ExerciseName;  // blank: the slot is not used
-  Reserved<3 * 256, ' '> ReservedTexts;
+  Reserved<std::size_t{3} * 256, ' '> ReservedTexts;
   Reserved<256, 0> ReservedTail;
 
   bool operator==(const ExerciseRecord&) const = default;
@@ -136,7 +136,7 @@ struct SettingsRecord {
   Reserved<2, 0> ReservedInteger;
   std::int16_t LastWorkoutIndex = 0;
   Reserved<16, 0> ReservedBlock;
-  Reserved<3 * 256, ' '> ReservedTexts;
+  Reserved<std::size_t{3} * 256, ' '> ReservedTexts;
 
   bool operator==(const SettingsRecord&) const = default;
 };

@@ -6,6 +6,7 @@
 
 #include "base/File.h"
 #include "base/FileError.h"
+#include "base/Folder.h"
 #include "base/Text.h"
 
 namespace repvolta {
@@ -23,7 +24,8 @@ bool IsForbidden(char character) {
 std::vector<std::string> SortedNames(const std::string& folder) {
   std::vector<std::pair<std::u32string, std::string>> keyed;
   std::error_code error;
-  for (std::filesystem::directory_iterator entry(folder.empty() ? "." : folder, error), end;
+  for (std::filesystem::directory_iterator entry = OpenFolder(folder.empty() ? "." : folder, error),
+                                           end;
        !error && entry != end; entry.increment(error)) {
     const std::string name = entry->path().filename().string();
     keyed.emplace_back(FoldCase(name), name);

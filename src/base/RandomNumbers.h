@@ -15,6 +15,7 @@ class RandomNumbers {
   virtual double Next() = 0;
 };
 
+// NOLINTNEXTLINE(cert-msc32-c,cert-msc51-cpp): Seed() begins each sequence.
 class TimerSeededNumbers : public RandomNumbers {
  public:
   void Seed() override;

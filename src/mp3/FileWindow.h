@@ -24,7 +24,7 @@ class FileWindow {
   const File& file_;
   Bytes block_;
   std::uint64_t start_ = 0;
-  std::size_t nextSize_ = 4 * 1024;
+  std::size_t nextSize_ = std::size_t{4} * 1024;
 };
 
 }  // namespace repvolta

@@ -32,7 +32,7 @@ std::string FindProgram(const std::string& name) {
   std::istringstream folders(path == nullptr ? "" : path);
   for (std::string folder; std::getline(folders, folder, ':');) {
     if (folder.empty()) continue;
-    const std::string program = folder.append("/").append(name);
+    std::string program = folder.append("/").append(name);
     if (IsProgram(program)) return program;
   }
   return "";

@@ -68,7 +68,9 @@ void OutputFolder::Clear(const std::vector<std::string>& keep) {
   if (!fs::is_directory(folder)) return;
   MakeFoldersWritable(folder);
   std::error_code error;
-  fs::remove_all(folder, error);
+  do {
+    fs::remove_all(folder, error);
+  } while (error == std::errc::interrupted);
   if (error) throw FileError(folder, "could not be deleted", error.value());
 }
 

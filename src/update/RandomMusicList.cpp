@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/File.h"
+#include "base/Folder.h"
 #include "base/Lines.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -39,7 +40,7 @@ bool IsListed(const fs::directory_entry& entry) {
 /// cannot be read is left out.
 void ListFolder(const fs::path& folder, WholeFileWriter& list, std::vector<fs::path>& folders) {
   std::error_code error;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+  for (fs::directory_iterator entry = OpenFolder(folder, error), end; !error && entry != end;
        entry.increment(error)) {
     std::error_code unknown;
     if (entry->is_directory(unknown)) {

@@ -228,6 +228,14 @@ TEST_F(UpdateProgram, SurvivesAReaderThatGoesAway) {
   EXPECT_TRUE(fs::exists("player/Monday/Monday.M3U"));
 }
 
+TEST_F(UpdateProgram, SaysSoWhenItsLinesAreLost) {
+  AddWorkout("Monday", "Squat");
+  const ProgramRun run = RunProgram("sh", {"-c", "program/repvolta-update > /dev/full"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.errors, "repvolta-update: The progress lines could not be written\n");
+  EXPECT_TRUE(fs::exists("player/Monday/Monday.M3U"));
+}
+
 TEST_F(UpdateProgram, TakesWorkoutFilesOfAnyContent) {
   PutFile("program/workouts/Empty.RPV", "");
   PutFile("program/workouts/Short.RPV", std::string(5000, 'x'));

@@ -3,9 +3,13 @@
 #include <cstdio>
 #include <filesystem>
 #include <random>
+#include <set>
 #include <thread>
 
+#include "app/RecordFormat.h"
+
 #include "faults/FaultWorld.h"
+#include "support/ProgramsBeside.h"
 
 namespace repvolta {
 namespace {
@@ -70,6 +74,41 @@ TEST_F(Kills, AtRandomMomentsLoseNothing) {
     ExpectRecovery();
   }
   std::printf("[  POINTS  ] %d random kills, %d before the end of the update\n", kills, early);
+}
+
+TEST_F(Kills, AmidstEditsLeaveAWholeEdit) {
+  fs::current_path("program");
+  const int kills = IsLongRun() ? 500 : 40;
+  std::mt19937 random(1789);
+  std::uniform_int_distribution<int> microseconds(0, 30'000);
+  std::set<std::string> left;
+  const Bytes oldSettings = GetFile("settings.dat");
+  for (int i = 0; i < kills; ++i) {
+    SCOPED_TRACE(i);
+    const ProgramRun run =
+        RunProgram(ProgramBeside("engine_steps"), {"edit"}, Surroundings(), [&](long process) {
+          std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
+          kill(static_cast<pid_t>(process), SIGKILL);
+        });
+    EXPECT_EQ(run.status, -1) << run.errors;
+    const Bytes file = GetFile("workouts/Monday.RPV");
+    EXPECT_EQ(file.size(), kWorkoutFileSize);
+    const ExerciseSlots workout = DecodeWorkout(file);
+    if (file != oldWorkout) {
+      for (int j = 1; j < MaxExercises; ++j) EXPECT_TRUE(workout[j] == workout[0]) << j;
+    }
+    const Bytes settingsFile = GetFile("settings.dat");
+    const SettingsRecord settings = DecodeSettings(settingsFile);
+    EXPECT_TRUE(settings.MusicPath == settings.OutputPath || settingsFile == oldSettings);
+    left.insert(workout[0].ExerciseName.Text());
+    for (const auto& entry : fs::directory_iterator("workouts")) {
+      const std::string name = entry.path().filename();
+      EXPECT_TRUE(name == "Monday.RPV" || name == "Tuesday.RPV" || name == ".Monday.RPV.new");
+    }
+  }
+  std::printf("[  POINTS  ] %d kills amidst edits, %zu different edits were left\n", kills,
+              left.size());
+  EXPECT_GE(left.size(), 5U);
 }
 
 }  // namespace

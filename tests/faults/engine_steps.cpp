@@ -15,6 +15,18 @@
 namespace repvolta {
 namespace {
 
+/// One of many edits: each puts its number into every exercise and into the settings.
+void SaveEdit(ProgramState& state, int number) {
+  for (int i = 0; i < MaxExercises; ++i) {
+    state.Workout[i].ExerciseName = "Edit " + std::to_string(number);
+    state.Workout[i].SetValue1[0] = static_cast<float>(number);
+  }
+  state.Settings.MusicPath = std::to_string(number);
+  state.Settings.OutputPath = std::to_string(number);
+  SaveWorkout(state);
+  SaveSettings(state);
+}
+
 int Run(const std::string& step) {
   ProgramState state;
   RecordingScreen screen;
@@ -31,6 +43,8 @@ int Run(const std::string& step) {
     state.Settings.MusicPath = "new";
     SaveWorkout(state);
     SaveSettings(state);
+  } else if (step == "edit") {
+    for (int i = 0; i < 100'000; ++i) SaveEdit(state, i);
   } else if (step == "list") {
     LoadWorkoutNames(state, screen);
     for (const std::string& name : state.WorkoutNames) std::printf("%s\n", name.c_str());

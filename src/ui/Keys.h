@@ -10,4 +10,7 @@ namespace repvolta {
 /// disabled is not clicked.
 void AddKey(QWidget* scope, const QKeySequence& key, QAbstractButton* button);
 
+/// The same wherever the focus is in the window, or nowhere, while `scope` is on the screen.
+void AddWindowKey(QWidget* scope, const QKeySequence& key, QAbstractButton* button);
+
 }  // namespace repvolta

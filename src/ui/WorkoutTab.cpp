@@ -28,7 +28,7 @@ void WorkoutTab::ConnectWorkouts() {
                     [this] { CreateNewWorkoutButton_Click(editor_); });
   handlers_.OnClick(ui_->DeleteSelectedWorkoutButton, "The workout could not be deleted.",
                     [this] { DeleteSelectedWorkoutButton_Click(editor_); });
-  AddKey(this, QKeySequence::New, ui_->CreateNewWorkoutButton);
+  AddWindowKey(this, QKeySequence::New, ui_->CreateNewWorkoutButton);
 
   // A choice by hand is told by `activated`, also when it is the entry that was chosen before. One
   // by an assistive tool may change the entry only: then it counts as soon as events run.

@@ -45,9 +45,16 @@ class Pictures {
   QString folder_;
 };
 
-class NoOutputs : public AudioOutputs {
+class SampleOutputs : public AudioOutputs {
  public:
-  std::vector<std::string> Names() override { return {}; }
+  std::vector<std::string> Names() override { return {"Built-in Audio Analog Stereo"}; }
+};
+
+class SampleVoices : public FakeSpeech {
+ public:
+  std::vector<std::string> VoiceNames() override {
+    return {"English (rms) - flite", "English (slt) - flite"};
+  }
 };
 
 QPalette DarkPalette() {
@@ -88,6 +95,7 @@ void MakeProgramDirectory(ProgramState& state) {
   state.Settings.MusicPath = "/home/kim/Music";
   state.Settings.OutputPath = "/home/kim/Player";
   state.Settings.DefaultExerciseTime = 5;
+  state.Settings.IncludeWeightValues = kTrue;
   SaveSettings(state);
 }
 
@@ -112,7 +120,10 @@ void TakeDialogs(const Pictures& pictures) {
   UpdateForm update;
   update.Show();
   for (const char* line :
-       {"Updating workout: Monday", "Generating instructions: Goblet Squat",
+       {"Updating Workout Monday.RPV", "Created directory /home/kim/Player/Monday/",
+        "Updated Field 1 in exercise - Goblet Squat",
+        "RV001-Instructions.mp3 MP3 Instruction file created sucessfully.",
+        "RV001-Instructions.mp3  TAG modified OK", "RV002-Café au lait.mp3  TAG modified OK",
         "ERROR: File not found. /home/kim/Music/Long Run.mp3", "", "UPDATE COMPLETE."}) {
     update.AddLine(line);
   }
@@ -127,8 +138,8 @@ void TakeWindow(const Pictures& pictures) {
   const SystemClock clock;
   TimerSeededNumbers random;
   FakeProcesses processes;
-  FakeSpeech speech;
-  NoOutputs outputs;
+  SampleVoices speech;
+  SampleOutputs outputs;
   QtDialogs dialogs;
   UpdateForm progress;
   RandomMusicMessage wait;

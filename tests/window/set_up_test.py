@@ -43,6 +43,13 @@ class SetUp(WindowTest):
         listed = (self.home.program / "musiclist.txt").read_text(encoding="utf-8").splitlines()
         self.assertEqual(sorted(listed), sorted(songs))
 
+    def test_is_followed_by_the_first_workout_with_one_key(self):
+        program = self.start_set_up()
+        keys("ctrl+n")
+        program.answer("New Workout", "Monday")
+        program.main()
+        self.assertTrue((self.home.program / "workouts" / "Monday.RPV").exists())
+
     def test_begins_again_when_it_was_interrupted(self):
         program = self.start()
         program.message("Welcome to Repvolta")

@@ -8,10 +8,7 @@
 #include "update/RandomMusicList.h"
 #include "update/Steps.h"
 #include "update/UpdateDriver.h"
-
-#include "support/ClipBytes.h"
-#include "support/ProgramFixture.h"
-#include "support/SongBytes.h"
+#include "update/UpdateFixture.h"
 
 namespace repvolta {
 namespace {
@@ -23,59 +20,7 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
 
-/// The workout "Monday" of a program directory with an encoder that copies the WAV file behind the
-/// header of a frame, and without any clips but the names'.
-class UpdateDriver : public ProgramFixture {
- protected:
-  UpdateDriver() {
-    state.WorkoutFileName = "Monday.RPV";
-    state.Settings.OutputPath = Full("player");
-    state.Settings.MusicPath = Full("music");
-    state.Settings.IncludeWeightValues = kTrue;
-    fs::create_directory("player");
-    PutFile("lame.exe", "");
-    PutFile("voice/sets.wav", ClipBytes(Bytes(10, '+')));
-    processes.run = [](const ChildCommand& command) {
-      if (!fs::exists(command.arguments[1])) return;
-      Bytes mp3 = SongBytes(1);
-      const Bytes wav = GetFile(command.arguments[1]);
-      mp3.insert(mp3.end(), wav.begin(), wav.end());
-      PutFile(command.arguments[2], mp3);
-    };
-  }
-
-  std::string Full(const std::string& path) const { return folder.Path() + path; }
-
-  ExerciseRecord& AddNamed(const std::string& name) {
-    PutFile("voice/exercise/" + name + ".WAV", ClipBytes(Bytes(20, '#')));
-    return AddExercise(name);
-  }
-
-  void AddSong(ExerciseRecord& exercise, const std::string& path) {
-    exercise.MusicFile[exercise.NumberOfMusicFiles++] = path;
-  }
-
-  /// While the instruction is encoded, a folder that is not empty takes the place of the next copy.
-  void PutFolderInTheWay(const std::string& copy) {
-    processes.run = [encode = processes.run, copy](const ChildCommand& command) {
-      encode(command);
-      fs::create_directories(copy + "/in the way");
-    };
-  }
-
-  std::vector<std::string> PlayerFiles() const {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator("player/Monday")) {
-      names.push_back(entry.path().filename());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-
-  std::string PlayList() const { return GetTextFile("player/Monday/Monday.M3U"); }
-
-  void Update() { UpdateCurrentWorkout(program); }
-};
+using UpdateDriver = UpdateFixture;
 
 TEST_F(UpdateDriver, DoesNothingWithoutAWorkout) {
   state.WorkoutFileName = "  ";
@@ -356,133 +301,6 @@ TEST_F(UpdateDriver, OpensThePlayListWhenTheSettingAsksForIt) {
   state.Settings.AutoLoadPlaylist = kTrue;
   Update();
   EXPECT_THAT(screen.opened, ElementsAre(Full("player/Monday/Monday.M3U")));
-}
-
-class RandomMusic : public UpdateDriver {
- protected:
-  ExerciseRecord& AddRandom(std::int16_t target) {
-    ExerciseRecord& exercise = AddNamed("Squat");
-    exercise.RandomMusic = kTrue;
-    exercise.TargetExerciseTime = target;
-    return exercise;
-  }
-
-  void ListSongs(std::initializer_list<int> seconds) {
-    std::string list;
-    for (const int time : seconds) {
-      const std::string path = Full("music/" + std::to_string(time) + ".mp3");
-      PutFile(path, SongBytes(time));
-      list += path + "\n";
-    }
-    PutFile("musiclist.txt", list);
-    CountRandomMusicFiles(state);
-  }
-};
-
-TEST_F(RandomMusic, FillsUntilTheTargetIsPassed) {
-  ListSongs({200});
-  ExerciseRecord& exercise = AddRandom(300);
-
-  Update();
-
-  EXPECT_EQ(exercise.NumberOfMusicFiles, 2);
-  EXPECT_EQ(exercise.TotalMusicTime, 400);
-  EXPECT_EQ(exercise.MusicFilePlayTime[1], 200);
-  EXPECT_EQ(exercise.MusicFile[1].Text(), Full("music/200.mp3"));
-  EXPECT_THAT(screen.log,
-              Contains("Random music file found and added for Exercise - Squat").Times(2));
-  EXPECT_TRUE(fs::exists("player/Monday/RV003-200.mp3"));
-}
-
-TEST_F(RandomMusic, GoesOnWhenTheTargetIsJustReached) {
-  ListSongs({10});
-  ExerciseRecord& exercise = AddRandom(20);
-  Update();
-  EXPECT_EQ(exercise.NumberOfMusicFiles, 3);
-}
-
-TEST_F(RandomMusic, TakesNoMoreThanTenFiles) {
-  ListSongs({1});
-  ExerciseRecord& exercise = AddRandom(300);
-  Update();
-  EXPECT_EQ(exercise.NumberOfMusicFiles, 10);
-  EXPECT_EQ(exercise.TotalMusicTime, 10);
-}
-
-TEST_F(RandomMusic, RejectsSongsOfMoreThanTwiceTheTarget) {
-  ListSongs({201});
-  ExerciseRecord& exercise = AddRandom(100);
-  Update();
-  EXPECT_EQ(exercise.NumberOfMusicFiles, 0);
-  EXPECT_THAT(screen.log, Contains("ERROR: Unable to find random music for Exercise - Squat"));
-}
-
-TEST_F(RandomMusic, FailsOnceWithoutAList) {
-  ExerciseRecord& exercise = AddRandom(100);
-  exercise.TotalMusicTime = 50;
-  exercise.NumberOfMusicFiles = 1;
-  Update();
-  EXPECT_THAT(screen.log,
-              Contains("ERROR: Unable to find random music for Exercise - Squat").Times(1));
-  EXPECT_EQ(exercise.NumberOfMusicFiles, 0);
-  EXPECT_EQ(exercise.TotalMusicTime, 0);
-}
-
-TEST_F(RandomMusic, TakesExactlyOneFileForATargetOfZero) {
-  ListSongs({0});
-  ExerciseRecord& exercise = AddRandom(0);
-  PutFile("music/0.mp3", "no frame, no time");
-  Update();
-  EXPECT_EQ(exercise.NumberOfMusicFiles, 1);
-}
-
-TEST_F(RandomMusic, DropsAFileThatIsGoneAndKeepsTheOthers) {
-  ListSongs({10});
-  PutFile("musiclist.txt", GetTextFile("musiclist.txt") + "/gone.mp3\n");
-  CountRandomMusicFiles(state);
-  random = ScriptedNumbers({0.0, 0.9});
-  // Each draw takes 101 numbers, so the second one begins with the missing file.
-  ExerciseRecord& exercise = AddRandom(20);
-  Update();
-  EXPECT_EQ(exercise.NumberOfMusicFiles, 1);
-  EXPECT_EQ(exercise.TotalMusicTime, 10);
-}
-
-TEST_F(RandomMusic, IsDrawnOnlyForATrueFlag) {
-  ListSongs({10});
-  ExerciseRecord& exercise = AddRandom(5);
-  exercise.RandomMusic = 1;
-  AddSong(exercise, Full("music/10.mp3"));
-  Update();
-  EXPECT_THAT(screen.log, Not(Contains(StartsWith("Random music"))));
-  EXPECT_EQ(exercise.NumberOfMusicFiles, 1);
-}
-
-TEST_F(RandomMusic, ReportsATargetWhoseDoubleDoesNotFit) {
-  ListSongs({10});
-  AddRandom(16384);
-  Update();
-  EXPECT_THAT(screen.log, Contains("ERROR: The number is too large"));
-  EXPECT_THAT(screen.log, Contains("ERROR: Unable to find random music for Exercise - Squat"));
-}
-
-TEST_F(RandomMusic, IsFoundByItsOwnBytes) {
-  PutFile("music/caf\xE9.mp3", SongBytes(10));
-  PutFile("musiclist.txt", Full("music/caf\xE9.mp3\n"));
-  CountRandomMusicFiles(state);
-  AddRandom(5);
-  Update();
-  EXPECT_TRUE(fs::exists("player/Monday/RV002-caf\xE9.mp3"));
-  EXPECT_THAT(PlayList(), testing::EndsWith("RV002-caf\xE9.mp3\r\n"));
-}
-
-TEST_F(RandomMusic, IsSavedWithTheWorkout) {
-  ListSongs({200});
-  AddRandom(100);
-  Update();
-  const ExerciseSlots saved = DecodeWorkout(GetFile("workouts/Monday.RPV"));
-  EXPECT_EQ(saved[0].NumberOfMusicFiles, 1);
-  EXPECT_EQ(saved[0].MusicFile[0].Text(), Full("music/200.mp3"));
 }
 
 }  // namespace

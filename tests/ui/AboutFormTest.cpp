@@ -1,3 +1,4 @@
+#include <QFont>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -25,6 +26,17 @@ TEST(AboutForm, ShowsTheCredits) {
             "Copyright (C) 2007 the makers of Repvolta\n"
             "Patent Pending\n"
             "Repvolta uses the LAME encoding technology, https://lame.sourceforge.io/");
+}
+
+TEST(AboutForm, HasRoomForTheCreditsInALargeFont) {
+  AboutForm form;
+  QFont font = form.font();
+  font.setPointSize(14);
+  form.setFont(font);
+  form.show();
+  const auto& credits = Find<QLabel>(form, "lblDescription");
+  EXPECT_GE(credits.height(), 4 * credits.fontMetrics().height());
+  EXPECT_GE(credits.width(), credits.sizeHint().width());
 }
 
 TEST(AboutForm, ClosesOnOk) {

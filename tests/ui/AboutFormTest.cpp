@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <QFont>
 #include <QLabel>
 #include <QMessageBox>
@@ -34,6 +35,7 @@ TEST(AboutForm, HasRoomForTheCreditsInALargeFont) {
   font.setPointSize(14);
   form.setFont(font);
   form.show();
+  QCoreApplication::processEvents();
   const auto& credits = Find<QLabel>(form, "lblDescription");
   EXPECT_GE(credits.height(), 4 * credits.fontMetrics().height());
   EXPECT_GE(credits.width(), credits.sizeHint().width());

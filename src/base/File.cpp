@@ -14,6 +14,7 @@ namespace repvolta {
 namespace {
 
 constexpr std::size_t kCopyBlock = std::size_t{128} * 1024;
+constexpr std::uint64_t kSystemCopyBlock = std::uint64_t{1} << 30;
 
 constexpr const char* kWriteFailure = "could not be opened for writing";
 constexpr const char* kNoFile = "It is not a file";
@@ -156,10 +157,33 @@ bool IsLinked(const std::string& path) {
   return S_ISLNK(status.st_mode) || (S_ISREG(status.st_mode) && status.st_nlink > 1);
 }
 
+namespace {
+
+/// Lets the system copy, without a way through this program's memory; it may do less than all, or
+/// nothing where it cannot. Returns how far in `from` it came.
+std::uint64_t CopyInSystem(const File& from, std::uint64_t offset, std::uint64_t end, File& to,
+                           std::uint64_t position) {
+  auto read = static_cast<off64_t>(offset);
+  auto written = static_cast<off64_t>(position);
+  while (static_cast<std::uint64_t>(read) < end) {
+    const auto wanted = std::min(end - static_cast<std::uint64_t>(read), kSystemCopyBlock);
+    const ssize_t count =
+        copy_file_range(from.Descriptor(), &read, to.Descriptor(), &written, wanted, 0);
+    if (count == 0 || (count < 0 && errno != EINTR)) break;
+  }
+  return static_cast<std::uint64_t>(read);
+}
+
+}  // namespace
+
 std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to,
                           std::uint64_t position) {
   // The end is that of the beginning: a file that is copied to its own end must not run after it.
   const std::uint64_t end = from.Size();
+  const std::uint64_t reached = CopyInSystem(from, offset, end, to, position);
+  position += reached - offset;
+  offset = reached;
+  if (offset >= end) return position;
   std::vector<Byte> block(kCopyBlock);
   while (offset < end) {
     const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(end - offset, kCopyBlock));
@@ -172,21 +196,22 @@ std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to,
   return position;
 }
 
-void CopyFileToNew(const std::string& source, const std::string& target) {
+void CopyFileToNew(const std::string& source, const std::string& target, const CopyStart& start) {
   const File from = File::Open(source, File::Access::kRead);
   File to = File::CreateNew(target);
   try {
-    CopyContent(from, 0, to, 0);
+    to.WriteAt(0, start.head);
+    CopyContent(from, start.offset, to, start.head.size());
   } catch (...) {
     unlink(target.c_str());
     throw;
   }
 }
 
-void CopyFileOver(const std::string& source, const std::string& target) {
+void CopyFileOver(const std::string& source, const std::string& target, const CopyStart& start) {
   { const File readable = File::Open(source, File::Access::kRead); }
   RemoveFile(target);
-  CopyFileToNew(source, target);
+  CopyFileToNew(source, target, start);
 }
 
 void RemoveFile(const std::string& path) {

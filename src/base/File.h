@@ -86,12 +86,21 @@ bool IsLinked(const std::string& path);
 /// depend on the size. Returns the new position. Throws FileError.
 std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to, std::uint64_t position);
 
+/// How a copy differs from its source: it starts with `head`, and the source's bytes follow from
+/// `offset` on.
+struct CopyStart {
+  std::span<const Byte> head = {};
+  std::uint64_t offset = 0;
+};
+
 /// Copies the file `source` to `target`, content only. Whatever stands at `target`, a link too, is
 /// replaced by a new file and never written through. Throws FileError; then no `target` is left.
-void CopyFileOver(const std::string& source, const std::string& target);
+void CopyFileOver(const std::string& source, const std::string& target,
+                  const CopyStart& start = {});
 
 /// Like CopyFileOver, but throws FileError when anything stands at `target`.
-void CopyFileToNew(const std::string& source, const std::string& target);
+void CopyFileToNew(const std::string& source, const std::string& target,
+                   const CopyStart& start = {});
 
 /// Removes the file or link `path`, read-only too; what does not exist is no error. Throws
 /// FileError.

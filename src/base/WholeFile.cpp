@@ -40,17 +40,28 @@ WholeFileWriter::~WholeFileWriter() {
   if (!committed_) unlink(file_.Path().c_str());
 }
 
+/// Runs the statement; a failure then names the file that is to be written, not the working file.
+template <class Statement>
+void WholeFileWriter::Writing(Statement statement) {
+  try {
+    statement();
+  } catch (const FileError& error) {
+    throw FileError(path_, "could not be written", error.Reason());
+  }
+}
+
 void WholeFileWriter::Append(std::span<const Byte> bytes) {
   pending_.insert(pending_.end(), bytes.begin(), bytes.end());
   if (pending_.size() >= kPendingLimit) WriteOut();
 }
 
+void WholeFileWriter::AppendRest(const File& from, std::uint64_t offset) {
+  WriteOut();
+  Writing([&] { written_ = CopyContent(from, offset, file_, written_); });
+}
+
 void WholeFileWriter::WriteOut() {
-  try {
-    file_.WriteAt(written_, pending_);
-  } catch (const FileError& error) {
-    throw FileError(path_, "could not be written", error.Reason());
-  }
+  Writing([&] { file_.WriteAt(written_, pending_); });
   written_ += pending_.size();
   pending_.clear();
 }
@@ -71,14 +82,12 @@ std::optional<FileStamp> WholeFileWriter::Placed() const {
 }
 
 void WholeFileWriter::FlushWorkingFile() {
-  try {
+  Writing([&] {
     if (fchmod(file_.Descriptor(), PermissionsFor(path_)) != 0) {
       throw FileError(path_, "could not be written", errno);
     }
     file_.FlushToDevice();
-  } catch (const FileError& error) {
-    throw FileError(path_, "could not be written", error.Reason());
-  }
+  });
 }
 
 void WriteWholeFile(const std::string& path, std::span<const Byte> bytes) {

@@ -29,6 +29,9 @@ class WholeFileWriter {
   void Append(std::span<const Byte> bytes);
   void Append(std::string_view text) { Append(AsBytes(text)); }
 
+  /// Appends the bytes that `from` has now, from `offset` on. Throws FileError that names `path`.
+  void AppendRest(const File& from, std::uint64_t offset);
+
   /// Throws FileError that names `path`, which is then as it was; or one that names its folder,
   /// when the new file is in place but the device may not know.
   void Commit();
@@ -38,6 +41,8 @@ class WholeFileWriter {
 
  private:
   void WriteOut();
+  template <class Statement>
+  void Writing(Statement statement);
   void FlushWorkingFile();
 
   std::string path_;

@@ -5,7 +5,7 @@
 namespace repvolta {
 namespace {
 
-constexpr std::size_t kLargestBlock = std::size_t{256} * 1024;
+constexpr std::size_t kLargestBlock = std::size_t{128} * 1024;
 
 }  // namespace
 

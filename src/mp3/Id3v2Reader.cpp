@@ -7,14 +7,14 @@
 #include <stdexcept>
 
 #include "base/SingleByteText.h"
+#include "mp3/FileWindow.h"
+#include "mp3/FirstMatch.h"
 #include "mp3/Id3v2Format.h"
 
 namespace repvolta {
 namespace {
 
-constexpr std::size_t kChunk = 4096;
-constexpr std::size_t kChunkOverlap = 3;
-constexpr std::string_view kAudioStart = "\xFF\xFB";
+constexpr std::array<Byte, 2> kAudioStart{0xFF, 0xFB};
 
 constexpr int kMostFrames = 4096;
 constexpr std::size_t kMostBytesHeld = std::size_t{4} * 1024 * 1024;
@@ -27,17 +27,25 @@ std::int32_t PositionPast(std::uint64_t offset, const std::string& path) {
   return static_cast<std::int32_t>(position);
 }
 
-std::int32_t PositionPastMarker(const File& file) {
-  std::string chunk;
-  for (std::uint64_t offset = 0;; offset += kChunk - kChunkOverlap) {
-    chunk.resize(kChunk);
-    chunk.resize(file.ReadAt(offset, {reinterpret_cast<Byte*>(chunk.data()), chunk.size()}));
-    const std::size_t marker = chunk.find(kId3v2Marker);
-    const std::size_t audio = chunk.find(kAudioStart);
-    if (marker != std::string::npos && marker < audio) {
-      return PositionPast(offset + marker, file.Path());
-    }
-    if (audio != std::string::npos || chunk.size() < kChunk) return 0;
+/// 1 where the marker of a tag or the audio begins.
+constexpr Byte EndsSearch(Byte first, Byte second, Byte third) {
+  const bool isMarker = (first == 'I') & (second == 'D') & (third == '3');
+  const bool isAudio = (first == kAudioStart[0]) & (second == kAudioStart[1]);
+  return static_cast<Byte>(isMarker | isAudio);
+}
+
+/// The offset of the first marker from `start` on that stands before any audio.
+std::optional<std::uint64_t> FindMarker(const File& file, std::uint64_t start) {
+  FileWindow window(file);
+  for (std::uint64_t offset = start;;) {
+    const auto bytes = window.From(offset, kId3v2Marker.size());
+    if (bytes.size() < kId3v2Marker.size()) return std::nullopt;
+    const std::size_t count = bytes.size() - kId3v2Marker.size() + 1;
+    const std::size_t found = FirstMatch(bytes, count, EndsSearch);
+    offset += found;
+    if (found == count) continue;
+    if (bytes[found] == kAudioStart[0]) return std::nullopt;
+    return offset;
   }
 }
 
@@ -103,8 +111,9 @@ std::uint64_t Id3v2Place::Offset() const {
 
 Id3v2Place LocateId3v2(const File& file) {
   Id3v2Place place;
-  place.position = PositionPastMarker(file);
-  if (place.position == 0) return place;
+  const auto marker = FindMarker(file, 0);
+  if (!marker) return place;
+  place.position = PositionPast(*marker, file.Path());
   std::array<Byte, kId3v2HeaderSize> header{};
   if (file.ReadAt(place.Offset(), header) <= kId3v2VersionOffset) return place;
   place.version = header[kId3v2VersionOffset];
@@ -113,6 +122,10 @@ Id3v2Place LocateId3v2(const File& file) {
         static_cast<std::int32_t>(LoadBigEndian32(std::span(header).subspan(kId3v2SizeOffset)));
   }
   return place;
+}
+
+bool HasId3v2Behind(const File& file, std::uint64_t offset) {
+  return FindMarker(file, offset).has_value();
 }
 
 Id3v2Frames ReadId3v2Frames(const File& file, const Id3v2Place& place) {

@@ -23,6 +23,10 @@ struct Id3v2Place {
 /// std::overflow_error when it stands beyond 31 bits.
 Id3v2Place LocateId3v2(const File& file);
 
+/// False when LocateId3v2 would find nothing in what is left of the file from `offset` on. Throws
+/// FileError.
+bool HasId3v2Behind(const File& file, std::uint64_t offset);
+
 /// The frames of the tag, as far as they can be read. Of a tag that is larger than any sensible one
 /// only a part is held, so that memory stays small. Throws FileError.
 Id3v2Frames ReadId3v2Frames(const File& file, const Id3v2Place& place);

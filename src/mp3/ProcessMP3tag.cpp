@@ -1,9 +1,11 @@
 #include "mp3/ProcessMP3tag.h"
 
+#include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
 #include "base/Product.h"
 #include "base/Text.h"
+#include "mp3/Id3v2Reader.h"
 #include "mp3/RepvoltaMP3.h"
 #include "mp3/RepvoltaMP3v2.h"
 
@@ -44,6 +46,15 @@ std::string TitleOf(const std::string& path, std::string_view title) {
   return std::string(TrimBlanks(text));
 }
 
+void SetFrames(cMP3ID3v2& tag, const std::string& path, std::string_view title,
+               std::string_view workoutFileName) {
+  tag.SetArtist(kProductName);
+  tag.SetAlbum(TrimBlanks(workoutFileName));
+  tag.SetTitle(TitleOf(path, title));
+  tag.SetTrack("0");
+  tag.SetUserUrl(kProductAddress);
+}
+
 }  // namespace
 
 void ProcessMP3tag(const std::string& path, std::string_view title,
@@ -54,12 +65,31 @@ void ProcessMP3tag(const std::string& path, std::string_view title,
   if (!removed || tag.HasTag()) {
     log.AddLineToUpdateList("ERROR:" + FileName(path) + " - MP3v2 TAG could not be removed.");
   }
-  tag.SetArtist(kProductName);
-  tag.SetAlbum(TrimBlanks(workoutFileName));
-  tag.SetTitle(TitleOf(path, title));
-  tag.SetTrack("0");
-  tag.SetUserUrl(kProductAddress);
+  SetFrames(tag, path, title, workoutFileName);
   tag.WriteTag();
+  LogTagged(path, log);
+}
+
+std::optional<TaggedCopy> PlanTaggedCopy(const std::string& source, const std::string& path,
+                                         std::string_view title, std::string_view workoutFileName) {
+  try {
+    RepvoltaMP3 mp3;
+    mp3.SetFileName(source);
+    TaggedCopy copy;
+    if (mp3.HasID3v2()) copy.audioOffset = static_cast<std::uint64_t>(mp3.Info().headerOffset);
+    if (HasId3v2Behind(File::Open(source, File::Access::kRead), copy.audioOffset)) {
+      return std::nullopt;
+    }
+    cMP3ID3v2 tag;
+    SetFrames(tag, path, title, workoutFileName);
+    copy.tag = tag.NewTag();
+    return copy;
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
+}
+
+void LogTagged(const std::string& path, ProgressLog& log) {
   log.AddLineToUpdateList(FileName(path) + "  TAG modified OK");
 }
 

@@ -7,7 +7,6 @@
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/WholeFile.h"
-#include "mp3/CopyRest.h"
 #include "mp3/RepvoltaMP3.h"
 
 namespace repvolta {
@@ -34,7 +33,7 @@ void RepvoltaMP3::RemoveLeadingData(FileTimes times) {
   {
     const File file = File::Open(path, File::Access::kRead);
     WholeFileWriter writer(path);
-    CopyRest(file, static_cast<std::uint64_t>(info_.headerOffset), writer);
+    writer.AppendRest(file, static_cast<std::uint64_t>(info_.headerOffset));
     writer.Commit();
   }
   try {

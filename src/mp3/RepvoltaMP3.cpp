@@ -8,6 +8,7 @@
 
 #include "base/File.h"
 #include "mp3/FileWindow.h"
+#include "mp3/FirstMatch.h"
 #include "mp3/Id3v2Format.h"
 #include "mp3/MpegFormat.h"
 
@@ -28,15 +29,25 @@ std::array<Byte, kCount> BytesAt(FileWindow& window, std::int64_t position) {
   return bytes;
 }
 
-/// The first position from `position` on where a frame can start, or `end`.
-std::int64_t NextSync(FileWindow& window, std::int64_t position, std::int64_t end) {
+/// 1 where the bytes begin a header that DecodeFrameHeader accepts: all sync bits, and no version,
+/// layer, bit rate or sample rate that is reserved or free. Tested against it bit by bit.
+constexpr Byte StartsFrame(Byte first, Byte second, Byte third) {
+  const Byte bitRate = third & 0xF0;
+  return static_cast<Byte>((first == kFirstSyncByte) & ((second & 0xE0) == 0xE0) &
+                           ((second & 0x18) != 8) & ((second & 0x06) != 0) & (bitRate != 0) &
+                           (bitRate != 0xF0) & ((third & 0x0C) != 0x0C));
+}
+
+/// The first position from `position` on where a frame starts, or `end`.
+std::int64_t NextFrame(FileWindow& window, std::int64_t position, std::int64_t end) {
   while (position < end) {
     const auto bytes = window.From(static_cast<std::uint64_t>(position - 1), kFrameHeaderSize);
-    if (bytes.empty()) return end;
-    const auto count = std::min(bytes.size(), static_cast<std::size_t>(end - position));
-    const void* found = std::memchr(bytes.data(), kFirstSyncByte, count);
-    if (found != nullptr) return position + (static_cast<const Byte*>(found) - bytes.data());
-    position += static_cast<std::int64_t>(count);
+    if (bytes.size() < kFrameHeaderSize) return end;
+    const auto count =
+        std::min(bytes.size() - kFrameHeaderSize + 1, static_cast<std::size_t>(end - position));
+    const std::size_t found = FirstMatch(bytes, count, StartsFrame);
+    position += static_cast<std::int64_t>(found);
+    if (found < count) return position;
   }
   return end;
 }
@@ -125,14 +136,11 @@ void RepvoltaMP3::AcceptID3v2(std::span<const Byte> header, std::int64_t offset)
 bool RepvoltaMP3::FindFirstFrame(FileWindow& window, std::int64_t position) {
   const std::int64_t end = info_.fileLength - kScanTail;
   while (position < end) {
-    const auto bytes = BytesAt<kFrameHeaderSize>(window, position);
-    const auto header = LoadLittleEndian<std::uint32_t>(bytes);
-    if (IsFrameSync(header) && DecodeFrameHeader(header, Checked(position))) return true;
-    if (embeddedTags_ == EmbeddedTags::kSearched) {
-      position = SkipEmbeddedTag(window, position);
-    } else {
-      position = NextSync(window, position + 1, end);
-    }
+    const auto header =
+        LoadLittleEndian<std::uint32_t>(BytesAt<kFrameHeaderSize>(window, position));
+    if (DecodeFrameHeader(header, Checked(position))) return true;
+    position = embeddedTags_ == EmbeddedTags::kSearched ? SkipEmbeddedTag(window, position)
+                                                        : NextFrame(window, position + 1, end);
   }
   return false;
 }

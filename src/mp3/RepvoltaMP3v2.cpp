@@ -6,7 +6,6 @@
 
 #include "base/Numbers.h"
 #include "base/WholeFile.h"
-#include "mp3/CopyRest.h"
 #include "mp3/GenreName.h"
 #include "mp3/Id3v2Format.h"
 #include "mp3/TagError.h"
@@ -18,23 +17,23 @@ constexpr std::string_view kModule = ".cMP3ID3v2";
 constexpr std::string_view kModuleOfReading = ".cMP3ID3v1";
 constexpr Byte kUnknownGenre = 255;
 
-void StoreSize(Bytes& tag, std::size_t size) {
-  StoreBigEndian32(std::span(tag).subspan(kId3v2SizeOffset), static_cast<std::uint32_t>(size));
-}
-
-/// Adds the empty frame header that ends the frames, as far as the tag's area has room for it, so
-/// that what remains of an older tag is not taken for more of them.
-void EndFrames(Bytes& tag, std::size_t area) {
+/// Stores the size of the tag's area and adds the empty frame header that ends the frames, as far
+/// as the area has room for it, so that what remains of an older tag is not taken for more of them.
+void FitInto(std::size_t area, Bytes& tag) {
   constexpr std::size_t kEnd = kFrameLayoutOfVersion3.headerSize;
+  StoreBigEndian32(std::span(tag).subspan(kId3v2SizeOffset), static_cast<std::uint32_t>(area));
   if (area > tag.size()) tag.resize(tag.size() + std::min(kEnd, area - tag.size()));
 }
+
+/// The area that a new tag of `size` bytes gets.
+std::size_t AreaFor(std::size_t size) { return (size / kTagStep + 1) * kTagStep; }
 
 /// Puts the tag in front of the file's content, which it overlaps but for `room` bytes.
 void WriteGrown(const File& file, Bytes tag, std::size_t room) {
   tag.resize(std::max(tag.size(), room));
   WholeFileWriter writer(file.Path());
   writer.Append(tag);
-  CopyRest(file, tag.size() - room, writer);
+  writer.AppendRest(file, tag.size() - room);
   writer.Commit();
 }
 
@@ -114,6 +113,14 @@ Bytes cMP3ID3v2::BuildTag() const {
   return tag;
 }
 
+Bytes cMP3ID3v2::NewTag() const {
+  Bytes tag = BuildTag();
+  const std::size_t area = AreaFor(tag.size());
+  FitInto(area, tag);
+  tag.resize(area);
+  return tag;
+}
+
 void cMP3ID3v2::WriteTag() {
   try {
     File file = File::Open(fileName_, File::Access::kReadWrite);
@@ -129,13 +136,11 @@ void cMP3ID3v2::WriteInto(File& file) const {
   // A negative size is none that a tag can have: nothing of the file then counts as the old tag.
   const auto oldSize = static_cast<std::size_t>(std::max(old.size, 0));
   if (old.position >= 1 && oldSize > tag.size()) {
-    StoreSize(tag, oldSize);
-    EndFrames(tag, oldSize);
+    FitInto(oldSize, tag);
     file.WriteAt(old.Offset(), tag);
   } else {
-    const std::size_t newSize = (tag.size() / kTagStep + 1) * kTagStep;
-    StoreSize(tag, newSize);
-    EndFrames(tag, newSize);
+    const std::size_t newSize = AreaFor(tag.size());
+    FitInto(newSize, tag);
     WriteGrown(file, std::move(tag), newSize - oldSize);
   }
 }

@@ -31,6 +31,9 @@ class cMP3ID3v2 {
   /// too small a one; a larger tag is written over in its place. Throws TagError.
   void WriteTag();
 
+  /// What WriteTag puts in front of a file that has no tag: the held frames and their padding.
+  Bytes NewTag() const;
+
   std::string Title() const { return frames_.LastText("TIT2"); }
   std::string Artist() const { return frames_.LastText("TPE1"); }
   std::string Album() const { return frames_.LastText("TALB"); }

@@ -97,9 +97,10 @@ void OutputFolder::Claim(const std::string& path) {
   claimed_.insert(path);
 }
 
-void OutputFolder::CopyInto(const std::string& source, const std::string& target) {
+void OutputFolder::CopyInto(const std::string& source, const std::string& target,
+                            const CopyStart& start) {
   Claim(target);
-  CopyFileOver(source, target);
+  CopyFileOver(source, target, start);
 }
 
 void OutputFolder::FlushToDevice() const {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/ProgramState.h"
+#include "base/File.h"
 
 namespace repvolta {
 
@@ -32,7 +32,7 @@ class OutputFolder {
 
   /// Claims `target`, which lies in the folder, and copies the file `source` to it. Throws
   /// FileError; then no half copy is left.
-  void CopyInto(const std::string& source, const std::string& target);
+  void CopyInto(const std::string& source, const std::string& target, const CopyStart& start = {});
 
   /// False for a file that was there before a folder that is not ours to clear, for every file
   /// where the folder leads out of the output path, and for a link to a file elsewhere.

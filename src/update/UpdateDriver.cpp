@@ -114,15 +114,24 @@ class WorkoutUpdate {
       return;
     }
     const std::string path(TrimBlanks(NumberedPath(FileName(source))));
-    steps_.Run([&] { CopyOrSayWhy(source, path); });
+    const auto plan = PlanTaggedCopy(source, path, text_, state_.WorkoutFileName);
+    bool isTagged = false;
+    steps_.Run([&] {
+      CopyOrSayWhy(source, path, plan ? CopyStart{plan->tag, plan->audioOffset} : CopyStart{});
+      isTagged = plan.has_value();
+    });
     if (!WaitFor(path)) return;
-    Tag(path);
+    if (isTagged) {
+      LogTagged(path, program_.screen);
+    } else {
+      Tag(path);
+    }
     List(path);
   }
 
-  void CopyOrSayWhy(const std::string& source, const std::string& path) {
+  void CopyOrSayWhy(const std::string& source, const std::string& path, const CopyStart& start) {
     try {
-      folder_.CopyInto(source, path);
+      folder_.CopyInto(source, path, start);
     } catch (const FileError& error) {
       throw std::runtime_error(FileName(source) + " could not be copied: " + error.Reason());
     }

@@ -98,6 +98,45 @@ TEST(CopyFileToNew, RefusesToReplace) {
   EXPECT_EQ(GetTextFile("copy"), "old");
 }
 
+TEST(CopyFileToNew, PutsAHeadInFrontOfTheRest) {
+  TemporaryFolder folder;
+  PutFile("source", std::string(300000, 'x') + "end");
+  CopyFileToNew("source", "target", {AsBytes("head"), 299998});
+  EXPECT_EQ(GetTextFile("target"), "headxxend");
+}
+
+TEST(CopyFileToNew, IsOnlyTheHeadWhereNothingIsBehindTheOffset) {
+  TemporaryFolder folder;
+  PutFile("source", "four");
+  CopyFileToNew("source", "target", {AsBytes("head"), 4});
+  EXPECT_EQ(GetTextFile("target"), "head");
+}
+
+TEST(CopyContent, CopiesBetweenFileSystems) {
+  TemporaryFolder folder;
+  const std::string content = std::string(400000, 'x') + "end";
+  PutFile("source", content);
+  const std::string elsewhere = "/dev/shm/repvolta-" + std::to_string(getpid());
+  CopyFileToNew("source", elsewhere);
+  EXPECT_TRUE(GetTextFile(elsewhere) == content);
+  RemoveFile(elsewhere);
+}
+
+TEST(CopyContent, CopiesAFileToItsOwnEnd) {
+  TemporaryFolder folder;
+  std::string content(300000, 'x');
+  content += "end";
+  PutFile("file", content);
+  {
+    const File from = File::Open("file", File::Access::kRead);
+    File to = File::Open("file", File::Access::kReadWrite);
+    CopyContent(from, 1, to, content.size() - 1);
+  }
+  // The last byte was written over by the time it was read.
+  const std::string beginning = content.substr(0, content.size() - 1);
+  EXPECT_TRUE(GetTextFile("file") == beginning + beginning.substr(1) + "x");
+}
+
 TEST(WriteWholeFile, ReplacesTheContentAndKeepsThePermissions) {
   TemporaryFolder folder;
   PutFile("settings.dat", "old");

@@ -226,6 +226,11 @@ EXPORTED ssize_t pwrite(int descriptor, const void* bytes, std::size_t size, off
 EXPORTED ssize_t pwrite64(int descriptor, const void* bytes, std::size_t size, off64_t offset) {
   return pwrite(descriptor, bytes, size, offset);
 }
+EXPORTED ssize_t copy_file_range(int from, off64_t* read, int to, off64_t* written,
+                                 std::size_t size, unsigned flags) {
+  const ssize_t allowed = Allowed(kWrite, to, size);
+  return allowed < 0 ? -1 : syscall(SYS_copy_file_range, from, read, to, written, allowed, flags);
+}
 EXPORTED ssize_t read(int descriptor, void* bytes, std::size_t size) {
   const ssize_t allowed = Allowed(kRead, descriptor, size);
   return allowed < 0 ? -1 : syscall(SYS_read, descriptor, bytes, allowed);

@@ -61,6 +61,30 @@ TEST(FirstFrameScan, AgreesWithTheRuleOnBytesThatAreAlmostFrames) {
   for (int round = 0; round < 400; ++round) ExpectTheSameFirstFrame(HardBytes(random, round / 4));
 }
 
+TEST(FirstFrameScan, AgreesWithTheRuleOnEveryHeader) {
+  TemporaryFolder folder;
+  // The first candidate of a file is looked at by itself, so these are not the first. The file is
+  // too short for a candidate behind them.
+  for (int second = 0xDF; second <= 0xFF; ++second) {
+    for (int third = 0; third <= 0xFF; ++third) {
+      const Bytes header{0xFF, static_cast<Byte>(second), static_cast<Byte>(third), 0};
+      ExpectTheSameFirstFrame(Mp3Bytes().Garbage(2).Raw(header).Zeros(3));
+    }
+  }
+}
+
+TEST(FirstFrameScan, AgreesWithTheRuleAcrossTheEndOfEveryBlock) {
+  TemporaryFolder folder;
+  for (const std::size_t end : {4, 4 + 16, 4 + 16 + 64, 4 + 16 + 64 + 128}) {
+    for (std::size_t before = end * 1024 - 80; before < end * 1024 + 3; ++before) {
+      Bytes file(before, 0xFF);
+      file.insert(file.end(), {0xFF, 0xFB, 0x90, 0x00, 0, 0, 0, 0, 0});
+      EXPECT_EQ(FirstFrame(file, RepvoltaMP3::EmbeddedTags::kIgnored),
+                static_cast<std::ptrdiff_t>(before));
+    }
+  }
+}
+
 TEST(FirstFrameScan, FindsAFrameAcrossTheEndOfABlock) {
   TemporaryFolder folder;
   for (std::size_t before = kFirstBlock - 6; before < kFirstBlock + 3; ++before) {

@@ -1,8 +1,7 @@
 #include "base/FileNames.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
+#include <cerrno>
 
 #include "base/File.h"
 #include "base/FileError.h"
@@ -23,16 +22,11 @@ bool IsForbidden(char character) {
 /// folder. Throws FileError.
 std::vector<std::string> SortedNames(const std::string& folder) {
   std::vector<std::pair<std::u32string, std::string>> keyed;
-  std::error_code error;
-  for (std::filesystem::directory_iterator entry = OpenFolder(folder.empty() ? "." : folder, error),
-                                           end;
-       !error && entry != end; entry.increment(error)) {
-    const std::string name = entry->path().filename().string();
-    keyed.emplace_back(FoldCase(name), name);
-  }
-  if (error && error != std::errc::no_such_file_or_directory &&
-      error != std::errc::not_a_directory) {
-    throw FileError(folder, "could not be read", error.value());
+  const int error = ForEachEntry(
+      folder.empty() ? "." : folder,
+      [&](std::string_view name, EntryType) { keyed.emplace_back(FoldCase(name), name); });
+  if (error != 0 && error != ENOENT && error != ENOTDIR) {
+    throw FileError(folder, "could not be read", error);
   }
   std::sort(keyed.begin(), keyed.end());
   std::vector<std::string> names;

@@ -1,18 +1,18 @@
 #pragma once
 
-#include <filesystem>
-#include <system_error>
+#include <functional>
+#include <string>
+#include <string_view>
 
 namespace repvolta {
 
-/// The entries of a folder, opened however often a signal comes in between. Sets `error` like the
-/// iterator itself; there are then no entries.
-inline std::filesystem::directory_iterator OpenFolder(const std::filesystem::path& folder,
-                                                      std::error_code& error) {
-  while (true) {
-    std::filesystem::directory_iterator entries(folder, error);
-    if (error != std::errc::interrupted) return entries;
-  }
-}
+/// What an entry of a folder is, without following a link.
+enum class EntryType { kFile, kFolder, kLink, kOther };
+
+using TakeEntry = std::function<void(std::string_view name, EntryType type)>;
+
+/// Calls `take` for each entry of the folder but "." and "..", in the order of the file system.
+/// Returns 0, or the error number of what kept it from reading on.
+int ForEachEntry(const std::string& folder, const TakeEntry& take);
 
 }  // namespace repvolta

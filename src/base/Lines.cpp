@@ -1,5 +1,7 @@
 #include "base/Lines.h"
 
+#include <algorithm>
+
 #include "base/File.h"
 
 namespace repvolta {
@@ -22,6 +24,12 @@ class LineSplitter {
     }
     Begin(block);
     return true;
+  }
+
+  /// Passes over a block whose lines nobody wants.
+  void Skip(std::string_view block) {
+    beginning_.clear();
+    begun_ = !block.ends_with('\n');
   }
 
   /// Gives the last line, when nothing ended it.
@@ -55,19 +63,75 @@ class LineSplitter {
   bool begun_ = false;
 };
 
-}  // namespace
-
-void ForEachLine(const std::string& path, const TakeLine& take) {
+/// Calls `take` for each block of the file until it returns false.
+template <class Take>
+void ForEachBlock(const std::string& path, Take take) {
   const File file = File::Open(path, File::Access::kRead);
   Bytes block(kBlock);
-  LineSplitter splitter(take);
   std::uint64_t offset = 0;
   while (const std::size_t count = file.ReadAt(offset, block)) {
     offset += count;
-    const auto* text = reinterpret_cast<const char*>(block.data());
-    if (!splitter.Feed({text, count})) return;
+    if (!take(std::string_view(reinterpret_cast<const char*>(block.data()), count))) return;
   }
-  splitter.Finish();
+}
+
+std::string LastLine(const std::string& path) {
+  std::string last;
+  ForEachLine(path, [&](std::string_view line) {
+    last = line;
+    return true;
+  });
+  return last;
+}
+
+std::int64_t LineEnds(std::string_view block) {
+  return std::count(block.begin(), block.end(), '\n');
+}
+
+}  // namespace
+
+void ForEachLine(const std::string& path, const TakeLine& take) {
+  LineSplitter splitter(take);
+  bool goesOn = true;
+  ForEachBlock(path, [&](std::string_view block) { return goesOn = splitter.Feed(block); });
+  if (goesOn) splitter.Finish();
+}
+
+std::int64_t CountLines(const std::string& path) {
+  std::int64_t count = 0;
+  bool endsInLine = false;
+  ForEachBlock(path, [&](std::string_view block) {
+    count += LineEnds(block);
+    endsInLine = !block.ends_with('\n');
+    return true;
+  });
+  return count + (endsInLine ? 1 : 0);
+}
+
+std::vector<std::string> LinesAt(const std::string& path,
+                                 const std::vector<std::int64_t>& numbers) {
+  std::vector<std::string> lines;
+  std::int64_t number = 0;
+  const TakeLine take = [&](std::string_view line) {
+    while (lines.size() < numbers.size() && numbers[lines.size()] == number) {
+      lines.emplace_back(line);
+    }
+    ++number;
+    return lines.size() < numbers.size();
+  };
+  LineSplitter splitter(take);
+  ForEachBlock(path, [&](std::string_view block) {
+    if (lines.size() == numbers.size()) return false;
+    // A block without a wanted line is only counted.
+    const std::int64_t ends = LineEnds(block);
+    if (number + ends >= numbers[lines.size()]) return splitter.Feed(block);
+    number += ends;
+    splitter.Skip(block);
+    return true;
+  });
+  if (lines.size() < numbers.size()) splitter.Finish();
+  if (lines.size() < numbers.size()) lines.resize(numbers.size(), LastLine(path));
+  return lines;
 }
 
 }  // namespace repvolta

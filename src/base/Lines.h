@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace repvolta {
 
@@ -13,5 +15,12 @@ inline constexpr std::size_t kLongestLine = std::size_t{64} * 1024;
 /// none. Stops when `take` returns false. Memory use does not depend on the size of the file.
 /// Throws FileError.
 void ForEachLine(const std::string& path, const std::function<bool(std::string_view)>& take);
+
+/// How many lines ForEachLine gives. Throws FileError.
+std::int64_t CountLines(const std::string& path);
+
+/// The lines with these numbers, which count from 0 and ascend, as ForEachLine gives them; the last
+/// line for a number behind it, "" where there is none. Throws FileError.
+std::vector<std::string> LinesAt(const std::string& path, const std::vector<std::int64_t>& numbers);
 
 }  // namespace repvolta

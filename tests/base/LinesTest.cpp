@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <random>
 
 #include "base/Lines.h"
 
@@ -52,6 +53,48 @@ TEST(ForEachLine, StopsWhenAsked) {
   int count = 0;
   ForEachLine("list.txt", [&](std::string_view) { return ++count < 2; });
   EXPECT_EQ(count, 2);
+}
+
+/// Lines of many lengths, some longer than a block of the reader, with both line ends.
+std::string RandomList(std::mt19937& random) {
+  std::string list;
+  for (int i = static_cast<int>(random() % 30); i > 0; --i) {
+    const std::size_t size = random() % 8 == 0 ? random() % 300000 : random() % 90;
+    list.append(size, static_cast<char>('a' + i % 26)).append(random() % 2 == 0 ? "\n" : "\r\n");
+  }
+  if (random() % 2 == 0) list += "without an end";
+  return list;
+}
+
+TEST(CountLines, CountsWhatForEachLineGives) {
+  std::mt19937 random(1);
+  for (int round = 0; round < 100; ++round) {
+    const std::string list = RandomList(random);
+    const std::size_t expected = LinesOf(list).size();
+    TemporaryFolder folder;
+    PutFile("list.txt", list);
+    EXPECT_EQ(CountLines("list.txt"), static_cast<std::int64_t>(expected));
+  }
+}
+
+TEST(LinesAt, GivesWhatForEachLineGives) {
+  std::mt19937 random(2);
+  for (int round = 0; round < 200; ++round) {
+    const std::string list = RandomList(random);
+    const std::vector<std::string> all = LinesOf(list);
+    std::vector<std::int64_t> numbers;
+    for (std::size_t i = 0; i < all.size() + 2; ++i) {
+      if (random() % 4 == 0) numbers.insert(numbers.end(), 1 + random() % 2, i);
+    }
+    std::vector<std::string> expected;
+    for (const std::int64_t number : numbers) {
+      const auto index = std::min(static_cast<std::size_t>(number) + 1, all.size());
+      expected.push_back(index == 0 ? "" : all[index - 1]);
+    }
+    TemporaryFolder folder;
+    PutFile("list.txt", list);
+    EXPECT_EQ(LinesAt("list.txt", numbers), expected);
+  }
 }
 
 }  // namespace

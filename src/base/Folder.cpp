@@ -1,0 +1,53 @@
+#include "base/Folder.h"
+
+#include <cerrno>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+
+namespace repvolta {
+namespace {
+
+struct CloseFolder {
+  void operator()(DIR* folder) const { closedir(folder); }
+};
+using OpenedFolder = std::unique_ptr<DIR, CloseFolder>;
+
+/// Opens, however often a signal comes in between.
+OpenedFolder Open(const std::string& path) {
+  while (true) {
+    OpenedFolder folder(opendir(path.c_str()));
+    if (folder || errno != EINTR) return folder;
+  }
+}
+
+EntryType TypeOfMode(mode_t mode) {
+  if (S_ISREG(mode)) return EntryType::kFile;
+  if (S_ISDIR(mode)) return EntryType::kFolder;
+  return S_ISLNK(mode) ? EntryType::kLink : EntryType::kOther;
+}
+
+/// Most file systems tell the type with the name; the others are asked.
+EntryType TypeOf(DIR* folder, const dirent& entry) {
+  if (entry.d_type != DT_UNKNOWN) return TypeOfMode(DTTOIF(entry.d_type));
+  struct stat status {};
+  const bool isKnown = fstatat(dirfd(folder), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0;
+  return isKnown ? TypeOfMode(status.st_mode) : EntryType::kOther;
+}
+
+}  // namespace
+
+int ForEachEntry(const std::string& path, const TakeEntry& take) {
+  const OpenedFolder folder = Open(path);
+  if (!folder) return errno;
+  while (true) {
+    errno = 0;
+    const dirent* entry = readdir(folder.get());
+    if (entry == nullptr) return errno;
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") take(name, TypeOf(folder.get(), *entry));
+  }
+}
+
+}  // namespace repvolta

@@ -1,0 +1,58 @@
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <vector>
+
+#include "base/File.h"
+#include "base/Folder.h"
+#include "base/WholeFile.h"
+#include "update/RandomMusicList.h"
+
+namespace repvolta {
+namespace {
+
+/// Compares without regard to the case of ASCII letters; no other letter becomes one of these.
+bool IsMusicName(std::string_view name) {
+  constexpr std::string_view kExtension = ".mp3";
+  if (name.size() < kExtension.size()) return false;
+  name.remove_prefix(name.size() - kExtension.size());
+  return name[0] == '.' && (name[1] | 0x20) == 'm' && (name[2] | 0x20) == 'p' && name[3] == '3';
+}
+
+bool IsOneLine(std::string_view text) { return text.find_first_of("\r\n") == std::string::npos; }
+
+/// Adds the music files of a folder to the list, and its folders to those still to be listed. What
+/// cannot be read is left out.
+void ListFolder(const std::string& folder, WholeFileWriter& list,
+                std::vector<std::string>& folders) {
+  std::string path = folder.ends_with('/') ? folder : folder + "/";
+  const std::size_t start = path.size();
+  const bool isOneLine = IsOneLine(path);
+  ForEachEntry(folder, [&](std::string_view name, EntryType type) {
+    path.replace(start, std::string::npos, name);
+    if (type == EntryType::kFolder) {
+      folders.push_back(path);
+    } else if (isOneLine && IsMusicName(name) && IsOneLine(name) &&
+               (type == EntryType::kFile || (type == EntryType::kLink && FileExists(path)))) {
+      list.Append(path.append("\n"));
+    }
+  });
+}
+
+}  // namespace
+
+void CompileMusicList(const std::string& musicPath, const std::function<void()>& whileListing) {
+  WholeFileWriter list(kMusicList);
+  std::vector<std::string> folders;
+  std::error_code error;
+  if (!musicPath.empty()) folders.push_back(std::filesystem::absolute(musicPath, error));
+  while (!folders.empty()) {
+    const std::string folder = std::move(folders.back());
+    folders.pop_back();
+    ListFolder(folder, list, folders);
+    if (whileListing) whileListing();
+  }
+  list.Commit();
+}
+
+}  // namespace repvolta

@@ -13,7 +13,7 @@
 namespace repvolta {
 namespace {
 
-constexpr std::size_t kCopyBlock = std::size_t{128} * 1024;
+constexpr std::uint64_t kCopyBlock = std::uint64_t{128} * 1024;
 constexpr std::uint64_t kSystemCopyBlock = std::uint64_t{1} << 30;
 
 constexpr const char* kWriteFailure = "could not be opened for writing";
@@ -136,6 +136,11 @@ void File::FlushToDevice() {
   if (Flush(descriptor_) != 0) throw FileError(path_, "could not be written", errno);
 }
 
+void File::StartFlush() const noexcept {
+  // Only a beginning: what fails here fails again, and is told, when the file is flushed.
+  static_cast<void>(sync_file_range(descriptor_, 0, 0, SYNC_FILE_RANGE_WRITE));
+}
+
 void File::Close() noexcept {
   if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
 }
@@ -180,13 +185,15 @@ std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to,
                           std::uint64_t position) {
   // The end is that of the beginning: a file that is copied to its own end must not run after it.
   const std::uint64_t end = from.Size();
-  const std::uint64_t reached = CopyInSystem(from, offset, end, to, position);
-  position += reached - offset;
-  offset = reached;
+  if (offset < end && end - offset > kCopyBlock) {
+    const std::uint64_t reached = CopyInSystem(from, offset, end, to, position);
+    position += reached - offset;
+    offset = reached;
+  }
   if (offset >= end) return position;
-  std::vector<Byte> block(kCopyBlock);
+  std::vector<Byte> block(static_cast<std::size_t>(std::min(end - offset, kCopyBlock)));
   while (offset < end) {
-    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(end - offset, kCopyBlock));
+    const auto wanted = static_cast<std::size_t>(std::min(end - offset, kCopyBlock));
     const std::size_t count = from.ReadAt(offset, std::span(block).first(wanted));
     if (count == 0) break;
     to.WriteAt(position, std::span(block).first(count));

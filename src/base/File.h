@@ -62,6 +62,9 @@ class File {
   /// Returns when the content is on the device. Throws FileError.
   void FlushToDevice();
 
+  /// Lets the system begin to bring the content to the device, without waiting for it.
+  void StartFlush() const noexcept;
+
   void Close() noexcept;
 
  private:

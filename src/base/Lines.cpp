@@ -84,8 +84,19 @@ std::string LastLine(const std::string& path) {
   return last;
 }
 
+/// Counts a piece at a time in a single byte, which the compiler makes many counts at once of.
 std::int64_t LineEnds(std::string_view block) {
-  return std::count(block.begin(), block.end(), '\n');
+  constexpr std::size_t kPiece = 255;
+  std::int64_t ends = 0;
+  while (!block.empty()) {
+    Byte endsInPiece = 0;
+    for (const char character : block.substr(0, kPiece)) {
+      endsInPiece = static_cast<Byte>(endsInPiece + (character == '\n' ? 1 : 0));
+    }
+    ends += endsInPiece;
+    block.remove_prefix(std::min(kPiece, block.size()));
+  }
+  return ends;
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace repvolta {
 /// time whatever the bytes are.
 template <class Matches>
 std::size_t FirstMatch(std::span<const Byte> bytes, std::size_t count, Matches matches) {
-  constexpr std::size_t kAtOnce = 64;
+  constexpr std::size_t kAtOnce = 256;
   const Byte* const at = bytes.data();
   std::size_t i = 0;
   for (; i + kAtOnce <= count; i += kAtOnce) {

@@ -30,12 +30,14 @@ std::array<Byte, kCount> BytesAt(FileWindow& window, std::int64_t position) {
 }
 
 /// 1 where the bytes begin a header that DecodeFrameHeader accepts: all sync bits, and no version,
-/// layer, bit rate or sample rate that is reserved or free. Tested against it bit by bit.
+/// layer, bit rate or sample rate that is reserved or free.
 constexpr Byte StartsFrame(Byte first, Byte second, Byte third) {
-  const Byte bitRate = third & 0xF0;
-  return static_cast<Byte>((first == kFirstSyncByte) & ((second & 0xE0) == 0xE0) &
-                           ((second & 0x18) != 8) & ((second & 0x06) != 0) & (bitRate != 0) &
-                           (bitRate != 0xF0) & ((third & 0x0C) != 0x0C));
+  const bool hasSync = (first == kFirstSyncByte) & (second >= 0xE0);
+  const bool hasVersion = (second & 0x18) != 0x08;
+  const bool hasLayer = (second & 0x06) != 0;
+  const bool hasBitRate = static_cast<Byte>(third - 0x10) < 0xE0;
+  const bool hasSampleRate = (third & 0x0C) != 0x0C;
+  return static_cast<Byte>(hasSync & hasVersion & hasLayer & hasBitRate & hasSampleRate);
 }
 
 /// The first position from `position` on where a frame starts, or `end`.
@@ -65,6 +67,20 @@ bool FitsInt32(std::int64_t value) {
 
 }  // namespace
 
+/// The end of a file, where tags can stand; zeros stand for what a short file has no room for.
+class RepvoltaMP3::FileTail {
+ public:
+  FileTail(const File& file, std::uint64_t size) {
+    const std::size_t count = std::min<std::uint64_t>(size, bytes_.size());
+    file.ReadAt(size - count, std::span(bytes_).last(count));
+  }
+
+  std::span<const Byte> Last(std::size_t count) const { return std::span(bytes_).last(count); }
+
+ private:
+  std::array<Byte, kId3v2HeaderSize + kId3v1Size> bytes_{};
+};
+
 void RepvoltaMP3::SetFileName(const std::string& path) {
   fileName_ = path;
   ReadMP3Header();
@@ -75,9 +91,10 @@ bool RepvoltaMP3::ReadMP3Header() {
   const File file = File::Open(fileName_, File::Access::kRead);
   const std::uint64_t size = file.Size();
   info_.fileLength = Checked(static_cast<std::int64_t>(size));
-  ReadID3v1(file);
+  const FileTail tail(file, size);
+  ReadID3v1(tail);
   FileWindow window(file);
-  if (!FindFirstFrame(window, ReadID3v2(file, window))) {
+  if (!FindFirstFrame(window, ReadID3v2(window, tail))) {
     ResetMP3Info(AfterReset::kEmptiesFileName);
     return false;
   }
@@ -90,11 +107,9 @@ void RepvoltaMP3::ResetMP3Info(AfterReset after) {
   if (after == AfterReset::kEmptiesFileName) fileName_.clear();
 }
 
-void RepvoltaMP3::ReadID3v1(const File& file) {
-  constexpr auto kSize = static_cast<std::int32_t>(kId3v1Size);
-  if (info_.fileLength <= kSize) return;
-  std::array<Byte, kId3v1Size> bytes{};
-  file.ReadAt(static_cast<std::uint64_t>(info_.fileLength - kSize), bytes);
+void RepvoltaMP3::ReadID3v1(const FileTail& tail) {
+  if (info_.fileLength <= std::int32_t{kId3v1Size}) return;
+  const auto bytes = tail.Last(kId3v1Size);
   if (!StartsWith(bytes, kId3v1Marker)) return;
   info_.hasID3v1 = true;
   std::memcpy(&info_.id3v1, bytes.data(), bytes.size());
@@ -104,22 +119,21 @@ void RepvoltaMP3::ReadID3v1(const File& file) {
 }
 
 /// Returns the position, from 1, where the audio is looked for.
-std::int64_t RepvoltaMP3::ReadID3v2(const File& file, FileWindow& window) {
+std::int64_t RepvoltaMP3::ReadID3v2(FileWindow& window, const FileTail& tail) {
   const auto header = BytesAt<kId3v2HeaderSize>(window, 1);
   if (StartsWith(header, kId3v2Marker)) {
     AcceptID3v2(header, 0);
     return std::int64_t{info_.id3v2Size} + 1;
   }
-  ReadID3v2Footer(file);
+  ReadID3v2Footer(tail);
   return 1;
 }
 
-void RepvoltaMP3::ReadID3v2Footer(const File& file) {
-  const std::int64_t end = info_.fileLength - (info_.hasID3v1 ? std::int64_t{kId3v1Size} : 0);
-  const std::int64_t offset = end - std::int64_t{kId3v2HeaderSize};
-  if (offset < 1) return;
-  std::array<Byte, kId3v2HeaderSize> footer{};
-  file.ReadAt(static_cast<std::uint64_t>(offset), footer);
+void RepvoltaMP3::ReadID3v2Footer(const FileTail& tail) {
+  const std::size_t behind = info_.hasID3v1 ? kId3v1Size : 0;
+  const std::int64_t end = std::int64_t{info_.fileLength} - static_cast<std::int64_t>(behind);
+  if (end - std::int64_t{kId3v2HeaderSize} < 1) return;
+  const auto footer = tail.Last(behind + kId3v2HeaderSize).first(kId3v2HeaderSize);
   if (!StartsWith(footer, kId3v2FooterMarker)) return;
   AcceptID3v2(footer, end);
   info_.id3v2Offset = Checked(end - info_.id3v2Size);

@@ -9,7 +9,6 @@
 
 namespace repvolta {
 
-class File;
 class FileWindow;
 
 /// Figures of a file that would make the program divide by zero.
@@ -63,9 +62,11 @@ class RepvoltaMP3 {
   static std::int32_t DecodeSyncsafe(std::int32_t bigEndian);
 
  private:
-  void ReadID3v1(const File& file);
-  std::int64_t ReadID3v2(const File& file, FileWindow& window);
-  void ReadID3v2Footer(const File& file);
+  class FileTail;
+
+  void ReadID3v1(const FileTail& tail);
+  std::int64_t ReadID3v2(FileWindow& window, const FileTail& tail);
+  void ReadID3v2Footer(const FileTail& tail);
   void AcceptID3v2(std::span<const Byte> header, std::int64_t offset);
   bool FindFirstFrame(FileWindow& window, std::int64_t position);
   std::int64_t SkipEmbeddedTag(FileWindow& window, std::int64_t position);

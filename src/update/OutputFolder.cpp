@@ -103,6 +103,10 @@ void OutputFolder::CopyInto(const std::string& source, const std::string& target
   CopyFileOver(source, target, start);
 }
 
+void OutputFolder::StartFlush(const std::string& path) {
+  File::Open(path, File::Access::kRead).StartFlush();
+}
+
 void OutputFolder::FlushToDevice() const {
   if (use_ == Use::kNothing) return;
   for (const std::string& path : claimed_) {

@@ -34,6 +34,10 @@ class OutputFolder {
   /// FileError; then no half copy is left.
   void CopyInto(const std::string& source, const std::string& target, const CopyStart& start = {});
 
+  /// Lets the system begin to bring a file of the folder, which stays as it is from now on, to the
+  /// device: a slow player then works while the next instruction is encoded. Throws FileError.
+  static void StartFlush(const std::string& path);
+
   /// False for a file that was there before a folder that is not ours to clear, for every file
   /// where the folder leads out of the output path, and for a link to a file elsewhere.
   bool MayChange(const std::string& path) const;

@@ -122,6 +122,7 @@ class WorkoutUpdate {
     });
     if (!WaitFor(path)) return;
     if (isTagged) {
+      steps_.Run([&] { OutputFolder::StartFlush(path); });
       LogTagged(path, program_.screen);
     } else {
       Tag(path);

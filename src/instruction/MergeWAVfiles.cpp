@@ -2,8 +2,10 @@
 
 #include <exception>
 #include <limits>
+#include <optional>
 
 #include "base/File.h"
+#include "base/FileError.h"
 #include "platform/WavFormat.h"
 
 namespace repvolta {
@@ -43,19 +45,30 @@ void Append(File& target, const File& source) {
   Try([&] { WriteNumber(target, kDataSizeOffset, newLength - kBeforeData); });
 }
 
+/// Nothing when the file cannot be opened.
+std::optional<File> TryToOpen(const std::string& name, File::Access access) {
+  try {
+    return File::Open(name, access);
+  } catch (const FileError&) {
+    return std::nullopt;
+  }
+}
+
+/// True, and logged, when there is no such file.
+bool IsMissing(const std::string& name, const std::optional<File>& file, ProgressLog& log) {
+  if (file || FileExists(name)) return false;
+  log.AddLineToUpdateList("ERROR: " + name + " NOT FOUND.");
+  return true;
+}
+
 }  // namespace
 
 void MergeWAVfiles(const std::string& target, const std::string& source, ProgressLog& log) {
-  for (const std::string& name : {source, target}) {
-    if (!FileExists(name)) {
-      log.AddLineToUpdateList("ERROR: " + name + " NOT FOUND.");
-      return;
-    }
-  }
-  Try([&] {
-    File written = File::Open(target, File::Access::kReadWrite);
-    Append(written, File::Open(source, File::Access::kRead));
-  });
+  const auto read = TryToOpen(source, File::Access::kRead);
+  if (IsMissing(source, read, log)) return;
+  auto written = TryToOpen(target, File::Access::kReadWrite);
+  if (IsMissing(target, written, log) || !read) return;
+  if (written) Try([&] { Append(*written, *read); });
 }
 
 }  // namespace repvolta

@@ -19,7 +19,9 @@ bool IsMusicName(std::string_view name) {
   return name[0] == '.' && (name[1] | 0x20) == 'm' && (name[2] | 0x20) == 'p' && name[3] == '3';
 }
 
-bool IsOneLine(std::string_view text) { return text.find_first_of("\r\n") == std::string::npos; }
+bool IsOneLine(std::string_view text) {
+  return text.find('\n') == std::string::npos && text.find('\r') == std::string::npos;
+}
 
 /// Adds the music files of a folder to the list, and its folders to those still to be listed. What
 /// cannot be read is left out.

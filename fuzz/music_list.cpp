@@ -17,7 +17,7 @@ namespace repvolta {
 namespace {
 
 constexpr std::size_t kLongRun = 40000;
-constexpr std::size_t kMostExpanded = 400000;
+constexpr std::size_t kMostExpanded = 160000;
 
 /// A byte 1 stands for a long run of the letter x, so that small inputs make lines longer than a
 /// block. No line leads out of the folder: what it would lead to is not ours to open.

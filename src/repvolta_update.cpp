@@ -151,7 +151,7 @@ int Run(const std::string& executable, const std::vector<std::string>& arguments
   Program program{state, console, clock, random, processes, speech};
   for (const std::string& workout : workouts) UpdateWorkout(program, workout);
   if (console.LostLine()) {
-    std::fputs("repvolta-update: The progress lines could not be written\n", stderr);
+    std::cerr << "repvolta-update: The progress lines could not be written\n";
     return kDoneWithErrors;
   }
   return console.SawError() ? kDoneWithErrors : kDone;

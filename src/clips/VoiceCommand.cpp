@@ -47,8 +47,10 @@ int RunVoiceCommand(const std::vector<std::string>& arguments, SpeechEngine& eng
   const bool wantsHelp = command == "--help" && arguments.size() == 1;
   const bool makes = command == "make" && arguments.size() >= 3;
   const bool converts = command == "convert" && arguments.size() == 3;
-  if (wantsHelp) output << kUsage;
-  if (wantsHelp) return kDone;
+  if (wantsHelp) {
+    output << kUsage;
+    return kDone;
+  }
   if (!makes && !converts) {
     errors << "repvolta-voice: " << (command.empty() ? "nothing to do" : "not called rightly")
            << "\n"

@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kSharedData = "../share/repvolta";
-constexpr std::size_t kLargestSharedFile = 64 * 1024 * 1024;
+constexpr std::size_t kLargestSharedFile = 64U << 20U;  // bytes
 constexpr const char* kEncoderLink = "lame.exe";
 
 std::string UserDataFolder() {

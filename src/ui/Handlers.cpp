@@ -9,11 +9,10 @@ namespace repvolta {
 
 void Handlers::Run(const std::string& failure, const std::function<void()>& handler) {
   if (running_) return;
-  Outcome outcome = Outcome::kDone;
-  {
+  const Outcome outcome = [&] {
     const QScopedValueRollback<bool> running(running_, true);
-    outcome = RunGuarded(failure, handler);
-  }
+    return RunGuarded(failure, handler);
+  }();
   afterwards_(outcome);
 }
 

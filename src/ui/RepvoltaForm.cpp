@@ -47,7 +47,7 @@ RepvoltaForm::RepvoltaForm(const FormServices& services)
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
   RestoreWindowLayout(*this);
-  EnableWorkoutControls();
+  RepvoltaForm::EnableWorkoutControls();
 }
 
 RepvoltaForm::~RepvoltaForm() = default;

@@ -39,7 +39,8 @@ FieldNames FieldNamesOf(const ExerciseRecord& exercise) {
 
 std::string SummaryLine(const ExerciseRecord& exercise) {
   std::array<char, 16> sets;
-  std::snprintf(sets.data(), sets.size(), "%02d", exercise.NumberOfSets);
+  // Always fits.
+  static_cast<void>(std::snprintf(sets.data(), sets.size(), "%02d", exercise.NumberOfSets));
   return std::string(sets.data()) + " sets, " + FormatTime(exercise.TargetExerciseTime) +
          " Exercise, " + FormatTime(exercise.TotalMusicTime) + " Music" +
          (exercise.RandomMusic == kTrue ? ", Random Music" : "");

@@ -64,10 +64,8 @@ class UpdateJudged : public PortableProgram {
 
   /// Runs the program in a name space of its own, where `mount` puts a file system in place of the
   /// player.
-  ProgramRun UpdateOn(const std::string& mount) {
-    return RunProgram("unshare", {"-Urm", "sh", "-c",
-                                  "mount -t tmpfs -o " + mount +
-                                      " tmpfs player && exec program/repvolta-update"});
+  static ProgramRun UpdateOn(const std::string& mount) {
+    return RunOnDevice("player", mount, {"program/repvolta-update"});
   }
 
   /// Without the rights by which root reads and writes everything.
@@ -214,7 +212,7 @@ TEST_F(UpdateJudged, AFullPlayerLosesNothingAndSaysSo) {
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(Lines(run.output),
               Contains("ERROR: big.mp3 could not be copied: No space left on device"));
-  EXPECT_EQ(Lines(run.output).back(), "UPDATE COMPLETE.");
+  EXPECT_EQ(LastLine(run.output), "UPDATE COMPLETE.");
   EXPECT_EQ(GetFile("program/workouts/Monday.RPV"), workout);
   EXPECT_EQ(GetFile("music/big.mp3"), SongBytes(100));
 }
@@ -228,7 +226,7 @@ TEST_F(UpdateJudged, AReadOnlyPlayerLosesNothingAndSaysSo) {
 
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.output, HasSubstr("Monday/ could not be created: Read-only file system"));
-  EXPECT_EQ(Lines(run.output).back(), "UPDATE COMPLETE.");
+  EXPECT_EQ(LastLine(run.output), "UPDATE COMPLETE.");
 }
 
 TEST_F(UpdateJudged, MusicThatMayNotBeReadIsLeftOut) {

@@ -198,7 +198,7 @@ TEST_F(UpdateProgram, SaysSoWhenTheEncoderFails) {
                 Contains("ERROR: temp.mp3 could not be read: No such file or directory"))
         << script;
     EXPECT_FALSE(fs::exists("player/Monday/RV001-Instructions.mp3"));
-    EXPECT_EQ(Lines(run.output).back(), "UPDATE COMPLETE.");
+    EXPECT_EQ(LastLine(run.output), "UPDATE COMPLETE.");
   }
 }
 

@@ -46,6 +46,10 @@ struct FaultyRun {
 /// True when the long form of the tests is wanted: REPVOLTA_LONG is set.
 bool IsLongRun();
 
+/// The long form tries each point, and this is 1; the short form one of `shortStep`, or of seven
+/// times as many in the sanitizers' build, whose programs take long to start.
+int PointStep(int shortStep);
+
 /// The smallest world in which an update goes all its ways: "program" with clips of a moment and an
 /// encoder and a speech engine of our own, the workout Monday with one exercise that grows, one
 /// song of its own and one drawn; another workout; "music"; "player"; and "precious", which nobody

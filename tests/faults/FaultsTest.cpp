@@ -39,7 +39,7 @@ bool IsToBeSurvived(const std::string& failure) { return failure == "EINTR" || f
 template <class Run>
 void ForEachFault(const char* title, Run run, int stride = 1) {
   int points = 0;
-  if (IsLongRun()) stride = 1;
+  stride = PointStep(stride);
   for (const Group& group : kGroups) {
     const std::size_t kinds = group.failures.size();
     std::vector<bool> isLeft(kinds, true);
@@ -104,7 +104,7 @@ TEST_F(Faults, OfOneCallLoseNothingWhileANameIsSpoken) {
 TEST_F(Faults, OfAllFurtherCallsLoseNothingInAnUpdate) {
   LearnWhatIsRight();
   int points = 0;
-  const int step = IsLongRun() ? 1 : 5;
+  const int step = PointStep(5);
   for (const Group& group : kGroups) {
     for (const char* failure : group.failures) {
       if (IsToBeSurvived(failure)) continue;

@@ -175,7 +175,7 @@ TEST_F(Hostile, ANulInAWorkoutEndsNothingElse) {
   PutFile("program/workouts/Monday.RPV", file);
   const ProgramRun run = Update();
   EXPECT_TRUE(run.status == 0 || run.status == 1) << run.errors;
-  EXPECT_EQ(Lines(run.output).back(), "UPDATE COMPLETE.");
+  EXPECT_EQ(LastLine(run.output), "UPDATE COMPLETE.");
   ExpectPreciousIsWhole();
 }
 
@@ -245,7 +245,7 @@ TEST_F(Hostile, FoldersInPlaceOfTemporaryFilesAreToldAndLeft) {
     const ProgramRun run = Update();
     EXPECT_EQ(run.status, 1) << name;
     EXPECT_THAT(run.output, HasSubstr(std::string("ERROR: ") + name)) << name;
-    EXPECT_EQ(Lines(run.output).back(), "UPDATE COMPLETE.");
+    EXPECT_EQ(LastLine(run.output), "UPDATE COMPLETE.");
     EXPECT_TRUE(fs::exists(std::string("program/") + name + "/kept"));
     fs::remove_all(std::string("program/") + name);
   }
@@ -282,7 +282,7 @@ TEST_F(Hostile, EncodersThatAreNoneAreTold) {
     put();
     const ProgramRun run = Update();
     EXPECT_TRUE(run.status == 1 || kind.starts_with("writes")) << run.status << run.output;
-    EXPECT_EQ(Lines(run.output).back(), "UPDATE COMPLETE.");
+    EXPECT_EQ(LastLine(run.output), "UPDATE COMPLETE.");
     ExpectPreciousIsWhole();
     fs::remove_all("program/temp.mp3");
   }

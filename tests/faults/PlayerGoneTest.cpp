@@ -29,17 +29,15 @@ class PlayerGone : public FaultWorld {
     fs::rename("kept.exe", "program/lame.exe");
     EXPECT_EQ(run.status, 1) << run.output << run.errors;
     EXPECT_THAT(run.output, HasSubstr("ERROR: "));
-    EXPECT_EQ(Lines(run.output).back(), "UPDATE COMPLETE.");
+    EXPECT_EQ(LastLine(run.output), "UPDATE COMPLETE.");
     ExpectNothingLost();
     ExpectNoTemporaryFiles();
   }
 
   /// Updates where the player is a file system of its own, in a name space in which its owner may
   /// also take it away.
-  ProgramRun UpdateOnDevice(const std::string& options) {
-    return RunProgram("unshare", {"-Urm", "sh", "-c",
-                                  "mount -t tmpfs -o " + options +
-                                      " tmpfs player && exec program/repvolta-update Monday"});
+  static ProgramRun UpdateOnDevice(const std::string& options) {
+    return RunOnDevice("player", options, {"program/repvolta-update", "Monday"});
   }
 };
 
@@ -56,7 +54,7 @@ TEST_F(PlayerGone, ReplacedByALinkIsNotFollowedToTheUsersFiles) {
   fs::rename("kept.exe", "program/lame.exe");
   EXPECT_TRUE(Look("music") == before);
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(Lines(run.output).back(), "UPDATE COMPLETE.");
+  EXPECT_EQ(LastLine(run.output), "UPDATE COMPLETE.");
 }
 
 TEST_F(PlayerGone, ReadOnlyInTheMiddleIsTold) {

@@ -15,7 +15,10 @@
 namespace repvolta {
 namespace {
 
-/// One of many edits: each puts its number into every exercise and into the settings.
+constexpr int kEdits = 100'000;
+
+/// One of many edits: each puts its number into every exercise and into the settings. The next run
+/// goes on with the number behind the one that it finds.
 void SaveEdit(ProgramState& state, int number) {
   for (int i = 0; i < MaxExercises; ++i) {
     state.Workout[i].ExerciseName = "Edit " + std::to_string(number);
@@ -44,7 +47,10 @@ int Run(const std::string& step) {
     SaveWorkout(state);
     SaveSettings(state);
   } else if (step == "edit") {
-    for (int i = 0; i < 100'000; ++i) SaveEdit(state, i);
+    LoadWorkout(state, screen);
+    const int before = static_cast<int>(state.Workout[0].SetValue1[0]);
+    state.Workout = {};
+    for (int i = 1; i <= kEdits; ++i) SaveEdit(state, before + i);
   } else if (step == "list") {
     LoadWorkoutNames(state, screen);
     for (const std::string& name : state.WorkoutNames) std::printf("%s\n", name.c_str());

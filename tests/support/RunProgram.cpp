@@ -1,6 +1,7 @@
 #include "support/RunProgram.h"
 
 #include <QProcess>
+#include <gtest/gtest.h>
 #include <sstream>
 
 namespace repvolta {
@@ -37,11 +38,31 @@ ProgramRun RunProgram(const std::string& program, const std::vector<std::string>
   return run;
 }
 
+ProgramRun RunOnDevice(const std::string& folder, const std::string& options,
+                       const std::vector<std::string>& commandLine) {
+  std::vector<std::string> arguments = {
+      "-Urm", "sh",   "-c", R"(mount -t tmpfs -o "$1" tmpfs "$0" && shift && exec "$@")",
+      folder, options};
+  arguments.insert(arguments.end(), commandLine.begin(), commandLine.end());
+  ProgramRun run = RunProgram("unshare", arguments);
+  if (run.output.empty()) {
+    ADD_FAILURE() << commandLine.front() << " did not start with " << folder
+                  << " as a file system of its own; may this user mount one in a name space? "
+                  << run.errors;
+  }
+  return run;
+}
+
 std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream stream(text);
   for (std::string line; std::getline(stream, line);) lines.push_back(line);
   return lines;
+}
+
+std::string LastLine(const std::string& text) {
+  const std::vector<std::string> lines = Lines(text);
+  return lines.empty() ? "" : lines.back();
 }
 
 }  // namespace repvolta

@@ -21,7 +21,16 @@ ProgramRun RunProgram(const std::string& program, const std::vector<std::string>
                       const Environment& environment = {},
                       const std::function<void(long)>& started = {});
 
+/// The same where a tmpfs with these mount options lies in place of a folder, in a name space of
+/// its own, in which its owner may also take it away. Fails the test, and says why, when the
+/// program does not start there.
+ProgramRun RunOnDevice(const std::string& folder, const std::string& options,
+                       const std::vector<std::string>& commandLine);
+
 /// The lines of a text.
 std::vector<std::string> Lines(const std::string& text);
+
+/// "" when there is none.
+std::string LastLine(const std::string& text);
 
 }  // namespace repvolta

@@ -3,7 +3,9 @@
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
+#include <QScrollBar>
 #include <QStorageInfo>
+#include <utility>
 
 #include "base/FileNames.h"
 #include "ui/InputBox.h"
@@ -26,6 +28,13 @@ bool IsPersonal(const QStorageInfo& volume) {
                                     "smb3",  "udf",     "vfat",  "xfs",     "zfs"};
   return personal.contains(QString::fromLatin1(volume.fileSystemType())) ||
          volume.fileSystemType().startsWith("fuse.");
+}
+
+/// The folder, or the nearest above it that exists.
+QString ExistingFolder(const QString& folder) {
+  QString path = QDir(folder).absolutePath();
+  while (!QFileInfo(path).isDir() && path != QDir::rootPath()) path = QFileInfo(path).path();
+  return path;
 }
 
 }  // namespace
@@ -59,16 +68,14 @@ SelectDirectory::SelectDirectory(const QStringList& drives, const QString& start
     ui_->DirListBox->hideColumn(column);
   }
   ui_->DriveListBox->addItems(drives);
-  Show(QDir(start).absolutePath());
+  Show(ExistingFolder(start));
   ShowDriveOf(CurrentFolder());
 
   connect(ui_->DriveListBox, &QComboBox::currentIndexChanged, this,
           &SelectDirectory::DriveListBox_Change);
   connect(ui_->DirListBox->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &SelectDirectory::DirListBox_Change);
-  connect(folders_, &QFileSystemModel::directoryLoaded, this, [this] {
-    ui_->DirListBox->scrollTo(ui_->DirListBox->currentIndex(), QTreeView::PositionAtCenter);
-  });
+  KeepInSight();
   connect(ui_->NewFolderButton, &QPushButton::clicked, this,
           &SelectDirectory::NewFolderButton_Click);
   connect(ui_->OKButton, &QPushButton::clicked, this, &SelectDirectory::OKButton_Click);
@@ -106,12 +113,43 @@ void SelectDirectory::CancelButton_Click() {
   reject();
 }
 
+void SelectDirectory::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  Reveal();
+}
+
 void SelectDirectory::Show(const QString& folder) {
   const QModelIndex index = folders_->index(folder);
   ui_->DirListBox->setCurrentIndex(index);
-  ui_->DirListBox->expand(index);
-  ui_->DirListBox->scrollTo(index, QTreeView::PositionAtCenter);
+  shown_ = index;
+  Reveal();
   DirListBox_Change();
+}
+
+/// Opens the tree down to the shown folder and scrolls to it.
+void SelectDirectory::Reveal() {
+  if (!shown_.isValid()) return;
+  const QPersistentModelIndex shown = std::exchange(shown_, {});
+  for (QModelIndex index = shown; index.isValid(); index = index.parent()) {
+    ui_->DirListBox->expand(index);
+  }
+  ui_->DirListBox->scrollTo(shown, QTreeView::PositionAtCenter);
+  shown_ = shown;
+}
+
+/// The folders above and beside the shown one are read and sorted behind the window's back, which
+/// moves it out of sight. It is brought back until the person turns to something else.
+void SelectDirectory::KeepInSight() {
+  const auto reveal = [this] { Reveal(); };
+  connect(folders_, &QFileSystemModel::directoryLoaded, this, reveal);
+  connect(folders_, &QFileSystemModel::rowsInserted, this, reveal);
+  connect(folders_, &QFileSystemModel::layoutChanged, this, reveal);
+
+  const auto letGo = [this] { shown_ = QModelIndex(); };
+  connect(ui_->DirListBox->selectionModel(), &QItemSelectionModel::currentChanged, this, letGo);
+  connect(ui_->DirListBox, &QTreeView::expanded, this, letGo);
+  connect(ui_->DirListBox, &QTreeView::collapsed, this, letGo);
+  connect(ui_->DirListBox->verticalScrollBar(), &QScrollBar::actionTriggered, this, letGo);
 }
 
 /// Selects the entry of DriveListBox that holds the folder most closely.

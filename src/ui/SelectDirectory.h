@@ -24,7 +24,8 @@ class SelectDirectory : public QDialog {
   /// Asks for the name of a new folder; empty: none.
   using AskName = std::function<QString()>;
 
-  /// Opens at the folder `start`. `drives` are the entries of DriveListBox.
+  /// Opens at the folder `start`, or the nearest above it that exists. `drives` are the entries of
+  /// DriveListBox.
   SelectDirectory(const QStringList& drives, const QString& start, QWidget* parent = nullptr);
   ~SelectDirectory() override;
 
@@ -32,6 +33,9 @@ class SelectDirectory : public QDialog {
 
   /// The full path of the chosen folder when the dialog was closed with OK, else empty.
   std::string SelectedDirectory() const { return selectedDirectory_; }
+
+ protected:
+  void showEvent(QShowEvent* event) override;
 
  private:
   void DriveListBox_Change();
@@ -41,11 +45,14 @@ class SelectDirectory : public QDialog {
   void CancelButton_Click();
 
   void Show(const QString& folder);
+  void Reveal();
+  void KeepInSight();
   void ShowDriveOf(const QString& folder);
   QString CurrentFolder() const;
 
   std::unique_ptr<Ui::SelectDirectory> ui_;
   QFileSystemModel* folders_;
+  QPersistentModelIndex shown_;  // the folder to keep in sight, if any
   AskName askName_;
   std::string selectedDirectory_;
 };

@@ -1,7 +1,9 @@
 #include <QComboBox>
+#include <QFileSystemModel>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTreeView>
 #include <QtTest/QTest>
 #include <filesystem>
@@ -41,6 +43,92 @@ class SelectDirectoryDialog : public testing::Test {
 TEST_F(SelectDirectoryDialog, OpensAtTheGivenFolder) {
   EXPECT_EQ(Find<QLabel>(*dialog, "SelectedFolderLabel").text(), At("start"));
   EXPECT_EQ(Accepted(), folder.Path() + "start");
+}
+
+TEST_F(SelectDirectoryDialog, OpensAtTheNearestFolderThatExists) {
+  SelectDirectory other({"/"}, At("start/gone/deeper"));
+  Find<QPushButton>(other, "OKButton").click();
+  EXPECT_EQ(other.SelectedDirectory(), folder.Path() + "start");
+}
+
+/// The picker, opened deep below a folder of many.
+class SelectDirectoryDeepDown : public testing::Test {
+ protected:
+  static constexpr int kMany = 150;
+  static constexpr const char* kDeep = "home 175/one/two/here";
+
+  SelectDirectoryDeepDown() {
+    // Made in an order that is not the one they are shown in.
+    for (int i = 0; i < kMany; ++i) {
+      std::filesystem::create_directories("home " + std::to_string(100 + i * 67 % kMany) +
+                                          "/inner");
+    }
+    std::filesystem::create_directories(std::string(kDeep) + "/Music");
+  }
+
+  void Open() {
+    dialog = std::make_unique<SelectDirectory>(QStringList{"/"}, At(kDeep));
+    dialog->show();
+    folders = dialog->findChild<QTreeView*>("DirListBox");
+    QAbstractItemModel& model = *folders->model();
+    const QPersistentModelIndex home = folders->currentIndex().parent().parent().parent();
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+      return model.rowCount(home.parent()) == kMany && Sorted(home.parent()) &&
+             model.rowCount(folders->currentIndex()) == 1;
+    }));
+  }
+
+  QString At(const char* name) const { return QString::fromStdString(folder.Path() + name); }
+
+  bool Sorted(const QModelIndex& parent) const {
+    const QAbstractItemModel& model = *folders->model();
+    return model.index(0, 0, parent).data() == "home 100" &&
+           model.index(kMany - 1, 0, parent).data() == "home 249";
+  }
+
+  bool InSight(const QModelIndex& index) const {
+    const QRect place = folders->visualRect(index);
+    return !place.isEmpty() && folders->viewport()->rect().contains(place.center());
+  }
+
+  TemporaryFolder folder;
+  std::unique_ptr<SelectDirectory> dialog;
+  QTreeView* folders = nullptr;
+};
+
+TEST_F(SelectDirectoryDeepDown, ShowsTheFolderAndWhatIsInItOnceAllIsRead) {
+  ASSERT_NO_FATAL_FAILURE(Open());
+  const QModelIndex current = folders->currentIndex();
+  EXPECT_EQ(current.data(), "here");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return InSight(current); }));
+  EXPECT_TRUE(InSight(folders->model()->index(0, 0, current)));
+}
+
+TEST_F(SelectDirectoryDeepDown, KeepsTheFolderInSightWhenFoldersAppearAboveIt) {
+  ASSERT_NO_FATAL_FAILURE(Open());
+  const QModelIndex above = folders->currentIndex().parent().parent().parent().parent();
+  for (int i = 0; i < kMany; ++i) std::filesystem::create_directory("a " + std::to_string(i));
+  ASSERT_TRUE(
+      QTest::qWaitFor([&] { return folders->model()->rowCount(above) == 2 * kMany; }, 20'000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return InSight(folders->currentIndex()); }));
+}
+
+TEST_F(SelectDirectoryDeepDown, StaysWhereThePersonScrolledTo) {
+  ASSERT_NO_FATAL_FAILURE(Open());
+  QScrollBar& bar = *folders->verticalScrollBar();
+  bar.triggerAction(QScrollBar::SliderToMinimum);
+  const int place = bar.value();
+  emit dynamic_cast<QFileSystemModel&>(*folders->model()).directoryLoaded(At(kDeep));
+  EXPECT_EQ(bar.value(), place);
+  EXPECT_FALSE(InSight(folders->currentIndex()));
+}
+
+TEST_F(SelectDirectoryDeepDown, StaysWithTheFolderThatThePersonOpened) {
+  ASSERT_NO_FATAL_FAILURE(Open());
+  const QModelIndex parent = folders->currentIndex().parent().parent().parent();
+  folders->collapse(parent);
+  emit dynamic_cast<QFileSystemModel&>(*folders->model()).directoryLoaded(At(kDeep));
+  EXPECT_FALSE(folders->isExpanded(parent));
 }
 
 TEST_F(SelectDirectoryDialog, GivesNothingWhenItIsCancelled) {

@@ -119,5 +119,10 @@ TEST(RandomMusicMessage, AsksForPatienceWithoutBlocking) {
   EXPECT_FALSE(message.isVisible());
 }
 
+// The box that follows bears the program's name: in a list of windows the two are not mistaken.
+TEST(RandomMusicMessage, HasATitleOfItsOwn) {
+  EXPECT_EQ(RandomMusicMessage().windowTitle(), "Random Music File List");
+}
+
 }  // namespace
 }  // namespace repvolta

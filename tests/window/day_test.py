@@ -4,7 +4,7 @@ import datetime
 import os
 import unittest
 
-from desktop import keys, type_text, wait_for
+from display import keys
 from support import WindowTest
 
 WORKOUT_TAB = "Workout Setup/Exercise Selection"
@@ -24,7 +24,8 @@ class Day(WindowTest):
         self.program.press("Create New Workout")
         self.assertEqual(self.program.answer("New Workout", name),
                          "Enter a name for the new Workout")
-        wait_for("the workout file", (self.home.program / "workouts" / f"{name}.RPV").exists)
+        file = self.home.program / "workouts" / f"{name}.RPV"
+        self.program.wait_for("the workout file", file.exists)
 
     def add_listed_exercise(self, exercise_type, name):
         program = self.program
@@ -33,7 +34,7 @@ class Day(WindowTest):
         program.select("Exercise type", exercise_type, dialog)
         program.select("Exercise name", name, dialog)
         keys("Return")
-        wait_for(f"{name} in the list", lambda: name in program.items("Exercises"))
+        program.wait_for(f"{name} in the list", lambda: name in program.items("Exercises"))
 
     def add_own_exercise(self, name):
         program = self.program
@@ -41,12 +42,10 @@ class Day(WindowTest):
         dialog = program.window("Select Exercise")
         program.press("Type a name instead", dialog, "check box")
         box = program.find(dialog, "text", "Own exercise name")
-        if name.isascii():
-            type_text(name)
-        else:
-            box.set_text_contents(name)
+        program.focus(box)
+        program.type_into(box, name)
         keys("Return")
-        wait_for(f"{name} in the list", lambda: name in program.items("Exercises"))
+        program.wait_for(f"{name} in the list", lambda: name in program.items("Exercises"))
 
     def add_set(self, first, second, labels=("Weight", "Reps")):
         self.program.press("Add New Set")
@@ -63,16 +62,20 @@ class Day(WindowTest):
 
     def add_music(self, path):
         self.program.press("Add Music File")
-        self.program.window("Music File Selection")
-        type_text(path)
+        program = self.program
+        dialog = program.window("Music File Selection")
+        field, = program.wait_for("the field for the name", lambda: [
+            node for node in program.focused(dialog) if node.get_role_name() == "text"])
+        program.type_into(field, path)
         keys("Return")
-        wait_for(f"{path} in the list", lambda: path in self.program.items("Music to be played"))
+        program.wait_for(f"{path} in the list",
+                         lambda: path in program.items("Music to be played"))
 
     def open_exercise(self, name):
         self.program.tab(WORKOUT_TAB)
         self.program.select("Exercises", name)
         self.program.tab(EXERCISE_TAB)
-        wait_for(f"{name} on the tab", lambda: self.program.controls(
+        self.program.wait_for(f"{name} on the tab", lambda: self.program.controls(
             self.program.main(), "label", name))
 
     def shown_sets(self):
@@ -93,7 +96,7 @@ class Day(WindowTest):
         def same():
             return get() == expected
         try:
-            wait_for("the record", same, 10)
+            self.program.wait_for("the record", same, 10)
         except AssertionError:
             self.assertEqual(get(), expected)
 
@@ -199,7 +202,7 @@ class Day(WindowTest):
     def update(self, _count):
         program = self.program
         program.press("Update Workout")
-        wait_for("the update", lambda: self.progress()[-1:] == ["UPDATE COMPLETE."])
+        program.wait_for("the update", lambda: self.progress()[-1:] == ["UPDATE COMPLETE."])
         self.assertEqual([line for line in self.progress() if line.startswith("ERROR")], [])
         keys("Return")
         program.main()

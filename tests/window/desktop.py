@@ -7,69 +7,18 @@ import pathlib
 import shutil
 import subprocess
 import tempfile
-import time
 
 import gi
+
+from display import active_title, keys, output_of, type_text, wait_for
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-LIMIT = 60  # seconds; nothing here takes as long
-PAUSE = 0.03
+LIMIT = 60  # seconds for the program to end
 
-
-class Timeout(AssertionError):
-    pass
-
-
-def wait_for(what, condition, limit=LIMIT):
-    """The first true value of the condition. Controls may come and go meanwhile."""
-    end = time.monotonic() + limit
-    while time.monotonic() < end:
-        try:
-            value = condition()
-            if value:
-                return value
-        except GLib.Error:
-            pass
-        time.sleep(PAUSE)
-    raise Timeout(f"waited in vain for {what}")
-
-
-class Display:
-    """An X server with a window manager."""
-
-    def __init__(self):
-        read, write = os.pipe()
-        self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1400x1000x24"],
-            pass_fds=[write], stderr=subprocess.DEVNULL)
-        os.close(write)
-        with os.fdopen(read) as number:
-            os.environ["DISPLAY"] = ":" + number.readline().strip()
-        self.manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
-        wait_for("the window manager", lambda: "window id" in subprocess.run(
-            ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], capture_output=True, text=True).stdout)
-
-    def close(self):
-        for process in (self.manager, self.server):
-            process.terminate()
-            process.wait()
-
-
-def keys(*names):
-    subprocess.run(["xdotool", "key", "--clearmodifiers", *names], check=True)
-
-
-def type_text(text):
-    subprocess.run(["xdotool", "type", "--delay", "2", "--", text], check=True)
-
-
-def active_title():
-    """The title of the window that the keyboard speaks to."""
-    run = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], capture_output=True,
-                         text=True)
-    return run.stdout.rstrip("\n")
+# A busy machine may keep the program from answering for longer than the second that is usual.
+Atspi.set_timeout(10_000, 30_000)
 
 
 def has_state(node, state):
@@ -129,9 +78,7 @@ class Home:
 
     def records(self, name):
         """What a file of the program directory holds."""
-        run = subprocess.run([self.build / "tests" / "show_records", self.program / name],
-                             capture_output=True, check=True)
-        return json.loads(run.stdout)
+        return json.loads(output_of(self.build / "tests" / "show_records", self.program / name))
 
     def close(self):
         shutil.rmtree(self.folder)
@@ -142,17 +89,23 @@ class Program:
 
     TITLE = "Repvolta - Exercise Management for your MP3 Player"
 
-    def __init__(self, home):
+    def __init__(self, home, prefix=()):
+        """Starts the program; the prefix is a program that starts it."""
         self.home = home
         self.environment = dict(os.environ, HOME=str(home.folder), XDG_RUNTIME_DIR=str(home.folder),
                                 XDG_CONFIG_HOME=str(home.folder / ".config"),
                                 QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
-        self.process = subprocess.Popen([home.program / "repvolta"], env=self.environment,
+        self.process = subprocess.Popen([*prefix, home.program / "repvolta"], env=self.environment,
                                         cwd="/", stderr=subprocess.DEVNULL)
-        self.application = wait_for("the program", self._application)
+        self.application = wait_for("the program on the accessibility bus", self._application)
 
     def _application(self):
-        for application in children(Atspi.get_desktop(0)):
+        """The program on the accessibility bus. The desktop's children are asked for anew, since
+        what is kept of them is brought up to date by an event loop only."""
+        self._check_running()
+        desktop = Atspi.get_desktop(0)
+        desktop.clear_cache()
+        for application in children(desktop):
             try:
                 if application.get_process_id() == self.process.pid:
                     application.set_cache_mask(Atspi.Cache.NONE)
@@ -161,18 +114,38 @@ class Program:
                 pass  # one that has just ended
         return None
 
+    def _check_running(self):
+        assert self.process.poll() is None, f"the program has ended with {self.process.returncode}"
+
+    def describe(self):
+        """What is on the screen, as a screen reader hears it."""
+        lines = [f"the keyboard is in {active_title()!r}"]
+        for window in children(self.application):
+            lines += [f"{node.get_role_name()} {node.get_name()!r}"
+                      + (" focused" if has_state(node, Atspi.StateType.FOCUSED) else "")
+                      for node in showing(window)]
+        return "\n".join(lines)
+
+    def wait_for(self, what, condition, limit=LIMIT):
+        try:
+            return wait_for(what, condition, limit)
+        except AssertionError as error:
+            try:
+                error.add_note(self.describe())
+            except GLib.Error:
+                error.add_note("the program does not answer")
+            raise
+
     def window(self, title):
         """The window of that title, once the keyboard speaks to it."""
         def found():
+            self._check_running()
             for window in children(self.application):
                 if window.get_name() == title and active_title() == title:
                     if has_state(window, Atspi.StateType.ACTIVE):
                         return window
             return None
-        return wait_for(f"the window {title!r}; the keyboard is in {active_title()!r}", found)
-
-    def active_title_is_not(self, title):
-        return active_title() != title
+        return self.wait_for(f"the window {title!r}", found)
 
     def main(self):
         return self.window(self.TITLE)
@@ -183,93 +156,129 @@ class Program:
                 and (name is None or name in (node.get_name(), heard_name(node)))]
 
     def find(self, window, role, name):
-        found = wait_for(f"the {role} {name!r}", lambda: self.controls(window, role, name))
+        found = self.wait_for(f"the {role} {name!r}", lambda: self.controls(window, role, name))
         assert len(found) == 1, f"{len(found)} times {role} {name!r}"
         return found[0]
 
     def focus(self, control):
-        wait_for(f"{control.get_name()!r} to be enabled",
-                 lambda: has_state(control, Atspi.StateType.ENABLED))
-        if control.get_role_name() == "list":
+        self.wait_for(f"{control.get_name()!r} to be enabled",
+                      lambda: has_state(control, Atspi.StateType.ENABLED))
+        if control.get_role_name() in ("list", "combo box"):
             self._tab_to(control)  # which no assistive tool can do for it
         else:
             control.grab_focus()
-        wait_for(f"the focus on {control.get_name()!r}",
-                 lambda: has_state(control, Atspi.StateType.FOCUSED))
+        self.wait_for(f"the focus on {control.get_name()!r}",
+                      lambda: has_state(control, Atspi.StateType.FOCUSED))
 
     def focused(self, window):
         """What the next key goes to."""
         return [node for node in showing(window) if has_state(node, Atspi.StateType.FOCUSED)]
+
+    def next_control(self, window):
+        """Presses the Tab key, and gives what it leads to."""
+        before = self.focused(window)
+
+        def moved():
+            now = self.focused(window)
+            return now if now != before else None
+        keys("Tab")
+        return self.wait_for("the focus to move", moved)
 
     def _tab_to(self, control):
         window = self.window(active_title())
         for _ in range(100):
             if has_state(control, Atspi.StateType.FOCUSED):
                 return
-            before = self.focused(window)
-            keys("Tab")
-            wait_for("the focus to move", lambda: self.focused(window) != before)
+            self.next_control(window)
 
     def press(self, name, window=None, role="push button"):
         """Goes to a button or box and presses the space bar."""
         self.focus(self.find(window or self.main(), role, name))
         keys("space")
 
+    def type_into(self, field, text):
+        """Types into a field that has the keyboard, and sees that all of it has come."""
+        if text.isascii():
+            type_text(text)
+        else:
+            field.set_text_contents(text)  # no key of the display's keyboard gives it
+        self.wait_for(f"{text!r} in the field", lambda: field.get_text(0, -1) == text)
+
+    def _closed(self, box):
+        self.wait_for("the box to close", lambda: box not in list(children(self.application)))
+
     def message(self, title, button="Return"):
         """Waits for a box, closes it with a key, and returns its text."""
         box = self.window(title)
-        text = wait_for("the text of the box", lambda: [
+        text = self.wait_for("the text of the box", lambda: [
             label.get_name() for label in self.controls(box, "label") if label.get_name()])
         keys(button)
-        wait_for("the box to close", lambda: box not in list(children(self.application)))
+        self._closed(box)
         return text[0]
 
     def answer(self, title, text):
         """Types the answer of an input box and returns what it asked."""
         box = self.window(title)
-        prompt = [label.get_name() for label in self.controls(box, "label")][0]
-        if text.isascii():
-            type_text(text)
-        else:
-            self.controls(box, "text")[0].set_text_contents(text)
+        prompt = self.wait_for("the question", lambda: [
+            label.get_name() for label in self.controls(box, "label")])
+        field = self.wait_for("the field", lambda: self.controls(box, "text"))
+        self.wait_for("the keyboard in the field",
+                      lambda: has_state(field[0], Atspi.StateType.FOCUSED))
+        self.type_into(field[0], text)
         keys("Return")
-        wait_for("the box to close", lambda: box not in list(children(self.application)))
-        return prompt
+        self._closed(box)
+        return prompt[0]
+
+    def _entries(self, control):
+        return [item for item in children(control) if item.get_role_name() == "list item"]
 
     def items(self, name, role="list", window=None):
         control = self.find(window or self.main(), role, name)
-        return [item.get_name() for item in children(control)
-                if item.get_role_name() == "list item"]
+        texts = []
+
+        def read():
+            texts[:] = [item.get_name() for item in self._entries(control)]
+            return True
+        self.wait_for(f"the entries of {name!r}", read)
+        return texts
 
     def select(self, name, item, window=None):
-        """Goes to a list and to an entry: its text, or its number."""
+        """Goes to a list and to an entry: its text, or its number. Each key has its effect before
+        the next one follows, or a slow moment would lead past the entry."""
         control = self.find(window or self.main(), "list", name)
         self.focus(control)
-        keys("Home")
 
-        def reached():
-            entries = [entry for entry in children(control)
-                       if entry.get_role_name() == "list item"]
-            selected = [number for number, entry in enumerate(entries)
-                        if has_state(entry, Atspi.StateType.SELECTED)]
-            if selected and item in (selected[0], entries[selected[0]].get_name()):
-                return True
-            keys("Down" if selected else "space")
-            return False
-        wait_for(f"{item!r} to be selected", reached)
+        def goal():
+            texts = [entry.get_name() for entry in self._entries(control)]
+            if isinstance(item, int):
+                return [item] if item < len(texts) else []
+            return [texts.index(item)] if item in texts else []
+
+        def selected():
+            return [number for number, entry in enumerate(self._entries(control))
+                    if has_state(entry, Atspi.StateType.SELECTED)]
+        wanted = self.wait_for(f"{item!r} in {name!r}", goal)
+        before = selected()
+        while before != wanted:
+            def moved():
+                now = selected()
+                return now if now != before else None
+            keys("space" if not before else "Down" if before < wanted else "Up")
+            before = self.wait_for("the selection to move", moved)
 
     def tab(self, title):
         """Goes along the tabs until that one is shown."""
-        def turned():
-            strip = self.controls(self.main(), "page tab list")[0]
+        def shown():
             # The strip bears the name of the tab that is shown.
-            titles = [tab.get_name() for tab in children(strip)
-                      if tab.get_role_name() == "page tab"]
-            behind = titles.index(title) - titles.index(strip.get_name())
-            if behind:
-                keys("ctrl+Next" if behind > 0 else "ctrl+Prior")
-            return behind == 0
-        wait_for(f"the tab {title!r}", turned)
+            return self.controls(self.main(), "page tab list")[0].get_name()
+        strip = self.wait_for("the tabs", lambda: self.controls(self.main(), "page tab list"))[0]
+        titles = [tab.get_name() for tab in children(strip) if tab.get_role_name() == "page tab"]
+        before = shown()
+        while before != title:
+            behind = titles.index(title) - titles.index(before)
+            keys("ctrl+Next" if behind > 0 else "ctrl+Prior")
+            before = self.wait_for("the tab to turn",
+                                   lambda: [now for now in [shown()] if now != before])[0]
 
     def exit(self):
         self.press("Exit")
@@ -278,4 +287,4 @@ class Program:
     def kill(self):
         if self.process.poll() is None:
             self.process.kill()
-            self.process.wait()
+            self.process.wait(LIMIT)

@@ -3,7 +3,7 @@
 import signal
 import subprocess
 
-from desktop import Home, Program, keys, type_text, wait_for
+from display import active_title, keys, output_of
 from support import WindowTest, pick_folder
 
 
@@ -31,7 +31,7 @@ class SetUp(WindowTest):
         picker = program.window("Select Directory")
         keys("alt+n")
         program.answer("New Folder", "Player")
-        wait_for("the new folder", lambda: program.controls(
+        program.wait_for("the new folder", lambda: program.controls(
             picker, "label", str(self.home.folder / "Player")))
         keys("Return")
         program.main()
@@ -79,9 +79,8 @@ class SetUp(WindowTest):
 class Running(WindowTest):
     def test_comes_to_the_front_when_it_is_started_again(self):
         program = self.start_set_up()
-        window = subprocess.run(["xdotool", "getwindowfocus"], capture_output=True, text=True)
-        subprocess.run(["xdotool", "windowminimize", window.stdout.strip()], check=True)
-        wait_for("the window to go", lambda: program.active_title_is_not(program.TITLE))
+        output_of("xdotool", "windowminimize", output_of("xdotool", "getwindowfocus").strip())
+        program.wait_for("the window to go", lambda: active_title() != program.TITLE)
 
         second = subprocess.run([self.home.program / "repvolta"], env=program.environment,
                                 timeout=60)

@@ -140,7 +140,8 @@ std::vector<std::string> LinesAt(const std::string& path,
     splitter.Skip(block);
     return true;
   });
-  if (lines.size() < numbers.size()) splitter.Finish();
+  if (lines.size() == numbers.size()) return lines;
+  splitter.Finish();
   if (lines.size() < numbers.size()) lines.resize(numbers.size(), LastLine(path));
   return lines;
 }

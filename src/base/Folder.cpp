@@ -30,7 +30,7 @@ EntryType TypeOfMode(mode_t mode) {
 
 /// Most file systems tell the type with the name; the others are asked.
 EntryType TypeOf(DIR* folder, const dirent& entry) {
-  if (entry.d_type != DT_UNKNOWN) return TypeOfMode(DTTOIF(entry.d_type));
+  if (entry.d_type != DT_UNKNOWN) return TypeOfMode(static_cast<mode_t>(DTTOIF(entry.d_type)));
   struct stat status {};
   const bool isKnown = fstatat(dirfd(folder), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0;
   return isKnown ? TypeOfMode(status.st_mode) : EntryType::kOther;

@@ -32,7 +32,7 @@ std::array<Byte, kCount> BytesAt(FileWindow& window, std::int64_t position) {
 /// 1 where the bytes begin a header that DecodeFrameHeader accepts: all sync bits, and no version,
 /// layer, bit rate or sample rate that is reserved or free.
 constexpr Byte StartsFrame(Byte first, Byte second, Byte third) {
-  const bool hasSync = (first == kFirstSyncByte) & (second >= 0xE0);
+  const int hasSync = int{first == kFirstSyncByte} & int{second >= 0xE0};
   const bool hasVersion = (second & 0x18) != 0x08;
   const bool hasLayer = (second & 0x06) != 0;
   const bool hasBitRate = static_cast<Byte>(third - 0x10) < 0xE0;

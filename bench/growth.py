@@ -16,7 +16,7 @@ def seconds_and_memory(operation, *arguments):
 
 def over_file_size(operation, data):
     """Files of zeros with one frame in front."""
-    for size in (10**5, 10**6, 10**7, 10**8, 10**9):
+    for size in (10**5, 10**6, 10**7, 10**8, 2 * 10**8):
         file = data / "growing.mp3"
         file.write_bytes(b"\xff\xfb\x90\x00")
         with open(file, "r+b") as opened:
@@ -70,7 +70,7 @@ def place(value, values, length):
 def line(points, axis, name):
     xs, ys = [point[0] for point in points], [point[axis] for point in points]
     room = SIZE - 2 * MARGIN
-    path = " ".join(f"{MARGIN + place(x, xs, room):.1f},{SIZE - MARGIN - place(y, ys, room):.1f}"
+    path = " ".join(f"{MARGIN + place(x, xs, room):.1f},{SIZE - MARGIN - place(y, ys, room * 0.85):.1f}"
                     for x, y in zip(xs, ys))
     return (f'<polyline points="{path}" fill="none" stroke="{COLOURS[name]}" stroke-width="2"/>'
             + "".join(f'<circle cx="{p.split(",")[0]}" cy="{p.split(",")[1]}" r="3" '

@@ -18,6 +18,7 @@ import time
 RUNS = 9
 WORKOUTS = 200
 SONGS = 100000
+LIMIT = 30  # seconds
 
 
 def make_program_directory(programs, work):
@@ -52,13 +53,15 @@ def to_window(program, environment):
     start = time.monotonic()
     with subprocess.Popen([program / "repvolta"], env=environment,
                           stderr=subprocess.DEVNULL) as window:
-        while subprocess.run(["/usr/bin/xdotool", "search", "--onlyvisible", "--pid",
-                              str(window.pid), "--name", "Repvolta"], env=environment,
-                             capture_output=True, check=False).returncode != 0:
-            pass
-        seconds = time.monotonic() - start
-        window.kill()
-    return seconds
+        try:
+            while subprocess.run(["/usr/bin/xdotool", "search", "--onlyvisible", "--name",
+                                  "Repvolta"], env=environment, capture_output=True,
+                                 check=False).returncode != 0:
+                if time.monotonic() - start > LIMIT:
+                    sys.exit("repvolta shows no window")
+            return time.monotonic() - start
+        finally:
+            window.kill()
 
 
 def tell(what, measure):

@@ -35,6 +35,7 @@ RATIOS = [
     Row(1, "play time warm", 1.8, 1.3),
     Row(2, "play time cold", 1.15, 1.05),
     Row(3, "worst case", 3, 2),
+    Row(3, "10,000 empty tags", 3, 2),
     Row(6, "listing", 1.3, 1.1),
     Row(7, "draw", 1.2, 1.05),
     Row(8, "copy and tag", 1.25, 1.1),

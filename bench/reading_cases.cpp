@@ -15,6 +15,7 @@ namespace {
 using Files = std::vector<std::string>;
 
 constexpr std::size_t kColdSongs = 400;
+constexpr std::size_t kTagRounds = 500;
 constexpr int kLines = 1000000;  // of the collection's list
 
 int PlayTimesByTagLib(const Files& files) {
@@ -64,6 +65,16 @@ void RegisterPlayTimes(const Places& places) {
   Register({cold, "ours", forget, Timed([=] { benchmark::DoNotOptimize(PlayTimes(few)); })});
   Register(
       {cold, "limit", forget, Timed([=] { benchmark::DoNotOptimize(limits::ReadPlaces(few)); })});
+
+  // A small file, so many times.
+  const Files tags(kTagRounds, places.collection + "/worst/tags.mp3");
+  const std::string inARow = "10,000 empty tags";
+  Register({inARow, "ours", {}, Timed([=] { benchmark::DoNotOptimize(PlayTimes(tags)); })});
+  Register({inARow, "limit", {}, Timed([=] {
+              for (const std::string& file : tags) {
+                benchmark::DoNotOptimize(limits::ReadOnce(file));
+              }
+            })});
 
   for (const char* name : {"zeros", "ff", "ff00", "fffbf0", "random", "late"}) {
     RegisterWorstCase(places.collection + "/worst", name);

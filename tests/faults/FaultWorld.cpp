@@ -89,8 +89,9 @@ int PointStep(int shortStep) {
 
 FaultWorld::FaultWorld() {
   PutFile("precious/diary.txt", "mine");
+  // Long enough to be copied by the system.
   PutFile("music/song.mp3",
-          Mp3Bytes().Id3v2(Id3v2Bytes(3).Text("TIT2", "Old").Syncsafe()).Frames(3));
+          Mp3Bytes().Id3v2(Id3v2Bytes(3).Text("TIT2", "Old").Syncsafe()).Frames(400));
   PutFile("music/drawn.mp3", Mp3Bytes().Frames(3));
   fs::create_directory("player");
   fs::create_directory("tmp");

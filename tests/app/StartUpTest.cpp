@@ -230,6 +230,14 @@ TEST_F(FirstRun, TakesCancelledPickersAsNoFolders) {
   EXPECT_TRUE(settings.OutputPath.IsBlank());
 }
 
+TEST_F(FirstRun, TellsOfAFolderWhosePathCannotBeKeptAndTakesNone) {
+  RunSetUp({"/" + std::string(256, 'm'), "/player"});
+  EXPECT_THAT(screen.messages, Contains(HasSubstr("The path cannot be kept")));
+  const SettingsRecord settings = DecodeSettings(GetFile("settings.dat"));
+  EXPECT_TRUE(settings.MusicPath.IsBlank());
+  EXPECT_EQ(settings.OutputPath.Text(), "/player");
+}
+
 TEST_F(FirstRun, DoesNothingWhenThereAreSettings) {
   PutLastWorkout(0);
   RunSetUp({});

@@ -144,7 +144,17 @@ void ExerciseTab::UpdateExerciseScreen() {
     return;
   }
   const ScreenUpdate updating(state);
-  const ExerciseRecord& exercise = editor_.Exercise();
+  try {
+    ShowExercise(editor_.Exercise());
+  } catch (...) {
+    // No row of the exercise before may be left, to be taken for one of this.
+    ui_->MusicList->SetRows({});
+    sets_->SetRows({});
+    throw;
+  }
+}
+
+void ExerciseTab::ShowExercise(const ExerciseRecord& exercise) {
   ui_->ExerciseNameLabel->setText(QString::fromStdString(exercise.ExerciseName.Trimmed()));
   ShowMusic(exercise);
   ui_->EstimatedExerciseTimeLabel->setText(
@@ -195,7 +205,6 @@ void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
   const double now = editor_.program.clock.Now();
   const int selected = SelectedSet();
   SetTable::Columns columns;
-  sets_->SetRows(columns);
   for (int i = 0; i < exercise.NumberOfSets; ++i) {
     const std::array texts = {
         ListNumberText(exercise.SetValue1[i]),     ListNumberText(exercise.SetValue2[i]),

@@ -154,6 +154,19 @@ TEST_F(StartUp, TakesAGarbledWorkoutAsAnEmptyOne) {
   EXPECT_EQ(screen.calls.back(), "settings screen");
 }
 
+TEST_F(StartUp, TellsOfADamagedWorkoutAndGoesOn) {
+  ExerciseSlots workout;
+  workout[0].ExerciseName = "Squat";
+  workout[0].NumberOfSets = -7293;
+  PutFile("workouts/Monday.RPV", EncodeWorkout(workout));
+  PutLastWorkout(0);
+  Load();
+  EXPECT_THAT(
+      screen.messages,
+      ElementsAre("Monday.RPV seems to be damaged: it holds numbers that no workout can have."));
+  EXPECT_EQ(screen.calls.back(), "settings screen");
+}
+
 TEST_F(StartUp, TellsWhatKeepsTheMusicFromBeingCounted) {
   PutLastWorkout(0);
   services.countRandomMusicFiles = [] { throw FileError("musiclist.txt", "is", "broken"); };

@@ -54,6 +54,9 @@ TEST_F(ExerciseScreen, NamesTheFieldsOfTheKindOfSets) {
   EXPECT_EQ(Text("SetListIncLabel1"), "R&B <b>");
   EXPECT_EQ(Text("SetListLabel2"), "User2");
   EXPECT_EQ(Text("SetListIncLabel2"), "User2");
+  EXPECT_EQ(Text("FreqListLabel1"), "R&B <b>");
+  EXPECT_EQ(Text("FreqListLabel2"), "User2");
+  EXPECT_EQ(Text("NextUpdateListLabel"), "R&B <b>, User2");
   EXPECT_EQ(Get<QLabel>("SetListLabel1").textFormat(), Qt::PlainText);
   EXPECT_TRUE(Get<QAbstractButton>("SetButton_3").isChecked());
 }
@@ -130,6 +133,16 @@ TEST_F(ExerciseScreen, MoreSetsThanSlotsThrowAndShowNoSetOfAnotherExercise) {
   EXPECT_THROW(form->UpdateExerciseScreen(), std::out_of_range);
   EXPECT_THAT(Rows("SetList1"), IsEmpty());
   EXPECT_FALSE(state.ScreenUpdating);
+}
+
+TEST_F(ExerciseScreen, MoreMusicThanSlotsShowsNoRowOfAnotherExercise) {
+  AddExercise("Squat").NumberOfSets = 2;
+  Exercise().NumberOfMusicFiles = 2;
+  form->UpdateExerciseScreen();
+  Exercise().NumberOfMusicFiles = 13;
+  EXPECT_THROW(form->UpdateExerciseScreen(), std::out_of_range);
+  EXPECT_THAT(Rows("MusicList"), IsEmpty());
+  EXPECT_THAT(Rows("SetList1"), IsEmpty());
 }
 
 TEST_F(ExerciseScreen, TheFramesAreHiddenWithoutExercises) {

@@ -92,11 +92,17 @@ void ExerciseTab::ConnectChoices() {
                             [&] { UnitsSelection_Click(editor_, i); });
             });
   }
-  connect(ui_->RandomMusicCheckBox, &QCheckBox::toggled, this, [this](bool checked) {
-    handlers_.Run("The choice could not be kept.", [&] {
-      RandomMusicCheckBox_Click(editor_, checked ? CheckBox::kTicked : CheckBox::kUnticked);
-    });
+  connect(ui_->RandomMusicCheckBox, &QCheckBox::toggled, this, &ExerciseTab::ChooseRandomMusic);
+}
+
+void ExerciseTab::ChooseRandomMusic(bool chosen) {
+  handlers_.Run("The choice could not be kept.", [&] {
+    RandomMusicCheckBox_Click(editor_, chosen ? CheckBox::kTicked : CheckBox::kUnticked);
   });
+  // No refresh of the tab touches the box: a choice that did not count is taken back here.
+  if (editor_.State().ScreenUpdating || (editor_.Exercise().RandomMusic == kTrue) == chosen) return;
+  const ScreenUpdate updating(editor_.State());
+  ui_->RandomMusicCheckBox->setChecked(!chosen);
 }
 
 void ExerciseTab::ConnectMusic() {

@@ -39,6 +39,7 @@ class ExerciseTab : public QWidget {
   void ConnectSetLists();
   void ConnectChoices();
   void ConnectMusic();
+  void ChooseRandomMusic(bool chosen);
   void ShowExercise(const ExerciseRecord& exercise);
   void ShowMusic(const ExerciseRecord& exercise);
   void ShowFieldNames(const ExerciseRecord& exercise);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -49,6 +50,7 @@ class ScriptedDialogs : public Dialogs {
 
   std::vector<std::string> asked;
   std::deque<std::string> answers;
+  std::function<void()> whenAsked;
 
  private:
   void Record(const std::string& kind, std::string_view title, std::string_view text) {
@@ -56,6 +58,7 @@ class ScriptedDialogs : public Dialogs {
   }
 
   std::string NextAnswer() {
+    if (whenAsked) whenAsked();
     if (answers.empty()) {
       ADD_FAILURE() << "There is no answer to " << asked.back();
       return "";

@@ -273,6 +273,16 @@ TEST_F(MainWindow, ExitDuringAnUpdateStopsItAtTheNextStep) {
   EXPECT_FALSE(form->KeepWaiting());
 }
 
+TEST_F(MainWindow, ExitCountsOnce) {
+  BlockSettings();
+  progress.whenLine = [&] {
+    form->close();
+    Get<QAbstractButton>("ExitButton").click();
+  };
+  Click("UpdateSelectedWorkoutButton");
+  EXPECT_THAT(dialogs.asked, SizeIs(1));
+}
+
 TEST_F(MainWindow, ExitDuringTheListingOfMusicLeavesTheOldList) {
   PutFile("musiclist.txt", "old\n");
   QTimer::singleShot(0, form.get(), [this] { form->close(); });
@@ -304,6 +314,29 @@ TEST_F(MainWindow, ItsSizeAndColumnsComeBackAtTheNextStart) {
 
   EXPECT_EQ(form->size(), size);
   EXPECT_EQ(Get<QSplitter>("ExerciseSplitter").sizes(), widths);
+}
+
+TEST_F(MainWindow, TheColumnsOfTheSetsComeBackAlsoAfterAStartWithoutExercises) {
+  AddExercise("Squat");
+  OpenTab(1);
+  auto& values = Get<QSplitter>("SetDetailsSplitter");
+  values.setSizes({values.width() - 90, 90});
+  auto& halves = Get<QSplitter>("SetSplitter");
+  halves.setSizes({halves.width() / 2, halves.width() / 2});
+  const QList<int> widths = values.sizes();
+  const QList<int> halfWidths = halves.sizes();
+  Click("ExitButton");
+
+  state.NumberOfExercises = 0;
+  OpenForm();
+  OpenTab(1);
+  Click("ExitButton");
+
+  OpenForm();
+  AddExercise("Squat");
+  OpenTab(1);
+  EXPECT_EQ(Get<QSplitter>("SetDetailsSplitter").sizes(), widths);
+  EXPECT_EQ(Get<QSplitter>("SetSplitter").sizes(), halfWidths);
 }
 
 }  // namespace

@@ -231,6 +231,20 @@ TEST_F(WorkoutEditing, AChoiceByAnAssistiveToolLoadsTheWorkout) {
   EXPECT_EQ(state.WorkoutFileName, "Tuesday.RPV");
 }
 
+TEST_F(WorkoutEditing, WhatTheProgramSelectsIsNoChoice) {
+  ListWorkouts({"Tuesday"});
+  form->SelectWorkout(1);
+  QApplication::processEvents();
+  EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
+}
+
+TEST_F(WorkoutEditing, NoWorkoutCanBeChosenToo) {
+  Box().setCurrentIndex(-1);
+  QApplication::processEvents();
+  EXPECT_EQ(state.WorkoutFileName, "");
+  EXPECT_FALSE(Get<QWidget>("AddExerciseButton").isEnabled());
+}
+
 TEST_F(WorkoutEditing, ALoadSelectsTheFirstExercise) {
   AddExercise("Squat");
   AddExercise("Row");

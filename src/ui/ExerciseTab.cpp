@@ -33,6 +33,7 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
   setButtons_ = {ui_->SetButton_0, ui_->SetButton_1, ui_->SetButton_2, ui_->SetButton_3};
   unitsSelections_ = {ui_->UnitsSelection_0, ui_->UnitsSelection_1};
   ui_->MusicList->setTextElideMode(Qt::ElideMiddle);
+  ui_->NoSetsLabel->setForegroundRole(QPalette::PlaceholderText);
   ConnectSetButtons();
   ConnectSetLists();
   ConnectChoices();
@@ -223,6 +224,8 @@ void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
   }
   sets_->SetRows(columns);
   sets_->SelectRow(selected);
+  // Beside the button that adds one: the columns are too narrow for a line of text.
+  ui_->NoSetsLabel->setVisible(exercise.NumberOfSets == 0);
 }
 
 }  // namespace repvolta

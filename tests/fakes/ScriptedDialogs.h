@@ -55,10 +55,10 @@ class ScriptedDialogs : public Dialogs {
  private:
   void Record(const std::string& kind, std::string_view title, std::string_view text) {
     asked.push_back(kind + "|" + std::string(title) + "|" + std::string(text));
+    if (whenAsked) whenAsked();
   }
 
   std::string NextAnswer() {
-    if (whenAsked) whenAsked();
     if (answers.empty()) {
       ADD_FAILURE() << "There is no answer to " << asked.back();
       return "";

@@ -46,6 +46,19 @@ TEST_F(ExerciseScreen, ShowsOneRowForEachSet) {
   EXPECT_THAT(Rows("NextUpdateList"), ElementsAre(" 6, Due", "N/A, N/A"));
 }
 
+TEST_F(ExerciseScreen, SaysWhatToDoAboutNoSets) {
+  AddExercise("Squat");
+  OpenTab(1);
+  auto& label = Get<QLabel>("NoSetsLabel");
+  EXPECT_EQ(label.text(), "No sets yet: add one.");
+  EXPECT_TRUE(label.isVisible());
+  EXPECT_GE(label.width(), label.sizeHint().width());
+  EXPECT_NE(List("SetList1").accessibleDescription(), "");
+  Exercise().NumberOfSets = 1;
+  form->UpdateExerciseScreen();
+  EXPECT_FALSE(label.isVisible());
+}
+
 TEST_F(ExerciseScreen, NamesTheFieldsOfTheKindOfSets) {
   AddExercise("Squat").SetType = kUserDefined;
   Exercise().UserField1Name = "R&B <b>";

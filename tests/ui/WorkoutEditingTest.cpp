@@ -289,6 +289,19 @@ TEST_F(WorkoutEditing, GarbageIsToldAndCanBeLeftAgain) {
   EXPECT_EQ(GetFile("workouts/Tuesday.RPV"), Bytes(kWorkoutFileSize, 0x7F));
 }
 
+TEST_F(WorkoutEditing, AChosenWorkoutCanBeEditedBeforeItIsLoaded) {
+  PutFile("workouts/Tuesday.RPV", Bytes(kWorkoutFileSize, 0x7F));
+  LoadWorkoutNames(state, *form);
+  state.WorkoutFileName = "";
+  form->EnableWorkoutControls();
+  bool enabled = false;
+  dialogs.whenAsked = [&] { enabled = Get<QWidget>("AddExerciseButton").isEnabled(); };
+  Box().setCurrentIndex(1);
+  QApplication::processEvents();
+  EXPECT_THAT(dialogs.asked, SizeIs(1));
+  EXPECT_TRUE(enabled);
+}
+
 TEST_F(WorkoutEditing, TimesThatCannotBeAddedUpAreToldWhenTheWorkoutIsChosen) {
   ExerciseSlots workout;
   for (const int slot : {0, 1}) {

@@ -142,7 +142,6 @@ void RepvoltaForm::End() {
   if (ended_) return;
   ended_ = true;
   services_.progress.Hide();
-  services_.pleaseWait.Hide();
   hide();
   emit Ended();
 }

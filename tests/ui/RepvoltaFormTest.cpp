@@ -94,6 +94,17 @@ TEST_F(MainWindow, WithoutAWorkoutNothingCanBeEdited) {
   EXPECT_TRUE(IsEnabled("CreateNewWorkoutButton"));
 }
 
+TEST_F(MainWindow, TheTabThatTurnsByItselfIsNoChoice) {
+  AddExercise("Squat");
+  AddExercise("Row");
+  OpenTab(1);
+  List("ExerciseList").SelectRow(1);
+  state.WorkoutFileName = "";
+  form->EnableWorkoutControls();
+  EXPECT_EQ(Get<QTabWidget>("SSTab1").currentIndex(), 0);
+  EXPECT_EQ(state.CurrentExercise, 0);
+}
+
 TEST_F(MainWindow, WithAWorkoutEverythingCanBeEdited) {
   for (const char* control : kWorkoutControls) EXPECT_TRUE(IsEnabled(control)) << control;
   EXPECT_TRUE(Get<QTabWidget>("SSTab1").isTabEnabled(1));

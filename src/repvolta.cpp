@@ -82,9 +82,8 @@ class Desktop {
 
  private:
   void ListMusic() {
-    pleaseWait_.Show();
+    const WhileWaiting waiting(pleaseWait_);
     CompileMusicList(state_.Settings.MusicPath.Trimmed(), [this] { RunEvents(); });
-    pleaseWait_.Hide();
   }
 
   void RunEvents() {

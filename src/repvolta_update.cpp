@@ -10,6 +10,7 @@
 #include "app/Program.h"
 #include "app/Settings.h"
 #include "app/StartUp.h"
+#include "app/WorkoutDamage.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
 #include "base/FileError.h"
@@ -109,6 +110,8 @@ void UpdateWorkout(Program& program, const std::string& name) {
   std::string failure = name + " could not be loaded";
   try {
     if (LoadWorkout(program.state, program.screen) == WorkoutLoad::kLoaded) {
+      const std::string damage = DamageOf(program.state);
+      if (!damage.empty()) program.screen.AddLineToUpdateList("WARNING: " + damage);
       UpdateCurrentWorkout(program);
       return;
     }

@@ -1,5 +1,6 @@
 #include "app/StartUp.h"
 
+#include "app/PathField.h"
 #include "app/ScreenUpdate.h"
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
@@ -42,10 +43,14 @@ void SetUpSpeech(ProgramState& state, MainScreen& screen, const StartUpServices&
   screen.ShowFormats();
 }
 
-/// Message, picker: the folder that the person chose.
-std::string AskForFolder(MainScreen& screen, std::string_view text, std::string_view title) {
+/// Message, picker: the folder that the person chose; none when its path cannot be kept, which is
+/// told.
+FixedText<256> AskForFolder(MainScreen& screen, std::string_view text, std::string_view title) {
   screen.ShowMessage(text, title);
-  return screen.SelectDirectory();
+  const std::string folder = screen.SelectDirectory();
+  FixedText<256> path;
+  Try(screen, [&] { path = PathField(folder); });
+  return path;
 }
 
 void AskForMusic(ProgramState& state, MainScreen& screen, const StartUpServices& services) {

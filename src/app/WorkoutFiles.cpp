@@ -6,6 +6,7 @@
 
 #include "app/RecordFormat.h"
 #include "app/ScreenUpdate.h"
+#include "app/WorkoutDamage.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
 #include "base/Numbers.h"
@@ -53,6 +54,17 @@ void ReadWorkout(ProgramState& state, const std::string& path) {
   state.NumberOfExercises = CountExercises(state.Workout);
 }
 
+/// Shows what was loaded. What keeps a damaged workout from being shown as a whole is not told:
+/// that it is damaged says more.
+void ShowLoaded(const ProgramState& state, UserInterface& screen) {
+  try {
+    screen.UpdateWorkoutScreen();
+    screen.UpdateExerciseScreen();
+  } catch (const std::exception&) {
+    if (DamageOf(state).empty()) throw;
+  }
+}
+
 /// What the lists of the window have rows for.
 std::vector<std::string> RowsOf(const ProgramState& state) {
   std::vector<std::string> rows;
@@ -85,8 +97,8 @@ WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen) {
   }
   ReadWorkout(state, path);
   state.CurrentExercise = 0;
-  screen.UpdateWorkoutScreen();
-  screen.UpdateExerciseScreen();
+  ShowLoaded(state, screen);
+  if (const std::string damage = DamageOf(state); !damage.empty()) screen.ShowMessage(damage);
   return WorkoutLoad::kLoaded;
 }
 
@@ -118,12 +130,12 @@ void ReloadChangedWorkout(ProgramState& state, UserInterface& screen) {
   const std::vector<std::string> rows = RowsOf(state);
   ReadWorkout(state, WorkoutPath(state, state.ProgramDirectory));
   if (state.CurrentExercise >= state.NumberOfExercises) state.CurrentExercise = 0;
-  screen.UpdateWorkoutScreen();
-  screen.UpdateExerciseScreen();
-  if (RowsOf(state) != rows) {
-    throw WorkoutReplaced(state.WorkoutFileName +
-                          " was changed by another program and has been loaded again.");
-  }
+  ShowLoaded(state, screen);
+  if (RowsOf(state) == rows) return;
+  const std::string damage = DamageOf(state);
+  throw WorkoutReplaced(state.WorkoutFileName +
+                        " was changed by another program and has been loaded again." +
+                        (damage.empty() ? "" : "\r" + damage));
 }
 
 }  // namespace repvolta

@@ -18,8 +18,8 @@ void LoadWorkoutNames(ProgramState& state, UserInterface& screen);
 enum class WorkoutLoad { kLoaded, kNoName, kNotFound };
 
 /// Reads the file named by WorkoutFileName into Workout, selects its first exercise and refreshes
-/// both tabs. Says so when there is no such file. Throws FileError when it cannot be read. Where it
-/// is not loaded, the workout in memory is as it was.
+/// both tabs. Says so when there is no such file, or when what was loaded is damaged. Throws
+/// FileError when it cannot be read. Where it is not loaded, the workout in memory is as it was.
 WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen);
 
 /// Makes the program directory current and writes Workout to the file named by WorkoutFileName, all

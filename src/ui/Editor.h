@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <string>
 
 #include "app/MainScreen.h"
 #include "app/Program.h"
@@ -24,15 +23,6 @@ struct Editor {
   ProgramState& State() const { return program.state; }
   ExerciseRecord& Exercise() const { return State().Workout[State().CurrentExercise]; }
 };
-
-/// True when `text` comes back whole from a field of a record.
-template <std::size_t Size>
-bool FitsField(const std::string& text) {
-  return FixedText<Size>(text).Text() == text;
-}
-
-/// `text` for a field that holds a path. Throws std::length_error when it would be cut.
-FixedText<256> PathField(const std::string& text);
 
 /// The row that is selected after a row was removed: the one that took its place.
 int RowAfterRemoval(int removed, int rowsLeft);

@@ -33,6 +33,7 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
   setButtons_ = {ui_->SetButton_0, ui_->SetButton_1, ui_->SetButton_2, ui_->SetButton_3};
   unitsSelections_ = {ui_->UnitsSelection_0, ui_->UnitsSelection_1};
   ui_->MusicList->setTextElideMode(Qt::ElideMiddle);
+  ui_->NoSetsLabel->setForegroundRole(QPalette::PlaceholderText);
   ConnectSetButtons();
   ConnectSetLists();
   ConnectChoices();
@@ -92,11 +93,17 @@ void ExerciseTab::ConnectChoices() {
                             [&] { UnitsSelection_Click(editor_, i); });
             });
   }
-  connect(ui_->RandomMusicCheckBox, &QCheckBox::toggled, this, [this](bool checked) {
-    handlers_.Run("The choice could not be kept.", [&] {
-      RandomMusicCheckBox_Click(editor_, checked ? CheckBox::kTicked : CheckBox::kUnticked);
-    });
+  connect(ui_->RandomMusicCheckBox, &QCheckBox::toggled, this, &ExerciseTab::ChooseRandomMusic);
+}
+
+void ExerciseTab::ChooseRandomMusic(bool chosen) {
+  handlers_.Run("The choice could not be kept.", [&] {
+    RandomMusicCheckBox_Click(editor_, chosen ? CheckBox::kTicked : CheckBox::kUnticked);
   });
+  // No refresh of the tab touches the box: a choice that did not count is taken back here.
+  if (editor_.State().ScreenUpdating || (editor_.Exercise().RandomMusic == kTrue) == chosen) return;
+  const ScreenUpdate updating(editor_.State());
+  ui_->RandomMusicCheckBox->setChecked(!chosen);
 }
 
 void ExerciseTab::ConnectMusic() {
@@ -144,7 +151,17 @@ void ExerciseTab::UpdateExerciseScreen() {
     return;
   }
   const ScreenUpdate updating(state);
-  const ExerciseRecord& exercise = editor_.Exercise();
+  try {
+    ShowExercise(editor_.Exercise());
+  } catch (...) {
+    // No row of the exercise before may be left, to be taken for one of this.
+    ui_->MusicList->SetRows({});
+    sets_->SetRows({});
+    throw;
+  }
+}
+
+void ExerciseTab::ShowExercise(const ExerciseRecord& exercise) {
   ui_->ExerciseNameLabel->setText(QString::fromStdString(exercise.ExerciseName.Trimmed()));
   ShowMusic(exercise);
   ui_->EstimatedExerciseTimeLabel->setText(
@@ -195,7 +212,6 @@ void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
   const double now = editor_.program.clock.Now();
   const int selected = SelectedSet();
   SetTable::Columns columns;
-  sets_->SetRows(columns);
   for (int i = 0; i < exercise.NumberOfSets; ++i) {
     const std::array texts = {
         ListNumberText(exercise.SetValue1[i]),     ListNumberText(exercise.SetValue2[i]),
@@ -208,6 +224,8 @@ void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
   }
   sets_->SetRows(columns);
   sets_->SelectRow(selected);
+  // Beside the button that adds one: the columns are too narrow for a line of text.
+  ui_->NoSetsLabel->setVisible(exercise.NumberOfSets == 0);
 }
 
 }  // namespace repvolta

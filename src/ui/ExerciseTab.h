@@ -39,6 +39,8 @@ class ExerciseTab : public QWidget {
   void ConnectSetLists();
   void ConnectChoices();
   void ConnectMusic();
+  void ChooseRandomMusic(bool chosen);
+  void ShowExercise(const ExerciseRecord& exercise);
   void ShowMusic(const ExerciseRecord& exercise);
   void ShowFieldNames(const ExerciseRecord& exercise);
   void ShowChoices(const ExerciseRecord& exercise);

@@ -8,6 +8,13 @@
 namespace repvolta {
 
 void Handlers::Run(const std::string& failure, const std::function<void()>& handler) {
+  RunApart(failure, [&] {
+    beforehand_();
+    handler();
+  });
+}
+
+void Handlers::RunApart(const std::string& failure, const std::function<void()>& handler) {
   if (running_) return;
   const Outcome outcome = [&] {
     const QScopedValueRollback<bool> running(running_, true);
@@ -19,7 +26,6 @@ void Handlers::Run(const std::string& failure, const std::function<void()>& hand
 Handlers::Outcome Handlers::RunGuarded(const std::string& failure,
                                        const std::function<void()>& handler) {
   try {
-    beforehand_();
     handler();
     return Outcome::kDone;
   } catch (const UpdateStopped&) {

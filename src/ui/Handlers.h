@@ -24,6 +24,9 @@ class Handlers {
   /// not be added."; it stands before a reason that does not say so itself.
   void Run(const std::string& failure, const std::function<void()>& handler);
 
+  /// The same for a command that does not use the workout in memory: nothing is called beforehand.
+  void RunApart(const std::string& failure, const std::function<void()>& handler);
+
   /// Runs the handler whenever the button is clicked.
   void OnClick(QAbstractButton* button, const std::string& failure,
                const std::function<void()>& handler);

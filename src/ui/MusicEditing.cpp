@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/Exercises.h"
+#include "app/PathField.h"
 #include "app/WorkoutFiles.h"
 #include "base/Numbers.h"
 #include "base/Text.h"

@@ -27,4 +27,16 @@ class PleaseWait {
   virtual void Hide() = 0;
 };
 
+/// The please-wait window, shown while it lives.
+class WhileWaiting {
+ public:
+  explicit WhileWaiting(PleaseWait& window) : window_(window) { window_.Show(); }
+  ~WhileWaiting() { window_.Hide(); }
+  WhileWaiting(const WhileWaiting&) = delete;
+  WhileWaiting& operator=(const WhileWaiting&) = delete;
+
+ private:
+  PleaseWait& window_;
+};
+
 }  // namespace repvolta

@@ -11,6 +11,7 @@
 #include "ui/MessageBox.h"
 #include "ui/SelectDirectory.h"
 #include "ui/SelectExerciseDialog.h"
+#include "ui/WheelGuard.h"
 
 namespace repvolta {
 namespace {
@@ -60,6 +61,7 @@ std::string QtDialogs::SelectMusicFile(const std::string& startFolder) {
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setNameFilters({"MP3 (*.MP3)", "WMA (*.WMA)"});
+  new WheelGuard(&dialog);
   if (dialog.exec() != QDialog::Accepted) return {};
   return QFile::encodeName(dialog.selectedFiles().value(0)).toStdString();
 }

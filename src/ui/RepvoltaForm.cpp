@@ -93,10 +93,15 @@ void RepvoltaForm::ConnectButtons() {
 void RepvoltaForm::SSTab1_Click() {
   ProgramState& state = services_.state;
   state.CurrentExercise = static_cast<std::int16_t>(std::max(0, workoutTab_->SelectedExercise()));
-  exerciseTab_->ShowContent(state.NumberOfExercises >= 1 ? ExerciseTab::Content::kExercise
-                                                         : ExerciseTab::Content::kNoExercise);
+  ShowExerciseFrames();
   UpdateExerciseScreen();
   UpdateWorkoutScreen();
+}
+
+void RepvoltaForm::ShowExerciseFrames() {
+  exerciseTab_->ShowContent(services_.state.NumberOfExercises >= 1
+                                ? ExerciseTab::Content::kExercise
+                                : ExerciseTab::Content::kNoExercise);
 }
 
 void RepvoltaForm::StepTab(int step) {
@@ -114,6 +119,7 @@ void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
   if (outcome == Handlers::Outcome::kFailed) {
     // What could not be saved is in memory all the same, and the tabs show what is in memory. A
     // record that cannot be shown was told already.
+    ShowExerciseFrames();
     try {
       UpdateWorkoutScreen();
       UpdateExerciseScreen();
@@ -136,7 +142,6 @@ void RepvoltaForm::End() {
   if (ended_) return;
   ended_ = true;
   services_.progress.Hide();
-  services_.pleaseWait.Hide();
   hide();
   emit Ended();
 }

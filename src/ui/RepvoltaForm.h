@@ -88,6 +88,7 @@ class RepvoltaForm : public QDialog, public MainScreen {
   void AddTabs();
   void ConnectButtons();
   void SSTab1_Click();
+  void ShowExerciseFrames();
   void StepTab(int step);
   void Exit();
   void End();

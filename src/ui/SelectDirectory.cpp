@@ -10,6 +10,7 @@
 #include "base/FileNames.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
+#include "ui/WheelGuard.h"
 
 #include "ui_SelectDirectory.h"
 
@@ -57,6 +58,7 @@ SelectDirectory::SelectDirectory(const QStringList& drives, const QString& start
       ui_(std::make_unique<Ui::SelectDirectory>()),
       folders_(new QFileSystemModel(this)) {
   ui_->setupUi(this);
+  new WheelGuard(this);
   resize(kWidth * fontMetrics().averageCharWidth(), kHeight * fontMetrics().lineSpacing());
   askName_ = [this] {
     return InputBox::Ask(this, tr("Enter a name for the new folder"), tr("New Folder"));
@@ -91,8 +93,9 @@ void SelectDirectory::DirListBox_Change() {
 }
 
 void SelectDirectory::NewFolderButton_Click() {
-  const QString name = askName_();
-  if (name.trimmed().isEmpty()) return;
+  // A blank at the end of a path would not be kept.
+  const QString name = askName_().trimmed();
+  if (name.isEmpty()) return;
   const QString folder = QDir(CurrentFolder()).filePath(name);
   if (!IsFileName(name.toStdString())) {
     MessageBox::Show(this, tr("\"%1\" cannot be the name of a folder.").arg(name), windowTitle());

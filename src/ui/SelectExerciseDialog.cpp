@@ -30,7 +30,7 @@ SelectExerciseDialog::SelectExerciseDialog(const std::vector<std::string>& types
   resize(kWidth * fontMetrics().averageCharWidth(), kHeight * fontMetrics().lineSpacing());
   new EmptyListHint(ui_->ExerciseTypeList,
                     tr("No exercise lists are installed: type a name below."));
-  new EmptyListHint(ui_->ExerciseNameList, tr("Select an exercise type."));
+  new EmptyListHint(ui_->ExerciseNameList, tr("Select an exercise type to see its names."));
   Form_Load(types);
   connect(ui_->ExerciseTypeList, &QListWidget::itemSelectionChanged, this,
           &SelectExerciseDialog::ExerciseTypeList_Click);

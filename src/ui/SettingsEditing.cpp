@@ -1,5 +1,6 @@
 #include "ui/SettingsEditing.h"
 
+#include "app/PathField.h"
 #include "app/ScreenUpdate.h"
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
@@ -9,18 +10,6 @@
 
 namespace repvolta {
 namespace {
-
-/// The please-wait window, shown while it lives.
-class WhileWaiting {
- public:
-  explicit WhileWaiting(PleaseWait& window) : window_(window) { window_.Show(); }
-  ~WhileWaiting() { window_.Hide(); }
-  WhileWaiting(const WhileWaiting&) = delete;
-  WhileWaiting& operator=(const WhileWaiting&) = delete;
-
- private:
-  PleaseWait& window_;
-};
 
 Flag FlagOf(CheckBox box) { return box == CheckBox::kTicked ? kTrue : kFalse; }
 

@@ -40,29 +40,31 @@ void SettingsTab::ConnectButtons() {
                     [this] { ExerciseTimeButton_Click(editor_); });
 }
 
+/// A choice is kept whatever became of the workout meanwhile, since the control shows it already.
+void SettingsTab::Keep(const std::function<void()>& handler) {
+  handlers_.RunApart("The choice could not be kept.", handler);
+}
+
 void SettingsTab::ConnectVoice() {
-  constexpr const char* kFailure = "The choice could not be kept.";
   // A value is told when the slider is let go, not on the way.
   ui_->RateSldr->setTracking(false);
   ui_->VolumeSldr->setTracking(false);
   connect(ui_->RateSldr, &QSlider::valueChanged, this,
-          [this](int value) { handlers_.Run(kFailure, [&] { RateSldr_Change(editor_, value); }); });
-  connect(ui_->VolumeSldr, &QSlider::valueChanged, this, [this](int value) {
-    handlers_.Run(kFailure, [&] { VolumeSldr_Change(editor_, value); });
-  });
+          [this](int value) { Keep([&] { RateSldr_Change(editor_, value); }); });
+  connect(ui_->VolumeSldr, &QSlider::valueChanged, this,
+          [this](int value) { Keep([&] { VolumeSldr_Change(editor_, value); }); });
   connect(ui_->VoiceCB, &QComboBox::currentIndexChanged, this,
-          [this](int index) { handlers_.Run(kFailure, [&] { VoiceCB_Click(editor_, index); }); });
+          [this](int index) { Keep([&] { VoiceCB_Click(editor_, index); }); });
   connect(ui_->FormatCB, &QComboBox::currentIndexChanged, this,
-          [this](int index) { handlers_.Run(kFailure, [&] { FormatCB_Change(editor_, index); }); });
+          [this](int index) { Keep([&] { FormatCB_Change(editor_, index); }); });
 }
 
 void SettingsTab::ConnectCheckBoxes() {
-  constexpr const char* kFailure = "The choice could not be kept.";
   connect(ui_->IncludeWeightValuesCheck, &QCheckBox::toggled, this, [this](bool checked) {
-    handlers_.Run(kFailure, [&] { IncludeWeightValuesCheck_Click(editor_, TickOf(checked)); });
+    Keep([&] { IncludeWeightValuesCheck_Click(editor_, TickOf(checked)); });
   });
   connect(ui_->AutoLoadPLaylistCheckbox, &QCheckBox::toggled, this, [this](bool checked) {
-    handlers_.Run(kFailure, [&] { AutoLoadPLaylistCheckbox_Click(editor_, TickOf(checked)); });
+    Keep([&] { AutoLoadPLaylistCheckbox_Click(editor_, TickOf(checked)); });
   });
 }
 
@@ -94,6 +96,8 @@ void SettingsTab::ShowDefaultExerciseTime() {
 void SettingsTab::ShowVoices(const std::vector<std::string>& names) {
   const ScreenUpdate updating(editor_.State());
   Fill(ui_->VoiceCB, names);
+  ui_->VoiceCB->setPlaceholderText(names.empty() ? "No voices: install flite or espeak-ng."
+                                                 : "Choose a voice.");
   ui_->VoiceCB->setCurrentIndex(editor_.State().Settings.VoiceIndex);
 }
 

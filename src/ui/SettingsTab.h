@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -33,6 +34,7 @@ class SettingsTab : public QWidget {
   void ConnectButtons();
   void ConnectVoice();
   void ConnectCheckBoxes();
+  void Keep(const std::function<void()>& handler);
 
   Editor& editor_;
   Handlers& handlers_;

@@ -12,6 +12,7 @@ WheelGuard::WheelGuard(QWidget* window) : QObject(window) {
     if (qobject_cast<QComboBox*>(widget) != nullptr || qobject_cast<QSlider*>(widget) != nullptr ||
         qobject_cast<QTabBar*>(widget) != nullptr) {
       widget->installEventFilter(this);
+      if (widget->focusPolicy() == Qt::WheelFocus) widget->setFocusPolicy(Qt::StrongFocus);
     }
   }
 }

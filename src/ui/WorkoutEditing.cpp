@@ -37,7 +37,6 @@ class PreviousWorkout {
     editor_.State() = state_;
     editor_.screen.ShowWorkoutNames();
     editor_.screen.SelectWorkout(selected_);
-    editor_.screen.EnableWorkoutControls();
   }
   PreviousWorkout(const PreviousWorkout&) = delete;
   PreviousWorkout& operator=(const PreviousWorkout&) = delete;

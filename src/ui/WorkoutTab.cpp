@@ -83,8 +83,9 @@ void WorkoutTab::ExerciseList_Click(int row) {
 void WorkoutTab::ChooseWorkout() {
   choicePending_ = false;
   const std::string name = ui_->WorkoutDropBox->currentText().toStdString();
-  handlers_.Run("The workout cannot be shown as a whole.",
-                [&] { WorkoutDropBox_Click(editor_, name); });
+  // Whatever became of the workout that is left: the box shows the choice already.
+  handlers_.RunApart("The workout cannot be shown as a whole.",
+                     [&] { WorkoutDropBox_Click(editor_, name); });
 }
 
 void WorkoutTab::ShowWorkoutNames() {

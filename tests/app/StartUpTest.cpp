@@ -154,6 +154,19 @@ TEST_F(StartUp, TakesAGarbledWorkoutAsAnEmptyOne) {
   EXPECT_EQ(screen.calls.back(), "settings screen");
 }
 
+TEST_F(StartUp, TellsOfADamagedWorkoutAndGoesOn) {
+  ExerciseSlots workout;
+  workout[0].ExerciseName = "Squat";
+  workout[0].NumberOfSets = -7293;
+  PutFile("workouts/Monday.RPV", EncodeWorkout(workout));
+  PutLastWorkout(0);
+  Load();
+  EXPECT_THAT(
+      screen.messages,
+      ElementsAre("Monday.RPV seems to be damaged: it holds numbers that no workout can have."));
+  EXPECT_EQ(screen.calls.back(), "settings screen");
+}
+
 TEST_F(StartUp, TellsWhatKeepsTheMusicFromBeingCounted) {
   PutLastWorkout(0);
   services.countRandomMusicFiles = [] { throw FileError("musiclist.txt", "is", "broken"); };
@@ -228,6 +241,14 @@ TEST_F(FirstRun, TakesCancelledPickersAsNoFolders) {
   const SettingsRecord settings = DecodeSettings(GetFile("settings.dat"));
   EXPECT_TRUE(settings.MusicPath.IsBlank());
   EXPECT_TRUE(settings.OutputPath.IsBlank());
+}
+
+TEST_F(FirstRun, TellsOfAFolderWhosePathCannotBeKeptAndTakesNone) {
+  RunSetUp({"/" + std::string(256, 'm'), "/player"});
+  EXPECT_THAT(screen.messages, Contains(HasSubstr("The path cannot be kept")));
+  const SettingsRecord settings = DecodeSettings(GetFile("settings.dat"));
+  EXPECT_TRUE(settings.MusicPath.IsBlank());
+  EXPECT_EQ(settings.OutputPath.Text(), "/player");
 }
 
 TEST_F(FirstRun, DoesNothingWhenThereAreSettings) {

@@ -224,6 +224,103 @@ TEST_F(WorkoutFiles, AreToldToBeOthersWhenTheirRowsAre) {
   EXPECT_NO_THROW(ReloadChangedWorkout(state, screen));
 }
 
+/// A loaded file with two exercises in use and one behind a blank name.
+class DamagedWorkout : public WorkoutFiles {
+ protected:
+  static constexpr const char* kDamage =
+      "Monday.RPV seems to be damaged: it holds numbers that no workout can have.";
+
+  DamagedWorkout() {
+    for (const int slot : {0, 1, 3}) workout[slot].ExerciseName = "Squat";
+    state.WorkoutFileName = "Monday.RPV";
+  }
+
+  void Load() {
+    PutFile("workouts/Monday.RPV", EncodeWorkout(workout));
+    screen.messages.clear();
+    screen.calls.clear();
+    EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kLoaded);
+  }
+
+  ExerciseSlots workout;
+};
+
+TEST_F(DamagedWorkout, IsToldOnceItIsShown) {
+  for (const std::int16_t count : std::initializer_list<std::int16_t>{-7293, -1, 18, 32767}) {
+    workout[1].NumberOfSets = count;
+    Load();
+    EXPECT_THAT(screen.messages, ElementsAre(kDamage)) << count;
+    EXPECT_THAT(screen.titles, testing::Each("Repvolta"));
+    EXPECT_THAT(screen.calls, ElementsAre("workout screen", "exercise screen", "message"));
+  }
+  workout[1].NumberOfSets = 0;
+  for (const std::int16_t count : std::initializer_list<std::int16_t>{-32768, -1, 13}) {
+    workout[0].NumberOfMusicFiles = count;
+    Load();
+    EXPECT_THAT(screen.messages, ElementsAre(kDamage)) << count;
+  }
+}
+
+TEST_F(DamagedWorkout, IsToldOnceForAllItsExercises) {
+  for (const int slot : {0, 1}) workout[slot].NumberOfSets = workout[slot].NumberOfMusicFiles = -1;
+  Load();
+  EXPECT_THAT(screen.messages, ElementsAre(kDamage));
+}
+
+TEST_F(DamagedWorkout, IsNoneWhereEverySlotIsUsed) {
+  for (const int slot : {0, 1}) {
+    workout[slot].NumberOfSets = 17;
+    workout[slot].NumberOfMusicFiles = 12;
+  }
+  Load();
+  EXPECT_THAT(screen.messages, IsEmpty());
+}
+
+TEST_F(DamagedWorkout, IsNoneForASlotThatIsNotInUse) {
+  workout[2].NumberOfSets = workout[3].NumberOfSets = -1;
+  Load();
+  EXPECT_THAT(screen.messages, IsEmpty());
+}
+
+TEST_F(DamagedWorkout, LeavesTheFileAsItIs) {
+  workout[0].NumberOfSets = -1;
+  Load();
+  EXPECT_EQ(GetFile("workouts/Monday.RPV"), EncodeWorkout(workout));
+}
+
+/// Cannot show the workout.
+class ScreenThatThrows : public RecordingScreen {
+ public:
+  void UpdateWorkoutScreen() override { throw std::overflow_error("The number is too large"); }
+};
+
+TEST_F(DamagedWorkout, IsAllThatIsToldWhereItCannotBeShown) {
+  workout[0].NumberOfSets = -1;
+  PutFile("workouts/Monday.RPV", EncodeWorkout(workout));
+  ScreenThatThrows throwing;
+  EXPECT_EQ(LoadWorkout(state, throwing), WorkoutLoad::kLoaded);
+  EXPECT_THAT(throwing.messages, ElementsAre(kDamage));
+
+  workout[0].NumberOfSets = 1;
+  PutFile("workouts/Monday.RPV", EncodeWorkout(workout));
+  EXPECT_THROW(LoadWorkout(state, throwing), std::overflow_error);
+}
+
+TEST_F(DamagedWorkout, IsToldWhenAnotherProgramDamagedIt) {
+  Load();
+  workout[1].NumberOfSets = -1;
+  PutFile("workouts/other", EncodeWorkout(workout));
+  std::filesystem::rename("workouts/other", "workouts/Monday.RPV");
+  try {
+    ReloadChangedWorkout(state, screen);
+    FAIL() << "nothing was told";
+  } catch (const WorkoutReplaced& told) {
+    EXPECT_EQ(told.what(),
+              "Monday.RPV was changed by another program and has been loaded again.\r" +
+                  std::string(kDamage));
+  }
+}
+
 class SettingsFile : public WorkoutFiles {};
 
 TEST_F(SettingsFile, HasDefaultsWhenItIsMissing) {

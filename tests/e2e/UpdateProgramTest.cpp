@@ -251,6 +251,24 @@ TEST_F(UpdateProgram, TakesWorkoutFilesOfAnyContent) {
   EXPECT_THAT(Lines(run.output), Contains("UPDATE COMPLETE.").Times(5));
 }
 
+TEST_F(UpdateProgram, WarnsOfADamagedWorkoutAndUpdatesIt) {
+  AddWorkout("A", "Squat");
+  Begin("B");
+  AddExercise("Squat").NumberOfMusicFiles = -1;
+  SaveBegun();
+
+  const ProgramRun run = Update();
+
+  EXPECT_EQ(run.status, 0) << run.output;
+  EXPECT_THAT(Lines(run.output),
+              Contains("WARNING: B.RPV seems to be damaged: it holds numbers that no workout can "
+                       "have.")
+                  .Times(1));
+  EXPECT_THAT(Lines(run.output), Contains(StartsWith("WARNING: ")).Times(1));
+  EXPECT_THAT(Lines(run.output), Contains("UPDATE COMPLETE.").Times(2));
+  EXPECT_TRUE(fs::exists("player/B/B.M3U"));
+}
+
 TEST_F(UpdateProgram, GoesOnWhenAWorkoutCannotBeRead) {
   AddWorkout("A", "Squat");
   fs::create_symlink("gone", "program/workouts/B.RPV");

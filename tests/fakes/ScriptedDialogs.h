@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -49,10 +50,12 @@ class ScriptedDialogs : public Dialogs {
 
   std::vector<std::string> asked;
   std::deque<std::string> answers;
+  std::function<void()> whenAsked;
 
  private:
   void Record(const std::string& kind, std::string_view title, std::string_view text) {
     asked.push_back(kind + "|" + std::string(title) + "|" + std::string(text));
+    if (whenAsked) whenAsked();
   }
 
   std::string NextAnswer() {

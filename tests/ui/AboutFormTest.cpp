@@ -1,8 +1,11 @@
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFont>
+#include <QIcon>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPixmap>
 #include <QPushButton>
+#include <QtTest/QTest>
 #include <gtest/gtest.h>
 
 #include "ui/AboutForm.h"
@@ -41,11 +44,29 @@ TEST(AboutForm, HasRoomForTheCreditsInALargeFont) {
   EXPECT_GE(credits.width(), credits.sizeHint().width());
 }
 
+TEST(AboutForm, ShowsTheIconOfTheProgram) {
+  QPixmap picture(64, 64);
+  picture.fill(Qt::red);
+  QApplication::setWindowIcon(QIcon(picture));
+  AboutForm form;
+  EXPECT_FALSE(Find<QLabel>(form, "picIcon").pixmap().isNull());
+  QApplication::setWindowIcon({});
+}
+
 TEST(AboutForm, ClosesOnOk) {
   AboutForm form;
   form.show();
   Find<QPushButton>(form, "cmdOK").click();
   EXPECT_FALSE(form.isVisible());
+}
+
+TEST(AboutForm, ClosesOnEnterAndEscape) {
+  AboutForm form;
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+    form.show();
+    QTest::keyClick(&form, key);
+    EXPECT_FALSE(form.isVisible());
+  }
 }
 
 TEST(AboutForm, SaysThatThereIsNoSystemInformation) {

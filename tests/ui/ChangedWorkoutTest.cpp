@@ -59,6 +59,46 @@ TEST_F(ChangedWorkout, IsNotEditedByRowsThatAreNoMore) {
   EXPECT_EQ(Rows("SetList1").size(), 2U);
 }
 
+TEST_F(ChangedWorkout, TakesARefusedChoiceOfRandomMusicBack) {
+  ChangeElsewhere([](ExerciseRecord& exercise) { exercise.NumberOfSets = 2; });
+  Click("RandomMusicCheckBox");
+  EXPECT_EQ(dialogs.asked.size(), 1U);
+  EXPECT_EQ(Saved()[1].RandomMusic, kFalse);
+  EXPECT_FALSE(Get<QAbstractButton>("RandomMusicCheckBox").isChecked());
+  Click("RandomMusicCheckBox");
+  EXPECT_EQ(Saved()[1].RandomMusic, kTrue);
+}
+
+TEST_F(ChangedWorkout, KeepsNoChoiceOfSettingsFromBeingSaved) {
+  OpenTab(2);
+  ChangeElsewhere([](ExerciseRecord& exercise) { exercise.NumberOfSets = 2; });
+  Click("IncludeWeightValuesCheck");
+  EXPECT_EQ(SavedSettings().IncludeWeightValues, kTrue);
+  EXPECT_THAT(dialogs.asked, IsEmpty());
+}
+
+TEST_F(ChangedWorkout, IsLeftForAnotherOne) {
+  ListWorkouts({"Tuesday"});
+  form->SelectWorkout(0);
+  OpenTab(0);
+  ChangeElsewhere([](ExerciseRecord& exercise) { exercise.NumberOfSets = 2; });
+  Get<QComboBox>("WorkoutDropBox").setCurrentIndex(1);
+  QApplication::processEvents();
+  EXPECT_THAT(dialogs.asked, IsEmpty());
+  EXPECT_EQ(state.WorkoutFileName, "Tuesday.RPV");
+}
+
+TEST_F(ChangedWorkout, ShowsNoFramesWhenItHasNoExercisesAnyMore) {
+  OpenTab(0);
+  ProgramState other = state;
+  other.Workout = {};
+  SaveWorkout(other);
+  OpenTab(1);
+  EXPECT_EQ(dialogs.asked.size(), 1U);
+  EXPECT_EQ(Text("ExerciseNameLabel"), "No Exercise Selected");
+  EXPECT_FALSE(Get<QWidget>("SetButtonsFrame").isVisible());
+}
+
 TEST_F(ChangedWorkout, IsNotUpdatedWhileAnotherUpdateRuns) {
   const UpdateLock other(state.ProgramDirectory);
   Click("UpdateSelectedWorkoutButton");

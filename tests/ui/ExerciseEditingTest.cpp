@@ -249,6 +249,14 @@ TEST_F(ExerciseEditing, ADoubleClickOpensTheExercise) {
   EXPECT_EQ(Text("ExerciseNameLabel"), "Row");
 }
 
+TEST_F(ExerciseEditing, TheSummaryOpensTheExerciseToo) {
+  AddExercise("Squat");
+  AddExercise("Row");
+  DoubleClickRow("ExerciseSummaryList", 1);
+  EXPECT_EQ(Get<QTabWidget>("SSTab1").currentIndex(), 1);
+  EXPECT_EQ(Text("ExerciseNameLabel"), "Row");
+}
+
 TEST_F(ExerciseEditing, NothingIsDoneWhileTheScreenIsUpdating) {
   AddExercise("Squat");
   AddExercise("Row");

@@ -46,6 +46,19 @@ TEST_F(ExerciseScreen, ShowsOneRowForEachSet) {
   EXPECT_THAT(Rows("NextUpdateList"), ElementsAre(" 6, Due", "N/A, N/A"));
 }
 
+TEST_F(ExerciseScreen, SaysWhatToDoAboutNoSets) {
+  AddExercise("Squat");
+  OpenTab(1);
+  auto& label = Get<QLabel>("NoSetsLabel");
+  EXPECT_EQ(label.text(), "No sets yet: add one.");
+  EXPECT_TRUE(label.isVisible());
+  EXPECT_GE(label.width(), label.sizeHint().width());
+  EXPECT_NE(List("SetList1").accessibleDescription(), "");
+  Exercise().NumberOfSets = 1;
+  form->UpdateExerciseScreen();
+  EXPECT_FALSE(label.isVisible());
+}
+
 TEST_F(ExerciseScreen, NamesTheFieldsOfTheKindOfSets) {
   AddExercise("Squat").SetType = kUserDefined;
   Exercise().UserField1Name = "R&B <b>";
@@ -54,6 +67,9 @@ TEST_F(ExerciseScreen, NamesTheFieldsOfTheKindOfSets) {
   EXPECT_EQ(Text("SetListIncLabel1"), "R&B <b>");
   EXPECT_EQ(Text("SetListLabel2"), "User2");
   EXPECT_EQ(Text("SetListIncLabel2"), "User2");
+  EXPECT_EQ(Text("FreqListLabel1"), "R&B <b>");
+  EXPECT_EQ(Text("FreqListLabel2"), "User2");
+  EXPECT_EQ(Text("NextUpdateListLabel"), "R&B <b>, User2");
   EXPECT_EQ(Get<QLabel>("SetListLabel1").textFormat(), Qt::PlainText);
   EXPECT_TRUE(Get<QAbstractButton>("SetButton_3").isChecked());
 }
@@ -130,6 +146,16 @@ TEST_F(ExerciseScreen, MoreSetsThanSlotsThrowAndShowNoSetOfAnotherExercise) {
   EXPECT_THROW(form->UpdateExerciseScreen(), std::out_of_range);
   EXPECT_THAT(Rows("SetList1"), IsEmpty());
   EXPECT_FALSE(state.ScreenUpdating);
+}
+
+TEST_F(ExerciseScreen, MoreMusicThanSlotsShowsNoRowOfAnotherExercise) {
+  AddExercise("Squat").NumberOfSets = 2;
+  Exercise().NumberOfMusicFiles = 2;
+  form->UpdateExerciseScreen();
+  Exercise().NumberOfMusicFiles = 13;
+  EXPECT_THROW(form->UpdateExerciseScreen(), std::out_of_range);
+  EXPECT_THAT(Rows("MusicList"), IsEmpty());
+  EXPECT_THAT(Rows("SetList1"), IsEmpty());
 }
 
 TEST_F(ExerciseScreen, TheFramesAreHiddenWithoutExercises) {

@@ -1,6 +1,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QSlider>
 #include <QTabBar>
 #include <QWheelEvent>
@@ -197,6 +198,22 @@ TEST_F(MainWindowAccess, KeysOfTheWindowWork) {
   EXPECT_FALSE(form->isVisible());
 }
 
+TEST_F(MainWindowAccess, AKeyThatIsHeldDownGivesItsCommandOnce) {
+  for (const auto* shortcut : form->findChildren<QShortcut*>()) {
+    const QString key = shortcut->key().toString();
+    EXPECT_EQ(shortcut->autoRepeat(), key.contains("Pg")) << key.toStdString();
+  }
+}
+
+TEST_F(MainWindowAccess, KeysOfAListAreNotThoseOfTheWindow) {
+  OpenTab(1);
+  ClickRow("SetList1", 1);
+  dialogs.asked.clear();
+  Press("SetButton_0", Qt::Key_Delete);
+  Press("ExitButton", Qt::ALT | Qt::Key_Up);
+  EXPECT_THAT(dialogs.asked, IsEmpty());
+}
+
 TEST_F(MainWindowAccess, TheTabKeysPassADisabledTabOver) {
   state.WorkoutFileName = "";
   form->EnableWorkoutControls();
@@ -221,6 +238,11 @@ TEST_F(MainWindowAccess, TheToolTipsNameTheKeys) {
       {"ExitButton", "(Ctrl+Q)"}};
   for (const auto& [button, key] : keys) {
     EXPECT_THAT(Get<QWidget>(button).toolTip().toStdString(), HasSubstr(key)) << button;
+  }
+  for (int tab = 0; tab < 3; ++tab) {
+    const std::string text = Get<QTabWidget>("SSTab1").tabToolTip(tab).toStdString();
+    EXPECT_THAT(text, HasSubstr("(Ctrl+PgUp)")) << tab;
+    EXPECT_THAT(text, HasSubstr("(Ctrl+PgDn)")) << tab;
   }
 }
 
@@ -267,6 +289,28 @@ TEST_F(MainWindowAccess, TheWheelChangesOnlyWhatHasTheFocus) {
   voices.setFocus();
   roll(voices);
   EXPECT_EQ(voices.currentIndex(), 1);
+}
+
+TEST_F(MainWindowAccess, TheWheelGivesNoFocus) {
+  for (const auto* box : form->findChildren<QComboBox*>()) {
+    EXPECT_EQ(box->focusPolicy(), Qt::StrongFocus) << box->objectName().toStdString();
+  }
+  for (const auto* slider : form->findChildren<QSlider*>()) {
+    EXPECT_EQ(slider->focusPolicy(), Qt::StrongFocus) << slider->objectName().toStdString();
+  }
+}
+
+TEST_F(MainWindowAccess, TheExerciseListsScrollTogether) {
+  for (int i = 2; i < 50; ++i) state.Workout[i].ExerciseName = "E" + std::to_string(i);
+  state.NumberOfExercises = 50;
+  form->UpdateWorkoutScreen();
+  auto* bar = List("ExerciseList").verticalScrollBar();
+  auto* other = List("ExerciseSummaryList").verticalScrollBar();
+  ASSERT_GT(bar->maximum(), 20);
+  bar->setValue(20);
+  EXPECT_EQ(other->value(), 20);
+  other->setValue(3);
+  EXPECT_EQ(bar->value(), 3);
 }
 
 TEST_F(MainWindowAccess, ALargerFontMakesTheWindowLarger) {

@@ -29,6 +29,12 @@ TEST(MessageBox, BreaksTheLineAtACarriageReturn) {
   EXPECT_EQ(box.text(), "Are you SURE?\nMonday.RPV");
 }
 
+TEST(MessageBox, HasTheIconOfWhatItDoes) {
+  EXPECT_EQ(MessageBox("", "", QMessageBox::Ok).icon(), QMessageBox::Information);
+  EXPECT_EQ(MessageBox("", "", QMessageBox::Ok | QMessageBox::Cancel).icon(),
+            QMessageBox::Question);
+}
+
 TEST(MessageBox, HasOnlyAnOkButtonWhenItTells) {
   StandardButtons buttons;
   WhenModal([&](QWidget& box) {

@@ -209,6 +209,11 @@ TEST_F(MusicEditing, RandomMusicIsSavedWithoutARedraw) {
   EXPECT_EQ(Text("ExerciseNameLabel"), "as it was");
 }
 
+TEST_F(MusicEditing, RandomMusicByAnAssistiveToolIsSavedToo) {
+  Get<QAbstractButton>("RandomMusicCheckBox").setChecked(true);
+  EXPECT_EQ(Saved()[0].RandomMusic, kTrue);
+}
+
 TEST_F(MusicEditing, RandomMusicStaysWhileTheScreenIsUpdating) {
   state.ScreenUpdating = true;
   Click("RandomMusicCheckBox");

@@ -118,6 +118,7 @@ TEST_F(QtDialogsTest, OfferMp3AndWmaFilesInAnyCase) {
   WhenModal([&](QWidget& box) {
     auto& dialog = dynamic_cast<QFileDialog&>(box);
     EXPECT_EQ(dialog.windowTitle(), "Music File Selection");
+    EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
     EXPECT_EQ(Find<QComboBox>(box, "fileTypeCombo").itemText(0), "MP3");
     EXPECT_EQ(Find<QComboBox>(box, "fileTypeCombo").itemText(1), "WMA");
     auto& model = *box.findChild<QFileSystemModel*>();
@@ -131,6 +132,14 @@ TEST_F(QtDialogsTest, OfferMp3AndWmaFilesInAnyCase) {
   dialogs.SelectMusicFile(folder.Path());
   shown.sort();
   EXPECT_EQ(shown, (QStringList{"a.mp3", "b.MP3"}));
+}
+
+TEST_F(QtDialogsTest, LeaveTheKindOfMusicFileToMoreThanTheWheel) {
+  WhenModal([](QWidget& box) {
+    EXPECT_EQ(Find<QComboBox>(box, "fileTypeCombo").focusPolicy(), Qt::StrongFocus);
+    box.close();
+  });
+  dialogs.SelectMusicFile(folder.Path());
 }
 
 TEST_F(QtDialogsTest, ShowTheAboutBox) {

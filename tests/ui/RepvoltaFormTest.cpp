@@ -94,6 +94,17 @@ TEST_F(MainWindow, WithoutAWorkoutNothingCanBeEdited) {
   EXPECT_TRUE(IsEnabled("CreateNewWorkoutButton"));
 }
 
+TEST_F(MainWindow, TheTabThatTurnsByItselfIsNoChoice) {
+  AddExercise("Squat");
+  AddExercise("Row");
+  OpenTab(1);
+  List("ExerciseList").SelectRow(1);
+  state.WorkoutFileName = "";
+  form->EnableWorkoutControls();
+  EXPECT_EQ(Get<QTabWidget>("SSTab1").currentIndex(), 0);
+  EXPECT_EQ(state.CurrentExercise, 0);
+}
+
 TEST_F(MainWindow, WithAWorkoutEverythingCanBeEdited) {
   for (const char* control : kWorkoutControls) EXPECT_TRUE(IsEnabled(control)) << control;
   EXPECT_TRUE(Get<QTabWidget>("SSTab1").isTabEnabled(1));
@@ -273,6 +284,16 @@ TEST_F(MainWindow, ExitDuringAnUpdateStopsItAtTheNextStep) {
   EXPECT_FALSE(form->KeepWaiting());
 }
 
+TEST_F(MainWindow, ExitCountsOnce) {
+  BlockSettings();
+  progress.whenLine = [&] {
+    form->close();
+    Get<QAbstractButton>("ExitButton").click();
+  };
+  Click("UpdateSelectedWorkoutButton");
+  EXPECT_THAT(dialogs.asked, SizeIs(1));
+}
+
 TEST_F(MainWindow, ExitDuringTheListingOfMusicLeavesTheOldList) {
   PutFile("musiclist.txt", "old\n");
   QTimer::singleShot(0, form.get(), [this] { form->close(); });
@@ -304,6 +325,29 @@ TEST_F(MainWindow, ItsSizeAndColumnsComeBackAtTheNextStart) {
 
   EXPECT_EQ(form->size(), size);
   EXPECT_EQ(Get<QSplitter>("ExerciseSplitter").sizes(), widths);
+}
+
+TEST_F(MainWindow, TheColumnsOfTheSetsComeBackAlsoAfterAStartWithoutExercises) {
+  AddExercise("Squat");
+  OpenTab(1);
+  auto& values = Get<QSplitter>("SetDetailsSplitter");
+  values.setSizes({values.width() - 90, 90});
+  auto& halves = Get<QSplitter>("SetSplitter");
+  halves.setSizes({halves.width() / 2, halves.width() / 2});
+  const QList<int> widths = values.sizes();
+  const QList<int> halfWidths = halves.sizes();
+  Click("ExitButton");
+
+  state.NumberOfExercises = 0;
+  OpenForm();
+  OpenTab(1);
+  Click("ExitButton");
+
+  OpenForm();
+  AddExercise("Squat");
+  OpenTab(1);
+  EXPECT_EQ(Get<QSplitter>("SetDetailsSplitter").sizes(), widths);
+  EXPECT_EQ(Get<QSplitter>("SetSplitter").sizes(), halfWidths);
 }
 
 }  // namespace

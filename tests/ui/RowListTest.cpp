@@ -1,3 +1,6 @@
+#include <QApplication>
+#include <QImage>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -55,6 +58,39 @@ TEST_F(Rows, EnterChoosesTheSelectedRow) {
   QTest::keyClick(&list, Qt::Key_Enter);
   ASSERT_EQ(chosen.count(), 2);
   EXPECT_EQ(chosen[1][0].toInt(), 1);
+}
+
+TEST_F(Rows, EnterThatIsHeldDownChoosesOnce) {
+  QSignalSpy chosen(&list, &RowList::RowChosen);
+  list.SelectRow(1);
+  for (const bool repeated : {false, true, true}) {
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), repeated);
+    QApplication::sendEvent(&list, &enter);
+  }
+  EXPECT_EQ(chosen.count(), 1);
+}
+
+TEST_F(Rows, ADoubleClickOfTheLeftButtonChooses) {
+  QSignalSpy chosen(&list, &RowList::RowChosen);
+  list.SelectRow(1);
+  const QPoint place = list.visualItemRect(list.item(1)).center();
+  QTest::mouseDClick(list.viewport(), Qt::RightButton, {}, place);
+  EXPECT_EQ(chosen.count(), 0);
+  QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place);
+  EXPECT_EQ(chosen.count(), 1);
+}
+
+TEST_F(Rows, OnlyTheEmptyListShowsItsHint) {
+  const auto picture = [this] { return list.grab().toImage(); };
+  list.SetRows({});
+  const QImage empty = picture();
+  list.SetRows({"a", "b", "c"});
+  const QImage rows = picture();
+  list.SetRows({});
+  list.SetHint("Add one.");
+  EXPECT_NE(picture(), empty);
+  list.SetRows({"a", "b", "c"});
+  EXPECT_EQ(picture(), rows);
 }
 
 TEST_F(Rows, NewRowsAreNotSelectedAndKeepTheScrollPosition) {

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTreeView>
+#include <QWheelEvent>
 #include <QtTest/QTest>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -143,6 +144,17 @@ TEST_F(SelectDirectoryDialog, GivesNothingOnEscape) {
   EXPECT_EQ(dialog->SelectedDirectory(), "");
 }
 
+TEST_F(SelectDirectoryDialog, ListsNoFiles) {
+  PutFile("b/song.mp3", "");
+  std::filesystem::create_directories("b/inner");
+  Drives().setCurrentIndex(2);
+  QAbstractItemModel& model = *Folders().model();
+  const QPersistentModelIndex shown = Folders().currentIndex();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return model.rowCount(shown) > 0; }));
+  EXPECT_EQ(model.rowCount(shown), 1);
+  EXPECT_EQ(model.index(0, 0, shown).data(), "inner");
+}
+
 TEST_F(SelectDirectoryDialog, ListsTheDrivesAndSelectsTheOneOfTheFolder) {
   EXPECT_EQ(Drives().count(), 3);
   EXPECT_EQ(Drives().currentText(), "/");
@@ -171,6 +183,23 @@ TEST_F(SelectDirectoryDialog, MakesANewFolderAndSelectsIt) {
   Click("NewFolderButton");
   EXPECT_TRUE(std::filesystem::is_directory("start/Player"));
   EXPECT_EQ(Accepted(), folder.Path() + "start/Player");
+}
+
+TEST_F(SelectDirectoryDialog, MakesNoFolderThatEndsInABlank) {
+  dialog->SetAskName([] { return QString(" Player "); });
+  Click("NewFolderButton");
+  EXPECT_EQ(Accepted(), folder.Path() + "start/Player");
+}
+
+TEST_F(SelectDirectoryDialog, TheWheelDoesNotChangeTheDriveWithoutTheFocus) {
+  dialog->show();
+  Folders().setFocus();
+  const QPointF place = Drives().rect().center();
+  QWheelEvent roll(place, Drives().mapToGlobal(place), {}, {0, -120}, Qt::NoButton, {},
+                   Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&Drives(), &roll);
+  EXPECT_EQ(Drives().currentText(), "/");
+  EXPECT_EQ(Drives().focusPolicy(), Qt::StrongFocus);
 }
 
 TEST_F(SelectDirectoryDialog, MakesNoFolderWithoutAName) {

@@ -87,6 +87,13 @@ TEST_F(SelectExercise, LetsANameBeTypedInstead) {
   EXPECT_TRUE(userName.isEnabled());
 }
 
+TEST_F(SelectExercise, PutsTheKeyboardIntoTheBoxForTheName) {
+  dialog.show();
+  types.setFocus();
+  enableUserName.setChecked(true);
+  EXPECT_EQ(dialog.focusWidget(), &userName);
+}
+
 TEST_F(SelectExercise, GoesBackToTheLists) {
   enableUserName.setChecked(true);
   enableUserName.setChecked(false);

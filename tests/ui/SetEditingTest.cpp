@@ -78,6 +78,18 @@ TEST_F(SetEditing, AddingSavesAndShowsTheSet) {
   EXPECT_THAT(Rows("SetList2"), ElementsAre("10"));
 }
 
+TEST_F(SetEditing, NoControlCountsWhileTheValuesAreAskedFor) {
+  int asked = 0;
+  dialogs.whenAsked = [&] {
+    ++asked;
+    EXPECT_TRUE(state.ScreenUpdating);
+  };
+  dialogs.answers = {"1", "2"};
+  Click("AddNewSetButton");
+  EXPECT_EQ(asked, 2);
+  EXPECT_FALSE(state.ScreenUpdating);
+}
+
 TEST_F(SetEditing, CancelAddsASetWithZeros) {
   dialogs.answers = {"", ""};
   Click("AddNewSetButton");
@@ -203,6 +215,14 @@ TEST_F(SetEditing, NothingIsRemovedOrMovedWithoutASelectedRow) {
   EXPECT_EQ(Exercise().NextUpdate1[1], kToday + 1);
 }
 
+TEST_F(SetEditing, NothingIsRemovedWhenThereAreNoSets) {
+  AddThreeSets();
+  ClickRow("SetList1", 1);
+  Exercise().NumberOfSets = 0;
+  Click("RemoveSelectedSetButton");
+  EXPECT_THAT(dialogs.asked, IsEmpty());
+}
+
 TEST_F(SetEditing, MovingUpAsks) {
   AddThreeSets();
   ClickRow("SetList1", 1);
@@ -275,6 +295,11 @@ TEST_F(SetEditing, AChoiceByAnAssistiveToolCountsToo) {
   Get<QAbstractButton>("UnitsSelection_1").setChecked(true);
   EXPECT_EQ(Saved()[0].SetType, kLevelAndTime);
   EXPECT_EQ(Saved()[0].Units, kTrue);
+}
+
+TEST_F(SetEditing, AnotherKindByAnAssistiveToolIsShown) {
+  Get<QAbstractButton>("SetButton_2").setChecked(true);
+  EXPECT_EQ(Text("SetListLabel1"), "Distance");
 }
 
 TEST_F(SetEditing, ChoicesCountForNothingWhileTheScreenIsUpdating) {

@@ -117,6 +117,13 @@ TEST_F(SettingsEditing, CompilingListsTheMusicAndCountsIt) {
   EXPECT_EQ(Field("RandomMusicTextBox"), "1 songs found.");
 }
 
+TEST_F(SettingsEditing, CompilingWritesTheListInTheProgramDirectory) {
+  fs::current_path("player");
+  Click("CompileMusicList");
+  EXPECT_TRUE(fs::exists(folder.Path() + kMusicList));
+  EXPECT_FALSE(fs::exists(folder.Path() + "player/" + kMusicList));
+}
+
 TEST_F(SettingsEditing, CompilingShowsThePleaseWaitWindowMeanwhile) {
   Click("CompileMusicList");
   EXPECT_EQ(pleaseWait.shown, 1);
@@ -220,6 +227,20 @@ TEST_F(SettingsEditing, TheVolumeIsSavedAndTheVoiceKeepsItsOwn) {
   EXPECT_EQ(state.Voice.Volume, 70);
 }
 
+TEST_F(SettingsEditing, ASliderIsSavedWhenItIsLetGo) {
+  for (const char* name : {"RateSldr", "VolumeSldr"}) {
+    auto& slider = Get<QSlider>(name);
+    const Bytes before = GetFile(kSettingsFile);
+    slider.setSliderDown(true);
+    slider.setSliderPosition(7);
+    EXPECT_EQ(GetFile(kSettingsFile), before) << name;
+    slider.setSliderDown(false);
+    EXPECT_NE(GetFile(kSettingsFile), before) << name;
+  }
+  EXPECT_EQ(SavedSettings().VoiceRate, 7);
+  EXPECT_EQ(SavedSettings().VoiceVolume, 7);
+}
+
 TEST_F(SettingsEditing, AChosenVoiceSpeaksAtOnceAndIsSaved) {
   QTest::keyClick(&Get<QComboBox>("VoiceCB"), Qt::Key_Down);
   EXPECT_EQ(SavedSettings().VoiceIndex, 1);
@@ -248,6 +269,17 @@ TEST_F(SettingsEditing, TheCheckBoxesAreSaved) {
   Click("AutoLoadPLaylistCheckbox");
   EXPECT_EQ(SavedSettings().IncludeWeightValues, kFalse);
   EXPECT_EQ(SavedSettings().AutoLoadPlaylist, kFalse);
+}
+
+TEST_F(SettingsEditing, AChoiceByAnAssistiveToolCountsToo) {
+  Get<QAbstractButton>("IncludeWeightValuesCheck").setChecked(true);
+  Get<QAbstractButton>("AutoLoadPLaylistCheckbox").setChecked(true);
+  Get<QComboBox>("VoiceCB").setCurrentIndex(2);
+  Get<QSlider>("VolumeSldr").setValue(33);
+  EXPECT_EQ(SavedSettings().IncludeWeightValues, kTrue);
+  EXPECT_EQ(SavedSettings().AutoLoadPlaylist, kTrue);
+  EXPECT_EQ(SavedSettings().VoiceIndex, 2);
+  EXPECT_EQ(SavedSettings().VoiceVolume, 33);
 }
 
 TEST_F(SettingsEditing, NothingIsSavedWhileTheScreenIsUpdating) {
@@ -282,6 +314,22 @@ TEST_F(SettingsEditing, TheScreenShowsTheVoicesRateAndVolumeAndTheStoredRest) {
   EXPECT_TRUE(Get<QAbstractButton>("IncludeWeightValuesCheck").isChecked());
   EXPECT_FALSE(Get<QAbstractButton>("AutoLoadPLaylistCheckbox").isChecked());
   EXPECT_EQ(state.Settings, before);
+}
+
+TEST_F(SettingsEditing, WithoutVoicesTheBoxSaysWhatToDo) {
+  QComboBox& box = Get<QComboBox>("VoiceCB");
+  form->ShowVoices({});
+  EXPECT_EQ(box.count(), 0);
+  EXPECT_EQ(box.placeholderText(), "No voices: install flite or espeak-ng.");
+  form->ShowVoices({"rms"});
+  EXPECT_EQ(box.placeholderText(), "Choose a voice.");
+}
+
+TEST_F(SettingsEditing, AVoiceThatIsNoMoreIsNotReplacedByAnother) {
+  state.Settings.VoiceIndex = 7;
+  form->ShowVoices({"rms"});
+  EXPECT_EQ(Get<QComboBox>("VoiceCB").currentIndex(), -1);
+  EXPECT_EQ(state.Settings.VoiceIndex, 7);
 }
 
 TEST_F(SettingsEditing, WithoutAudioOutputsTheBoxSaysSo) {

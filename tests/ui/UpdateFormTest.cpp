@@ -3,6 +3,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QWindow>
 #include <QtTest/QTest>
 #include <gtest/gtest.h>
 
@@ -42,6 +43,14 @@ TEST_F(UpdateWindow, HasItsCaption) {
 TEST_F(UpdateWindow, DoesNotBlockTheOthers) {
   EXPECT_TRUE(form.isVisible());
   EXPECT_FALSE(form.isModal());
+}
+
+TEST_F(UpdateWindow, StaysAboveItsOwner) {
+  QWidget owner;
+  owner.show();
+  form.SetOwner(&owner);
+  form.Show();
+  EXPECT_EQ(form.windowHandle()->transientParent(), owner.windowHandle());
 }
 
 TEST_F(UpdateWindow, ListsTheLinesInTheirOrder) {

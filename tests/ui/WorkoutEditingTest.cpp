@@ -231,6 +231,20 @@ TEST_F(WorkoutEditing, AChoiceByAnAssistiveToolLoadsTheWorkout) {
   EXPECT_EQ(state.WorkoutFileName, "Tuesday.RPV");
 }
 
+TEST_F(WorkoutEditing, WhatTheProgramSelectsIsNoChoice) {
+  ListWorkouts({"Tuesday"});
+  form->SelectWorkout(1);
+  QApplication::processEvents();
+  EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
+}
+
+TEST_F(WorkoutEditing, NoWorkoutCanBeChosenToo) {
+  Box().setCurrentIndex(-1);
+  QApplication::processEvents();
+  EXPECT_EQ(state.WorkoutFileName, "");
+  EXPECT_FALSE(Get<QWidget>("AddExerciseButton").isEnabled());
+}
+
 TEST_F(WorkoutEditing, ALoadSelectsTheFirstExercise) {
   AddExercise("Squat");
   AddExercise("Row");
@@ -267,12 +281,51 @@ TEST_F(WorkoutEditing, GarbageIsToldAndCanBeLeftAgain) {
   LoadWorkoutNames(state, *form);
   form->SelectWorkout(0);
   Choose(1);
-  ASSERT_THAT(dialogs.asked, SizeIs(1));
-  EXPECT_THAT(dialogs.asked[0],
-              HasSubstr("message|Repvolta|The workout cannot be shown as a whole.\r"));
+  EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|Tuesday.RPV seems to be damaged: it "
+                                         "holds numbers that no workout can have."));
+  EXPECT_EQ(state.WorkoutFileName, "Tuesday.RPV");
   Choose(0);
   EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Squat"));
   EXPECT_EQ(GetFile("workouts/Tuesday.RPV"), Bytes(kWorkoutFileSize, 0x7F));
+}
+
+TEST_F(WorkoutEditing, AChosenWorkoutCanBeEditedBeforeItIsLoaded) {
+  PutFile("workouts/Tuesday.RPV", Bytes(kWorkoutFileSize, 0x7F));
+  LoadWorkoutNames(state, *form);
+  state.WorkoutFileName = "";
+  form->EnableWorkoutControls();
+  bool enabled = false;
+  dialogs.whenAsked = [&] { enabled = Get<QWidget>("AddExerciseButton").isEnabled(); };
+  Box().setCurrentIndex(1);
+  QApplication::processEvents();
+  EXPECT_THAT(dialogs.asked, SizeIs(1));
+  EXPECT_TRUE(enabled);
+}
+
+TEST_F(WorkoutEditing, TimesThatCannotBeAddedUpAreToldWhenTheWorkoutIsChosen) {
+  ExerciseSlots workout;
+  for (const int slot : {0, 1}) {
+    workout[slot].ExerciseName = "Run";
+    workout[slot].TotalMusicTime = 32767;
+  }
+  PutFile("workouts/Tuesday.RPV", EncodeWorkout(workout));
+  LoadWorkoutNames(state, *form);
+  form->SelectWorkout(0);
+  Choose(1);
+  EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|The workout cannot be shown as a "
+                                         "whole.\rThe number is too large"));
+}
+
+TEST_F(WorkoutEditing, TheKeyForANewWorkoutWorksFromAnywhereInTheTab) {
+  form->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+  for (const char* control : {"ExitButton", "ExerciseList"}) {
+    dialogs.asked.clear();
+    dialogs.answers = {""};
+    Get<QWidget>(control).setFocus();
+    QTest::keyClick(&Get<QWidget>(control), Qt::Key_N, Qt::ControlModifier);
+    EXPECT_THAT(dialogs.asked, SizeIs(1)) << control;
+  }
 }
 
 TEST_F(WorkoutEditing, AnEmptyFolderLeavesTheBoxEmptyAndSaysWhatToDo) {

@@ -98,6 +98,22 @@ TEST_F(UpdateCommands, UpdateAllWorkoutsInTheOrderOfTheList) {
   EXPECT_TRUE(state.UpdatingAllWorkouts);
 }
 
+TEST_F(UpdateCommands, TellOfADamagedWorkoutAndGoOn) {
+  AddWorkout("A.RPV", "Rowing");
+  AddWorkout("B.RPV", "Plank");
+  ExerciseSlots damaged;
+  damaged[0].ExerciseName = "Rowing";
+  damaged[0].NumberOfSets = -1;
+  PutFile("workouts/A.RPV", EncodeWorkout(damaged));
+
+  UpdateAllWorkouts(program);
+
+  EXPECT_THAT(screen.messages,
+              ElementsAre("A.RPV seems to be damaged: it holds numbers that no workout can have.",
+                          "Update COMPLETED on all Workouts"));
+  EXPECT_TRUE(fs::exists("player/B/B.M3U"));
+}
+
 TEST_F(UpdateCommands, PassOverAWorkoutThatIsGone) {
   AddWorkout("A.RPV", "Rowing");
   AddWorkout("B.RPV", "Plank");

@@ -73,6 +73,8 @@ class Trouble(WindowTest):
         damaged = random.Random(7).randbytes(WORKOUT_SIZE // 2)
         self.file("workouts/A damaged one.RPV").write_bytes(damaged)
         self.program = program = self.start()
+        self.assertEqual(program.message("Repvolta"), "A damaged one.RPV seems to be damaged: it "
+                         "holds numbers that no workout can have.")
         program.main()
         program.tab(EXERCISE_TAB)
         program.tab(SETTINGS_TAB)

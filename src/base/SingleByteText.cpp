@@ -32,7 +32,9 @@ class Converter {
     char* to = output;
     std::size_t inputLeft = size;
     std::size_t outputLeft = sizeof output;
-    if (iconv(handle_, &from, &inputLeft, &to, &outputLeft) != 0 || inputLeft != 0) {
+    const bool isRead = iconv(handle_, &from, &inputLeft, &to, &outputLeft) == 0 && inputLeft == 0;
+    // Tag characters (U+E0000 to U+E007F) are read and dropped without a word.
+    if (!isRead || to == output) {
       iconv(handle_, nullptr, nullptr, nullptr, nullptr);
       return std::nullopt;
     }

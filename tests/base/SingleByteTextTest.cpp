@@ -34,6 +34,11 @@ TEST(EncodeField, ChoosesByTheTextThatIsLeftAfterTheCut) {
   EXPECT_EQ(DecodeField(AsBytes(Field("Ã©é", 2))), "Ã");
 }
 
+TEST(EncodeField, KeepsCharactersThatTheLibraryPassesOver) {
+  const std::string text = "Caf\u00E9\U000E0041";
+  EXPECT_EQ(DecodeField(AsBytes(Field(text, 16))), text);
+}
+
 TEST(DecodeField, TakesUtf8AsSuchAndOtherBytesAsTheCodePage) {
   EXPECT_EQ(DecodeField(AsBytes("走る  ")), "走る");
   EXPECT_EQ(DecodeField(AsBytes("Caf\xE9  ")), "Café");
@@ -67,6 +72,10 @@ TEST(CutToField, CountsOneByteACharacterForWesternTexts) {
 
 TEST(ToWindows1252, PutsAQuestionMarkForWhatItLacks) {
   EXPECT_EQ(ToWindows1252("Café 走る"), "Caf\xE9 ??");
+}
+
+TEST(ToWindows1252, PutsAQuestionMarkForATagCharacter) {
+  EXPECT_EQ(ToWindows1252("\u00E9\U000E0041!"), "\xE9?!");
 }
 
 TEST(ToWindows1252, LeavesBytesThatAreNoUtf8) { EXPECT_EQ(ToWindows1252("Caf\xE9"), "Caf\xE9"); }

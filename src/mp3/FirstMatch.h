@@ -6,6 +6,9 @@
 
 namespace repvolta {
 
+/// 1 for true, 0 for false: to join conditions by "&" and "|", so without a branch.
+constexpr unsigned AsBit(bool condition) { return condition ? 1 : 0; }
+
 /// The first index below `count` at which `matches(b0, b1, b2)` is 1 for the three bytes from there
 /// on; `count` when there is none. `bytes` has two bytes more than `count`. `matches` gives 0 or 1
 /// and must not branch: it is applied to many positions at once, so that the search takes the same

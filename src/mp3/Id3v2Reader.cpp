@@ -29,8 +29,8 @@ std::int32_t PositionPast(std::uint64_t offset, const std::string& path) {
 
 /// 1 where the marker of a tag or the audio begins.
 constexpr Byte EndsSearch(Byte first, Byte second, Byte third) {
-  const int isMarker = int{first == 'I'} & int{second == 'D'} & int{third == '3'};
-  const int isAudio = int{first == kAudioStart[0]} & int{second == kAudioStart[1]};
+  const unsigned isMarker = AsBit(first == 'I') & AsBit(second == 'D') & AsBit(third == '3');
+  const unsigned isAudio = AsBit(first == kAudioStart[0]) & AsBit(second == kAudioStart[1]);
   return static_cast<Byte>(isMarker | isAudio);
 }
 

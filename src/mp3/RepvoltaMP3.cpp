@@ -32,11 +32,11 @@ std::array<Byte, kCount> BytesAt(FileWindow& window, std::int64_t position) {
 /// 1 where the bytes begin a header that DecodeFrameHeader accepts: all sync bits, and no version,
 /// layer, bit rate or sample rate that is reserved or free.
 constexpr Byte StartsFrame(Byte first, Byte second, Byte third) {
-  const int hasSync = int{first == kFirstSyncByte} & int{second >= 0xE0};
-  const bool hasVersion = (second & 0x18) != 0x08;
-  const bool hasLayer = (second & 0x06) != 0;
-  const bool hasBitRate = static_cast<Byte>(third - 0x10) < 0xE0;
-  const bool hasSampleRate = (third & 0x0C) != 0x0C;
+  const unsigned hasSync = AsBit(first == kFirstSyncByte) & AsBit(second >= 0xE0);
+  const unsigned hasVersion = AsBit((second & 0x18) != 0x08);
+  const unsigned hasLayer = AsBit((second & 0x06) != 0);
+  const unsigned hasBitRate = AsBit(static_cast<Byte>(third - 0x10) < 0xE0);
+  const unsigned hasSampleRate = AsBit((third & 0x0C) != 0x0C);
   return static_cast<Byte>(hasSync & hasVersion & hasLayer & hasBitRate & hasSampleRate);
 }
 

@@ -66,7 +66,6 @@ class Trouble(WindowTest):
         self.exit()
         self.assertEqual(self.home.records("settings.dat")["last"], 2000)
 
-
     def test_goes_on_with_a_damaged_workout(self):
         self.add_workout()
         self.exit()
@@ -95,6 +94,7 @@ class Trouble(WindowTest):
             folder.chmod(0o555)
             self.addCleanup(folder.chmod, 0o755)
         self.program = program = self.start(AS_ORDINARY_USER)
+        program.main()
         keys("ctrl+n")
         program.answer("New Workout", "Tuesday")
         self.assertIn("Permission denied", program.message("Repvolta"))

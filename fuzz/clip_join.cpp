@@ -17,7 +17,9 @@ constexpr const char* kSource = "clip.wav";
 class CountingLog : public ProgressLog {
  public:
   void AddLineToUpdateList(std::string_view line) override {
-    Require(line.starts_with("ERROR: ") && line.ends_with(" NOT FOUND."), "a log line");
+    Require(line.starts_with("ERROR: ") &&
+                (line.ends_with(" NOT FOUND.") || line.ends_with(" too short for a WAV file")),
+            "a log line");
     ++lines;
   }
   int lines = 0;
@@ -49,7 +51,8 @@ void JoinTwo(std::span<const Byte> target, std::span<const Byte> source) {
     const LinearCost cost(target.size() + source.size());
     MergeWAVfiles(kTarget, kSource, log);
   }
-  Require(log.lines == 0, "two files that are there are joined");
+  const bool isShort = std::min(target.size(), source.size()) < kWavHeaderSize;
+  Require(log.lines == (isShort ? 1 : 0), "two files are joined, or it is told why not");
   Require(GetFile(kTarget) == JoinedByRule(target, source), "the joined file is the rule's");
   Require(std::ranges::equal(GetFile(kSource), source), "the clip is untouched");
 }

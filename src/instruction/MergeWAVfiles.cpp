@@ -1,6 +1,5 @@
 #include "instruction/MergeWAVfiles.h"
 
-#include <exception>
 #include <limits>
 #include <optional>
 
@@ -16,15 +15,6 @@ constexpr std::uint64_t kCopyOffset = kWavHeaderSize - 1;
 constexpr std::int64_t kRiffHeaderSize = 8;  // "RIFF" and the size, which does not count them
 constexpr std::int64_t kBeforeData = kWavHeaderSize + 1;
 
-/// Joining never stops an update: a step that fails is passed over and the next one runs.
-template <class Statement>
-void Try(Statement statement) {
-  try {
-    statement();
-  } catch (const std::exception&) {
-  }
-}
-
 void WriteNumber(File& file, std::uint64_t offset, std::int64_t value) {
   if (value > std::numeric_limits<std::uint32_t>::max()) return;
   Bytes bytes(4);
@@ -32,43 +22,75 @@ void WriteNumber(File& file, std::uint64_t offset, std::int64_t value) {
   file.WriteAt(offset, bytes);
 }
 
-/// The copied header byte replaces the last byte of the target, and the data size is one less than
-/// the bytes behind the header, so -1 where none are. Both are meant: joined files have always been
-/// so.
-void Append(File& target, const File& source) {
-  const std::uint64_t length = target.Size();
-  if (source.Size() < kWavHeaderSize || length < kWavHeaderSize) return;
-  Try([&] { CopyContent(source, kCopyOffset, target, length - 1); });
-  const auto newLength = static_cast<std::int64_t>(target.Size());
-  Try([&] { WriteNumber(target, kRiffSizeOffset, newLength - kRiffHeaderSize); });
-  Try([&] { WriteNumber(target, kFormatSizeOffset, kFormatChunkSize); });
-  Try([&] { WriteNumber(target, kDataSizeOffset, newLength - kBeforeData); });
-}
+/// Joining never stops an update: a step that fails is told, once for all that follow from it, and
+/// the next one runs.
+class Joint {
+ public:
+  Joint(const std::string& target, const std::string& source, ProgressLog& log)
+      : target_(target), source_(source), log_(log) {}
 
-/// Nothing when the file cannot be opened.
-std::optional<File> TryToOpen(const std::string& name, File::Access access) {
-  try {
-    return File::Open(name, access);
-  } catch (const FileError&) {
-    return std::nullopt;
+  void Join() {
+    Try([&] {
+      const auto source = OpenOrSayMissing(source_, File::Access::kRead);
+      if (!source) return;
+      auto target = OpenOrSayMissing(target_, File::Access::kReadWrite);
+      if (target) Append(*target, *source);
+    });
   }
-}
 
-/// True, and logged, when there is no such file.
-bool IsMissing(const std::string& name, const std::optional<File>& file, ProgressLog& log) {
-  if (file || FileExists(name)) return false;
-  log.AddLineToUpdateList("ERROR: " + name + " NOT FOUND.");
-  return true;
-}
+ private:
+  template <class Statement>
+  void Try(Statement statement) {
+    try {
+      statement();
+    } catch (const FileError& error) {
+      Tell(error.Reason());
+    }
+  }
+
+  /// Someone relies on what the instruction says: it must not lack a word in silence.
+  void Tell(const std::string& reason) {
+    if (isTold_) return;
+    isTold_ = true;
+    log_.AddLineToUpdateList("ERROR: " + source_ + " could not be joined to " + target_ + ": " +
+                             reason);
+  }
+
+  /// Nothing, and logged, when there is no such file. Throws FileError.
+  std::optional<File> OpenOrSayMissing(const std::string& name, File::Access access) {
+    try {
+      return File::Open(name, access);
+    } catch (const FileError&) {
+      if (FileExists(name)) throw;
+      log_.AddLineToUpdateList("ERROR: " + name + " NOT FOUND.");
+      return std::nullopt;
+    }
+  }
+
+  /// The copied header byte replaces the last byte of the target, and the data size is one less
+  /// than the bytes behind the header, so -1 where none are. Both are meant: joined files have
+  /// always been so.
+  void Append(File& target, const File& source) {
+    const std::uint64_t length = target.Size();
+    if (source.Size() < kWavHeaderSize) return Tell("It is too short for a WAV file");
+    if (length < kWavHeaderSize) return Tell(target_ + " is too short for a WAV file");
+    Try([&] { CopyContent(source, kCopyOffset, target, length - 1); });
+    const auto newLength = static_cast<std::int64_t>(target.Size());
+    Try([&] { WriteNumber(target, kRiffSizeOffset, newLength - kRiffHeaderSize); });
+    Try([&] { WriteNumber(target, kFormatSizeOffset, kFormatChunkSize); });
+    Try([&] { WriteNumber(target, kDataSizeOffset, newLength - kBeforeData); });
+  }
+
+  const std::string& target_;
+  const std::string& source_;
+  ProgressLog& log_;
+  bool isTold_ = false;
+};
 
 }  // namespace
 
 void MergeWAVfiles(const std::string& target, const std::string& source, ProgressLog& log) {
-  const auto read = TryToOpen(source, File::Access::kRead);
-  if (IsMissing(source, read, log)) return;
-  auto written = TryToOpen(target, File::Access::kReadWrite);
-  if (IsMissing(target, written, log) || !read) return;
-  if (written) Try([&] { Append(*written, *read); });
+  Joint(target, source, log).Join();
 }
 
 }  // namespace repvolta

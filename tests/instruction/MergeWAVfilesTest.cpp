@@ -12,8 +12,11 @@
 namespace repvolta {
 namespace {
 
+using testing::AllOf;
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 class MergeWAV : public testing::Test {
  protected:
@@ -112,7 +115,7 @@ TEST_F(MergeWAV, LogsOnlyTheSourceWhenBothAreMissing) {
   EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav NOT FOUND."));
 }
 
-TEST_F(MergeWAV, PassesOverASourceThatIsTooShort) {
+TEST_F(MergeWAV, SaysThatASourceIsTooShortAndChangesNothing) {
   const Bytes target = ClipBytes(Bytes(200, 't'));
   PutFile("target.wav", target);
   for (const std::size_t size : {0, 1, 44, 45}) {
@@ -120,14 +123,33 @@ TEST_F(MergeWAV, PassesOverASourceThatIsTooShort) {
     MergeWAVfiles("target.wav", "source.wav", screen);
     EXPECT_EQ(GetFile("target.wav"), target) << size;
   }
-  EXPECT_THAT(screen.log, IsEmpty());
+  EXPECT_THAT(screen.log, AllOf(SizeIs(4), Each("ERROR: source.wav could not be joined to "
+                                                "target.wav: It is too short for a WAV file")));
 }
 
-TEST_F(MergeWAV, PassesOverATargetThatIsTooShort) {
+TEST_F(MergeWAV, SaysThatATargetIsTooShortAndChangesNothing) {
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));
   PutFile("target.wav", Bytes(45, 't'));
   MergeWAVfiles("target.wav", "source.wav", screen);
   EXPECT_EQ(GetFile("target.wav"), Bytes(45, 't'));
+  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+                                      "target.wav is too short for a WAV file"));
+}
+
+TEST_F(MergeWAV, SaysWhyAClipCouldNotBeJoined) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  PutFile("source.wav", ClipBytes(Bytes(100'000, 's')));
+  const FullDisk full(50'000);
+  MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+                                      "File too large"));
+}
+
+TEST_F(MergeWAV, TakesAFolderForNoFile) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  std::filesystem::create_directory("source.wav");
+  MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav NOT FOUND."));
 }
 
 TEST_F(MergeWAV, JoinsManyClips) {

@@ -30,6 +30,7 @@ struct ProgramState {
   ExerciseSlots Workout;
   SettingsRecord Settings;
   VoiceState Voice;
+  bool SettingsAreUnread = false;  // the file holds others, which could not be read
 
   std::int16_t NumberOfExercises = 0;  // slots in use in Workout
   std::int16_t CurrentExercise = 0;    // the slot that the exercise tab shows

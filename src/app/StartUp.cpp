@@ -5,17 +5,23 @@
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
+#include "base/FileError.h"
 #include "base/Numbers.h"
 
 namespace repvolta {
 namespace {
 
-/// One step of the start: a failure is told, and the start goes on without the step.
-void Try(UserInterface& screen, const std::function<void()>& step) {
+constexpr int kNone = -1;
+
+/// One step of the start: a failure is told, and the start goes on without the step. Returns
+/// whether it was done.
+bool Try(UserInterface& screen, const std::function<void()>& step) {
   try {
     step();
+    return true;
   } catch (const std::exception& error) {
     screen.ShowMessage(error.what());
+    return false;
   }
 }
 
@@ -33,7 +39,15 @@ void LoadLastWorkout(ProgramState& state, MainScreen& screen) {
   state.WorkoutFileName = state.WorkoutNames.at(static_cast<std::size_t>(index));
   screen.EnableWorkoutControls();
   screen.SelectWorkout(index);
-  LoadWorkout(state, screen);
+  try {
+    LoadWorkout(state, screen);
+  } catch (const FileError&) {
+    // What could not be read is not to be edited: an empty workout would take its place.
+    state.WorkoutFileName.clear();
+    screen.SelectWorkout(kNone);
+    screen.EnableWorkoutControls();
+    throw;
+  }
 }
 
 void SetUpSpeech(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
@@ -89,10 +103,12 @@ void SetUpVoice(ProgramState& state) {
 
 void Form_Load(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
   MakeProgramDirectoryCurrent(state);
-  Try(screen, [&] { FirstRunSetup(state, screen, services); });
+  bool isSetUp = false;
+  // Until it is known whether there are settings, none may be saved in their place.
+  state.SettingsAreUnread = !Try(screen, [&] { isSetUp = FirstRunSetup(state, screen, services); });
   screen.ShowTab(WindowTab::kWorkout);
   Try(screen, [&] { LoadWorkoutNames(state, screen); });
-  Try(screen, [&] { LoadSettings(state); });
+  if (!isSetUp && !state.SettingsAreUnread) Try(screen, [&] { LoadSettings(state); });
   const ScreenUpdate updating(state);
   ClampLastWorkoutIndex(state);
   Try(screen, [&] { LoadLastWorkout(state, screen); });
@@ -101,8 +117,8 @@ void Form_Load(ProgramState& state, MainScreen& screen, const StartUpServices& s
   screen.UpdateSettingsScreen();
 }
 
-void FirstRunSetup(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
-  if (FileExists(kSettingsFile)) return;
+bool FirstRunSetup(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
+  if (FileExists(kSettingsFile)) return false;
   // The slips in these texts are meant.
   screen.ShowMessage(
       "This is the first time the program has been executed, so lets set up some simple stuff "
@@ -113,7 +129,8 @@ void FirstRunSetup(ProgramState& state, MainScreen& screen, const StartUpService
   state.Settings.DefaultExerciseTime = 5;
   state.Settings.IncludeWeightValues = kTrue;
   state.Settings.VoiceVolume = 100;
-  SaveSettings(state);
+  Try(screen, [&] { SaveSettings(state); });
+  return true;
 }
 
 void ExitButton_Click(ProgramState& state, MainScreen& screen) {

@@ -29,9 +29,9 @@ struct StartUpServices {
 void Form_Load(ProgramState& state, MainScreen& screen, const StartUpServices& services);
 
 /// The guided set-up that asks for the folders and writes the first settings file; does nothing
-/// when there is one. The program directory must be current. Throws FileError when the settings
-/// cannot be written.
-void FirstRunSetup(ProgramState& state, MainScreen& screen, const StartUpServices& services);
+/// when there is one, and returns false. The program directory must be current. When the settings
+/// cannot be written it says so: the answers stay in memory.
+bool FirstRunSetup(ProgramState& state, MainScreen& screen, const StartUpServices& services);
 
 /// Stores the selected workout in the settings; when they cannot be saved it says so. The window
 /// then ends the program.

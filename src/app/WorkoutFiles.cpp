@@ -19,10 +19,25 @@ std::string WorkoutPath(const ProgramState& state, const std::string& directory 
   return ExistingName(directory + std::string(kWorkoutFolder) + state.WorkoutFileName);
 }
 
+bool IsFileKnown(const ProgramState& state) {
+  return state.KnownFile && state.KnownFile->name == state.WorkoutFileName;
+}
+
 bool IsOtherThanKnown(const ProgramState& state, const std::string& path) {
-  if (!state.KnownFile || state.KnownFile->name != state.WorkoutFileName) return false;
+  if (!IsFileKnown(state)) return false;
   const std::optional<FileStamp> stamp = StampOf(path);
   return stamp && *stamp != state.KnownFile->stamp;
+}
+
+/// Throws FileError when the file holds what was not loaded or saved here.
+void ExpectKnown(const ProgramState& state, const std::string& path) {
+  constexpr const char* kFailure = "could not be written";
+  if (IsOtherThanKnown(state, path)) {
+    throw FileError(path, kFailure, "Another program has changed it meanwhile");
+  }
+  if (!IsFileKnown(state) && FileExists(path)) {
+    throw FileError(path, kFailure, "It holds another workout, which was not loaded");
+  }
 }
 
 void RememberPlaced(ProgramState& state, const WholeFileWriter& writer) {
@@ -107,9 +122,7 @@ void SaveWorkout(ProgramState& state) {
   if (TrimBlanks(state.WorkoutFileName).empty()) return;
   MakeWorkoutFolder();
   const std::string path = WorkoutPath(state);
-  if (IsOtherThanKnown(state, path)) {
-    throw FileError(path, "could not be written", "Another program has changed it meanwhile");
-  }
+  ExpectKnown(state, path);
   WholeFileWriter writer(path);
   writer.Append(EncodeWorkout(state.Workout));
   try {
@@ -119,6 +132,12 @@ void SaveWorkout(ProgramState& state) {
     throw;
   }
   RememberPlaced(state, writer);
+}
+
+void ReplaceWorkoutFile(ProgramState& state) {
+  state.KnownFile.reset();
+  const auto stamp = StampOf(WorkoutPath(state, state.ProgramDirectory));
+  if (stamp) state.KnownFile = {state.WorkoutFileName, *stamp};
 }
 
 bool WorkoutChangedOnDisk(const ProgramState& state) {

@@ -23,9 +23,13 @@ enum class WorkoutLoad { kLoaded, kNoName, kNotFound };
 WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen);
 
 /// Makes the program directory current and writes Workout to the file named by WorkoutFileName, all
-/// or nothing; without a name it writes nothing. Throws FileError, also when another process has
-/// changed the file since it was loaded or saved: what it wrote is then kept.
+/// or nothing; without a name it writes nothing. Throws FileError, also when the file holds what
+/// was not loaded or saved here, as when another process has changed it: that is then kept.
 void SaveWorkout(ProgramState& state);
+
+/// Lets the next save under WorkoutFileName replace whatever the file of that name holds now.
+/// Throws FileError.
+void ReplaceWorkoutFile(ProgramState& state);
 
 /// True when another process has changed the file of the workout in memory since LoadWorkout or
 /// SaveWorkout: it is then to be loaded again before it is shown or edited. False when it is gone.

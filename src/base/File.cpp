@@ -45,6 +45,20 @@ int Flush(int descriptor) {
   }
 }
 
+/// Returns false when the error says that there is no file of that name; throws FileError when it
+/// says that this cannot be known.
+bool IsThereAfter(int error, const std::string& path) {
+  if (error == ENOENT || error == ENOTDIR || error == ELOOP || error == ENAMETOOLONG) return false;
+  throw FileError(path, "could not be looked at", error);
+}
+
+/// Nothing when there is no such file. Throws FileError.
+std::optional<struct stat> StatusOf(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0 || IsThereAfter(errno, path)) return status;
+  return std::nullopt;
+}
+
 FileStamp MakeStamp(const struct stat& status) {
   return {.device = status.st_dev,
           .number = status.st_ino,
@@ -146,19 +160,24 @@ void File::Close() noexcept {
 }
 
 bool FileExists(const std::string& path) {
+  const std::optional<struct stat> status = StatusOf(path);
+  return status && S_ISREG(status->st_mode);
+}
+
+bool FileIsReachable(const std::string& path) {
   struct stat status {};
   return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 std::optional<FileStamp> StampOf(const std::string& path) {
-  struct stat status {};
-  if (stat(path.c_str(), &status) != 0) return std::nullopt;
-  return MakeStamp(status);
+  const std::optional<struct stat> status = StatusOf(path);
+  if (!status) return std::nullopt;
+  return MakeStamp(*status);
 }
 
 bool IsLinked(const std::string& path) {
   struct stat status {};
-  if (lstat(path.c_str(), &status) != 0) return false;
+  if (lstat(path.c_str(), &status) != 0) return IsThereAfter(errno, path);
   return S_ISLNK(status.st_mode) || (S_ISREG(status.st_mode) && status.st_nlink > 1);
 }
 

@@ -74,14 +74,19 @@ class File {
   std::string path_;
 };
 
-/// True when `path` is a regular file, or a link to one.
+/// True when `path` is a regular file, or a link to one. Throws FileError when that cannot be
+/// known: a file must not be taken for missing, and then replaced, because a disk fails.
 bool FileExists(const std::string& path);
 
+/// As FileExists, but false when it cannot be known: for files that are only ever read.
+bool FileIsReachable(const std::string& path);
+
 /// The stamp of the file `path`, or of the one that it is a link to; nothing when there is none.
+/// Throws FileError when that cannot be known.
 std::optional<FileStamp> StampOf(const std::string& path);
 
 /// True when `path` is a link, or a file that has another name elsewhere: writing to it would
-/// change that too.
+/// change that too. Throws FileError when that cannot be known.
 bool IsLinked(const std::string& path);
 
 /// Copies the bytes that `from` has now, from `offset` on, to the end of what has been written to

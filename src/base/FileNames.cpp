@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <functional>
 
 #include "base/File.h"
 #include "base/FileError.h"
@@ -18,13 +19,22 @@ bool IsForbidden(char character) {
   return code == '/' || code < 0x20 || code == 0x7F;
 }
 
-/// All names in the folder, in name order without regard to case; none where there is no such
-/// folder. Throws FileError.
-std::vector<std::string> SortedNames(const std::string& folder) {
+/// Whether a file is asked for, by its name in one case.
+using Accept = std::function<bool(const std::u32string& foldedName)>;
+
+/// The names of the files in the folder, also through links, that are asked for, in name order
+/// without regard to case; none where there is no such folder. Throws FileError.
+std::vector<std::string> SortedFiles(const std::string& folder, const Accept& accept) {
+  const std::string path = folder.empty() ? "." : folder;
   std::vector<std::pair<std::u32string, std::string>> keyed;
-  const int error = ForEachEntry(
-      folder.empty() ? "." : folder,
-      [&](std::string_view name, EntryType) { keyed.emplace_back(FoldCase(name), name); });
+  const int error = ForEachEntry(path, [&](std::string_view name, EntryType type) {
+    std::u32string key = FoldCase(name);
+    if (!accept(key)) return;
+    const bool isFile =
+        type == EntryType::kFile ||
+        (type == EntryType::kLink && FileIsReachable(path + "/" + std::string(name)));
+    if (isFile) keyed.emplace_back(std::move(key), name);
+  });
   if (error != 0 && error != ENOENT && error != ENOTDIR) {
     throw FileError(folder, "could not be read", error);
   }
@@ -62,13 +72,12 @@ std::string AsFileName(std::string_view name, std::string_view extension) {
 }
 
 std::optional<std::string> FindFile(const std::string& path) {
-  if (FileExists(path)) return path;
+  if (FileIsReachable(path)) return path;
   const std::u32string wanted = FoldCase(FileName(path));
   const std::string folder = FolderOf(path);
   try {
-    for (const std::string& name : SortedNames(folder)) {
-      if (FoldCase(name) == wanted && FileExists(folder + name)) return folder + name;
-    }
+    const auto names = SortedFiles(folder, [&](const auto& name) { return name == wanted; });
+    if (!names.empty()) return folder + names.front();
   } catch (const FileError&) {
     // What cannot be looked for is not found.
   }
@@ -79,11 +88,7 @@ std::string ExistingName(const std::string& path) { return FindFile(path).value_
 
 std::vector<std::string> ListFiles(const std::string& folder, std::string_view extension) {
   const std::u32string wanted = FoldCase(extension);
-  std::vector<std::string> names = SortedNames(folder);
-  std::erase_if(names, [&](const std::string& name) {
-    return !FoldCase(name).ends_with(wanted) || !FileExists(folder + "/" + name);
-  });
-  return names;
+  return SortedFiles(folder, [&](const auto& name) { return name.ends_with(wanted); });
 }
 
 }  // namespace repvolta

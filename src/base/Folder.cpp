@@ -4,6 +4,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <optional>
 #include <sys/stat.h>
 
 namespace repvolta {
@@ -29,11 +30,15 @@ EntryType TypeOfMode(mode_t mode) {
 }
 
 /// Most file systems tell the type with the name; the others are asked.
-EntryType TypeOf(DIR* folder, const dirent& entry) {
+/// Nothing, with the error in errno, when it cannot be known.
+std::optional<EntryType> TypeOf(DIR* folder, const dirent& entry) {
   if (entry.d_type != DT_UNKNOWN) return TypeOfMode(static_cast<mode_t>(DTTOIF(entry.d_type)));
   struct stat status {};
-  const bool isKnown = fstatat(dirfd(folder), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0;
-  return isKnown ? TypeOfMode(status.st_mode) : EntryType::kOther;
+  if (fstatat(dirfd(folder), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0) {
+    return TypeOfMode(status.st_mode);
+  }
+  // What has gone meanwhile is no entry of any type.
+  return errno == ENOENT ? std::optional(EntryType::kOther) : std::nullopt;
 }
 
 }  // namespace
@@ -46,7 +51,10 @@ int ForEachEntry(const std::string& path, const TakeEntry& take) {
     const dirent* entry = readdir(folder.get());
     if (entry == nullptr) return errno;
     const std::string_view name = entry->d_name;
-    if (name != "." && name != "..") take(name, TypeOf(folder.get(), *entry));
+    if (name == "." || name == "..") continue;
+    const std::optional<EntryType> type = TypeOf(folder.get(), *entry);
+    if (!type) return errno;
+    take(name, *type);
   }
 }
 

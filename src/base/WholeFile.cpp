@@ -13,12 +13,15 @@
 namespace repvolta {
 namespace {
 
+constexpr const char* kFailure = "could not be written";
 constexpr std::size_t kPendingLimit = std::size_t{256} * 1024;
 
-/// The permissions that the file at `path` has, or that a new one would get.
+/// The permissions that the file at `path` has, or that a new one would get. Throws FileError: what
+/// is private must not be opened to others because a disk fails.
 mode_t PermissionsFor(const std::string& path) {
   struct stat status {};
   if (stat(path.c_str(), &status) == 0) return status.st_mode & 07777;
+  if (errno != ENOENT && errno != ELOOP) throw FileError(path, kFailure, errno);
   const mode_t mask = umask(0);
   umask(mask);
   return 0666 & ~mask;
@@ -46,7 +49,7 @@ void WholeFileWriter::Writing(Statement statement) {
   try {
     statement();
   } catch (const FileError& error) {
-    throw FileError(path_, "could not be written", error.Reason());
+    throw FileError(path_, kFailure, error.Reason());
   }
 }
 
@@ -70,7 +73,7 @@ void WholeFileWriter::Commit() {
   WriteOut();
   FlushWorkingFile();
   if (std::rename(file_.Path().c_str(), path_.c_str()) != 0) {
-    throw FileError(path_, "could not be written", errno);
+    throw FileError(path_, kFailure, errno);
   }
   committed_ = true;
   FlushFolder(FolderOf(path_).empty() ? "." : FolderOf(path_));
@@ -84,7 +87,7 @@ std::optional<FileStamp> WholeFileWriter::Placed() const {
 void WholeFileWriter::FlushWorkingFile() {
   Writing([&] {
     if (fchmod(file_.Descriptor(), PermissionsFor(path_)) != 0) {
-      throw FileError(path_, "could not be written", errno);
+      throw FileError(path_, kFailure, errno);
     }
     file_.FlushToDevice();
   });

@@ -72,7 +72,9 @@ void FillProgramDirectory(const std::string& programDirectory, const std::string
 void LinkEncoder(const std::string& programDirectory) {
   const std::string link = programDirectory + kEncoderLink;
   const QString encoder = QStandardPaths::findExecutable("lame");
-  if (FileExists(link) || encoder.isEmpty()) return;
+  std::error_code unknown;
+  const bool isMissing = fs::status(link, unknown).type() == fs::file_type::not_found;
+  if (!isMissing || encoder.isEmpty()) return;
   std::error_code readOnly;
   fs::remove(link, readOnly);
   fs::create_symlink(encoder.toStdString(), link, readOnly);

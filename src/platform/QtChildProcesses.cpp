@@ -20,7 +20,7 @@ using Time = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds kStep{50};
 
 bool IsProgram(const std::string& path) {
-  return FileExists(path) && access(path.c_str(), X_OK) == 0;
+  return FileIsReachable(path) && access(path.c_str(), X_OK) == 0;
 }
 
 /// The path to start; "" when there is no such program.

@@ -98,6 +98,8 @@ void CreateNewWorkoutButton_Click(Editor& editor) {
   PreviousWorkout previous(editor);
   ListNewWorkout(editor, name);
   InitialiseWorkout(editor);
+  // An empty workout takes the place of one that has this name already: this is meant.
+  ReplaceWorkoutFile(editor.State());
   SaveWorkout(editor.State());
   previous.LetNewOneStand();
   LoadWorkout(editor.State(), editor.screen);

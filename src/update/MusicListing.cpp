@@ -35,7 +35,7 @@ void ListFolder(const std::string& folder, WholeFileWriter& list,
     if (type == EntryType::kFolder) {
       folders.push_back(path);
     } else if (isOneLine && IsMusicName(name) && IsOneLine(name) &&
-               (type == EntryType::kFile || (type == EntryType::kLink && FileExists(path)))) {
+               (type == EntryType::kFile || (type == EntryType::kLink && FileIsReachable(path)))) {
       list.Append(path.append("\n"));
     }
   });

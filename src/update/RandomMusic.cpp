@@ -29,7 +29,7 @@ class RandomFill {
   bool FillSlot(int slot) {
     exercise_.MusicFile[slot] = {};
     const std::string path = Draw();
-    if (path.empty() || !FileExists(path)) {
+    if (path.empty() || !FileIsReachable(path)) {
       steps_.Log("ERROR: Unable to find random music for Exercise - " +
                  exercise_.ExerciseName.Text());
       return false;

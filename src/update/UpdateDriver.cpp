@@ -109,7 +109,7 @@ class WorkoutUpdate {
   }
 
   void CopySong(const std::string& source) {
-    if (!FileExists(source)) {
+    if (!FileIsReachable(source)) {
       steps_.Log("ERROR: File not found. " + source);
       return;
     }
@@ -138,9 +138,21 @@ class WorkoutUpdate {
     }
   }
 
+  bool MayChange(const std::string& path) {
+    bool mayChange = false;
+    steps_.Run([&] { mayChange = folder_.MayChange(path); });
+    return mayChange;
+  }
+
   /// False when the copy is given up.
   bool WaitFor(const std::string& path) {
-    if (!folder_.MayChange(path)) return false;
+    if (!MayChange(path)) return false;
+    bool isThere = false;
+    steps_.Run([&] { isThere = Appears(path); });
+    return isThere;
+  }
+
+  bool Appears(const std::string& path) {
     while (!FileExists(path)) {
       steps_.CheckStop();
       if (!program_.screen.KeepWaiting()) return false;
@@ -149,7 +161,7 @@ class WorkoutUpdate {
   }
 
   void Tag(const std::string& path) {
-    if (!folder_.MayChange(path)) return;
+    if (!MayChange(path)) return;
     steps_.Run([&] { ProcessMP3tag(path, text_, state_.WorkoutFileName, program_.screen); });
   }
 

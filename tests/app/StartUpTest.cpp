@@ -5,10 +5,12 @@
 #include "app/RecordFormat.h"
 #include "app/Settings.h"
 #include "app/StartUp.h"
+#include "app/WorkoutFiles.h"
 #include "base/FileError.h"
 
 #include "fakes/FakeServices.h"
 #include "fakes/ScriptedMainScreen.h"
+#include "support/NoMoreFiles.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -167,6 +169,29 @@ TEST_F(StartUp, TellsOfADamagedWorkoutAndGoesOn) {
   EXPECT_EQ(screen.calls.back(), "settings screen");
 }
 
+/// From the selection of a workout on no file can be opened.
+class ScreenWithoutFiles : public ScriptedMainScreen {
+ public:
+  void SelectWorkout(int /*index*/) override { none.emplace(); }
+  std::optional<NoMoreFiles> none;
+};
+
+TEST_F(StartUp, LetsNobodyEditAWorkoutThatCouldNotBeRead) {
+  PutTwoWorkouts();
+  PutLastWorkout(1);
+  const Bytes before = GetFile("workouts/Tuesday.RPV");
+  ScreenWithoutFiles withoutFiles;
+
+  Form_Load(state, withoutFiles, services);
+  withoutFiles.none.reset();
+  SaveWorkout(state);
+
+  EXPECT_EQ(state.WorkoutFileName, "");
+  EXPECT_EQ(GetFile("workouts/Tuesday.RPV"), before);
+  EXPECT_THAT(withoutFiles.messages,
+              ElementsAre("workouts/Tuesday.RPV could not be read: Too many open files"));
+}
+
 TEST_F(StartUp, TellsWhatKeepsTheMusicFromBeingCounted) {
   PutLastWorkout(0);
   services.countRandomMusicFiles = [] { throw FileError("musiclist.txt", "is", "broken"); };
@@ -255,6 +280,20 @@ TEST_F(FirstRun, DoesNothingWhenThereAreSettings) {
   PutLastWorkout(0);
   RunSetUp({});
   EXPECT_THAT(screen.calls, IsEmpty());
+}
+
+TEST_F(FirstRun, KeepsTheAnswersInMemoryWhenTheyCannotBeSaved) {
+  screen.folders = {"/music", "/player"};
+  std::filesystem::create_directory(".settings.dat.new");
+  PutFile(".settings.dat.new/kept", "x");
+
+  Load();
+
+  EXPECT_THAT(screen.messages, Contains(HasSubstr("settings.dat could not be written")));
+  EXPECT_EQ(state.Settings.OutputPath.Text(), "/player");
+  std::filesystem::remove_all(".settings.dat.new");
+  ExitButton_Click(state, screen);
+  EXPECT_EQ(DecodeSettings(GetFile("settings.dat")).OutputPath.Text(), "/player");
 }
 
 TEST_F(FirstRun, LeavesNoSettingsWhenItIsInterrupted) {

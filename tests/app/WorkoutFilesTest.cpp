@@ -8,6 +8,7 @@
 #include "base/FileError.h"
 
 #include "fakes/RecordingScreen.h"
+#include "support/NoMoreFiles.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -129,6 +130,7 @@ TEST_F(WorkoutFiles, AreByteIdenticalWhenSavedTwice) {
 TEST_F(WorkoutFiles, ReplaceAFileOfAnotherCaseAndAddNone) {
   PutWorkout("monday.rpv", {"A"});
   state.WorkoutFileName = "Monday.RPV";
+  ReplaceWorkoutFile(state);
   SaveWorkout(state);
   LoadWorkoutNames(state, screen);
   EXPECT_THAT(state.WorkoutNames, ElementsAre("monday.rpv"));
@@ -149,7 +151,6 @@ TEST_F(WorkoutFiles, AreKnownToBeChangedByAnotherProcess) {
   state.WorkoutFileName = "Monday.RPV";
   LoadWorkout(state, screen);
   ProgramState other = state;
-  other.KnownFile.reset();
 
   SaveWorkout(other);
   std::filesystem::current_path("/");
@@ -172,6 +173,27 @@ TEST_F(WorkoutFiles, DoNotReplaceWhatAnotherProcessHasWritten) {
   EXPECT_THROW(SaveWorkout(state), FileError);
 
   EXPECT_EQ(GetFile("workouts/Monday.RPV"), grown);
+}
+
+TEST_F(WorkoutFiles, DoNotReplaceWhatWasNotLoaded) {
+  PutWorkout("Monday.RPV", {"A"});
+  PutWorkout("Tuesday.RPV", {"B"});
+  const Bytes before = GetFile("workouts/Tuesday.RPV");
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  state.WorkoutFileName = "Tuesday.RPV";
+
+  EXPECT_THROW(SaveWorkout(state), FileError);
+
+  EXPECT_EQ(GetFile("workouts/Tuesday.RPV"), before);
+}
+
+TEST_F(WorkoutFiles, AreReplacedWhateverTheyHoldWhenThatIsMeant) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  ReplaceWorkoutFile(state);
+  SaveWorkout(state);
+  EXPECT_EQ(GetFile("workouts/Monday.RPV"), EncodeWorkout(state.Workout));
 }
 
 TEST_F(WorkoutFiles, AreNotChangedWhereTheyAreGoneOrNeverSeen) {
@@ -342,6 +364,24 @@ TEST_F(SettingsFile, GivesBackWhatWasSaved) {
   LoadSettings(state);
 
   EXPECT_EQ(state.Settings, saved);
+}
+
+TEST_F(SettingsFile, IsKeptWhenItCouldNotBeRead) {
+  state.Settings.MusicPath = "/music";
+  SaveSettings(state);
+  const Bytes before = GetFile("settings.dat");
+  {
+    const NoMoreFiles none;
+    EXPECT_THROW(LoadSettings(state), FileError);
+  }
+  state.Settings = {};
+
+  EXPECT_THROW(SaveSettings(state), FileError);
+  EXPECT_EQ(GetFile("settings.dat"), before);
+
+  LoadSettings(state);
+  SaveSettings(state);
+  EXPECT_EQ(GetFile("settings.dat"), before);
 }
 
 TEST_F(SettingsFile, IsSavedInTheProgramDirectory) {

@@ -148,6 +148,7 @@ void FaultWorld::BuildWorkouts() {
 
 void FaultWorld::MakeMondaySpeak() {
   state.Workout[0].ExerciseName = "Spoken";
+  ReplaceWorkoutFile(state);
   SaveWorkout(state);
   fs::current_path(folder.Path());
   oldWorkout = GetFile("program/workouts/Monday.RPV");
@@ -163,7 +164,6 @@ void FaultWorld::Reset() {
   fs::create_directory_symlink(Full("precious"), "player/Monday/folder");
   const std::string workout = "program/workouts/Monday.RPV";
   PutFile(workout, oldWorkout);
-  state.KnownFile.reset();
   for (const char* name : {"temp.wav", "temp.mp3"}) fs::remove(std::string("program/") + name);
 }
 

@@ -35,7 +35,7 @@ class Hostile : public FaultWorld {
   }
 
   void SaveMonday() {
-    state.KnownFile.reset();
+    ReplaceWorkoutFile(state);
     SaveWorkout(state);
     fs::current_path(folder.Path());
   }

@@ -12,12 +12,13 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-/// False for a process that is no more, or of which only the exit status is left.
+/// False for a process that is no more, or of which only the exit status is left or being taken.
 bool IsAlive(int process) {
   std::ifstream file("/proc/" + std::to_string(process) + "/stat");
   std::string status;
   std::getline(file, status);
-  return !status.empty() && status.find(") Z ") == std::string::npos;
+  return !status.empty() && status.find(") Z ") == std::string::npos &&
+         status.find(") X ") == std::string::npos;
 }
 
 class TwoAtOnce : public FaultWorld {

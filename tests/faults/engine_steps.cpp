@@ -6,16 +6,43 @@
 #include <string>
 
 #include "app/Settings.h"
+#include "app/StartUp.h"
 #include "app/WorkoutFiles.h"
 #include "platform/ProgramDirectory.h"
 #include "update/RandomMusicList.h"
 
+#include "fakes/FakeServices.h"
 #include "fakes/RecordingScreen.h"
+#include "fakes/ScriptedMainScreen.h"
 
 namespace repvolta {
 namespace {
 
 constexpr int kEdits = 100'000;
+
+class NoOutputs : public AudioOutputs {
+ public:
+  std::vector<std::string> Names() override { return {}; }
+};
+
+/// What a person does: starts, answers the set-up where it comes, adds an exercise, and exits.
+void StartEditAndExit(ProgramState& state) {
+  const std::filesystem::path world = std::filesystem::current_path().parent_path();
+  ScriptedMainScreen screen;
+  screen.folders = {world / "music", world / "player"};
+  screen.selectedWorkout = 0;
+  FakeSpeech speech;
+  NoOutputs outputs;
+  Form_Load(state, screen,
+            {speech, outputs, [&] { CompileMusicList(state.Settings.MusicPath.Trimmed()); },
+             [&] { CountRandomMusicFiles(state); }});
+  if (!state.WorkoutFileName.empty()) {
+    state.Workout[4].ExerciseName = "Added";
+    SaveWorkout(state);
+  }
+  ExitButton_Click(state, screen);
+  for (const std::string& message : screen.messages) std::printf("%s\n", message.c_str());
+}
 
 /// One of many edits: each puts its number into every exercise and into the settings. The next run
 /// goes on with the number behind the one that it finds.
@@ -44,6 +71,7 @@ int Run(const std::string& step) {
   } else if (step == "save") {
     state.Workout[0].ExerciseName = "New";
     state.Settings.MusicPath = "new";
+    ReplaceWorkoutFile(state);
     SaveWorkout(state);
     SaveSettings(state);
   } else if (step == "edit") {
@@ -51,6 +79,9 @@ int Run(const std::string& step) {
     const int before = static_cast<int>(state.Workout[0].SetValue1[0]);
     state.Workout = {};
     for (int i = 1; i <= kEdits; ++i) SaveEdit(state, before + i);
+  } else if (step == "start") {
+    state.WorkoutFileName.clear();
+    StartEditAndExit(state);
   } else if (step == "list") {
     LoadWorkoutNames(state, screen);
     for (const std::string& name : state.WorkoutNames) std::printf("%s\n", name.c_str());

@@ -4,7 +4,8 @@
 //   REPVOLTA_FAULT   GROUP:NUMBER:FAILURE. The call with this number in its group fails; "3+" fails
 //                    the third and all behind it; the group "any" has all calls. FAILURE is the
 //                    name of an error; or SHORT: half of the bytes are read or written; or KILL:
-//                    the program is killed before the call.
+//                    the program is killed before the call; or UNTYPED: the entry of a
+//                    folder comes without its type.
 //   REPVOLTA_TRACE   the file that receives one line a call: GROUP, NUMBER, "ok" or "failed", and
 //                    what the call was about.
 //
@@ -47,19 +48,24 @@ enum Group {
   kExec,
   kList,
   kMode,
+  kStat,
+  kClose,
+  kLock,
   kAny
 };
-constexpr const char* kGroups[] = {"open", "write", "fsync", "rename", "mkdir", "unlink",
-                                   "read", "fork",  "exec",  "list",   "mode",  "any"};
+constexpr const char* kGroups[] = {"open",   "write", "fsync", "rename", "mkdir",
+                                   "unlink", "read",  "fork",  "exec",   "list",
+                                   "mode",   "stat",  "close", "lock",   "any"};
 constexpr int kGroupCount = static_cast<int>(std::size(kGroups));
 constexpr int kShort = -1;
 constexpr int kKill = -2;
+constexpr int kUntyped = -3;
 
 struct Plan {
   int group = -1;
   int first = 0;
   bool allBehind = false;
-  int error = 0;  // errno value, kShort or kKill
+  int error = 0;  // errno value, kShort, kKill or kUntyped
 };
 
 /// Shared with the children that are not yet another program.
@@ -83,9 +89,11 @@ int ErrorNamed(std::string_view name) {
   if (name == "EACCES") return EACCES;
   if (name == "EINTR") return EINTR;
   if (name == "EAGAIN") return EAGAIN;
+  if (name == "ENOLCK") return ENOLCK;
   if (name == "EROFS") return EROFS;
   if (name == "SHORT") return kShort;
   if (name == "KILL") return kKill;
+  if (name == "UNTYPED") return kUntyped;
   std::fprintf(stderr, "fault shim: what failure is this?\n");
   std::abort();
 }
@@ -134,7 +142,7 @@ void Trace(int group, int number, bool failed, const char* what) {
   syscall(SYS_writev, traceDescriptor, line, std::size(line));
 }
 
-/// Counts a call and writes it down. 0: it goes on; an errno value: it fails; kShort.
+/// Counts a call and writes it down. 0: it goes on; an errno value: it fails; kShort; kUntyped.
 int Count(Group group, const char* what) {
   if (counters == nullptr) return 0;
   const int number = ++counters->calls[group];
@@ -188,6 +196,12 @@ unsigned ModeOf(int flags, va_list arguments) {
 int OpenAt(int folder, const char* path, int flags, unsigned mode) {
   if (Fails(kOpen, path)) return -1;
   return static_cast<int>(syscall(SYS_openat, folder, path, flags, mode));
+}
+
+/// `status` is a struct stat or stat64, which are the same on 64-bit systems.
+int StatusAt(int folder, const char* path, void* status, int flags) {
+  if (Fails(kStat, path)) return -1;
+  return static_cast<int>(syscall(SYS_newfstatat, folder, path, status, flags));
 }
 
 }  // namespace
@@ -310,8 +324,13 @@ EXPORTED DIR* fdopendir(int descriptor) {
   return Real<DIR*(int)>("fdopendir")(descriptor);
 }
 EXPORTED dirent* readdir(DIR* folder) {
-  if (Fails(kList, "an entry")) return nullptr;
-  return Real<dirent*(DIR*)>("readdir")(folder);
+  const int before = errno;
+  const int error = Count(kList, "an entry");
+  errno = error > 0 ? error : before;
+  if (error > 0) return nullptr;
+  dirent* const entry = Real<dirent*(DIR*)>("readdir")(folder);
+  if (entry != nullptr && error == kUntyped) entry->d_type = DT_UNKNOWN;
+  return entry;
 }
 
 EXPORTED int fchmod(int descriptor, mode_t mode) noexcept {
@@ -321,6 +340,51 @@ EXPORTED int fchmod(int descriptor, mode_t mode) noexcept {
 EXPORTED int utimensat(int folder, const char* path, const timespec times[2], int flags) noexcept {
   if (Fails(kMode, path)) return -1;
   return static_cast<int>(syscall(SYS_utimensat, folder, path, times, flags));
+}
+
+EXPORTED int stat(const char* path, struct stat* status) noexcept {
+  return StatusAt(AT_FDCWD, path, status, 0);
+}
+EXPORTED int stat64(const char* path, struct stat64* status) noexcept {
+  return StatusAt(AT_FDCWD, path, status, 0);
+}
+EXPORTED int lstat(const char* path, struct stat* status) noexcept {
+  return StatusAt(AT_FDCWD, path, status, AT_SYMLINK_NOFOLLOW);
+}
+EXPORTED int lstat64(const char* path, struct stat64* status) noexcept {
+  return StatusAt(AT_FDCWD, path, status, AT_SYMLINK_NOFOLLOW);
+}
+EXPORTED int fstatat(int folder, const char* path, struct stat* status, int flags) noexcept {
+  return StatusAt(folder, path, status, flags);
+}
+EXPORTED int fstatat64(int folder, const char* path, struct stat64* status, int flags) noexcept {
+  return StatusAt(folder, path, status, flags);
+}
+EXPORTED int fstat(int descriptor, struct stat* status) noexcept {
+  if (Fails(kStat, DescriptorPath(descriptor).Text())) return -1;
+  return static_cast<int>(syscall(SYS_fstat, descriptor, status));
+}
+EXPORTED int fstat64(int descriptor, struct stat64* status) noexcept {
+  if (Fails(kStat, DescriptorPath(descriptor).Text())) return -1;
+  return static_cast<int>(syscall(SYS_fstat, descriptor, status));
+}
+EXPORTED int statx(int folder, const char* path, int flags, unsigned mask,
+                   struct statx* status) noexcept {
+  if (Fails(kStat, path)) return -1;
+  return static_cast<int>(syscall(SYS_statx, folder, path, flags, mask, status));
+}
+
+/// The descriptor is closed also when that fails, as Linux does it.
+EXPORTED int close(int descriptor) {
+  const bool fails = Fails(kClose, DescriptorPath(descriptor).Text());
+  const int error = errno;
+  const auto result = static_cast<int>(syscall(SYS_close, descriptor));
+  if (fails) errno = error;
+  return fails ? -1 : result;
+}
+EXPORTED int flock(int descriptor, int operation) noexcept {
+  if (Fails(kLock, DescriptorPath(descriptor).Text())) return -1;
+  return static_cast<int>(syscall(SYS_flock, descriptor, operation));
 }
 
 EXPORTED pid_t fork() noexcept {

@@ -53,7 +53,7 @@ class Console : public UserInterface {
 
   void AddLineToUpdateList(std::string_view line) override {
     if (line.starts_with("ERROR")) sawError_ = true;
-    std::cout << line << '\n' << std::flush;
+    std::cout << ShownOnOneLine(line) << '\n' << std::flush;
     if (std::cout) return;
     // A reader that went away wanted no more lines.
     if (errno != EPIPE) lostLine_ = true;
@@ -174,7 +174,7 @@ int main(int argc, char** argv) {
   } catch (const repvolta::UpdateStopped&) {
     return repvolta::kSignalStatus + repvolta::stopSignal;
   } catch (const std::exception& error) {
-    std::cerr << "repvolta-update: " << error.what() << '\n';
+    std::cerr << "repvolta-update: " << repvolta::ShownOnOneLine(error.what()) << '\n';
     return repvolta::kNotStarted;
   }
 }

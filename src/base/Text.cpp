@@ -75,6 +75,21 @@ std::string_view CutUtf8(std::string_view text, std::size_t limit) {
   return text.substr(0, end);
 }
 
+std::string ShownOnOneLine(std::string_view text) {
+  constexpr char kFirstOfTwo = '\xC2';  // of U+0080 to U+009F
+  std::string line;
+  line.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto code = static_cast<unsigned char>(text[i]);
+    const bool isTwoBytes = text[i] == kFirstOfTwo && i + 1 < text.size() &&
+                            static_cast<unsigned char>(text[i + 1]) < 0xA0;
+    const bool isControl = code < 0x20 || code == 0x7F || isTwoBytes;
+    line.push_back(isControl ? '?' : text[i]);
+    if (isTwoBytes) ++i;
+  }
+  return line;
+}
+
 std::u32string FoldCase(std::string_view text) {
   std::u32string folded;
   while (!text.empty()) {

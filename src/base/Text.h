@@ -18,6 +18,10 @@ bool IsUtf8(std::string_view bytes);
 /// characters.
 std::string_view CutUtf8(std::string_view text, std::size_t limit);
 
+/// The text as one line that a terminal shows and does nothing else with: "?" stands for each
+/// control character (U+0000 to U+001F, U+007F to U+009F in UTF-8).
+std::string ShownOnOneLine(std::string_view text);
+
 /// The characters without regard to case, for comparing and ordering names; bytes that are no
 /// UTF-8 stand for themselves. The same in every locale.
 std::u32string FoldCase(std::string_view text);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <csignal>
 #include <fstream>
 #include <gmock/gmock.h>
@@ -290,6 +291,15 @@ TEST_F(UpdateProgram, TakesNamesOfAllKinds) {
 
   EXPECT_EQ(run.status, 0) << run.output;
   EXPECT_TRUE(fs::exists("player/Früh 走 'n' \"spät\" $(x)/RV002-" + song));
+}
+
+TEST_F(UpdateProgram, ShowsANameOnOneLineAndLetsItDoNothingToATerminal) {
+  AddWorkout("Monday", "Squat\nUPDATE COMPLETE.\x1B[2J");
+  const ProgramRun run = Update();
+  EXPECT_THAT(run.output, Not(HasSubstr("\x1B")));
+  EXPECT_THAT(Lines(run.output),
+              Contains(HasSubstr("voice/exercise/Squat_UPDATE COMPLETE._[2J.WAV")));
+  EXPECT_EQ(std::ranges::count(Lines(run.output), "UPDATE COMPLETE."), 1);
 }
 
 TEST_F(UpdateProgram, SaysSoWhenAPathIsTooLongForTheRecord) {

@@ -77,14 +77,20 @@ std::string Fault::Text() const {
   return group + ":" + std::to_string(number) + (allBehind ? "+" : "") + ":" + failure;
 }
 
+bool IsSlow() {
+#ifdef __SANITIZE_ADDRESS__
+  return true;
+#else
+  return std::getenv("REPVOLTA_SLOW") != nullptr;
+#endif
+}
+
 bool IsLongRun() { return std::getenv("REPVOLTA_LONG") != nullptr; }
 
 int PointStep(int shortStep) {
   if (IsLongRun()) return 1;
-#ifdef __SANITIZE_ADDRESS__
-  shortStep *= 7;  // Has no divisor in common with the kinds of failures, which take turns.
-#endif
-  return shortStep;
+  // Has no divisor in common with the kinds of failures, which take turns.
+  return IsSlow() ? 7 * shortStep : shortStep;
 }
 
 FaultWorld::FaultWorld() {

@@ -47,7 +47,8 @@ struct FaultyRun {
 bool IsLongRun();
 
 /// The long form tries each point, and this is 1; the short form one of `shortStep`, or of seven
-/// times as many in the sanitizers' build, whose programs take long to start.
+/// times as many where programs take long to start: in the sanitizers' build, and where
+/// REPVOLTA_SLOW is set.
 int PointStep(int shortStep);
 
 /// The smallest world in which an update goes all its ways: "program" with clips of a moment and an

@@ -156,7 +156,8 @@ class Kills(WindowTest):
             clip = self.clip.read_bytes()
             self.assertEqual(int.from_bytes(clip[4:8], "little") + 8, len(clip))
         new = self.files() - self.files_before
-        self.assertLessEqual(new, LEFT_BY_SAVES.keys() | (LEFT_BY_UPDATES if updates else set()))
+        left = LEFT_BY_SAVES.keys() | (LEFT_BY_UPDATES if updates else set())
+        self.assertEqual(new - left, set())
         amid = {LEFT_BY_SAVES[name] for name in new & LEFT_BY_SAVES.keys()}
         if updates and not self.old_output(shown).exists() and not self.has_output(shown):
             amid.add("an update")
@@ -195,9 +196,11 @@ class Kills(WindowTest):
         if updates:
             self.update()
             self.assertTrue(self.has_output(shown))
-        self.assertLessEqual(self.files(), self.files_before)
+        self.assertEqual(self.files() - self.files_before, set())
 
     def save_again(self, left, shown):
+        saved = left.with_name(left.name.removeprefix(".").removesuffix(".new"))
+        before = saved.stat().st_mtime_ns
         if left.parent == self.home.program:
             self.program.tab(SETTINGS_TAB)
             keys("alt+i")
@@ -206,7 +209,8 @@ class Kills(WindowTest):
                 keys("alt+o", "Up" if shown else "Down")
             self.program.tab(EXERCISE_TAB)
             keys("alt+k")
-        self.program.wait_for(f"{left.name} to be gone", lambda: not left.exists())
+        self.program.wait_for(f"{saved.name} to be saved again",
+                              lambda: saved.stat().st_mtime_ns != before)
         if left.parent != self.home.program and WORKOUTS[shown] not in left.name:
             self.program.tab(WORKOUT_TAB)
             keys("alt+o", "Down" if shown else "Up")

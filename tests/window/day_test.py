@@ -5,11 +5,8 @@ import os
 import unittest
 
 from display import keys
-from support import WindowTest
+from support import WORKOUT_TAB, WindowTest
 
-WORKOUT_TAB = "Workout Setup/Exercise Selection"
-EXERCISE_TAB = "Exercise Setup"
-SETTINGS_TAB = "Program Settings"
 SET_LISTS = ["First value: Weight", "Second value: Reps", "First increment: Weight",
              "Second increment: Reps", "First frequency in days: Weight",
              "Second frequency in days: Reps", "Days to the next increments"]
@@ -20,30 +17,12 @@ def today():
 
 
 class Day(WindowTest):
-    def new_workout(self, name):
-        self.program.press("Create New Workout")
-        self.assertEqual(self.program.answer("New Workout", name),
-                         "Enter a name for the new Workout")
-        file = self.home.program / "workouts" / f"{name}.RPV"
-        self.program.wait_for("the workout file", file.exists)
-
     def add_listed_exercise(self, exercise_type, name):
         program = self.program
         program.press("Add New Exercise")
         dialog = program.window("Select Exercise")
         program.select("Exercise type", exercise_type, dialog)
         program.select("Exercise name", name, dialog)
-        keys("Return")
-        program.wait_for(f"{name} in the list", lambda: name in program.items("Exercises"))
-
-    def add_own_exercise(self, name):
-        program = self.program
-        program.press("Add New Exercise")
-        dialog = program.window("Select Exercise")
-        program.press("Type a name instead", dialog, "check box")
-        box = program.find(dialog, "text", "Own exercise name")
-        program.focus(box)
-        program.type_into(box, name)
         keys("Return")
         program.wait_for(f"{name} in the list", lambda: name in program.items("Exercises"))
 
@@ -59,24 +38,6 @@ class Day(WindowTest):
         keys("Return")
         self.assertEqual(program.answer("Change Exercise Value", value), "Enter new Value:")
         program.main()
-
-    def add_music(self, path):
-        self.program.press("Add Music File")
-        program = self.program
-        dialog = program.window("Music File Selection")
-        field, = program.wait_for("the field for the name", lambda: [
-            node for node in program.focused(dialog) if node.get_role_name() == "text"])
-        program.type_into(field, path)
-        keys("Return")
-        program.wait_for(f"{path} in the list",
-                         lambda: path in program.items("Music to be played"))
-
-    def open_exercise(self, name):
-        self.program.tab(WORKOUT_TAB)
-        self.program.select("Exercises", name)
-        self.program.tab(EXERCISE_TAB)
-        self.program.wait_for(f"{name} on the tab", lambda: self.program.controls(
-            self.program.main(), "label", name))
 
     def shown_sets(self):
         return {name: self.program.items(name) for name in SET_LISTS}
@@ -170,7 +131,8 @@ class Day(WindowTest):
                           ["0", "0"]])
 
         self.add_second_exercise()
-        self.update(1)
+        self.update()
+        self.check_player()
         self.update_all()
         self.assertEqual(program.exit(), 0)
         self.assertEqual(self.home.records("settings.dat")["last"], 0)
@@ -194,19 +156,6 @@ class Day(WindowTest):
         self.program.press("Set Target Exercise Time")
         self.program.answer("Set Target Exercise Time", "0.5")
         self.eventually((-1, 30), lambda: (self.exercise(1)["random"], self.exercise(1)["target"]))
-
-    def progress(self):
-        return [line for window in [self.program.window("Repvolta Update Progress...")]
-                for line in self.program.items("Update progress", window=window)]
-
-    def update(self, _count):
-        program = self.program
-        program.press("Update Workout")
-        program.wait_for("the update", lambda: self.progress()[-1:] == ["UPDATE COMPLETE."])
-        self.assertEqual([line for line in self.progress() if line.startswith("ERROR")], [])
-        keys("Return")
-        program.main()
-        self.check_player()
 
     def check_player(self):
         """The player's folder holds the numbered files that the play list names."""

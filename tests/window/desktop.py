@@ -127,8 +127,11 @@ class Program:
         return "\n".join(lines)
 
     def wait_for(self, what, condition, limit=LIMIT):
+        def met():
+            self._check_running()
+            return condition()
         try:
-            return wait_for(what, condition, limit)
+            return wait_for(what, met, limit)
         except AssertionError as error:
             try:
                 error.add_note(self.describe())

@@ -8,6 +8,9 @@ import unittest
 from desktop import Home, Program
 from display import Display, keys
 
+WORKOUT_TAB = "Workout Setup/Exercise Selection"
+EXERCISE_TAB = "Exercise Setup"
+SETTINGS_TAB = "Program Settings"
 TEST_LIMIT = 400  # seconds; the longest test takes a tenth of it when the machine is idle
 
 
@@ -80,3 +83,51 @@ class WindowTest(unittest.TestCase):
         pick_folder(program, "Player")
         program.main()
         return program
+
+    def new_workout(self, name):
+        self.program.press("Create New Workout")
+        self.assertEqual(self.program.answer("New Workout", name),
+                         "Enter a name for the new Workout")
+        file = self.home.program / "workouts" / f"{name}.RPV"
+        self.program.wait_for("the workout file", file.exists)
+
+    def add_own_exercise(self, name):
+        program = self.program
+        program.press("Add New Exercise")
+        dialog = program.window("Select Exercise")
+        program.press("Type a name instead", dialog, "check box")
+        box = program.find(dialog, "text", "Own exercise name")
+        program.focus(box)
+        program.type_into(box, name)
+        keys("Return")
+        program.wait_for(f"{name} in the list", lambda: name in program.items("Exercises"))
+
+    def add_music(self, path):
+        self.program.press("Add Music File")
+        program = self.program
+        dialog = program.window("Music File Selection")
+        field, = program.wait_for("the field for the name", lambda: [
+            node for node in program.focused(dialog) if node.get_role_name() == "text"])
+        program.type_into(field, path)
+        keys("Return")
+        program.wait_for(f"{path} in the list",
+                         lambda: path in program.items("Music to be played"))
+
+    def open_exercise(self, name):
+        self.program.tab(WORKOUT_TAB)
+        self.program.select("Exercises", name)
+        self.program.tab(EXERCISE_TAB)
+        self.program.wait_for(f"{name} on the tab", lambda: self.program.controls(
+            self.program.main(), "label", name))
+
+    def progress(self):
+        window = self.program.window("Repvolta Update Progress...")
+        return self.program.items("Update progress", window=window)
+
+    def update(self):
+        program = self.program
+        program.press("Update Workout")
+        program.wait_for("the update", lambda: self.progress()[-1:] == ["UPDATE COMPLETE."])
+        self.assertEqual([line for line in self.progress() if line.startswith("ERROR")], [])
+        keys("Return")
+        program.main()

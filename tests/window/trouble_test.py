@@ -1,27 +1,18 @@
-"""What a person meets when files are many, damaged, gone or read-only, or the program is killed."""
+"""What a person meets when files are many, damaged, gone or read-only."""
 
 import os
 import random
-import subprocess
 import time
 import unittest
 
-from desktop import LIMIT, Atspi
+from desktop import LIMIT
 from display import keys
-from support import WindowTest
+from support import EXERCISE_TAB, SETTINGS_TAB, WORKOUT_TAB, WindowTest
 
-WORKOUT_TAB = "Workout Setup/Exercise Selection"
-EXERCISE_TAB = "Exercise Setup"
-SETTINGS_TAB = "Program Settings"
 # The mode of a folder does not bind the superuser, unless it gives up the right to pass over it.
 AS_ORDINARY_USER = ["setpriv", "--bounding-set", "-dac_override,-dac_read_search"] * (
     os.geteuid() == 0)
-KILLS = int(os.environ.get("REPVOLTA_KILLS", "20"))
 WORKOUT_SIZE = 266_240
-CLICKED = [("Weight/Reps", "radio button"), ("Level/Time", "radio button"),
-           ("Distance/Speed", "radio button"), ("User Defined", "radio button"),
-           ("Metric (Kilograms/Kilometers)", "radio button"),
-           ("Imperial (Pounds/Miles)", "radio button"), ("Pick Random Music", "check box")]
 
 
 class Trouble(WindowTest):
@@ -127,18 +118,6 @@ class Trouble(WindowTest):
         program.main()
         self.exit()
 
-    def test_keeps_every_file_whole_when_it_is_killed_while_it_is_clicked(self):
-        self.add_workout()
-        for attempt in range(KILLS):
-            with self.subTest(attempt):
-                self.click_and_kill(random.Random(attempt))
-                self.assertEqual(self.names(), ["Goblet Squat"])
-                self.assertTrue(self.home.records("settings.dat")["whole"])
-                self.assertEqual([path.name for path in self.file("workouts").glob("*.RPV")],
-                                 ["Monday.RPV"])
-            self.program = self.start()
-            self.program.main()
-
     def saved(self):
         files = [*self.file("workouts").iterdir(), self.file("settings.dat")]
         return {path.name: path.read_bytes() for path in files}
@@ -148,25 +127,6 @@ class Trouble(WindowTest):
         records = self.home.records("workouts/Monday.RPV")
         self.assertTrue(records["whole"])
         return [exercise["name"] for exercise in records["exercises"]]
-
-    def click_and_kill(self, chance):
-        """Clicks on what is saved at once, as fast as the display takes it, and kills meanwhile."""
-        program = self.program
-        program.tab(EXERCISE_TAB)
-        places = []
-        for name, role in CLICKED:
-            box = program.find(program.main(), role, name).get_extents(Atspi.CoordType.SCREEN)
-            places.append((box.x + box.height // 2, box.y + box.height // 2))
-        clicks = [word for x, y in chance.choices(places, k=300)
-                  for word in ("mousemove", str(x), str(y), "click", "1")]
-        before = self.file("workouts/Monday.RPV").stat().st_ino
-        clicking = subprocess.Popen(["xdotool", *clicks])
-        program.wait_for("the first click to be saved",
-                         lambda: self.file("workouts/Monday.RPV").stat().st_ino != before)
-        time.sleep(chance.uniform(0, 0.3))  # the moment is left to chance
-        program.kill()
-        clicking.kill()
-        clicking.wait(LIMIT)
 
 
 if __name__ == "__main__":

@@ -1,55 +1,15 @@
 #include "platform/EngineProgram.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <filesystem>
-#include <stdlib.h>
-
 #include "base/File.h"
-#include "base/FileError.h"
 #include "base/WholeFile.h"
+#include "platform/PrivateFolder.h"
 #include "platform/SpeechSynthesizer.h"
 #include "platform/WavReader.h"
 
 namespace repvolta {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr std::size_t kLargestSound = std::size_t{64} * 1024 * 1024;
-
-/// espeak-ng cuts off the names of its files at 199 bytes.
-constexpr std::size_t kLongestFolder = 150;
-
-/// The folder for temporary files, or the system's own when that one cannot be used.
-fs::path TemporaryPlace() {
-  std::error_code error;
-  const fs::path place = fs::temp_directory_path(error);
-  return error || place.string().size() > kLongestFolder ? fs::path(P_tmpdir) : place;
-}
-
-/// A folder that only this user can enter; deleted with all that is in it.
-class PrivateFolder {
- public:
-  PrivateFolder() {
-    std::string pattern = (TemporaryPlace() / "repvolta-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw FileError(pattern, "could not be created", errno);
-    path_ = pattern + "/";
-  }
-  ~PrivateFolder() {
-    // A second time for what could not be deleted at first.
-    std::error_code error;
-    fs::remove_all(path_, error);
-    if (error) fs::remove_all(path_, error);
-  }
-  PrivateFolder(const PrivateFolder&) = delete;
-  PrivateFolder& operator=(const PrivateFolder&) = delete;
-
-  const std::string& Path() const { return path_; }
-
- private:
-  std::string path_;
-};
 
 }  // namespace
 

@@ -65,6 +65,20 @@ TEST_F(Kills, BeforeAnyCallLoseNothing) {
   EXPECT_GE(points * step, 270);
 }
 
+TEST_F(Kills, WhileANameIsSpokenLeaveNothingBehindTheNextUpdate) {
+  MakeMondaySpeak();
+  LearnWhatIsRight();
+  const int step = PointStep(25);
+  for (int number = 1;; number += step) {
+    Reset();
+    const Fault kill{.group = "any", .number = number, .failure = "KILL"};
+    SCOPED_TRACE(kill.Text());
+    if (!RunWith(kill).hit) break;
+    ExpectRecovery();
+    EXPECT_TRUE(fs::is_empty("tmp"));
+  }
+}
+
 TEST_F(Kills, AtRandomMomentsLoseNothing) {
   LearnWhatIsRight();
   const int kills = IsLongRun() ? 500 : 40 / PointStep(1);

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+namespace repvolta {
+
+/// A folder that only this user can enter, in the folder for temporary files; deleted with all that
+/// is in it. What killed programs left of such folders is deleted as well.
+class PrivateFolder {
+ public:
+  /// Throws FileError.
+  PrivateFolder();
+  ~PrivateFolder();
+  PrivateFolder(const PrivateFolder&) = delete;
+  PrivateFolder& operator=(const PrivateFolder&) = delete;
+
+  /// With the separator at its end.
+  const std::string& Path() const { return path_; }
+
+ private:
+  bool Make(const std::string& place);
+  bool IsOurs() const;
+
+  std::string path_;
+  int descriptor_ = -1;  // locked: the folder is in use
+};
+
+}  // namespace repvolta

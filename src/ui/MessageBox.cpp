@@ -1,5 +1,7 @@
 #include "ui/MessageBox.h"
 
+#include <QAbstractButton>
+
 namespace repvolta {
 
 QString WithLineBreaks(QString text) {
@@ -13,6 +15,8 @@ MessageBox::MessageBox(const QString& text, const QString& title, StandardButton
   setObjectName("MessageBox");
   setTextFormat(Qt::PlainText);
   setDefaultButton(Ok);
+  // The buttons of the other dialogs have none either; some desktops give them to boxes only.
+  for (QAbstractButton* button : this->buttons()) button->setIcon({});
 }
 
 void MessageBox::Show(QWidget* parent, const QString& text, const QString& title) {

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFont>
+#include <QIcon>
 #include <QListWidget>
 #include <QPalette>
 #include <QTabWidget>
@@ -57,11 +58,19 @@ class SampleVoices : public FakeSpeech {
   }
 };
 
+/// A morning, always the same: the pictures show how many days are left.
+const FakeClock& SampleClock() {
+  static const FakeClock clock(DateOf(2026, 6, 1) + 0.25);
+  return clock;
+}
+
 QPalette DarkPalette() {
   QPalette dark(QColor(53, 53, 53));
   dark.setColor(QPalette::Base, QColor(35, 35, 35));
   dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
   dark.setColor(QPalette::HighlightedText, Qt::white);
+  dark.setColor(QPalette::Disabled, QPalette::Text, Qt::gray);
+  dark.setColor(QPalette::Disabled, QPalette::PlaceholderText, Qt::gray);
   return dark;
 }
 
@@ -76,8 +85,8 @@ ExerciseRecord SampleExercise(const char* name, float value) {
     exercise.SetValue2[set] = 12;
     exercise.SetIncrement1[set] = 2.5F;
     exercise.SetFrequency1[set] = 7;
-    exercise.NextUpdate1[set] = SystemClock().Today() - 2;
-    exercise.NextUpdate2[set] = SystemClock().Today();
+    exercise.NextUpdate1[set] = SampleClock().Today() - 2;
+    exercise.NextUpdate2[set] = SampleClock().Today();
   }
   exercise.NumberOfMusicFiles = 2;
   exercise.MusicFile[0] = "/home/kim/Music/Café au lait.mp3";
@@ -89,7 +98,7 @@ void MakeProgramDirectory(ProgramState& state) {
   state.WorkoutFileName = "Monday.RPV";
   state.Workout[0] = SampleExercise("Goblet Squat", 20);
   state.Workout[1] = SampleExercise("Bench Press", 40);
-  state.Workout[2] = SampleExercise("走る", 5);
+  state.Workout[2] = SampleExercise("Overhead Triceps Extension", 5);
   state.Workout[2].RandomMusic = kTrue;
   SaveWorkout(state);
   state.Settings.MusicPath = "/home/kim/Music";
@@ -100,11 +109,12 @@ void MakeProgramDirectory(ProgramState& state) {
 }
 
 void TakeDialogs(const Pictures& pictures) {
-  SelectExerciseDialog exercise({"Arms", "Legs"}, [](const std::string&) {
-    return std::vector<std::string>{"Front Squat", "Goblet Squat"};
+  SelectExerciseDialog exercise({"Arms", "Back", "Chest", "Core", "Legs"}, [](const std::string&) {
+    return std::vector<std::string>{"Bench Press", "Cable Crossover", "Chest Dip"};
   });
   pictures.Take(exercise, "SelectExerciseDialog-empty");
-  exercise.findChild<QListWidget*>("ExerciseTypeList")->setCurrentRow(1);
+  exercise.findChild<QListWidget*>("ExerciseTypeList")->setCurrentRow(2);
+  exercise.findChild<QListWidget*>("ExerciseNameList")->setCurrentRow(0);
   pictures.Take(exercise, "SelectExerciseDialog");
   SelectDirectory directory(MountedVolumes(), QDir::homePath());
   pictures.Take(directory, "SelectDirectory");
@@ -135,7 +145,6 @@ void TakeWindow(const Pictures& pictures) {
   ProgramState state;
   state.ProgramDirectory = folder.Path();
   MakeProgramDirectory(state);
-  const SystemClock clock;
   TimerSeededNumbers random;
   FakeProcesses processes;
   SampleVoices speech;
@@ -144,7 +153,7 @@ void TakeWindow(const Pictures& pictures) {
   UpdateForm progress;
   RandomMusicMessage wait;
   RepvoltaForm form({.state = state,
-                     .clock = clock,
+                     .clock = SampleClock(),
                      .random = random,
                      .processes = processes,
                      .speech = speech,
@@ -167,6 +176,7 @@ void TakeWindow(const Pictures& pictures) {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(QIcon(REPVOLTA_ICON));
   if (argc < 3) return 2;
   if (QString(argv[2]) == "dark") QApplication::setPalette(repvolta::DarkPalette());
   if (argc > 3) {

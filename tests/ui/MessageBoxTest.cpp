@@ -1,4 +1,6 @@
+#include <QApplication>
 #include <QLabel>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QtTest/QTest>
 #include <gtest/gtest.h>
@@ -33,6 +35,24 @@ TEST(MessageBox, HasTheIconOfWhatItDoes) {
   EXPECT_EQ(MessageBox("", "", QMessageBox::Ok).icon(), QMessageBox::Information);
   EXPECT_EQ(MessageBox("", "", QMessageBox::Ok | QMessageBox::Cancel).icon(),
             QMessageBox::Question);
+}
+
+/// The style of a desktop whose boxes have icons in their buttons.
+class StyleWithIcons : public QProxyStyle {
+ public:
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* result) const override {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 1;
+    return QProxyStyle::styleHint(hint, option, widget, result);
+  }
+};
+
+TEST(MessageBox, HasNoIconsInItsButtonsOnAnyDesktop) {
+  const QString style = QApplication::style()->name();
+  QApplication::setStyle(new StyleWithIcons);
+  const MessageBox box("text", "title", QMessageBox::Ok | QMessageBox::Cancel);
+  for (const QAbstractButton* button : box.buttons()) EXPECT_TRUE(button->icon().isNull());
+  QApplication::setStyle(style);
 }
 
 TEST(MessageBox, HasOnlyAnOkButtonWhenItTells) {

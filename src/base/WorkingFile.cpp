@@ -3,13 +3,13 @@
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/Lock.h"
 
 namespace repvolta {
 namespace {
@@ -20,13 +20,7 @@ constexpr std::chrono::milliseconds kPause{10};
 constexpr const char* kFailure = "could not be written";
 
 /// False when another process holds the lock. A file system without locks grants every one.
-bool Lock(int descriptor) {
-  while (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
-    if (errno == EWOULDBLOCK) return false;
-    if (errno != EINTR) return true;
-  }
-  return true;
-}
+bool Lock(int descriptor) { return TryLock(descriptor) != EWOULDBLOCK; }
 
 /// True when the open file is the one that now has this name.
 bool Has(int descriptor, const std::string& name) {

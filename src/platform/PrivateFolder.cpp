@@ -5,7 +5,6 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <stdlib.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -13,6 +12,7 @@
 
 #include "base/FileError.h"
 #include "base/Folder.h"
+#include "base/Lock.h"
 
 namespace repvolta {
 namespace {
@@ -41,14 +41,6 @@ int OpenFolder(const std::string& path) {
   }
 }
 
-/// 0, or an errno value; EWOULDBLOCK when another process has it locked.
-int Lock(int descriptor) {
-  while (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
-    if (errno != EINTR) return errno;
-  }
-  return 0;
-}
-
 void Delete(const std::string& folder) {
   // A second time for what could not be deleted at first.
   std::error_code error;
@@ -62,7 +54,7 @@ void DeleteIfAbandoned(const std::string& folder) {
   if (descriptor < 0) return;
   struct stat status {};
   const bool isUsers = fstat(descriptor, &status) == 0 && status.st_uid == geteuid();
-  if (isUsers && Lock(descriptor) == 0) Delete(folder);
+  if (isUsers && TryLock(descriptor) == 0) Delete(folder);
   close(descriptor);
 }
 
@@ -98,7 +90,7 @@ bool PrivateFolder::Make(const std::string& place) {
   if (mkdtemp(pattern.data()) == nullptr) throw FileError(pattern, kFailure, errno);
   path_ = pattern + "/";
   descriptor_ = OpenFolder(pattern);
-  const int error = descriptor_ < 0 ? errno : Lock(descriptor_);
+  const int error = descriptor_ < 0 ? errno : TryLock(descriptor_);
   // A file system without locks grants every one.
   if (descriptor_ >= 0 && error != EWOULDBLOCK && IsOurs()) return true;
   Delete(pattern);

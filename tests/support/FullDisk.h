@@ -1,25 +1,17 @@
 #pragma once
 
 #include <csignal>
-#include <sys/resource.h>
+
+#include "support/ResourceLimit.h"
 
 namespace repvolta {
 
 /// While it lives no file can grow beyond `bytes`, as on a full disk.
-class FullDisk {
+class FullDisk : public ResourceLimit {
  public:
-  explicit FullDisk(rlim_t bytes) {
+  explicit FullDisk(rlim_t bytes) : ResourceLimit(RLIMIT_FSIZE, bytes) {
     std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
   }
-  ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit before_{};
 };
 
 }  // namespace repvolta

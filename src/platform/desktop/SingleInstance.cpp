@@ -7,9 +7,10 @@
 #include <QThread>
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 #include <utility>
+
+#include "base/Lock.h"
 
 namespace repvolta {
 namespace {
@@ -29,7 +30,7 @@ SingleInstance::SingleInstance(const std::string& programDirectory)
     : directory_(open(programDirectory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
       serverName_(ServerName(programDirectory)) {
   // A file system without locks must not keep the program from starting.
-  isFirst_ = flock(directory_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+  isFirst_ = TryLock(directory_) != EWOULDBLOCK;
 }
 
 SingleInstance::~SingleInstance() {

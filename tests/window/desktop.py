@@ -208,7 +208,9 @@ class Program:
         self.wait_for(f"{text!r} in the field", lambda: field.get_text(0, -1) == text)
 
     def _closed(self, box):
-        self.wait_for("the box to close", lambda: box not in list(children(self.application)))
+        # With its last box the program may end.
+        wait_for("the box to close", lambda: self.process.poll() is not None
+                 or box not in list(children(self.application)))
 
     def message(self, title, button="Return"):
         """Waits for a box, closes it with a key, and returns its text."""

@@ -25,9 +25,12 @@ const char* OpenFailure(File::Access access) {
 
 constexpr const char* kOtherName = "It has another name elsewhere";
 
-bool IsRegular(int descriptor) {
+/// Of a regular file; throws FileError for everything else.
+struct stat StatusOfOpened(int descriptor, const std::string& path, const char* failure) {
   struct stat status {};
-  return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+  if (fstat(descriptor, &status) != 0) throw FileError(path, failure, errno);
+  if (!S_ISREG(status.st_mode)) throw FileError(path, failure, kNoFile);
+  return status;
 }
 
 /// Opens, however often a signal comes in between.
@@ -75,7 +78,7 @@ File File::Open(const std::string& path, Access access) {
   const int descriptor = OpenDescriptor(path, mode | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) throw FileError(path, OpenFailure(access), errno);
   File file(descriptor, path);
-  if (!IsRegular(descriptor)) throw FileError(path, OpenFailure(access), kNoFile);
+  StatusOfOpened(descriptor, path, OpenFailure(access));
   return file;
 }
 
@@ -90,10 +93,9 @@ File File::OpenOrCreate(const std::string& path) {
   const int descriptor = OpenDescriptor(path, flags, 0666);
   if (descriptor < 0) throw FileError(path, kWriteFailure, errno);
   File file(descriptor, path);
-  if (!IsRegular(descriptor)) throw FileError(path, kWriteFailure, kNoFile);
-  struct stat status {};
-  if (fstat(descriptor, &status) != 0) throw FileError(path, kWriteFailure, errno);
-  if (status.st_nlink > 1) throw FileError(path, kWriteFailure, kOtherName);
+  if (StatusOfOpened(descriptor, path, kWriteFailure).st_nlink > 1) {
+    throw FileError(path, kWriteFailure, kOtherName);
+  }
   return file;
 }
 

@@ -278,6 +278,18 @@ TEST_F(UpdateProgram, GoesOnWhenAWorkoutCannotBeRead) {
   EXPECT_TRUE(fs::exists("player/C/C.M3U"));
 }
 
+TEST_F(UpdateProgram, KeepsAWorkoutWhoseNameIsThatOfAnotherButForBlanks) {
+  AddWorkout("A", "Squat");
+  AddWorkout(" A", "Rowing");
+  const Bytes before = GetFile("program/workouts/A.RPV");
+
+  const ProgramRun run = Update({" A"});
+
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.output, HasSubstr("It holds another workout, which was not loaded"));
+  EXPECT_EQ(GetFile("program/workouts/A.RPV"), before);
+}
+
 TEST_F(UpdateProgram, TakesNamesOfAllKinds) {
   const std::string song = "Été – \"走れ\" & $(rm -rf x); `y` 'z' %s -o.mp3";
   PutFile("music/" + song, SongBytes(2));

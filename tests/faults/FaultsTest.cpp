@@ -36,6 +36,9 @@ const std::vector<Group> kGroups = {{"open", {"EIO", "ENOSPC", "EACCES", "EINTR"
                                     {"close", {"EIO"}},
                                     {"lock", {"ENOLCK", "EINTR"}}};
 
+constexpr const char* kReasons[] = {"Input/output error", "No space left on device",
+                                    "Permission denied"};
+
 bool IsToBeSurvived(const std::string& failure) {
   return failure == "EINTR" || failure == "SHORT" || failure == "UNTYPED";
 }
@@ -173,12 +176,21 @@ TEST_F(EngineFaults, LeaveTheOldOrTheNewFileWhenSaving) {
   });
 }
 
-/// The first exercises of the workout are there, as they were.
-void ExpectExercisesKept(const Bytes& file) {
+/// The system's reason for a failure stands in a message.
+bool IsReasonTold(const ProgramRun& run) {
+  const std::string told = run.output + run.errors;
+  return std::ranges::any_of(
+      kReasons, [&](const char* reason) { return told.find(reason) != std::string::npos; });
+}
+
+/// The first exercises of the workout are there, as they were; the new one is, or it is told why
+/// not.
+void ExpectExercisesKept(const Bytes& file, const ProgramRun& run) {
   ASSERT_EQ(file.size(), kWorkoutFileSize);
   const ExerciseSlots workout = DecodeWorkout(file);
   EXPECT_EQ(workout[0].ExerciseName.Text(), "Squat");
   EXPECT_EQ(workout[1].ExerciseName.Text(), "Run");
+  EXPECT_TRUE(workout[4].ExerciseName.Text() == "Added" || IsReasonTold(run)) << run.output;
 }
 
 TEST_F(EngineFaults, LoseNothingFromTheStartToTheExit) {
@@ -191,7 +203,7 @@ TEST_F(EngineFaults, LoseNothingFromTheStartToTheExit) {
     const FaultyRun faulty = RunStep("start", fault);
     SCOPED_TRACE(Where(fault, faulty));
     ExpectTold(fault, faulty);
-    ExpectExercisesKept(GetFile("workouts/Monday.RPV"));
+    ExpectExercisesKept(GetFile("workouts/Monday.RPV"), faulty.run);
     EXPECT_TRUE(GetFile("settings.dat") == settings);
     EXPECT_TRUE(GetTextFile("musiclist.txt") == list);
     ExpectNoWorkingFiles(".");
@@ -209,9 +221,12 @@ TEST_F(EngineFaults, LeaveNoHalfSetUp) {
     const FaultyRun faulty = RunStep("start", fault);
     SCOPED_TRACE(Where(fault, faulty));
     ExpectTold(fault, faulty);
-    ExpectExercisesKept(GetFile("workouts/Monday.RPV"));
+    ExpectExercisesKept(GetFile("workouts/Monday.RPV"), faulty.run);
     ExpectNoWorkingFiles(".");
-    if (!fs::exists("settings.dat")) return faulty.hit;
+    if (!fs::exists("settings.dat")) {
+      EXPECT_TRUE(IsReasonTold(faulty.run)) << faulty.run.output;
+      return faulty.hit;
+    }
     const SettingsRecord saved = DecodeSettings(GetFile("settings.dat"));
     EXPECT_TRUE(saved.MusicPath == answers.MusicPath && saved.OutputPath == answers.OutputPath);
     return faulty.hit;

@@ -154,6 +154,7 @@ class EngineFaults : public FaultWorld {
 };
 
 TEST_F(EngineFaults, LeaveTheOldOrTheNewFileWhenSaving) {
+  constexpr fs::perms kPrivate{0600};
   const Bytes oldSettings = GetFile("settings.dat");
   ASSERT_EQ(RunProgram(ProgramBeside("engine_steps"), {"save"}).status, 0);
   const Bytes newSettings = GetFile("settings.dat");
@@ -161,6 +162,7 @@ TEST_F(EngineFaults, LeaveTheOldOrTheNewFileWhenSaving) {
   ForEachFault("saving", [&](const Fault& fault) {
     PutFile("settings.dat", oldSettings);
     PutFile("workouts/Monday.RPV", oldWorkout);
+    fs::permissions("settings.dat", kPrivate);
     const FaultyRun faulty = RunStep("save", fault);
     SCOPED_TRACE(fault.Text());
     ExpectTold(fault, faulty);
@@ -168,6 +170,7 @@ TEST_F(EngineFaults, LeaveTheOldOrTheNewFileWhenSaving) {
     const Bytes settings = GetFile("settings.dat");
     EXPECT_TRUE(workout == newWorkout || workout == oldWorkout);
     EXPECT_TRUE(settings == newSettings || settings == oldSettings);
+    EXPECT_EQ(fs::status("settings.dat").permissions(), kPrivate);
     if (faulty.run.status == 0) {
       EXPECT_TRUE(workout == newWorkout && settings == newSettings);
     }

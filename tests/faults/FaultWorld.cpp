@@ -188,6 +188,7 @@ FaultyRun FaultWorld::RunWith(const Fault& fault, const std::string& program,
         "REPVOLTA_TRACE=" + trace, std::string("ASAN_OPTIONS=verify_asan_link_order=0")}) {
     environment.push_back(setting);
   }
+  if (fault.hidesTypes) environment.push_back("REPVOLTA_UNTYPED=1");
   result.run = RunProgram(program, operands, environment);
   if (!fs::exists(trace)) {
     ADD_FAILURE() << program << " did not start: " << result.run.errors;

@@ -32,6 +32,7 @@ struct Fault {
   int number = 0;
   std::string failure;
   bool allBehind = false;
+  bool hidesTypes = false;  // and folders do not say what their entries are
 
   std::string Text() const;
 };

@@ -253,15 +253,18 @@ TEST_F(EngineFaults, ChangeNothingWhenLoading) {
 }
 
 TEST_F(EngineFaults, AreToldWhenListingWorkouts) {
-  ForEachFault("listing workouts", [&](const Fault& fault) {
-    const FaultyRun faulty = RunStep("list", fault);
-    SCOPED_TRACE(fault.Text());
-    ExpectTold(fault, faulty);
-    if (faulty.run.status == 0) {
-      EXPECT_EQ(faulty.run.output, "Monday.RPV\nTuesday.RPV\n");
-    }
-    return faulty.hit;
-  });
+  for (const bool hidesTypes : {false, true}) {
+    ForEachFault("listing workouts", [&](Fault fault) {
+      fault.hidesTypes = hidesTypes;
+      const FaultyRun faulty = RunStep("list", fault);
+      SCOPED_TRACE(fault.Text());
+      ExpectTold(fault, faulty);
+      if (faulty.run.status == 0) {
+        EXPECT_EQ(faulty.run.output, "Monday.RPV\nTuesday.RPV\n");
+      }
+      return faulty.hit;
+    });
+  }
 }
 
 TEST_F(EngineFaults, LeaveAWholeMusicList) {

@@ -6,6 +6,7 @@
 //                    name of an error; or SHORT: half of the bytes are read or written; or KILL:
 //                    the program is killed before the call; or UNTYPED: the entry of a
 //                    folder comes without its type.
+//   REPVOLTA_UNTYPED when it is set, no entry of a folder comes with its type.
 //   REPVOLTA_TRACE   the file that receives one line a call: GROUP, NUMBER, "ok" or "failed", and
 //                    what the call was about.
 //
@@ -74,6 +75,7 @@ struct Counters {
 };
 
 Plan plan;
+bool hidesTypes = false;
 Counters* counters = nullptr;
 int traceDescriptor = -1;
 pid_t program = 0;
@@ -129,7 +131,10 @@ __attribute__((constructor)) void Start() {
     close(descriptor);
   }
   if (const char* text = std::getenv("REPVOLTA_FAULT")) ReadPlan(text);
-  for (const char* name : {"LD_PRELOAD", "REPVOLTA_FAULT", "REPVOLTA_TRACE"}) unsetenv(name);
+  hidesTypes = std::getenv("REPVOLTA_UNTYPED") != nullptr;
+  for (const char* name : {"LD_PRELOAD", "REPVOLTA_FAULT", "REPVOLTA_UNTYPED", "REPVOLTA_TRACE"}) {
+    unsetenv(name);
+  }
   program = getpid();
   counters = new (shared) Counters{};
 }
@@ -338,7 +343,7 @@ EXPORTED dirent* readdir(DIR* folder) {
   errno = error > 0 ? error : before;
   if (error > 0) return nullptr;
   dirent* const entry = Real<dirent*(DIR*)>("readdir")(folder);
-  if (entry != nullptr && error == kUntyped) entry->d_type = DT_UNKNOWN;
+  if (entry != nullptr && (error == kUntyped || hidesTypes)) entry->d_type = DT_UNKNOWN;
   return entry;
 }
 

@@ -76,13 +76,13 @@ std::string_view CutUtf8(std::string_view text, std::size_t limit) {
 }
 
 std::string ShownOnOneLine(std::string_view text) {
-  constexpr char kFirstOfTwo = '\xC2';  // of U+0080 to U+009F
+  constexpr unsigned char kFirstOfTwo = 0xC2;  // of U+0080 to U+009F
   std::string line;
   line.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto code = static_cast<unsigned char>(text[i]);
-    const bool isTwoBytes = text[i] == kFirstOfTwo && i + 1 < text.size() &&
-                            static_cast<unsigned char>(text[i + 1]) < 0xA0;
+    const int next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0;
+    const bool isTwoBytes = code == kFirstOfTwo && 0x80 <= next && next < 0xA0;
     const bool isControl = code < 0x20 || code == 0x7F || isTwoBytes;
     line.push_back(isControl ? '?' : text[i]);
     if (isTwoBytes) ++i;

@@ -18,6 +18,10 @@ TEST(ShownOnOneLine, TakesControlCharactersOfTwoBytesAsOne) {
   EXPECT_EQ(ShownOnOneLine("a\xC2\x9B"
                            "2J\xC2\x80\xC2"),
             "a?2J?\xC2");
+  EXPECT_EQ(ShownOnOneLine("\xC2"
+                           "A"),
+            "\xC2"
+            "A");
 }
 
 }  // namespace

@@ -10,8 +10,8 @@
 
 #include "fakes/FakeServices.h"
 #include "fakes/ScriptedMainScreen.h"
-#include "support/NoMoreFiles.h"
 #include "support/TemporaryFolder.h"
+#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -169,27 +169,20 @@ TEST_F(StartUp, TellsOfADamagedWorkoutAndGoesOn) {
   EXPECT_EQ(screen.calls.back(), "settings screen");
 }
 
-/// From the selection of a workout on no file can be opened.
-class ScreenWithoutFiles : public ScriptedMainScreen {
- public:
-  void SelectWorkout(int /*index*/) override { none.emplace(); }
-  std::optional<NoMoreFiles> none;
-};
-
 TEST_F(StartUp, LetsNobodyEditAWorkoutThatCouldNotBeRead) {
   PutTwoWorkouts();
   PutLastWorkout(1);
   const Bytes before = GetFile("workouts/Tuesday.RPV");
-  ScreenWithoutFiles withoutFiles;
-
-  Form_Load(state, withoutFiles, services);
-  withoutFiles.none.reset();
-  SaveWorkout(state);
+  {
+    const UnreadableFile unreadable("workouts/Tuesday.RPV");
+    Load();
+    SaveWorkout(state);
+  }
 
   EXPECT_EQ(state.WorkoutFileName, "");
   EXPECT_EQ(GetFile("workouts/Tuesday.RPV"), before);
-  EXPECT_THAT(withoutFiles.messages,
-              ElementsAre("workouts/Tuesday.RPV could not be read: Too many open files"));
+  EXPECT_THAT(screen.messages,
+              ElementsAre("workouts/Tuesday.RPV could not be read: Permission denied"));
 }
 
 TEST_F(StartUp, TellsWhatKeepsTheMusicFromBeingCounted) {

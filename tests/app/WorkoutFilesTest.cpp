@@ -8,8 +8,8 @@
 #include "base/FileError.h"
 
 #include "fakes/RecordingScreen.h"
-#include "support/NoMoreFiles.h"
 #include "support/TemporaryFolder.h"
+#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -371,7 +371,7 @@ TEST_F(SettingsFile, IsKeptWhenItCouldNotBeRead) {
   SaveSettings(state);
   const Bytes before = GetFile("settings.dat");
   {
-    const NoMoreFiles none;
+    const UnreadableFile unreadable("settings.dat");
     EXPECT_THROW(LoadSettings(state), FileError);
   }
   state.Settings = {};

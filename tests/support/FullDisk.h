@@ -1,17 +1,25 @@
 #pragma once
 
 #include <csignal>
-
-#include "support/ResourceLimit.h"
+#include <sys/resource.h>
 
 namespace repvolta {
 
 /// While it lives no file can grow beyond `bytes`, as on a full disk.
-class FullDisk : public ResourceLimit {
+class FullDisk {
  public:
-  explicit FullDisk(rlim_t bytes) : ResourceLimit(RLIMIT_FSIZE, bytes) {
+  explicit FullDisk(rlim_t bytes) {
     std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
   }
+  ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit before_{};
 };
 
 }  // namespace repvolta

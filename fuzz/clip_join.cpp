@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "instruction/MergeWAVfiles.h"
-#include "platform/WavFormat.h"
+#include "sound/WavFormat.h"
 
 #include "support/Cost.h"
 #include "support/Fuzz.h"

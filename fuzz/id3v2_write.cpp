@@ -3,8 +3,8 @@
 
 #include "base/SingleByteText.h"
 #include "mp3/Id3v2Format.h"
-#include "mp3/ProcessMP3tag.h"
 #include "mp3/RepvoltaMP3v2.h"
+#include "update/ProcessMP3tag.h"
 
 #include "support/Cost.h"
 #include "support/Fuzz.h"

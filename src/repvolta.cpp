@@ -3,14 +3,14 @@
 #include <cstdio>
 #include <string>
 
-#include "app/StartUp.h"
+#include "app/ProgramDirectory.h"
 #include "base/Product.h"
-#include "platform/EngineSpeech.h"
-#include "platform/ProgramDirectory.h"
+#include "editing/StartUp.h"
 #include "platform/QtChildProcesses.h"
 #include "platform/desktop/DesktopAudioOutputs.h"
 #include "platform/desktop/DesktopDocuments.h"
 #include "platform/desktop/SingleInstance.h"
+#include "speech/EngineSpeech.h"
 #include "ui/MessageBox.h"
 #include "ui/QtDialogs.h"
 #include "ui/RandomMusicMessage.h"

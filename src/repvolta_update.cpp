@@ -8,21 +8,21 @@
 #include <vector>
 
 #include "app/Program.h"
+#include "app/ProgramDirectory.h"
 #include "app/Settings.h"
-#include "app/StartUp.h"
+#include "app/Voice.h"
 #include "app/WorkoutDamage.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/Text.h"
-#include "platform/EngineSpeech.h"
-#include "platform/ProgramDirectory.h"
 #include "platform/QtChildProcesses.h"
-#include "platform/UpdateLock.h"
+#include "speech/EngineSpeech.h"
+#include "update/OutputPath.h"
 #include "update/RandomMusicList.h"
 #include "update/Steps.h"
-#include "update/UpdateCommands.h"
 #include "update/UpdateDriver.h"
+#include "update/UpdateLock.h"
 
 // The update without a window, for scheduled runs and scripts.
 

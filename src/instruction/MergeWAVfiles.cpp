@@ -5,7 +5,7 @@
 
 #include "base/File.h"
 #include "base/FileError.h"
-#include "platform/WavFormat.h"
+#include "sound/WavFormat.h"
 
 namespace repvolta {
 namespace {

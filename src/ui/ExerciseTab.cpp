@@ -2,12 +2,12 @@
 
 #include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
+#include "editing/MusicEditing.h"
+#include "editing/ScreenTexts.h"
+#include "editing/SetEditing.h"
+#include "editing/SetValueEditing.h"
 #include "ui/Keys.h"
-#include "ui/MusicEditing.h"
-#include "ui/ScreenTexts.h"
-#include "ui/SetEditing.h"
 #include "ui/SetTable.h"
-#include "ui/SetValueEditing.h"
 
 #include "ui_ExerciseTab.h"
 

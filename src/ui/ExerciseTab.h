@@ -5,7 +5,7 @@
 #include <array>
 #include <memory>
 
-#include "ui/Editor.h"
+#include "editing/Editor.h"
 #include "ui/Handlers.h"
 
 namespace Ui {

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "ui/Dialogs.h"
+#include "editing/Dialogs.h"
 
 namespace repvolta {
 

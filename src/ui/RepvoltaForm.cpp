@@ -10,9 +10,10 @@
 #include <algorithm>
 
 #include "app/ScreenUpdate.h"
-#include "app/StartUp.h"
 #include "app/WorkoutFiles.h"
 #include "base/Text.h"
+#include "editing/StartUp.h"
+#include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
 #include "ui/Keys.h"
 #include "ui/SettingsTab.h"
@@ -20,7 +21,6 @@
 #include "ui/WindowLayout.h"
 #include "ui/WorkoutTab.h"
 #include "update/Steps.h"
-#include "update/UpdateCommands.h"
 
 #include "ui_RepvoltaForm.h"
 

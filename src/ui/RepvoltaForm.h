@@ -6,9 +6,9 @@
 #include <memory>
 #include <string>
 
-#include "app/MainScreen.h"
 #include "app/Program.h"
-#include "ui/Editor.h"
+#include "editing/Editor.h"
+#include "editing/MainScreen.h"
 #include "ui/Handlers.h"
 
 namespace Ui {

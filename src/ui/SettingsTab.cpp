@@ -2,8 +2,8 @@
 
 #include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
-#include "platform/SoundFormats.h"
-#include "ui/SettingsEditing.h"
+#include "editing/SettingsEditing.h"
+#include "speech/SoundFormats.h"
 
 #include "ui_SettingsTab.h"
 

@@ -4,10 +4,10 @@
 
 #include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
-#include "ui/ExerciseEditing.h"
+#include "editing/ExerciseEditing.h"
+#include "editing/ScreenTexts.h"
+#include "editing/WorkoutEditing.h"
 #include "ui/Keys.h"
-#include "ui/ScreenTexts.h"
-#include "ui/WorkoutEditing.h"
 
 #include "ui_WorkoutTab.h"
 

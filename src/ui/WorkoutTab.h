@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <memory>
 
-#include "ui/Editor.h"
+#include "editing/Editor.h"
 #include "ui/Handlers.h"
 
 namespace Ui {

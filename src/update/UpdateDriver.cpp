@@ -11,11 +11,11 @@
 #include "base/Text.h"
 #include "instruction/TextInstruction.h"
 #include "instruction/VoiceInstruction.h"
-#include "mp3/ProcessMP3tag.h"
 #include "update/Encoder.h"
 #include "update/Growth.h"
 #include "update/OutputFolder.h"
 #include "update/PlayList.h"
+#include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
 #include "update/Steps.h"
 

@@ -4,11 +4,11 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "platform/SpeechSynthesizer.h"
-#include "platform/WavReader.h"
-
 #include "clips/ClipSound.h"
 #include "clips/VoiceCommand.h"
+#include "sound/WavReader.h"
+#include "speech/SpeechSynthesizer.h"
+
 #include "support/TemporaryFolder.h"
 #include "support/WavBytes.h"
 

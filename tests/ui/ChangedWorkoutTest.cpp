@@ -1,4 +1,4 @@
-#include "platform/UpdateLock.h"
+#include "update/UpdateLock.h"
 
 #include "support/FormFixture.h"
 

@@ -1,0 +1,9 @@
+#include "editing/Editor.h"
+
+#include <algorithm>
+
+namespace repvolta {
+
+int RowAfterRemoval(int removed, int rowsLeft) { return std::min(removed, rowsLeft - 1); }
+
+}  // namespace repvolta

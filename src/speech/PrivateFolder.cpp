@@ -1,0 +1,110 @@
+#include "speech/PrivateFolder.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+#include "base/FileError.h"
+#include "base/Folder.h"
+#include "base/Lock.h"
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kPrefix = "repvolta-speech-";
+constexpr const char* kFailure = "could not be created";
+constexpr int kAttempts = 10;
+
+/// espeak-ng cuts off the names of its files at 199 bytes.
+constexpr std::size_t kLongestPlace = 150;
+
+/// The folder for temporary files, or the system's own when that one cannot be used.
+std::string TemporaryPlace() {
+  std::error_code error;
+  const fs::path place = fs::temp_directory_path(error);
+  return error || place.string().size() > kLongestPlace ? P_tmpdir : place.string();
+}
+
+/// -1 where there is no such folder, or only a link.
+int OpenFolder(const std::string& path) {
+  while (true) {
+    const int descriptor = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (descriptor >= 0 || errno != EINTR) return descriptor;
+  }
+}
+
+void Delete(const std::string& folder) {
+  // A second time for what could not be deleted at first.
+  std::error_code error;
+  fs::remove_all(folder, error);
+  if (error) fs::remove_all(folder, error);
+}
+
+/// Who made a folder holds its lock, as long as the process lives.
+void DeleteIfAbandoned(const std::string& folder) {
+  const int descriptor = OpenFolder(folder);
+  if (descriptor < 0) return;
+  struct stat status {};
+  const bool isUsers = fstat(descriptor, &status) == 0 && status.st_uid == geteuid();
+  if (isUsers && TryLock(descriptor) == 0) Delete(folder);
+  close(descriptor);
+}
+
+void DeleteAbandoned(const std::string& place) {
+  std::vector<std::string> folders;
+  ForEachEntry(place, [&](std::string_view name, EntryType type) {
+    if (type == EntryType::kFolder && name.starts_with(kPrefix)) {
+      folders.push_back(std::string(place).append("/").append(name));
+    }
+  });
+  for (const std::string& folder : folders) DeleteIfAbandoned(folder);
+}
+
+}  // namespace
+
+PrivateFolder::PrivateFolder() {
+  const std::string place = TemporaryPlace();
+  DeleteAbandoned(place);
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    if (Make(place)) return;
+  }
+  throw FileError(place, kFailure, "Another program takes the folders in it away");
+}
+
+PrivateFolder::~PrivateFolder() {
+  Delete(path_);
+  close(descriptor_);
+}
+
+/// False when another process took the folder for an abandoned one before it was locked.
+bool PrivateFolder::Make(const std::string& place) {
+  std::string pattern = std::string(place).append("/").append(kPrefix).append("XXXXXX");
+  if (mkdtemp(pattern.data()) == nullptr) throw FileError(pattern, kFailure, errno);
+  path_ = pattern + "/";
+  descriptor_ = OpenFolder(pattern);
+  const int error = descriptor_ < 0 ? errno : TryLock(descriptor_);
+  // A file system without locks grants every one.
+  if (descriptor_ >= 0 && error != EWOULDBLOCK && IsOurs()) return true;
+  Delete(pattern);
+  if (descriptor_ < 0 && error != ENOENT) throw FileError(pattern, kFailure, error);
+  if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
+  return false;
+}
+
+/// True when the locked folder is still the one that has its name.
+bool PrivateFolder::IsOurs() const {
+  struct stat locked {};
+  struct stat named {};
+  return fstat(descriptor_, &locked) == 0 && lstat(path_.c_str(), &named) == 0 &&
+         locked.st_dev == named.st_dev && locked.st_ino == named.st_ino;
+}
+
+}  // namespace repvolta

@@ -5,9 +5,8 @@
 #include "base/FileError.h"
 #include "base/FileNames.h"
 #include "base/WholeFile.h"
-#include "platform/WavReader.h"
-
 #include "clips/ClipSound.h"
+#include "platform/WavReader.h"
 
 namespace repvolta {
 namespace {

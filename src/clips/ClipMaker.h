@@ -3,9 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/SpeechEngine.h"
-
 #include "clips/ClipLists.h"
+#include "platform/SpeechEngine.h"
 
 namespace repvolta {
 

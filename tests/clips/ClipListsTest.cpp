@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "base/FileError.h"
-
 #include "clips/ClipLists.h"
+
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {

@@ -4,11 +4,11 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
+#include "clips/ClipSound.h"
+#include "clips/VoiceCommand.h"
 #include "platform/SpeechSynthesizer.h"
 #include "platform/WavReader.h"
 
-#include "clips/ClipSound.h"
-#include "clips/VoiceCommand.h"
 #include "support/TemporaryFolder.h"
 #include "support/WavBytes.h"
 

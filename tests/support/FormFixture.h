@@ -13,7 +13,6 @@
 
 #include "app/Exercises.h"
 #include "app/RecordFormat.h"
-#include "app/Settings.h"
 #include "app/WorkoutFiles.h"
 #include "ui/RepvoltaForm.h"
 #include "ui/RowList.h"
@@ -22,6 +21,7 @@
 #include "fakes/ScriptedDialogs.h"
 #include "support/Modal.h"
 #include "support/ProgramFixture.h"
+#include "support/SavedFiles.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -129,25 +129,6 @@ class FormFixture : public testing::Test {
   }
 
   std::string Text(const char* label) { return Get<QLabel>(label).text().toStdString(); }
-
-  /// What is in a workout file now.
-  static ExerciseSlots Saved(const std::string& fileName = "Monday.RPV") {
-    return DecodeWorkout(GetFile("workouts/" + fileName));
-  }
-
-  static SettingsRecord SavedSettings() { return DecodeSettings(GetFile(kSettingsFile)); }
-
-  /// From now on no workout can be saved.
-  static void BlockWorkouts() {
-    std::filesystem::rename("workouts", "workouts before");
-    PutFile("workouts", "a file where the folder was");
-  }
-
-  /// From now on the settings cannot be saved.
-  static void BlockSettings() {
-    std::filesystem::remove(kSettingsFile);
-    PutFile(std::string(kSettingsFile) + "/in the way", "");
-  }
 
   TemporaryFolder folder;
   ProgramState state;

@@ -40,9 +40,12 @@ Descriptor OpenFolder(const std::string& path) {
 
 void Delete(const std::string& folder) {
   // A second time for what could not be deleted at first.
-  std::error_code error;
-  fs::remove_all(folder, error);
-  if (error) fs::remove_all(folder, error);
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    try {
+      return DeleteFolder(folder);
+    } catch (const FileError&) {
+    }
+  }
 }
 
 /// Who made a folder holds its lock, as long as the process lives.

@@ -69,9 +69,10 @@ void WholeFileWriter::WriteOut() {
   pending_.clear();
 }
 
-void WholeFileWriter::Commit() {
+void WholeFileWriter::Commit(const std::function<void()>& lastCheck) {
   WriteOut();
   FlushWorkingFile();
+  if (lastCheck) lastCheck();
   if (std::rename(file_.Path().c_str(), path_.c_str()) != 0) {
     throw FileError(path_, kFailure, errno);
   }
@@ -86,7 +87,7 @@ std::optional<FileStamp> WholeFileWriter::Placed() const {
 
 void WholeFileWriter::FlushWorkingFile() {
   Writing([&] {
-    if (fchmod(file_.Descriptor(), PermissionsFor(path_)) != 0) {
+    if (fchmod(file_.OpenAs().Number(), PermissionsFor(path_)) != 0) {
       throw FileError(path_, kFailure, errno);
     }
     file_.FlushToDevice();

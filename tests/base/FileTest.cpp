@@ -9,6 +9,7 @@
 
 #include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
+#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -195,6 +196,17 @@ TEST(WholeFileWriter, TakesOverWhatADeadProcessLeft) {
   EXPECT_EQ(EntriesHere(), 1U);
 }
 
+TEST(WholeFileWriter, WritesAgainOnceALeftoverCanBeRemoved) {
+  TemporaryFolder folder;
+  PutFile(WorkingName("workouts/Monday.RPV"), "half");
+  {
+    const UnreadableFile readOnly("workouts", fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_THROW(WriteWholeFile("workouts/Monday.RPV", AsBytes("first")), FileError);
+  }
+  WriteWholeFile("workouts/Monday.RPV", AsBytes("second"));
+  EXPECT_EQ(GetTextFile("workouts/Monday.RPV"), "second");
+}
+
 TEST(WholeFileWriter, NeverWritesThroughALink) {
   TemporaryFolder folder;
   PutFile("precious", "old");
@@ -226,6 +238,30 @@ TEST(WholeFileWriter, SaysSoWhereAFolderIsInItsWay) {
   TemporaryFolder folder;
   fs::create_directory(WorkingName("Monday.RPV"));
   EXPECT_THROW(WriteWholeFile("Monday.RPV", AsBytes("new")), FileError);
+}
+
+TEST(WholeFileWriter, KeepsTheOldFileWhenTheLastCheckFails) {
+  TemporaryFolder folder;
+  PutFile("Monday.RPV", "old");
+  {
+    WholeFileWriter writer("Monday.RPV");
+    writer.Append("new");
+    const auto changed = [] { throw FileError("Monday.RPV", "could not be written", "Changed"); };
+    EXPECT_THROW(writer.Commit(changed), FileError);
+    EXPECT_FALSE(writer.Placed());
+  }
+  EXPECT_EQ(GetTextFile("Monday.RPV"), "old");
+  EXPECT_EQ(EntriesHere(), 1U);
+}
+
+TEST(WholeFileWriter, ChecksLastWhenTheNewFileIsReadyForItsPlace) {
+  TemporaryFolder folder;
+  WholeFileWriter writer("Monday.RPV");
+  writer.Append("new");
+  writer.Commit([] {
+    EXPECT_EQ(GetTextFile(WorkingName("Monday.RPV")), "new");
+    EXPECT_FALSE(FileExists("Monday.RPV"));
+  });
 }
 
 TEST(WholeFileWriter, IsPrivateWhileItIsWritten) {

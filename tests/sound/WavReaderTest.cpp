@@ -109,6 +109,16 @@ TEST(WavReader, RefusesKindsThatItDoesNotKnow) {
   }
 }
 
+TEST(WavReader, ReadsRatesFrom1To384Kilohertz) {
+  const auto withRate = [](std::uint32_t rate) {
+    return WavBytes().Format(1, rate, 16).Samples16({1});
+  };
+  EXPECT_EQ(ReadWav(withRate(1000)).rate, 1000U);
+  EXPECT_EQ(ReadWav(withRate(384000)).rate, 384000U);
+  EXPECT_THROW(ReadWav(withRate(999)), WavError);
+  EXPECT_THROW(ReadWav(withRate(384001)), WavError);
+}
+
 TEST(WavReader, SurvivesEveryCutAndChangedByte) {
   const Bytes whole = WavBytes().ExtensibleFormat(2, 8000, 24).Chunk("data", "0123456789ab").Get();
   std::mt19937 random(1);

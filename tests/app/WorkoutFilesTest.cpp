@@ -3,14 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "app/RecordFormat.h"
-#include "app/Settings.h"
 #include "app/WorkoutDamage.h"
 #include "app/WorkoutFiles.h"
 #include "base/FileError.h"
 
 #include "fakes/RecordingScreen.h"
 #include "support/TemporaryFolder.h"
-#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -386,58 +384,6 @@ TEST_F(OddSize, IsNoneWithoutAWorkout) {
   LoadFileOf(0);
   state.WorkoutFileName = "";
   EXPECT_EQ(OddSizeOf(state), "");
-}
-
-class SettingsFile : public WorkoutFiles {};
-
-TEST_F(SettingsFile, HasDefaultsWhenItIsMissing) {
-  state.Settings.MusicPath = "/music";
-  LoadSettings(state);
-  EXPECT_TRUE(state.Settings.MusicPath.IsBlank());
-  EXPECT_EQ(state.Settings.VoiceVolume, 70);
-  EXPECT_EQ(state.Settings.DefaultExerciseTime, 0);
-  EXPECT_EQ(state.Settings.IncludeWeightValues, kFalse);
-}
-
-TEST_F(SettingsFile, GivesBackWhatWasSaved) {
-  state.Settings.MusicPath = "/Musik/Übung";
-  state.Settings.AudioFormat = "3";
-  const SettingsRecord saved = state.Settings;
-  SaveSettings(state);
-  state.Settings = {};
-
-  LoadSettings(state);
-
-  EXPECT_EQ(state.Settings, saved);
-}
-
-TEST_F(SettingsFile, IsKeptWhenItCouldNotBeRead) {
-  state.Settings.MusicPath = "/music";
-  SaveSettings(state);
-  const Bytes before = GetFile("settings.dat");
-  {
-    const UnreadableFile unreadable("settings.dat");
-    EXPECT_THROW(LoadSettings(state), FileError);
-  }
-  state.Settings = {};
-
-  EXPECT_THROW(SaveSettings(state), FileError);
-  EXPECT_EQ(GetFile("settings.dat"), before);
-
-  LoadSettings(state);
-  SaveSettings(state);
-  EXPECT_EQ(GetFile("settings.dat"), before);
-}
-
-TEST_F(SettingsFile, IsSavedInTheProgramDirectory) {
-  std::filesystem::current_path("/");
-  SaveSettings(state);
-  EXPECT_TRUE(std::filesystem::exists(folder.Path() + "settings.dat"));
-}
-
-TEST_F(SettingsFile, IsNotSavedWhereTheDirectoryIsGone) {
-  state.ProgramDirectory = folder.Path() + "gone/";
-  EXPECT_THROW(SaveSettings(state), FileError);
 }
 
 }  // namespace

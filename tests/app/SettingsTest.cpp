@@ -94,7 +94,7 @@ TEST_F(SettingsFile, EndsWhereItsAudioFormatClaimsMore) {
 TEST_F(SettingsFile, IsReadAsFarAsSettingsCanGo) {
   SettingsRecord settings;
   settings.AudioFormat = std::string(0xFFFF, '7');
-  settings.LastWorkoutIndex = 3;
+  settings.ReservedTexts.bytes.back() = 'x';
   Bytes file = EncodeSettings(settings);
   ASSERT_EQ(file.size(), 1320U + 0xFFFFU);
   file.resize(file.size() + 100000, 'x');
@@ -173,7 +173,7 @@ TEST_F(SettingsOfTwo, AreNotReplacedByTheBlanksOfHalfAFile) {
   state.Settings.AudioFormat = "14";
   SaveSettings(state);
   const Bytes whole = GetFile("settings.dat");
-  PutFile("settings.dat", std::span(whole).first(whole.size() - 1));
+  PutFile("settings.dat", std::span(whole).first(300));
   SaveSettings(state);
   EXPECT_EQ(GetFile("settings.dat"), whole);
 
@@ -202,6 +202,16 @@ TEST_F(SettingsOfTwo, AreThoseOfTheFileWhereItCannotBeRead) {
   EXPECT_EQ(DecodeSettings(GetFile("settings.dat")).OutputPath.Text(), "/mine");
 }
 
+TEST_F(SettingsOfTwo, AreThoseOfTheFileWhereTheOtherTakesAChangeBack) {
+  other.Settings.MusicPath = "/other";
+  SaveSettings(other);
+  ReloadChangedSettings(state);
+  other.Settings.MusicPath = "/music";
+  SaveSettings(other);
+  SaveSettings(state);
+  EXPECT_EQ(state.Settings.MusicPath.Text(), "/music");
+}
+
 TEST_F(SettingsOfTwo, AreStillMergedWhereTheyCouldNotBeWritten) {
   other.Settings.MusicPath = "/other";
   SaveSettings(other);
@@ -217,6 +227,7 @@ TEST_F(SettingsOfTwo, AreStillMergedWhereTheyCouldNotBeWritten) {
 }
 
 TEST_F(SettingsOfTwo, AreNotLoadedAgainWhereNoneCouldBeReadAtTheStart) {
+  other.Settings.OutputPath = "/other";
   SaveSettings(other);
   state.Settings.MusicPath = "/typed";
   state.SettingsAreUnread = true;

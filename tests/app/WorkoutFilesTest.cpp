@@ -14,7 +14,9 @@ namespace repvolta {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::ThrowsMessage;
 
 /// A program directory of its own.
 class WorkoutFiles : public testing::Test {
@@ -51,6 +53,16 @@ TEST_F(WorkoutFiles, LeaveAnEmptyListWhenThereAreNone) {
   LoadWorkoutNames(state, screen);
   EXPECT_THAT(state.WorkoutNames, IsEmpty());
   EXPECT_EQ(state.NumberOfWorkouts, 0);
+}
+
+TEST_F(WorkoutFiles, AreNeitherListedNorSavedWhereAFileIsInTheWayOfTheirFolder) {
+  PutFile("workouts", "in the way");
+  state.WorkoutFileName = "Monday.RPV";
+  const auto throwsThat = ThrowsMessage<FileError>(HasSubstr("workouts/ could not be created"));
+  EXPECT_THAT([&] { LoadWorkoutNames(state, screen); }, throwsThat);
+  EXPECT_THAT([&] { SaveWorkout(state); }, throwsThat);
+  EXPECT_FALSE(state.ScreenUpdating);
+  EXPECT_EQ(GetTextFile("workouts"), "in the way");
 }
 
 TEST_F(WorkoutFiles, LoadAndSelectTheFirstExercise) {

@@ -118,7 +118,8 @@ void SaveWorkout(ProgramState& state) {
   WholeFileWriter writer(path);
   writer.Append(EncodeWorkout(state.Workout));
   try {
-    writer.Commit();
+    // Another program may have been waited for, which has changed the file meanwhile.
+    writer.Commit([&] { ExpectKnown(state, path); });
   } catch (const FileError&) {
     RememberPlaced(state, writer);
     throw;

@@ -69,9 +69,10 @@ void WholeFileWriter::WriteOut() {
   pending_.clear();
 }
 
-void WholeFileWriter::Commit() {
+void WholeFileWriter::Commit(const std::function<void()>& lastCheck) {
   WriteOut();
   FlushWorkingFile();
+  if (lastCheck) lastCheck();
   if (std::rename(file_.Path().c_str(), path_.c_str()) != 0) {
     throw FileError(path_, kFailure, errno);
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,9 +33,11 @@ class WholeFileWriter {
   /// Appends the bytes that `from` has now, from `offset` on. Throws FileError that names `path`.
   void AppendRest(const File& from, std::uint64_t offset);
 
-  /// Throws FileError that names `path`, which is then as it was; or one that names its folder,
-  /// when the new file is in place but the device may not know.
-  void Commit();
+  /// `lastCheck` runs right before the new file takes its place, when no other writer of ours can
+  /// any more; what it throws keeps the old one. Throws FileError that names `path`, which is then
+  /// as it was; or one that names its folder, when the new file is in place but the device may not
+  /// know.
+  void Commit(const std::function<void()>& lastCheck = {});
 
   /// The stamp of the new file; nothing when it is not in place.
   std::optional<FileStamp> Placed() const;

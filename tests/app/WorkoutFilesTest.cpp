@@ -8,6 +8,7 @@
 #include "base/FileError.h"
 
 #include "fakes/RecordingScreen.h"
+#include "support/AtFlush.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -184,6 +185,17 @@ TEST_F(WorkoutFiles, DoNotReplaceWhatAnotherProcessHasWritten) {
   EXPECT_THROW(SaveWorkout(state), FileError);
 
   EXPECT_EQ(GetFile("workouts/Monday.RPV"), grown);
+}
+
+TEST_F(WorkoutFiles, DoNotReplaceWhatAnotherWritesDuringTheSave) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  const AtFlush synced([&] { PutWorkout("Monday.RPV", {"Synced"}); });
+
+  EXPECT_THROW(SaveWorkout(state), FileError);
+
+  EXPECT_EQ(DecodeWorkout(GetFile("workouts/Monday.RPV"))[0].ExerciseName.Text(), "Synced");
 }
 
 TEST_F(WorkoutFiles, DoNotReplaceWhatWasNotLoaded) {

@@ -240,6 +240,30 @@ TEST(WholeFileWriter, SaysSoWhereAFolderIsInItsWay) {
   EXPECT_THROW(WriteWholeFile("Monday.RPV", AsBytes("new")), FileError);
 }
 
+TEST(WholeFileWriter, KeepsTheOldFileWhenTheLastCheckFails) {
+  TemporaryFolder folder;
+  PutFile("Monday.RPV", "old");
+  {
+    WholeFileWriter writer("Monday.RPV");
+    writer.Append("new");
+    const auto changed = [] { throw FileError("Monday.RPV", "could not be written", "Changed"); };
+    EXPECT_THROW(writer.Commit(changed), FileError);
+    EXPECT_FALSE(writer.Placed());
+  }
+  EXPECT_EQ(GetTextFile("Monday.RPV"), "old");
+  EXPECT_EQ(EntriesHere(), 1U);
+}
+
+TEST(WholeFileWriter, ChecksLastWhenTheNewFileIsReadyForItsPlace) {
+  TemporaryFolder folder;
+  WholeFileWriter writer("Monday.RPV");
+  writer.Append("new");
+  writer.Commit([] {
+    EXPECT_EQ(GetTextFile(WorkingName("Monday.RPV")), "new");
+    EXPECT_FALSE(FileExists("Monday.RPV"));
+  });
+}
+
 TEST(WholeFileWriter, IsPrivateWhileItIsWritten) {
   TemporaryFolder folder;
   const WholeFileWriter writer("Monday.RPV");

@@ -8,8 +8,38 @@
 namespace repvolta {
 namespace {
 
+constexpr int kTries = 3;
+
+/// Others came in while ours were being written.
+class SettingsCameIn : public FileError {
+ public:
+  SettingsCameIn()
+      : FileError(kSettingsFile, "could not be written", "Another program goes on changing it") {}
+};
+
+/// The stamp of what the file holds, when that was neither loaded nor saved here.
+std::optional<FileStamp> StampOfOthers(const ProgramState& state) {
+  const std::optional<FileStamp> stamp = StampOf(kSettingsFile);
+  return stamp == state.KnownSettings.stamp ? std::nullopt : stamp;
+}
+
 void RememberPlaced(ProgramState& state, const WholeFileWriter& writer) {
   if (const auto stamp = writer.Placed()) state.KnownSettings = {state.Settings, stamp};
+}
+
+void WriteSettings(ProgramState& state) {
+  WholeFileWriter writer(kSettingsFile);
+  ReloadChangedSettings(state);
+  writer.Append(EncodeSettings(state.Settings));
+  try {
+    writer.Commit([&] {
+      if (StampOfOthers(state)) throw SettingsCameIn();
+    });
+  } catch (const FileError&) {
+    RememberPlaced(state, writer);
+    throw;
+  }
+  RememberPlaced(state, writer);
 }
 
 }  // namespace
@@ -26,8 +56,8 @@ void LoadSettings(ProgramState& state) {
 }
 
 void ReloadChangedSettings(ProgramState& state) {
-  const std::optional<FileStamp> stamp = StampOf(kSettingsFile);
-  if (state.SettingsAreUnread || !stamp || stamp == state.KnownSettings.stamp) return;
+  const std::optional<FileStamp> stamp = StampOfOthers(state);
+  if (!stamp || state.SettingsAreUnread) return;
   const Bytes file = ReadWholeFile(kSettingsFile, kLongestSettingsFile);
   state.KnownSettings.stamp = stamp;
   const SettingsRecord theirs = DecodeSettings(file);
@@ -42,17 +72,13 @@ void SaveSettings(ProgramState& state) {
   if (state.SettingsAreUnread) {
     throw FileError(kSettingsFile, "is kept as it was", "It could not be read at the start");
   }
-  // Made first: no other that saves the same file comes between the look and the save.
-  WholeFileWriter writer(kSettingsFile);
-  ReloadChangedSettings(state);
-  writer.Append(EncodeSettings(state.Settings));
-  try {
-    writer.Commit();
-  } catch (const FileError&) {
-    RememberPlaced(state, writer);
-    throw;
+  for (int tries = 1; true; ++tries) {
+    try {
+      return WriteSettings(state);
+    } catch (const SettingsCameIn&) {
+      if (tries == kTries) throw;
+    }
   }
-  RememberPlaced(state, writer);
 }
 
 }  // namespace repvolta

@@ -6,6 +6,7 @@
 #include "app/Settings.h"
 #include "base/FileError.h"
 
+#include "support/AtFlush.h"
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"
 
@@ -116,6 +117,12 @@ class SettingsOfTwo : public SettingsFile {
     LoadSettings(other);
   }
 
+  /// What a synced folder brings in.
+  static void Bring(const SettingsRecord& settings) {
+    PutFile("brought", EncodeSettings(settings));
+    std::filesystem::rename("brought", "settings.dat");
+  }
+
   ProgramState other;
 };
 
@@ -180,6 +187,36 @@ TEST_F(SettingsOfTwo, AreNotReplacedByTheBlanksOfHalfAFile) {
   PutFile("settings.dat", "");
   SaveSettings(state);
   EXPECT_EQ(GetFile("settings.dat"), whole);
+}
+
+TEST_F(SettingsOfTwo, AreBothKeptWhereOneComesInDuringTheSave) {
+  other.Settings.MusicPath = "/other";
+  const AtFlush synced([&] { Bring(other.Settings); });
+  state.Settings.OutputPath = "/mine";
+
+  SaveSettings(state);
+
+  EXPECT_EQ(state.Settings.MusicPath.Text(), "/other");
+  EXPECT_EQ(state.Settings.OutputPath.Text(), "/mine");
+  EXPECT_EQ(GetFile("settings.dat"), EncodeSettings(state.Settings));
+}
+
+TEST_F(SettingsOfTwo, AreThoseOfTheFileWhereOthersComeInAgainAndAgain) {
+  int brought = 0;
+  std::function<void()> bringAgain = [&] {
+    other.Settings.VoiceRate = static_cast<std::int16_t>(++brought);
+    Bring(other.Settings);
+    AtFlush::Then() = bringAgain;
+  };
+  const AtFlush synced(bringAgain);
+  state.Settings.OutputPath = "/mine";
+
+  EXPECT_THAT([&] { SaveSettings(state); },
+              ThrowsMessage<FileError>(
+                  StrEq("settings.dat could not be written: Another program goes on changing it")));
+
+  EXPECT_EQ(brought, 3);
+  EXPECT_EQ(GetFile("settings.dat"), EncodeSettings(other.Settings));
 }
 
 TEST_F(SettingsOfTwo, AreThoseOfTheFileWhereItCannotBeRead) {

@@ -6,6 +6,7 @@
 #include "base/FileError.h"
 #include "platform/ProgramDirectory.h"
 
+#include "support/AtFlush.h"
 #include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"
@@ -238,6 +239,17 @@ TEST_F(ProgramDirectory, IsNotTakenForOneThatNothingIsSharedWith) {
   Share("voice/one.wav", "one");
   const UnreadableFile unreadable("usr/share");
   EXPECT_THROW(Fill(), FileError);
+}
+
+TEST_F(ProgramDirectory, HoldsACopyOnlyOnceItIsOnTheDevice) {
+  Share("one.wav", "one");
+  bool isFlushed = false;
+  const AtFlush look([&] {
+    isFlushed = true;
+    EXPECT_FALSE(fs::exists(program + "one.wav"));
+  });
+  Fill();
+  EXPECT_TRUE(isFlushed);
 }
 
 TEST_F(ProgramDirectory, NeverHoldsHalfACopy) {

@@ -7,6 +7,7 @@
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/Folder.h"
 #include "base/WholeFile.h"
 
 namespace repvolta {
@@ -14,8 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kSharedData = "../share/repvolta";
-constexpr std::size_t kLargestSharedFile = 64U << 20U;  // bytes
+constexpr const char* kSharedData = "../share/repvolta/";
 constexpr const char* kEncoderLink = "lame.exe";
 
 std::string UserDataFolder() {
@@ -23,50 +23,42 @@ std::string UserDataFolder() {
   return folder.toStdString() + "/repvolta/";
 }
 
-bool IsPortable(const std::string& executableFolder) {
-  return fs::is_directory(executableFolder + "voice");
-}
-
 /// All or nothing: half a clip would count as the user's own at the next start.
 void CopyWhole(const std::string& source, const std::string& target) {
+  const File shared = File::Open(source, File::Access::kRead);
   WholeFileWriter writer(target);
-  writer.Append(ReadWholeFile(source, kLargestSharedFile));
+  writer.AppendRest(shared, 0);
   writer.Commit();
 }
 
-/// Copies what `target` lacks, folder by folder.
-void CopyMissing(const fs::path& source, const fs::path& target) {
-  fs::create_directories(target);
-  for (const fs::directory_entry& entry : fs::directory_iterator(source)) {
-    const fs::path copy = target / entry.path().filename();
-    if (entry.is_directory()) {
-      CopyMissing(entry.path(), copy);
-    } else if (!fs::exists(fs::symlink_status(copy))) {
-      CopyWhole(entry.path(), copy);
+/// Copies what `target` lacks, folder by folder; both end in a separator.
+void CopyMissing(const std::string& source, const std::string& target) {
+  MakeFolders(target);
+  const int error = ForEachEntry(source, [&](std::string_view name, EntryType /*type*/) {
+    const std::string shared = source + std::string(name);
+    const std::string copy = target + std::string(name);
+    if (FolderExists(shared)) {
+      CopyMissing(shared + "/", copy + "/");
+    } else if (!IsTaken(copy)) {
+      CopyWhole(shared, copy);
     }
-  }
+  });
+  if (error != 0) throw FileError(source, "could not be read", error);
 }
 
 }  // namespace
 
 std::string FindProgramDirectory(const std::string& executable) {
   const std::string beside = FolderOf(executable);
-  return IsPortable(beside) ? beside : UserDataFolder();
+  return FolderExists(beside + "voice") ? beside : UserDataFolder();
 }
 
 void FillProgramDirectory(const std::string& programDirectory, const std::string& executable) {
   const std::string beside = FolderOf(executable);
   if (programDirectory == beside) return;
-  try {
-    fs::create_directories(programDirectory);
-    const fs::path shared = fs::path(beside) / kSharedData;
-    if (fs::is_directory(shared)) CopyMissing(shared, programDirectory);
-  } catch (const fs::filesystem_error& error) {
-    if (error.code() == std::errc::interrupted) {
-      return FillProgramDirectory(programDirectory, executable);
-    }
-    throw FileError(programDirectory, "could not be filled", error.code().value());
-  }
+  MakeFolders(programDirectory);
+  const std::string shared = beside + kSharedData;
+  if (FolderExists(shared)) CopyMissing(shared, programDirectory);
 }
 
 void LinkEncoder(const std::string& programDirectory) {

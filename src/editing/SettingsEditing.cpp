@@ -13,6 +13,13 @@ namespace {
 
 Flag FlagOf(CheckBox box) { return box == CheckBox::kTicked ? kTrue : kFalse; }
 
+/// Shows also what was taken over from another program that had saved settings meanwhile.
+void SaveAndShow(Editor& editor) {
+  const SettingsRecord ours = editor.State().Settings;
+  SaveSettings(editor.State());
+  if (editor.State().Settings != ours) editor.screen.UpdateSettingsScreen();
+}
+
 }  // namespace
 
 void MusicPathButton_Click(Editor& editor) {
@@ -20,7 +27,7 @@ void MusicPathButton_Click(Editor& editor) {
   if (path.empty()) return;
   editor.State().Settings.MusicPath = PathField(path);
   editor.screen.ShowPaths();
-  SaveSettings(editor.State());
+  SaveAndShow(editor);
   editor.dialogs.ShowMessage(
       "You have changed the music path. The random music file list must now be recompiled as "
       "well.");
@@ -32,7 +39,7 @@ void OutputPathButton_Click(Editor& editor) {
   if (path.empty()) return;
   editor.State().Settings.OutputPath = PathField(path);
   editor.screen.ShowPaths();
-  SaveSettings(editor.State());
+  SaveAndShow(editor);
 }
 
 void ExerciseTimeButton_Click(Editor& editor) {
@@ -41,7 +48,7 @@ void ExerciseTimeButton_Click(Editor& editor) {
   if (TrimBlanks(answer).empty()) return;
   editor.State().Settings.DefaultExerciseTime = RoundToInt16(LeadingNumber(answer));
   editor.screen.ShowDefaultExerciseTime();
-  SaveSettings(editor.State());
+  SaveAndShow(editor);
   SaveWorkout(editor.State());
 }
 
@@ -79,7 +86,7 @@ void VoiceCB_Click(Editor& editor, int index) {
   ProgramState& state = editor.State();
   if (state.ScreenUpdating) return;
   state.Voice.Voice = state.Settings.VoiceIndex = CheckedInt16(index);
-  SaveSettings(state);
+  SaveAndShow(editor);
 }
 
 void FormatCB_Change(Editor& editor, int index) {
@@ -87,19 +94,19 @@ void FormatCB_Change(Editor& editor, int index) {
   if (state.ScreenUpdating) return;
   state.Voice.Format = CheckedInt16(index);
   state.Settings.AudioFormat = std::to_string(index);
-  SaveSettings(state);
+  SaveAndShow(editor);
 }
 
 void IncludeWeightValuesCheck_Click(Editor& editor, CheckBox box) {
   if (editor.State().ScreenUpdating) return;
   editor.State().Settings.IncludeWeightValues = FlagOf(box);
-  SaveSettings(editor.State());
+  SaveAndShow(editor);
 }
 
 void AutoLoadPLaylistCheckbox_Click(Editor& editor, CheckBox box) {
   if (editor.State().ScreenUpdating) return;
   editor.State().Settings.AutoLoadPlaylist = FlagOf(box);
-  SaveSettings(editor.State());
+  SaveAndShow(editor);
 }
 
 }  // namespace repvolta

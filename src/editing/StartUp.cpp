@@ -130,6 +130,9 @@ bool FirstRunSetup(ProgramState& state, MainScreen& screen, const StartUpService
 
 void ExitButton_Click(ProgramState& state, MainScreen& screen) {
   Try(screen, [&] {
+    MakeProgramDirectoryCurrent(state);
+    // Before the selection is stored: it counts also where it is that of the start.
+    ReloadChangedSettings(state);
     state.Settings.LastWorkoutIndex = CheckedInt16(screen.SelectedWorkout());
     SaveSettings(state);
   });

@@ -3,20 +3,21 @@
 #include <gtest/gtest.h>
 
 #include "app/RecordFormat.h"
-#include "app/Settings.h"
+#include "app/WorkoutDamage.h"
 #include "app/WorkoutFiles.h"
 #include "base/FileError.h"
 
 #include "fakes/RecordingScreen.h"
 #include "support/AtFlush.h"
 #include "support/TemporaryFolder.h"
-#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::ThrowsMessage;
 
 /// A program directory of its own.
 class WorkoutFiles : public testing::Test {
@@ -53,6 +54,16 @@ TEST_F(WorkoutFiles, LeaveAnEmptyListWhenThereAreNone) {
   LoadWorkoutNames(state, screen);
   EXPECT_THAT(state.WorkoutNames, IsEmpty());
   EXPECT_EQ(state.NumberOfWorkouts, 0);
+}
+
+TEST_F(WorkoutFiles, AreNeitherListedNorSavedWhereAFileIsInTheWayOfTheirFolder) {
+  PutFile("workouts", "in the way");
+  state.WorkoutFileName = "Monday.RPV";
+  const auto throwsThat = ThrowsMessage<FileError>(HasSubstr("workouts/ could not be created"));
+  EXPECT_THAT([&] { LoadWorkoutNames(state, screen); }, throwsThat);
+  EXPECT_THAT([&] { SaveWorkout(state); }, throwsThat);
+  EXPECT_FALSE(state.ScreenUpdating);
+  EXPECT_EQ(GetTextFile("workouts"), "in the way");
 }
 
 TEST_F(WorkoutFiles, LoadAndSelectTheFirstExercise) {
@@ -355,56 +366,48 @@ TEST_F(DamagedWorkout, IsToldWhenAnotherProgramDamagedIt) {
   }
 }
 
-class SettingsFile : public WorkoutFiles {};
+/// A loaded file of any size.
+class OddSize : public WorkoutFiles {
+ protected:
+  OddSize() { state.WorkoutFileName = "Monday.RPV"; }
 
-TEST_F(SettingsFile, HasDefaultsWhenItIsMissing) {
-  state.Settings.MusicPath = "/music";
-  LoadSettings(state);
-  EXPECT_TRUE(state.Settings.MusicPath.IsBlank());
-  EXPECT_EQ(state.Settings.VoiceVolume, 70);
-  EXPECT_EQ(state.Settings.DefaultExerciseTime, 0);
-  EXPECT_EQ(state.Settings.IncludeWeightValues, kFalse);
-}
-
-TEST_F(SettingsFile, GivesBackWhatWasSaved) {
-  state.Settings.MusicPath = "/Musik/Übung";
-  state.Settings.AudioFormat = "3";
-  const SettingsRecord saved = state.Settings;
-  SaveSettings(state);
-  state.Settings = {};
-
-  LoadSettings(state);
-
-  EXPECT_EQ(state.Settings, saved);
-}
-
-TEST_F(SettingsFile, IsKeptWhenItCouldNotBeRead) {
-  state.Settings.MusicPath = "/music";
-  SaveSettings(state);
-  const Bytes before = GetFile("settings.dat");
-  {
-    const UnreadableFile unreadable("settings.dat");
-    EXPECT_THROW(LoadSettings(state), FileError);
+  void LoadFileOf(std::size_t size) {
+    PutFile("workouts/Monday.RPV", Bytes(size));
+    EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kLoaded);
   }
-  state.Settings = {};
+};
 
-  EXPECT_THROW(SaveSettings(state), FileError);
-  EXPECT_EQ(GetFile("settings.dat"), before);
-
-  LoadSettings(state);
-  SaveSettings(state);
-  EXPECT_EQ(GetFile("settings.dat"), before);
+TEST_F(OddSize, IsToldOfAFileThatIsTooShort) {
+  constexpr const char* kFilledUp = "; what is missing was filled up with blanks.";
+  LoadFileOf(0);
+  EXPECT_EQ(OddSizeOf(state), std::string("Monday.RPV has 0 bytes instead of 266240") + kFilledUp);
+  LoadFileOf(266239);
+  EXPECT_EQ(OddSizeOf(state),
+            std::string("Monday.RPV has 266239 bytes instead of 266240") + kFilledUp);
 }
 
-TEST_F(SettingsFile, IsSavedInTheProgramDirectory) {
-  std::filesystem::current_path("/");
-  SaveSettings(state);
-  EXPECT_TRUE(std::filesystem::exists(folder.Path() + "settings.dat"));
+TEST_F(OddSize, IsToldOfAFileThatIsTooLong) {
+  LoadFileOf(300000);
+  EXPECT_EQ(OddSizeOf(state),
+            "Monday.RPV has 300000 bytes instead of 266240; what is too much was ignored.");
 }
 
-TEST_F(SettingsFile, IsNotSavedWhereTheDirectoryIsGone) {
-  state.ProgramDirectory = folder.Path() + "gone/";
-  EXPECT_THROW(SaveSettings(state), FileError);
+TEST_F(OddSize, IsNoneOfAFileAsItShouldBe) {
+  LoadFileOf(266240);
+  EXPECT_EQ(OddSizeOf(state), "");
+}
+
+TEST_F(OddSize, IsNoneOnceTheWorkoutIsSaved) {
+  LoadFileOf(0);
+  SaveWorkout(state);
+  EXPECT_EQ(OddSizeOf(state), "");
+}
+
+TEST_F(OddSize, IsNoneWithoutAWorkout) {
+  EXPECT_EQ(OddSizeOf(state), "");
+  LoadFileOf(0);
+  state.WorkoutFileName = "";
+  EXPECT_EQ(OddSizeOf(state), "");
 }
 
 }  // namespace

@@ -271,6 +271,20 @@ TEST_F(SettingsEditing, TheCheckBoxesAreSaved) {
   EXPECT_EQ(SavedSettings().AutoLoadPlaylist, kFalse);
 }
 
+TEST_F(SettingsEditing, WhatAnotherSavedMeanwhileIsKeptAndShown) {
+  ProgramState other = state;
+  other.Settings.OutputPath = "/other";
+  other.Settings.AutoLoadPlaylist = kTrue;
+  SaveSettings(other);
+
+  Click("IncludeWeightValuesCheck");
+
+  EXPECT_EQ(SavedSettings().OutputPath.Text(), "/other");
+  EXPECT_EQ(SavedSettings().IncludeWeightValues, kTrue);
+  EXPECT_EQ(Field("OutputPathTextBox"), "/other");
+  EXPECT_TRUE(Get<QAbstractButton>("AutoLoadPLaylistCheckbox").isChecked());
+}
+
 TEST_F(SettingsEditing, AChoiceByAnAssistiveToolCountsToo) {
   Get<QAbstractButton>("IncludeWeightValuesCheck").setChecked(true);
   Get<QAbstractButton>("AutoLoadPLaylistCheckbox").setChecked(true);

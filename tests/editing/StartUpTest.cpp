@@ -318,6 +318,24 @@ TEST_F(Exit, StoresThatNoWorkoutIsSelected) {
   EXPECT_EQ(DecodeSettings(GetFile("settings.dat")).LastWorkoutIndex, -1);
 }
 
+TEST_F(Exit, KeepsTheSettingsThatCameInMeanwhile) {
+  PutTwoWorkouts();
+  PutLastWorkout(1);
+  Load();
+  ProgramState other = state;
+  other.Settings.OutputPath = "/other";
+  other.Settings.LastWorkoutIndex = 0;
+  SaveSettings(other);
+  std::filesystem::current_path("/");
+  screen.selectedWorkout = 1;
+
+  ExitButton_Click(state, screen);
+
+  const SettingsRecord saved = DecodeSettings(GetFile(folder.Path() + "settings.dat"));
+  EXPECT_EQ(saved.OutputPath.Text(), "/other");
+  EXPECT_EQ(saved.LastWorkoutIndex, 1);
+}
+
 TEST_F(Exit, SaysWhyTheSettingsCouldNotBeSaved) {
   std::filesystem::create_directory("settings.dat");
   ExitButton_Click(state, screen);

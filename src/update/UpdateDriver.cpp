@@ -50,7 +50,18 @@ class WorkoutUpdate {
     Finish();
   }
 
+  /// Removes the working files that this run has made. Throws FileError.
+  void RemoveWorkingFiles() {
+    if (workingFiles_ == WorkingFiles::kNotMade) return;
+    RemoveFile(kTempWav);
+    RemoveFile(kTempMp3);
+  }
+
  private:
+  /// What became of "temp.wav" and "temp.mp3". They may also be those of an earlier run, which
+  /// leaves them where there is no encoder.
+  enum class WorkingFiles { kNotMade, kMade, kStay };
+
   void Prepare() {
     // The list is cleared when the window is shown: what fails before is logged behind that.
     const auto clearing = steps_.Try([&] { folder_.Clear(FoldersToKeep()); });
@@ -69,13 +80,16 @@ class WorkoutUpdate {
   }
 
   void ProduceInstruction(std::int16_t exercise) {
-    steps_.Run([&] { GenerateHumanVoiceInstruction(program_, exercise, kTempWav); });
+    steps_.Run([&] {
+      workingFiles_ = WorkingFiles::kMade;
+      GenerateHumanVoiceInstruction(program_, exercise, kTempWav);
+    });
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
     const std::string path = NumberedPath("Instructions");
     Encoding encoding = Encoding::kNoEncoder;
     steps_.Run([&] {
       encoding = EncodeMP3file(program_.processes, kTempWav, kTempMp3);
-      workingFileStays_ = encoding == Encoding::kNoEncoder;
+      if (encoding == Encoding::kNoEncoder) workingFiles_ = WorkingFiles::kStay;
     });
     if (encoding == Encoding::kEncoderRun) {
       KeepMp3(path + ".mp3");
@@ -113,7 +127,7 @@ class WorkoutUpdate {
       steps_.Log("ERROR: File not found. " + source);
       return;
     }
-    const std::string path(TrimBlanks(NumberedPath(FileName(source))));
+    const std::string path(TrimBlanks(NumberedPath(TrimBlanks(FileName(source)))));
     const auto plan = PlanTaggedCopy(source, path, text_, state_.WorkoutFileName);
     bool isTagged = false;
     steps_.Run([&] {
@@ -175,15 +189,15 @@ class WorkoutUpdate {
   }
 
   /// The path of the next file: its number has at least three digits.
-  std::string NumberedPath(const std::string& name) const {
+  std::string NumberedPath(std::string_view name) const {
     std::string number = std::to_string(counter_);
     if (number.size() < 3) number.insert(0, 3 - number.size(), '0');
-    return folder_.Path() + "RV" + number + "-" + name;
+    return (folder_.Path() + "RV" + number + "-").append(name);
   }
 
   void Finish() {
     // Once more, for what could not be deleted at its time.
-    if (!workingFileStays_) {
+    if (workingFiles_ == WorkingFiles::kMade) {
       for (const char* file : {kTempWav, kTempMp3}) steps_.Run([&] { RemoveFile(file); });
     }
     steps_.Run([&] { folder_.FlushToDevice(); });
@@ -204,7 +218,7 @@ class WorkoutUpdate {
   std::string playList_;
   std::string text_;  // the sentence of the exercise at hand
   int counter_ = 1;
-  bool workingFileStays_ = false;
+  WorkingFiles workingFiles_ = WorkingFiles::kNotMade;
 };
 
 }  // namespace
@@ -214,11 +228,11 @@ void UpdateCurrentWorkout(Program& program) {
   state.WorkoutFileName = TrimBlanks(state.WorkoutFileName);
   if (state.WorkoutFileName.empty()) return;
   state.Settings.OutputPath = state.Settings.OutputPath.Trimmed();
+  WorkoutUpdate update(program);
   try {
-    WorkoutUpdate(program).Run();
+    update.Run();
   } catch (const UpdateStopped&) {
-    RemoveFile(kTempWav);
-    RemoveFile(kTempMp3);
+    update.RemoveWorkingFiles();
     throw;
   }
 }

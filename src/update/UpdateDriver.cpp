@@ -40,12 +40,12 @@ class WorkoutUpdate {
   void Run() {
     Prepare();
     GrowWorkout(program_, steps_);
-    DrawRandomMusic(program_, steps_);
+    drawn_ = DrawRandomMusic(program_, steps_);
     steps_.Run([&] { SaveWorkout(state_); });
     for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
       text_.clear();
       ProduceInstruction(i);
-      CopyMusic(state_.Workout[i]);
+      CopyMusic(i);
     }
     Finish();
   }
@@ -114,11 +114,15 @@ class WorkoutUpdate {
     List(path);
   }
 
-  void CopyMusic(const ExerciseRecord& exercise) {
+  void CopyMusic(std::int16_t exercise) {
     steps_.Run([&] {
-      for (int j = 0; j < exercise.NumberOfMusicFiles; ++j) {
-        CopySong(exercise.MusicFile[j].Trimmed());
+      const auto drawn = drawn_.find(exercise);
+      if (drawn != drawn_.end()) {
+        for (const std::string& song : drawn->second) CopySong(song);
+        return;
       }
+      const ExerciseRecord& record = state_.Workout[exercise];
+      for (int j = 0; j < record.NumberOfMusicFiles; ++j) CopySong(record.MusicFile[j].Trimmed());
     });
   }
 
@@ -216,6 +220,7 @@ class WorkoutUpdate {
   std::string workoutName_;
   OutputFolder folder_;
   std::string playList_;
+  DrawnSongs drawn_;
   std::string text_;  // the sentence of the exercise at hand
   int counter_ = 1;
   WorkingFiles workingFiles_ = WorkingFiles::kNotMade;

@@ -1,5 +1,6 @@
 #include "update/UpdateDriver.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
 #include <vector>
@@ -17,6 +18,7 @@
 #include "update/OutputFolder.h"
 #include "update/PlayList.h"
 #include "update/RandomMusic.h"
+#include "update/RandomMusicList.h"
 #include "update/Steps.h"
 
 namespace repvolta {
@@ -64,7 +66,7 @@ class WorkoutUpdate {
 
   void Prepare() {
     // The list is cleared when the window is shown: what fails before is logged behind that.
-    const auto clearing = steps_.Try([&] { folder_.Clear(FoldersToKeep()); });
+    const auto clearing = steps_.Try([&] { folder_.Clear(WhatToKeep()); });
     const auto creation = steps_.Try([&] { folder_.Create(); });
     program_.screen.ShowUpdateForm();
     steps_.Log("Updating Workout " + FileName(state_.WorkoutFileName));
@@ -73,10 +75,23 @@ class WorkoutUpdate {
     steps_.Log("Created directory " + folder_.Path());
   }
 
-  std::vector<std::string> FoldersToKeep() const {
+  Keepsakes WhatToKeep() const {
     const char* home = std::getenv("HOME");
-    return {state_.Settings.MusicPath.Trimmed(), state_.ProgramDirectory,
-            home == nullptr ? "" : home};
+    return {.folders = {state_.Settings.MusicPath.Trimmed(), state_.ProgramDirectory,
+                        home == nullptr ? "" : home},
+            .songs = Songs(),
+            .songList = kMusicList};
+  }
+
+  /// The songs of all exercises, as they are before any is drawn.
+  std::vector<std::string> Songs() const {
+    std::vector<std::string> songs;
+    for (int i = 0; i < state_.NumberOfExercises; ++i) {
+      const ExerciseRecord& exercise = state_.Workout[i];
+      const int count = std::min<int>(exercise.NumberOfMusicFiles, kMusicSlots);
+      for (int j = 0; j < count; ++j) songs.push_back(exercise.MusicFile[j].Trimmed());
+    }
+    return songs;
   }
 
   void ProduceInstruction(std::int16_t exercise) {

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -308,6 +309,40 @@ TEST_F(UpdateDriver, TouchesNoFileOfAFolderThatHoldsTheMusic) {
   EXPECT_EQ(GetFile("player/Monday/Song.mp3"), SongBytes(3));
   EXPECT_EQ(GetTextFile("player/Monday/RV001-Instructions.mp3"), "theirs");
   EXPECT_EQ(GetTextFile("player/Monday/Monday.M3U"), "theirs too");
+}
+
+TEST_F(UpdateDriver, ErasesNoMusicWhereTheMusicIsTheOutputPath) {
+  state.Settings.MusicPath = state.Settings.OutputPath;
+  PutFile("player/Monday/lead.mp3", SongBytes(3));
+  AddSong(AddNamed("Squat"), Full("player/Monday/lead.mp3"));
+
+  Update();
+
+  EXPECT_EQ(GetFile("player/Monday/lead.mp3"), SongBytes(3));
+  EXPECT_THAT(screen.log, Contains("ERROR: " + Full("player/Monday is not deleted: ") +
+                                   Full("player/Monday/lead.mp3 lies there")));
+  EXPECT_TRUE(fs::exists("player/Monday/RV002-lead.mp3"));
+  EXPECT_EQ(screen.log.back(), "UPDATE COMPLETE.");
+}
+
+TEST_F(UpdateDriver, ErasesNoSongOfTheMusicList) {
+  PutFile("player/Monday/lead.mp3", SongBytes(3));
+  PutFile("musiclist.txt", Full("player/Monday/lead.mp3\n"));
+  Update();
+  EXPECT_EQ(GetFile("player/Monday/lead.mp3"), SongBytes(3));
+}
+
+TEST_F(UpdateDriver, ErasesNeitherTheHomeFolderNorTheProgramDirectory) {
+  PutFile("player/Monday/diary.txt", "mine");
+  const std::string before = std::getenv("HOME") == nullptr ? "" : std::getenv("HOME");
+  setenv("HOME", Full("player/Monday").c_str(), 1);
+  Update();
+  setenv("HOME", before.c_str(), 1);
+  EXPECT_EQ(GetTextFile("player/Monday/diary.txt"), "mine");
+
+  state.ProgramDirectory = Full("player/Monday/");
+  Update();
+  EXPECT_EQ(GetTextFile(Full("player/Monday/diary.txt")), "mine");
 }
 
 TEST_F(UpdateDriver, ShowsTheProgressWindowAndLeavesItOpen) {

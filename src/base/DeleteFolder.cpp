@@ -123,14 +123,26 @@ class Deletion {
   std::exception_ptr failure_;
 };
 
+/// The folder that it lies in.
+Descriptor OpenPlaceOf(const std::string& folder) {
+  const std::string place = FolderOf(folder).empty() ? "." : FolderOf(folder);
+  Descriptor opened = OpenDescriptor(place, O_PATH | O_DIRECTORY);
+  if (!opened.IsOpen()) throw FileError(folder, kFailure, errno);
+  return opened;
+}
+
 }  // namespace
+
+bool IsMountPoint(const std::string& path) {
+  const std::string folder = WithoutSeparator(path);
+  const Descriptor opened = OpenPlaceOf(folder);
+  return !IsInOneMount(LookAt({opened, FileName(folder), folder}), LookAt({opened, "", folder}));
+}
 
 void DeleteFolder(const std::string& path) {
   if (!IsTaken(path)) return;
   const std::string folder = WithoutSeparator(path);
-  const std::string place = FolderOf(folder).empty() ? "." : FolderOf(folder);
-  const Descriptor opened = OpenDescriptor(place, O_PATH | O_DIRECTORY);
-  if (!opened.IsOpen()) throw FileError(folder, kFailure, errno);
+  const Descriptor opened = OpenPlaceOf(folder);
   Deletion deletion(LookAt({opened, "", folder}));
   deletion.Delete({opened, FileName(folder), folder}, EntryType::kFolder);
   deletion.ThrowFailure();

@@ -30,6 +30,10 @@ void MakeFolder(const std::string& path);
 /// As MakeFolder, with the folders that it lies in.
 void MakeFolders(const std::string& path);
 
+/// True when another file system, or a part of the same one once more, is mounted at the folder
+/// `path`. Throws FileError, as DeleteFolder would, when that cannot be known.
+bool IsMountPoint(const std::string& path);
+
 /// Deletes the folder with all that is in it, read-only folders too; what does not exist is no
 /// error. Links are deleted, never followed, and nothing is changed or deleted where another file
 /// system is mounted, be it `path` itself. Throws FileError for the first that could not be

@@ -4,6 +4,7 @@
 
 #include "app/RecordFormat.h"
 #include "app/Settings.h"
+#include "app/WorkoutDamage.h"
 #include "app/WorkoutFiles.h"
 #include "base/FileError.h"
 
@@ -341,6 +342,50 @@ TEST_F(DamagedWorkout, IsToldWhenAnotherProgramDamagedIt) {
               "Monday.RPV was changed by another program and has been loaded again.\r" +
                   std::string(kDamage));
   }
+}
+
+/// A loaded file of any size.
+class OddSize : public WorkoutFiles {
+ protected:
+  OddSize() { state.WorkoutFileName = "Monday.RPV"; }
+
+  void LoadFileOf(std::size_t size) {
+    PutFile("workouts/Monday.RPV", Bytes(size));
+    EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kLoaded);
+  }
+};
+
+TEST_F(OddSize, IsToldOfAFileThatIsTooShort) {
+  constexpr const char* kFilledUp = "; what is missing was filled up with blanks.";
+  LoadFileOf(0);
+  EXPECT_EQ(OddSizeOf(state), std::string("Monday.RPV has 0 bytes instead of 266240") + kFilledUp);
+  LoadFileOf(266239);
+  EXPECT_EQ(OddSizeOf(state),
+            std::string("Monday.RPV has 266239 bytes instead of 266240") + kFilledUp);
+}
+
+TEST_F(OddSize, IsToldOfAFileThatIsTooLong) {
+  LoadFileOf(300000);
+  EXPECT_EQ(OddSizeOf(state),
+            "Monday.RPV has 300000 bytes instead of 266240; what is too much was ignored.");
+}
+
+TEST_F(OddSize, IsNoneOfAFileAsItShouldBe) {
+  LoadFileOf(266240);
+  EXPECT_EQ(OddSizeOf(state), "");
+}
+
+TEST_F(OddSize, IsNoneOnceTheWorkoutIsSaved) {
+  LoadFileOf(0);
+  SaveWorkout(state);
+  EXPECT_EQ(OddSizeOf(state), "");
+}
+
+TEST_F(OddSize, IsNoneWithoutAWorkout) {
+  EXPECT_EQ(OddSizeOf(state), "");
+  LoadFileOf(0);
+  state.WorkoutFileName = "";
+  EXPECT_EQ(OddSizeOf(state), "");
 }
 
 class SettingsFile : public WorkoutFiles {};

@@ -13,7 +13,6 @@
 #include "app/WorkoutDamage.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
-#include "base/FileError.h"
 #include "base/Text.h"
 #include "platform/EngineSpeech.h"
 #include "platform/ProgramDirectory.h"
@@ -105,17 +104,23 @@ std::vector<std::string> ChosenWorkouts(const ProgramState& state,
   return chosen;
 }
 
+/// Says what is wrong with the file that was loaded.
+void WarnOfFile(const Program& program) {
+  for (const std::string& warning : {OddSizeOf(program.state), DamageOf(program.state)}) {
+    if (!warning.empty()) program.screen.AddLineToUpdateList("WARNING: " + warning);
+  }
+}
+
 void UpdateWorkout(Program& program, const std::string& name) {
   program.state.WorkoutFileName = name;
   std::string failure = name + " could not be loaded";
   try {
     if (LoadWorkout(program.state, program.screen) == WorkoutLoad::kLoaded) {
-      const std::string damage = DamageOf(program.state);
-      if (!damage.empty()) program.screen.AddLineToUpdateList("WARNING: " + damage);
+      WarnOfFile(program);
       UpdateCurrentWorkout(program);
       return;
     }
-  } catch (const FileError& error) {
+  } catch (const std::exception& error) {
     failure = error.what();
   }
   program.screen.AddLineToUpdateList("ERROR: " + failure);

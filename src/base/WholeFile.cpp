@@ -86,7 +86,7 @@ std::optional<FileStamp> WholeFileWriter::Placed() const {
 
 void WholeFileWriter::FlushWorkingFile() {
   Writing([&] {
-    if (fchmod(file_.Descriptor(), PermissionsFor(path_)) != 0) {
+    if (fchmod(file_.OpenAs().Number(), PermissionsFor(path_)) != 0) {
       throw FileError(path_, kFailure, errno);
     }
     file_.FlushToDevice();

@@ -3,9 +3,7 @@
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 
 #include "base/FileError.h"
 #include "base/FileNames.h"
@@ -20,23 +18,14 @@ constexpr std::chrono::milliseconds kPause{10};
 constexpr const char* kFailure = "could not be written";
 
 /// False when another process holds the lock. A file system without locks grants every one.
-bool Lock(int descriptor) { return TryLock(descriptor) != EWOULDBLOCK; }
-
-/// True when the open file is the one that now has this name.
-bool Has(int descriptor, const std::string& name) {
-  struct stat open {};
-  struct stat named {};
-  return fstat(descriptor, &open) == 0 && lstat(name.c_str(), &named) == 0 &&
-         open.st_dev == named.st_dev && open.st_ino == named.st_ino;
-}
+bool Lock(const Descriptor& descriptor) { return TryLock(descriptor) != EWOULDBLOCK; }
 
 /// Removes what stands at `name`, unless a process has it locked. A name is only ever removed by
 /// the one who holds the lock of the file behind it, so nobody loses a file that is being written.
 void RemoveAbandoned(const std::string& name) {
-  const int descriptor = open(name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-  const bool isLink = descriptor < 0 && errno == ELOOP;
-  if (isLink || (descriptor >= 0 && Lock(descriptor) && Has(descriptor, name))) RemoveFile(name);
-  if (descriptor >= 0) close(descriptor);
+  const Descriptor found = OpenDescriptor(name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+  const bool isLink = !found.IsOpen() && errno == ELOOP;
+  if (isLink || (found.IsOpen() && Lock(found) && IsStillAt(found, name))) RemoveFile(name);
 }
 
 }  // namespace
@@ -50,7 +39,7 @@ File CreateWorkingFile(const std::string& path) {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     try {
       File file = File::CreateNew(name, kPrivate);
-      if (Lock(file.Descriptor()) && Has(file.Descriptor(), name)) return file;
+      if (Lock(file.OpenAs()) && IsStillAt(file.OpenAs(), name)) return file;
     } catch (const FileError& error) {
       if (error.Error() != EEXIST) throw FileError(path, kFailure, error.Reason());
     }

@@ -1,9 +1,8 @@
 #include "instruction/VoiceInstruction.h"
 
-#include <filesystem>
-
 #include "base/File.h"
 #include "base/FileNames.h"
+#include "base/Folder.h"
 #include "instruction/Clips.h"
 #include "instruction/VoiceNumber.h"
 
@@ -75,7 +74,7 @@ void BeginWithName(Program& program, const std::string& name, const std::string&
       ExistingName(std::string(kNameClipFolder) + AsFileName(name, kNameClipExtension));
   const bool isNew = !FileExists(clip);
   if (isNew) {
-    std::filesystem::create_directories(kNameClipFolder);
+    MakeFolders(std::string(kNameClipFolder));
     SpeakToFile(program, name, clip);
   }
   CopyFileOver(clip, target);

@@ -33,29 +33,28 @@ std::string TemporaryPlace() {
   return error || place.string().size() > kLongestPlace ? P_tmpdir : place.string();
 }
 
-/// -1 where there is no such folder, or only a link.
-int OpenFolder(const std::string& path) {
-  while (true) {
-    const int descriptor = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (descriptor >= 0 || errno != EINTR) return descriptor;
-  }
+/// Of nothing where there is no such folder, or only a link.
+Descriptor OpenFolder(const std::string& path) {
+  return OpenDescriptor(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
 }
 
 void Delete(const std::string& folder) {
   // A second time for what could not be deleted at first.
-  std::error_code error;
-  fs::remove_all(folder, error);
-  if (error) fs::remove_all(folder, error);
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    try {
+      return DeleteFolder(folder);
+    } catch (const FileError&) {
+    }
+  }
 }
 
 /// Who made a folder holds its lock, as long as the process lives.
 void DeleteIfAbandoned(const std::string& folder) {
-  const int descriptor = OpenFolder(folder);
-  if (descriptor < 0) return;
+  const Descriptor descriptor = OpenFolder(folder);
+  if (!descriptor.IsOpen()) return;
   struct stat status {};
-  const bool isUsers = fstat(descriptor, &status) == 0 && status.st_uid == geteuid();
+  const bool isUsers = fstat(descriptor.Number(), &status) == 0 && status.st_uid == geteuid();
   if (isUsers && TryLock(descriptor) == 0) Delete(folder);
-  close(descriptor);
 }
 
 void DeleteAbandoned(const std::string& place) {
@@ -79,10 +78,7 @@ PrivateFolder::PrivateFolder() {
   throw FileError(place, kFailure, "Another program takes the folders in it away");
 }
 
-PrivateFolder::~PrivateFolder() {
-  Delete(path_);
-  close(descriptor_);
-}
+PrivateFolder::~PrivateFolder() { Delete(path_); }
 
 /// False when another process took the folder for an abandoned one before it was locked.
 bool PrivateFolder::Make(const std::string& place) {
@@ -90,21 +86,13 @@ bool PrivateFolder::Make(const std::string& place) {
   if (mkdtemp(pattern.data()) == nullptr) throw FileError(pattern, kFailure, errno);
   path_ = pattern + "/";
   descriptor_ = OpenFolder(pattern);
-  const int error = descriptor_ < 0 ? errno : TryLock(descriptor_);
+  const int error = descriptor_.IsOpen() ? TryLock(descriptor_) : errno;
   // A file system without locks grants every one.
-  if (descriptor_ >= 0 && error != EWOULDBLOCK && IsOurs()) return true;
+  if (error != EWOULDBLOCK && IsStillAt(descriptor_, pattern)) return true;
   Delete(pattern);
-  if (descriptor_ < 0 && error != ENOENT) throw FileError(pattern, kFailure, error);
-  if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
+  if (!descriptor_.IsOpen() && error != ENOENT) throw FileError(pattern, kFailure, error);
+  descriptor_.Close();
   return false;
-}
-
-/// True when the locked folder is still the one that has its name.
-bool PrivateFolder::IsOurs() const {
-  struct stat locked {};
-  struct stat named {};
-  return fstat(descriptor_, &locked) == 0 && lstat(path_.c_str(), &named) == 0 &&
-         locked.st_dev == named.st_dev && locked.st_ino == named.st_ino;
 }
 
 }  // namespace repvolta

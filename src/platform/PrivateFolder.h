@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "base/Descriptor.h"
+
 namespace repvolta {
 
 /// A folder that only this user can enter, in the folder for temporary files; deleted with all that
@@ -19,10 +21,9 @@ class PrivateFolder {
 
  private:
   bool Make(const std::string& place);
-  bool IsOurs() const;
 
   std::string path_;
-  int descriptor_ = -1;  // locked: the folder is in use
+  Descriptor descriptor_;  // locked: the folder is in use
 };
 
 }  // namespace repvolta

@@ -19,7 +19,7 @@ UpdateLock::UpdateLock(const std::string& programDirectory)
     : file_(File::OpenOrCreate(programDirectory + kUpdateLockFile)) {
   // A program that was killed while it started a child leaves the lock to that for a moment.
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    const int error = TryLock(file_.Descriptor());
+    const int error = TryLock(file_.OpenAs());
     if (error == 0) return;
     if (error != EWOULDBLOCK) throw FileError(file_.Path(), "could not be locked", error);
     std::this_thread::sleep_for(kPause);

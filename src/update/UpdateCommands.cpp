@@ -1,7 +1,6 @@
 #include "update/UpdateCommands.h"
 
 #include "app/WorkoutFiles.h"
-#include "base/FileError.h"
 #include "base/SingleByteText.h"
 #include "base/Text.h"
 #include "platform/UpdateLock.h"
@@ -27,16 +26,33 @@ bool CanUpdate(Program& program) {
   return false;
 }
 
+/// kNotFound also when it could not be read, which is told.
+WorkoutLoad LoadOrTell(Program& program) {
+  try {
+    return LoadUnshownWorkout(program.state, program.screen);
+  } catch (const std::exception& error) {
+    program.screen.ShowMessage(error.what());
+    return WorkoutLoad::kNotFound;
+  }
+}
+
+void ShowOrTell(Program& program) {
+  try {
+    ShowLoadedWorkout(program.state, program.screen);
+  } catch (const std::exception& error) {
+    program.screen.ShowMessage(program.state.WorkoutFileName +
+                               " cannot be shown as a whole, but is updated all the same.\r" +
+                               error.what());
+  }
+}
+
 void LoadAndUpdate(Program& program, const std::string& name) {
   program.state.WorkoutFileName = name;
-  WorkoutLoad load = WorkoutLoad::kNotFound;
-  try {
-    load = LoadWorkout(program.state, program.screen);
-  } catch (const FileError& error) {
-    program.screen.ShowMessage(error.what());
-  }
+  const WorkoutLoad load = LoadOrTell(program);
   // The workout before must not be saved under this one's name.
-  if (load != WorkoutLoad::kNotFound) UpdateCurrentWorkout(program);
+  if (load == WorkoutLoad::kNotFound) return;
+  if (load == WorkoutLoad::kLoaded) ShowOrTell(program);
+  UpdateCurrentWorkout(program);
 }
 
 }  // namespace

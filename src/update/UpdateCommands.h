@@ -13,8 +13,8 @@ bool IsOutputPathMissing(const SettingsRecord& settings);
 void UpdateSelectedWorkout(Program& program);
 
 /// Loads and updates every workout of the list in turn, then one more time with an empty name, and
-/// says when it is done. A workout that cannot be loaded is told and passed over. Throws FileError,
-/// UpdateRunning, UpdateStopped.
+/// says when it is done. A workout that cannot be loaded is told and passed over; one that cannot
+/// be shown is told and updated all the same. Throws FileError, UpdateRunning, UpdateStopped.
 void UpdateAllWorkouts(Program& program);
 
 }  // namespace repvolta

@@ -40,17 +40,28 @@ class WorkoutUpdate {
   void Run() {
     Prepare();
     GrowWorkout(program_, steps_);
-    DrawRandomMusic(program_, steps_);
+    drawn_ = DrawRandomMusic(program_, steps_);
     steps_.Run([&] { SaveWorkout(state_); });
     for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
       text_.clear();
       ProduceInstruction(i);
-      CopyMusic(state_.Workout[i]);
+      CopyMusic(i);
     }
     Finish();
   }
 
+  /// Removes the working files that this run has made. Throws FileError.
+  void RemoveWorkingFiles() {
+    if (workingFiles_ == WorkingFiles::kNotMade) return;
+    RemoveFile(kTempWav);
+    RemoveFile(kTempMp3);
+  }
+
  private:
+  /// What became of "temp.wav" and "temp.mp3". They may also be those of an earlier run, which
+  /// leaves them where there is no encoder.
+  enum class WorkingFiles { kNotMade, kMade, kStay };
+
   void Prepare() {
     // The list is cleared when the window is shown: what fails before is logged behind that.
     const auto clearing = steps_.Try([&] { folder_.Clear(FoldersToKeep()); });
@@ -69,13 +80,16 @@ class WorkoutUpdate {
   }
 
   void ProduceInstruction(std::int16_t exercise) {
-    steps_.Run([&] { GenerateHumanVoiceInstruction(program_, exercise, kTempWav); });
+    steps_.Run([&] {
+      workingFiles_ = WorkingFiles::kMade;
+      GenerateHumanVoiceInstruction(program_, exercise, kTempWav);
+    });
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
     const std::string path = NumberedPath("Instructions");
     Encoding encoding = Encoding::kNoEncoder;
     steps_.Run([&] {
       encoding = EncodeMP3file(program_.processes, kTempWav, kTempMp3);
-      workingFileStays_ = encoding == Encoding::kNoEncoder;
+      if (encoding == Encoding::kNoEncoder) workingFiles_ = WorkingFiles::kStay;
     });
     if (encoding == Encoding::kEncoderRun) {
       KeepMp3(path + ".mp3");
@@ -100,11 +114,15 @@ class WorkoutUpdate {
     List(path);
   }
 
-  void CopyMusic(const ExerciseRecord& exercise) {
+  void CopyMusic(std::int16_t exercise) {
     steps_.Run([&] {
-      for (int j = 0; j < exercise.NumberOfMusicFiles; ++j) {
-        CopySong(exercise.MusicFile[j].Trimmed());
+      const auto drawn = drawn_.find(exercise);
+      if (drawn != drawn_.end()) {
+        for (const std::string& song : drawn->second) CopySong(song);
+        return;
       }
+      const ExerciseRecord& record = state_.Workout[exercise];
+      for (int j = 0; j < record.NumberOfMusicFiles; ++j) CopySong(record.MusicFile[j].Trimmed());
     });
   }
 
@@ -113,7 +131,7 @@ class WorkoutUpdate {
       steps_.Log("ERROR: File not found. " + source);
       return;
     }
-    const std::string path(TrimBlanks(NumberedPath(FileName(source))));
+    const std::string path(TrimBlanks(NumberedPath(TrimBlanks(FileName(source)))));
     const auto plan = PlanTaggedCopy(source, path, text_, state_.WorkoutFileName);
     bool isTagged = false;
     steps_.Run([&] {
@@ -175,15 +193,15 @@ class WorkoutUpdate {
   }
 
   /// The path of the next file: its number has at least three digits.
-  std::string NumberedPath(const std::string& name) const {
+  std::string NumberedPath(std::string_view name) const {
     std::string number = std::to_string(counter_);
     if (number.size() < 3) number.insert(0, 3 - number.size(), '0');
-    return folder_.Path() + "RV" + number + "-" + name;
+    return (folder_.Path() + "RV" + number + "-").append(name);
   }
 
   void Finish() {
     // Once more, for what could not be deleted at its time.
-    if (!workingFileStays_) {
+    if (workingFiles_ == WorkingFiles::kMade) {
       for (const char* file : {kTempWav, kTempMp3}) steps_.Run([&] { RemoveFile(file); });
     }
     steps_.Run([&] { folder_.FlushToDevice(); });
@@ -202,9 +220,10 @@ class WorkoutUpdate {
   std::string workoutName_;
   OutputFolder folder_;
   std::string playList_;
+  DrawnSongs drawn_;
   std::string text_;  // the sentence of the exercise at hand
   int counter_ = 1;
-  bool workingFileStays_ = false;
+  WorkingFiles workingFiles_ = WorkingFiles::kNotMade;
 };
 
 }  // namespace
@@ -214,11 +233,11 @@ void UpdateCurrentWorkout(Program& program) {
   state.WorkoutFileName = TrimBlanks(state.WorkoutFileName);
   if (state.WorkoutFileName.empty()) return;
   state.Settings.OutputPath = state.Settings.OutputPath.Trimmed();
+  WorkoutUpdate update(program);
   try {
-    WorkoutUpdate(program).Run();
+    update.Run();
   } catch (const UpdateStopped&) {
-    RemoveFile(kTempWav);
-    RemoveFile(kTempMp3);
+    update.RemoveWorkingFiles();
     throw;
   }
 }

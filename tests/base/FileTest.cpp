@@ -9,6 +9,7 @@
 
 #include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
+#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -193,6 +194,17 @@ TEST(WholeFileWriter, TakesOverWhatADeadProcessLeft) {
   WriteWholeFile("Monday.RPV", AsBytes("new"));
   EXPECT_EQ(GetTextFile("Monday.RPV"), "new");
   EXPECT_EQ(EntriesHere(), 1U);
+}
+
+TEST(WholeFileWriter, WritesAgainOnceALeftoverCanBeRemoved) {
+  TemporaryFolder folder;
+  PutFile(WorkingName("workouts/Monday.RPV"), "half");
+  {
+    const UnreadableFile readOnly("workouts", fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_THROW(WriteWholeFile("workouts/Monday.RPV", AsBytes("first")), FileError);
+  }
+  WriteWholeFile("workouts/Monday.RPV", AsBytes("second"));
+  EXPECT_EQ(GetTextFile("workouts/Monday.RPV"), "second");
 }
 
 TEST(WholeFileWriter, NeverWritesThroughALink) {

@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "app/RecordFormat.h"
+#include "base/FileError.h"
 #include "platform/UpdateLock.h"
+#include "update/Steps.h"
 #include "update/UpdateCommands.h"
 
 #include "support/ProgramFixture.h"
+#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -125,6 +128,67 @@ TEST_F(UpdateCommands, PassOverAWorkoutThatIsGone) {
               ElementsAre("Error: Workout file not found", "Update COMPLETED on all Workouts"));
   EXPECT_FALSE(fs::exists("workouts/B.RPV"));
   EXPECT_EQ(SavedExercise("A.RPV"), "Rowing");
+}
+
+TEST_F(UpdateCommands, TellOfAWorkoutThatCannotBeReadAndGoOn) {
+  AddWorkout("A.RPV", "Rowing");
+  AddWorkout("B.RPV", "Plank");
+  const UnreadableFile unreadable("workouts/A.RPV");
+
+  UpdateAllWorkouts(program);
+
+  EXPECT_THAT(screen.messages, ElementsAre("workouts/A.RPV could not be read: Permission denied",
+                                           "Update COMPLETED on all Workouts"));
+  EXPECT_FALSE(fs::exists("player/A"));
+  EXPECT_TRUE(fs::exists("player/B/B.M3U"));
+}
+
+/// Cannot show a workout whose first exercise has a certain name.
+class ScreenThatCannotShow : public RecordingScreen {
+ public:
+  ScreenThatCannotShow(const ProgramState& state, std::string exercise)
+      : state_(state), exercise_(std::move(exercise)) {}
+
+  void UpdateWorkoutScreen() override {
+    if (state_.Workout[0].ExerciseName.Text() == exercise_)
+      throw FileError("label", "is", "narrow");
+  }
+
+ private:
+  const ProgramState& state_;
+  std::string exercise_;
+};
+
+TEST_F(UpdateCommands, UpdateAWorkoutThatCannotBeShownAndGoOn) {
+  AddWorkout("A.RPV", "Rowing");
+  AddWorkout("B.RPV", "Plank");
+  ScreenThatCannotShow narrow(state, "Rowing");
+  Program shown{state, narrow, clock, random, processes, speech};
+
+  UpdateAllWorkouts(shown);
+
+  EXPECT_THAT(narrow.messages,
+              ElementsAre("A.RPV cannot be shown as a whole, but is updated all the same.\r"
+                          "label is: narrow",
+                          "Update COMPLETED on all Workouts"));
+  EXPECT_TRUE(fs::exists("player/A/A.M3U"));
+  EXPECT_TRUE(fs::exists("player/B/B.M3U"));
+  EXPECT_EQ(SavedExercise("A.RPV"), "Rowing");
+  EXPECT_EQ(state.WorkoutFileName, "");
+}
+
+/// The person ends the program while a workout is shown.
+class ScreenThatStops : public RecordingScreen {
+ public:
+  void UpdateWorkoutScreen() override { throw UpdateStopped(); }
+};
+
+TEST_F(UpdateCommands, EndWhereThePersonEndsTheProgram) {
+  AddWorkout("A.RPV", "Rowing");
+  ScreenThatStops stopping;
+  Program ending{state, stopping, clock, random, processes, speech};
+  EXPECT_THROW(UpdateAllWorkouts(ending), UpdateStopped);
+  EXPECT_THAT(stopping.messages, IsEmpty());
 }
 
 }  // namespace

@@ -108,6 +108,17 @@ TEST_F(UpdateDriver, LeavesOutMissingMusicAndItsNumber) {
   EXPECT_THAT(screen.log, Contains("ERROR: File not found. " + Full("music/gone.mp3")));
 }
 
+TEST_F(UpdateDriver, TrimsTheNameOfASong) {
+  PutFile("music/ lead.mp3", SongBytes(3));
+  AddSong(AddNamed("Squat"), Full("music/ lead.mp3"));
+
+  Update();
+
+  EXPECT_THAT(PlayerFiles(), ElementsAre("Monday.M3U", "RV001-Instructions.mp3", "RV002-lead.mp3"));
+  EXPECT_THAT(PlayList(), testing::EndsWith("/RV002-lead.mp3\r\n"));
+  EXPECT_THAT(screen.log, Contains("RV002-lead.mp3  TAG modified OK"));
+}
+
 TEST_F(UpdateDriver, TakesAFolderOrADanglingLinkForAMissingFile) {
   ExerciseRecord& exercise = AddNamed("Squat");
   fs::create_directories("music/folder.mp3");
@@ -149,6 +160,22 @@ TEST_F(UpdateDriver, KeepsTheWavFileWithoutAnEncoder) {
                                    "sucessfully."));
   EXPECT_TRUE(fs::exists("temp.wav"));
   EXPECT_THAT(processes.started, IsEmpty());
+}
+
+TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhereItMakesNone) {
+  PutFile("temp.wav", "kept without an encoder");
+  PutFile("temp.mp3", "not of this run either");
+  Update();
+  EXPECT_EQ(GetTextFile("temp.wav"), "kept without an encoder");
+  EXPECT_EQ(GetTextFile("temp.mp3"), "not of this run either");
+}
+
+TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhenItIsStoppedAtOnce) {
+  PutFile("temp.wav", "kept without an encoder");
+  AddNamed("Squat");
+  screen.stopRequested = [] { return true; };
+  EXPECT_THROW(Update(), UpdateStopped);
+  EXPECT_EQ(GetTextFile("temp.wav"), "kept without an encoder");
 }
 
 TEST_F(UpdateDriver, SaysSoWhenTheEncoderWritesNothing) {

@@ -7,6 +7,7 @@
 
 #include "ui/Editor.h"
 #include "ui/Handlers.h"
+#include "ui/RowList.h"
 
 namespace Ui {
 class ExerciseTab;
@@ -33,6 +34,10 @@ class ExerciseTab : public QWidget {
 
   void SelectSet(int row);
   void SelectMusic(int row);
+
+  /// Keeps the selected music file while the workout is loaded again; the selected set stays by
+  /// itself.
+  KeptRow KeepSelection();
 
  private:
   void ConnectSetButtons();

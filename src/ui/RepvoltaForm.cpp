@@ -37,7 +37,7 @@ RepvoltaForm::RepvoltaForm(const FormServices& services)
       services_(services),
       editor_{program_, *this, services.dialogs, services.pleaseWait, [this] { RunEvents(); }},
       handlers_(
-          services.dialogs, [this] { ReloadChangedWorkout(services_.state, *this); },
+          services.dialogs, [this] { ReloadWorkout(); },
           [this](Handlers::Outcome outcome) { AfterHandler(outcome); }),
       ui_(std::make_unique<Ui::RepvoltaForm>()) {
   ui_->setupUi(this);
@@ -90,6 +90,13 @@ void RepvoltaForm::ConnectButtons() {
           this, [this] { StepTab(1); });
 }
 
+/// The rows that the person selected are those that the command acts on.
+void RepvoltaForm::ReloadWorkout() {
+  const KeptRow exercise = workoutTab_->KeepSelection();
+  const KeptRow music = exerciseTab_->KeepSelection();
+  ReloadChangedWorkout(services_.state, *this);
+}
+
 void RepvoltaForm::SSTab1_Click() {
   ProgramState& state = services_.state;
   state.CurrentExercise = static_cast<std::int16_t>(std::max(0, workoutTab_->SelectedExercise()));
@@ -105,6 +112,8 @@ void RepvoltaForm::ShowExerciseFrames() {
 }
 
 void RepvoltaForm::StepTab(int step) {
+  // No command runs beside another, so the tab would be shown without its content.
+  if (handlers_.AreRunning()) return;
   QTabWidget* tabs = ui_->SSTab1;
   int index = tabs->currentIndex() + step;
   while (index >= 0 && index < tabs->count() && !tabs->isTabEnabled(index)) index += step;
@@ -116,18 +125,28 @@ void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
     End();
     return;
   }
-  if (outcome == Handlers::Outcome::kFailed) {
-    // What could not be saved is in memory all the same, and the tabs show what is in memory. A
-    // record that cannot be shown was told already.
-    ShowExerciseFrames();
-    try {
-      UpdateWorkoutScreen();
-      UpdateExerciseScreen();
-    } catch (const std::exception&) {
-    }
-  }
+  if (outcome == Handlers::Outcome::kFailed) ShowWhatIsInMemory();
   SetBusy(false);
   EnableWorkoutControls();
+}
+
+/// What could not be saved is in memory all the same, and the tabs show what is in memory. A record
+/// that cannot be shown was told already.
+void RepvoltaForm::ShowWhatIsInMemory() {
+  // A command that changes the list of exercises makes its exercise the current one, whose row is
+  // then selected; after all else the person's choice stays.
+  const int row = workoutTab_->SelectedExercise();
+  const bool isChoice = services_.state.CurrentExercise == workoutTab_->ShownExercise();
+  ShowExerciseFrames();
+  const auto refresh = [](const std::function<void()>& show) {
+    try {
+      show();
+    } catch (const std::exception&) {
+    }
+  };
+  refresh([this] { UpdateWorkoutScreen(); });
+  if (isChoice) workoutTab_->SelectExercise(row);
+  refresh([this] { UpdateExerciseScreen(); });
 }
 
 void RepvoltaForm::Exit() {

@@ -92,7 +92,9 @@ class RepvoltaForm : public QDialog, public MainScreen {
   void StepTab(int step);
   void Exit();
   void End();
+  void ReloadWorkout();
   void AfterHandler(Handlers::Outcome outcome);
+  void ShowWhatIsInMemory();
   void LetEventsRun();
   void SetBusy(bool busy);
 

@@ -110,6 +110,14 @@ int WorkoutTab::SelectedWorkout() const { return ui_->WorkoutDropBox->currentInd
 
 int WorkoutTab::SelectedExercise() const { return ui_->ExerciseList->SelectedRow(); }
 
+void WorkoutTab::SelectExercise(int row) {
+  const ScreenUpdate updating(editor_.State());
+  ui_->ExerciseList->SelectRow(row);
+  ui_->ExerciseSummaryList->SelectRow(row);
+}
+
+KeptRow WorkoutTab::KeepSelection() { return KeptRow(*ui_->ExerciseList); }
+
 void WorkoutTab::UpdateWorkoutScreen() {
   ProgramState& state = editor_.State();
   const ScreenUpdate updating(state);
@@ -127,8 +135,8 @@ void WorkoutTab::UpdateWorkoutScreen() {
   }
   ui_->ExerciseList->SetRows(names);
   ui_->ExerciseSummaryList->SetRows(summaries);
-  ui_->ExerciseList->SelectRow(state.CurrentExercise);
-  ui_->ExerciseSummaryList->SelectRow(state.CurrentExercise);
+  shownExercise_ = state.CurrentExercise;
+  SelectExercise(shownExercise_);
   ui_->TotalWorkoutMusicTimeLabel->clear();
   ui_->TotalWorkoutMusicTimeLabel->setText(QString::fromStdString(FormatTime(CheckedInt16(total))));
 }

@@ -79,8 +79,8 @@ void RepvoltaForm::ConnectButtons() {
                     [this] { UpdateSelectedWorkout(program_); });
   handlers_.OnClick(ui_->UpdateAllWorkoutsButton, "The workouts could not be updated.",
                     [this] { UpdateAllWorkouts(program_); });
-  handlers_.OnClick(ui_->AboutButton, "The box could not be shown.",
-                    [this] { services_.dialogs.ShowAbout(); });
+  handlers_.OnClickApart(ui_->AboutButton, "The box could not be shown.",
+                         [this] { services_.dialogs.ShowAbout(); });
   connect(ui_->ExitButton, &QPushButton::clicked, this, &RepvoltaForm::Exit);
   AddKey(this, Qt::Key_F1, ui_->AboutButton);
   AddKey(this, QKeySequence(Qt::CTRL | Qt::Key_Q), ui_->ExitButton);

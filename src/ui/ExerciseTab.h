@@ -25,8 +25,8 @@ class ExerciseTab : public QWidget {
   ExerciseTab(Editor& editor, Handlers& handlers);
   ~ExerciseTab() override;
 
-  /// Without an exercise the tab stays as it is. Throws std::out_of_range and std::overflow_error
-  /// for a record that cannot be shown; what comes before the fault is then shown.
+  /// Without an exercise the tab stays as it is. Throws std::out_of_range for a record that cannot
+  /// be shown; what comes before the fault is then shown.
   void UpdateExerciseScreen();
 
   enum class Content { kExercise, kNoExercise };

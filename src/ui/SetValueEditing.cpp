@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "app/WorkoutFiles.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "ui/ScreenTexts.h"
@@ -28,8 +27,8 @@ void ChangeNumber(Editor& editor, int row, Change change) {
   ExerciseRecord changed = editor.Exercise();
   change(changed, *number);
   editor.Exercise() = changed;
-  editor.screen.UpdateExerciseScreen();
-  SaveWorkout(editor.State());
+  ShowExercise(editor);
+  SaveChangedWorkout(editor);
 }
 
 void ChangeField(Editor& editor, int row, SetSingles ExerciseRecord::*field) {

@@ -2,7 +2,6 @@
 
 #include "app/PathField.h"
 #include "app/ScreenUpdate.h"
-#include "app/Settings.h"
 #include "app/WorkoutFiles.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -20,7 +19,7 @@ void MusicPathButton_Click(Editor& editor) {
   if (path.empty()) return;
   editor.State().Settings.MusicPath = PathField(path);
   editor.screen.ShowPaths();
-  SaveSettings(editor.State());
+  SaveChangedSettings(editor);
   editor.dialogs.ShowMessage(
       "You have changed the music path. The random music file list must now be recompiled as "
       "well.");
@@ -32,7 +31,7 @@ void OutputPathButton_Click(Editor& editor) {
   if (path.empty()) return;
   editor.State().Settings.OutputPath = PathField(path);
   editor.screen.ShowPaths();
-  SaveSettings(editor.State());
+  SaveChangedSettings(editor);
 }
 
 void ExerciseTimeButton_Click(Editor& editor) {
@@ -41,7 +40,8 @@ void ExerciseTimeButton_Click(Editor& editor) {
   if (TrimBlanks(answer).empty()) return;
   editor.State().Settings.DefaultExerciseTime = RoundToInt16(LeadingNumber(answer));
   editor.screen.ShowDefaultExerciseTime();
-  SaveSettings(editor.State());
+  SaveChangedSettings(editor);
+  // This is no change of the workout: that it cannot be saved is told as it is.
   SaveWorkout(editor.State());
 }
 
@@ -66,20 +66,20 @@ void CompileMusicList_Click(Editor& editor) {
 void RateSldr_Change(Editor& editor, int value) {
   if (editor.State().ScreenUpdating) return;
   editor.State().Settings.VoiceRate = CheckedInt16(value);
-  SaveSettings(editor.State());
+  SaveChangedSettings(editor);
 }
 
 void VolumeSldr_Change(Editor& editor, int value) {
   if (editor.State().ScreenUpdating) return;
   editor.State().Settings.VoiceVolume = CheckedInt16(value);
-  SaveSettings(editor.State());
+  SaveChangedSettings(editor);
 }
 
 void VoiceCB_Click(Editor& editor, int index) {
   ProgramState& state = editor.State();
   if (state.ScreenUpdating) return;
   state.Voice.Voice = state.Settings.VoiceIndex = CheckedInt16(index);
-  SaveSettings(state);
+  SaveChangedSettings(editor);
 }
 
 void FormatCB_Change(Editor& editor, int index) {
@@ -87,19 +87,19 @@ void FormatCB_Change(Editor& editor, int index) {
   if (state.ScreenUpdating) return;
   state.Voice.Format = CheckedInt16(index);
   state.Settings.AudioFormat = std::to_string(index);
-  SaveSettings(state);
+  SaveChangedSettings(editor);
 }
 
 void IncludeWeightValuesCheck_Click(Editor& editor, CheckBox box) {
   if (editor.State().ScreenUpdating) return;
   editor.State().Settings.IncludeWeightValues = FlagOf(box);
-  SaveSettings(editor.State());
+  SaveChangedSettings(editor);
 }
 
 void AutoLoadPLaylistCheckbox_Click(Editor& editor, CheckBox box) {
   if (editor.State().ScreenUpdating) return;
   editor.State().Settings.AutoLoadPlaylist = FlagOf(box);
-  SaveSettings(editor.State());
+  SaveChangedSettings(editor);
 }
 
 }  // namespace repvolta

@@ -253,6 +253,7 @@ void RepvoltaForm::ShowTab(WindowTab tab) { ui_->SSTab1->setCurrentIndex(static_
 void RepvoltaForm::EnableWorkoutControls() {
   const bool hasWorkout = !TrimBlanks(services_.state.WorkoutFileName).empty();
   workoutTab_->EnableEditing(hasWorkout);
+  workoutTab_->ShowOddSize();
   if (!hasWorkout && ui_->SSTab1->currentWidget() == ui_->ExercisePage) {
     const ScreenUpdate updating(services_.state);
     ShowTab(WindowTab::kWorkout);

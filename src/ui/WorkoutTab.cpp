@@ -1,8 +1,10 @@
 #include "ui/WorkoutTab.h"
 
+#include <QAccessible>
 #include <QScrollBar>
 
 #include "app/ScreenUpdate.h"
+#include "app/WorkoutDamage.h"
 #include "base/Numbers.h"
 #include "ui/ExerciseEditing.h"
 #include "ui/Keys.h"
@@ -19,6 +21,7 @@ WorkoutTab::WorkoutTab(Editor& editor, Handlers& handlers)
   ConnectWorkouts();
   ConnectExercises();
   ConnectLists();
+  ui_->WorkoutFileLabel->hide();
 }
 
 WorkoutTab::~WorkoutTab() = default;
@@ -121,6 +124,7 @@ KeptRow WorkoutTab::KeepSelection() { return KeptRow(*ui_->ExerciseList); }
 void WorkoutTab::UpdateWorkoutScreen() {
   ProgramState& state = editor_.State();
   const ScreenUpdate updating(state);
+  ShowOddSize();
   QStringList names;
   QStringList summaries;
   std::int32_t total = 0;
@@ -139,6 +143,17 @@ void WorkoutTab::UpdateWorkoutScreen() {
   SelectExercise(shownExercise_);
   ui_->TotalWorkoutMusicTimeLabel->clear();
   ui_->TotalWorkoutMusicTimeLabel->setText(QString::fromStdString(FormatTime(CheckedInt16(total))));
+}
+
+void WorkoutTab::ShowOddSize() {
+  const QString text = QString::fromStdString(OddSizeOf(editor_.State()));
+  QLabel* label = ui_->WorkoutFileLabel;
+  if (text == label->text()) return;
+  label->setText(text);
+  label->setVisible(!text.isEmpty());
+  if (text.isEmpty()) return;
+  QAccessibleEvent told(label, QAccessible::Alert);
+  QAccessible::updateAccessibility(&told);
 }
 
 void WorkoutTab::EnableEditing(bool enabled) {

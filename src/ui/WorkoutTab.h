@@ -37,6 +37,9 @@ class WorkoutTab : public QWidget {
   /// Keeps the selected exercise while the workout is loaded again.
   KeptRow KeepSelection();
 
+  /// Shows that the file of the workout has another size than it should, while it does.
+  void ShowOddSize();
+
   /// Enables what edits the workout; choosing and creating one is always possible.
   void EnableEditing(bool enabled);
 

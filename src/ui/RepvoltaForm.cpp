@@ -46,7 +46,7 @@ RepvoltaForm::RepvoltaForm(const FormServices& services)
   ConnectButtons();
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
-  RestoreWindowLayout(*this);
+  RestoreWindowLayout(*this, services_.layoutFile);
   RepvoltaForm::EnableWorkoutControls();
 }
 
@@ -153,7 +153,7 @@ void RepvoltaForm::Exit() {
   if (stopRequested_) return;
   stopRequested_ = true;
   ExitButton_Click(services_.state, *this);
-  SaveWindowLayout(*this);
+  SaveWindowLayout(*this, services_.layoutFile);
   if (!handlers_.AreRunning()) End();
 }
 

@@ -32,6 +32,7 @@ struct FormServices {
   ProgressWindow& progress;
   PleaseWait& pleaseWait;
   std::function<void(const std::string& path)> openDocument;
+  std::string layoutFile = {};  // see WindowLayoutFile
 };
 
 /// The main window. The start-up fills it before it is shown. Closing it ends the program.

@@ -5,7 +5,6 @@
 
 #include "app/Exercises.h"
 #include "app/ScreenUpdate.h"
-#include "app/WorkoutFiles.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 
@@ -22,9 +21,8 @@ std::string SelectAndTrimName(ProgramState& state, int row) {
   return name.Text();
 }
 
-void SaveAndShow(Editor& editor) {
-  SaveWorkout(editor.State());
-  editor.screen.UpdateWorkoutScreen();
+void Keep(const Editor& editor) {
+  SaveAndShow(editor, [&] { ShowWorkout(editor); });
 }
 
 }  // namespace
@@ -43,7 +41,7 @@ void AddExerciseButton_Click(Editor& editor) {
   state.CurrentExercise = state.NumberOfExercises;
   ++state.NumberOfExercises;
   editor.Exercise().ExerciseName = name;
-  SaveAndShow(editor);
+  Keep(editor);
 }
 
 void EditExerciseNameButton_Click(Editor& editor, int row) {
@@ -55,7 +53,7 @@ void EditExerciseNameButton_Click(Editor& editor, int row) {
   if (TrimBlanks(name).empty()) return;
   state.CurrentExercise = CheckedInt16(row);
   editor.Exercise().ExerciseName = name;
-  SaveAndShow(editor);
+  Keep(editor);
 }
 
 void RemoveExerciseButton_Click(Editor& editor, int row) {
@@ -70,7 +68,7 @@ void RemoveExerciseButton_Click(Editor& editor, int row) {
   state.Workout[state.NumberOfExercises].ExerciseName = {};
   --state.NumberOfExercises;
   state.CurrentExercise = CheckedInt16(std::max(0, RowAfterRemoval(row, state.NumberOfExercises)));
-  SaveAndShow(editor);
+  Keep(editor);
 }
 
 void MoveUpExerciseListButton_Click(Editor& editor, int row) {
@@ -83,7 +81,7 @@ void MoveUpExerciseListButton_Click(Editor& editor, int row) {
   }
   std::swap(state.Workout[row - 1], state.Workout[row]);
   --state.CurrentExercise;
-  SaveAndShow(editor);
+  Keep(editor);
 }
 
 }  // namespace repvolta

@@ -6,7 +6,6 @@
 
 #include "app/Exercises.h"
 #include "app/PathField.h"
-#include "app/WorkoutFiles.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "mp3/GetPlayTime.h"
@@ -16,9 +15,15 @@ namespace {
 
 constexpr int kSecondsPerMinute = 60;
 
-void SaveAndShow(Editor& editor) {
-  SaveWorkout(editor.State());
-  editor.screen.UpdateExerciseScreen();
+void Keep(const Editor& editor) {
+  SaveAndShow(editor, [&] { ShowExercise(editor); });
+}
+
+void KeepAndSelect(const Editor& editor, int row) {
+  SaveAndShow(editor, [&] {
+    ShowExercise(editor);
+    editor.screen.SelectMusic(row);
+  });
 }
 
 /// Makes a change of the current exercise and sums its play times. When either throws, the exercise
@@ -52,8 +57,7 @@ void AddMusicFileButton_Click(Editor& editor) {
     exercise.MusicFilePlayTime[count] = GetPlayTime(path);
     ++exercise.NumberOfMusicFiles;
   });
-  SaveAndShow(editor);
-  editor.screen.SelectMusic(count);
+  KeepAndSelect(editor, count);
 }
 
 void MoveMusicFileUpListButton_Click(Editor& editor, int row) {
@@ -66,8 +70,7 @@ void MoveMusicFileUpListButton_Click(Editor& editor, int row) {
   }
   // The play times stay where they are: this is meant.
   std::swap(exercise.MusicFile[row - 1], exercise.MusicFile[row]);
-  SaveAndShow(editor);
-  editor.screen.SelectMusic(row - 1);
+  KeepAndSelect(editor, row - 1);
 }
 
 void RemoveMusicFileButton_Click(Editor& editor, int row) {
@@ -81,18 +84,16 @@ void RemoveMusicFileButton_Click(Editor& editor, int row) {
   ChangeMusic(editor, [&](ExerciseRecord& exercise) {
     // The play times stay where they are, so the total can count the removed file and leave out the
     // last one: this is meant.
-    for (int j = row; j < count; ++j) exercise.MusicFile[j] = exercise.MusicFile[j + 1];
-    exercise.MusicFile[count] = {};
+    RemoveItem(exercise.MusicFile, row, count);
     --exercise.NumberOfMusicFiles;
   });
-  SaveAndShow(editor);
-  editor.screen.SelectMusic(RowAfterRemoval(row, count - 1));
+  KeepAndSelect(editor, RowAfterRemoval(row, count - 1));
 }
 
 void RandomMusicCheckBox_Click(Editor& editor, CheckBox box) {
   if (editor.State().ScreenUpdating) return;
   editor.Exercise().RandomMusic = box == CheckBox::kTicked ? kTrue : kFalse;
-  SaveWorkout(editor.State());
+  SaveChangedWorkout(editor);
 }
 
 void SetExerciseTimeButton_Click(Editor& editor) {
@@ -110,7 +111,7 @@ void SetExerciseTimeButton_Click(Editor& editor) {
     return;
   }
   editor.Exercise().TargetExerciseTime = RoundToInt16(seconds);
-  SaveAndShow(editor);
+  Keep(editor);
 }
 
 }  // namespace repvolta

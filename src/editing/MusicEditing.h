@@ -5,8 +5,7 @@
 namespace repvolta {
 
 // The commands that edit the music of the current exercise. `row` is the one selected in MusicList;
-// -1: none. Each change is saved. All throw FileError when it cannot be saved; it is then in memory
-// only.
+// -1: none. Each change is saved; when that fails: docs/decisions/0001-errors.md.
 
 /// Lets a file be chosen and adds it behind the others. Throws what GetPlayTime throws,
 /// std::overflow_error when the total time does not fit and std::length_error when the path does

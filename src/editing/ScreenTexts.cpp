@@ -14,10 +14,13 @@ namespace {
 /// Of 30 December 1899.
 constexpr qint64 kJulianDayOfDateZero = 2415019;
 
-std::string DaysText(float frequency, double nextUpdate, double now) {
-  if (!(frequency > 0)) return "N/A";
-  const std::int16_t days = RoundToInt16(nextUpdate + static_cast<double>(frequency) - now);
-  return days < 0 ? "Due" : StandardNumberText(days);
+/// One odd date is to keep nothing else from being shown.
+std::string DaysOrNever(float frequency, double nextUpdate, double now) {
+  try {
+    return DaysText(frequency, nextUpdate, now);
+  } catch (const std::overflow_error&) {
+    return "Never";
+  }
 }
 
 }  // namespace
@@ -46,9 +49,16 @@ std::string SummaryLine(const ExerciseRecord& exercise) {
          (exercise.RandomMusic == kTrue ? ", Random Music" : "");
 }
 
+std::string DaysText(float frequency, double nextUpdate, double now) {
+  if (!(frequency > 0)) return "N/A";
+  const double days = std::nearbyint(nextUpdate + static_cast<double>(frequency) - now);
+  // However long ago: only days to come are kept as a number.
+  return days < 0 ? "Due" : StandardNumberText(RoundToInt16(days));
+}
+
 std::string NextUpdateText(const ExerciseRecord& exercise, int set, double now) {
-  return DaysText(exercise.SetFrequency1[set], exercise.NextUpdate1[set], now) + ", " +
-         DaysText(exercise.SetFrequency2[set], exercise.NextUpdate2[set], now);
+  return DaysOrNever(exercise.SetFrequency1[set], exercise.NextUpdate1[set], now) + ", " +
+         DaysOrNever(exercise.SetFrequency2[set], exercise.NextUpdate2[set], now);
 }
 
 std::string DateText(double date) {

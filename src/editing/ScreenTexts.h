@@ -14,9 +14,12 @@ FieldNames FieldNamesOf(const ExerciseRecord& exercise);
 /// "03 sets, 05:20 Exercise, 06:15 Music, Random Music"
 std::string SummaryLine(const ExerciseRecord& exercise);
 
-/// The days from `now` to the next growth of both values, "N/A" for one that does not grow and
-/// "Due" for one whose day has passed: " 5, N/A". A value can read " 0" on a day when an update
-/// does not let it grow yet; this is meant. Throws std::overflow_error beyond 16 bits.
+/// The days from `now` to the next growth of a value: " 5", "N/A" when it does not grow, "Due" when
+/// the day has passed. " 0" can stand on a day when an update does not let it grow yet; this is
+/// meant. Throws std::overflow_error when the day is too far off for 16 bits, or none.
+std::string DaysText(float frequency, double nextUpdate, double now);
+
+/// The days of both values: " 5, N/A"; "Never" for a day that is too far off.
 std::string NextUpdateText(const ExerciseRecord& exercise, int set, double now);
 
 /// A date as Clock gives it, in the short form of the person's locale. Throws std::overflow_error

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "app/ScreenUpdate.h"
-#include "app/WorkoutFiles.h"
 #include "base/Numbers.h"
 #include "editing/ScreenTexts.h"
 
@@ -18,9 +17,15 @@ constexpr std::array kNumbersOfSet = {
     &ExerciseRecord::SetIncrement2, &ExerciseRecord::SetFrequency1, &ExerciseRecord::SetFrequency2,
 };
 
-void SaveAndShow(Editor& editor) {
-  SaveWorkout(editor.State());
-  editor.screen.UpdateExerciseScreen();
+void Keep(const Editor& editor) {
+  SaveAndShow(editor, [&] { ShowExercise(editor); });
+}
+
+void KeepAndSelect(const Editor& editor, int row) {
+  SaveAndShow(editor, [&] {
+    ShowExercise(editor);
+    editor.screen.SelectSet(row);
+  });
 }
 
 float AskForValue(Editor& editor, const std::string& fieldName) {
@@ -32,10 +37,7 @@ float AskForValue(Editor& editor, const std::string& fieldName) {
 void MoveLaterSetsUp(ExerciseRecord& exercise, int removed) {
   ExerciseRecord changed = exercise;
   for (const auto numbers : kNumbersOfSet) {
-    for (int j = removed; j < exercise.NumberOfSets; ++j) {
-      (changed.*numbers)[j] = (changed.*numbers)[j + 1];
-    }
-    (changed.*numbers)[exercise.NumberOfSets] = 0;
+    RemoveItem(changed.*numbers, removed, exercise.NumberOfSets);
   }
   --changed.NumberOfSets;
   exercise = changed;
@@ -59,7 +61,7 @@ void AddNewSetButton_Click(Editor& editor) {
     exercise.SetValue2[exercise.NumberOfSets] = value2;
     ++exercise.NumberOfSets;
   }
-  SaveAndShow(editor);
+  Keep(editor);
 }
 
 void RemoveSelectedSetButton_Click(Editor& editor, int row) {
@@ -69,8 +71,7 @@ void RemoveSelectedSetButton_Click(Editor& editor, int row) {
     return;
   }
   MoveLaterSetsUp(exercise, row);
-  SaveAndShow(editor);
-  editor.screen.SelectSet(RowAfterRemoval(row, exercise.NumberOfSets));
+  KeepAndSelect(editor, RowAfterRemoval(row, exercise.NumberOfSets));
 }
 
 void MoveSetUpListButton_Click(Editor& editor, int row) {
@@ -83,28 +84,27 @@ void MoveSetUpListButton_Click(Editor& editor, int row) {
   for (const auto numbers : kNumbersOfSet) {
     std::swap((exercise.*numbers)[row - 1], (exercise.*numbers)[row]);
   }
-  SaveAndShow(editor);
-  editor.screen.SelectSet(row - 1);
+  KeepAndSelect(editor, row - 1);
 }
 
 void ManualDateResetButton_Click(Editor& editor, int row) {
   if (row < 0) return;
   ExerciseRecord& exercise = editor.Exercise();
   exercise.NextUpdate1[row] = exercise.NextUpdate2[row] = editor.program.clock.Today();
-  SaveAndShow(editor);
+  Keep(editor);
 }
 
 void SetButton_Click(Editor& editor, int index) {
   if (editor.State().ScreenUpdating) return;
   editor.Exercise().SetType = CheckedInt16(index);
-  editor.screen.UpdateExerciseScreen();
-  SaveWorkout(editor.State());
+  ShowExercise(editor);
+  SaveChangedWorkout(editor);
 }
 
 void UnitsSelection_Click(Editor& editor, int index) {
   if (editor.State().ScreenUpdating) return;
   editor.Exercise().Units = index != 0 ? kTrue : kFalse;
-  SaveWorkout(editor.State());
+  SaveChangedWorkout(editor);
 }
 
 }  // namespace repvolta

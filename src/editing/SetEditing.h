@@ -5,8 +5,7 @@
 namespace repvolta {
 
 // The commands that edit the sets of the current exercise. `row` is the one selected in SetList1;
-// -1: none. Each change is saved and shown. All throw FileError when it cannot be saved; it is then
-// in memory only.
+// -1: none. Each change is saved and shown; when that fails: docs/decisions/0001-errors.md.
 
 /// Asks for the two values of a new set. Throws std::overflow_error when one is too large; then
 /// none is added.

@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "app/WorkoutFiles.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
 #include "editing/ScreenTexts.h"
@@ -18,8 +17,8 @@ std::optional<float> AskForNumber(Editor& editor) {
   return CheckedSingle(number);
 }
 
-/// `change` takes the record and the number. It is made on a copy, which is shown as text once, so
-/// that a change that could not be shown is not made.
+/// `change` takes the record and the number. It is made on a copy: where it throws, nothing is
+/// changed.
 template <class Change>
 void ChangeNumber(Editor& editor, int row, Change change) {
   if (row < 0) return;
@@ -27,10 +26,9 @@ void ChangeNumber(Editor& editor, int row, Change change) {
   if (!number) return;
   ExerciseRecord changed = editor.Exercise();
   change(changed, *number);
-  NextUpdateText(changed, row, editor.program.clock.Now());
   editor.Exercise() = changed;
-  editor.screen.UpdateExerciseScreen();
-  SaveWorkout(editor.State());
+  ShowExercise(editor);
+  SaveChangedWorkout(editor);
 }
 
 void ChangeField(Editor& editor, int row, SetSingles ExerciseRecord::*field) {
@@ -43,6 +41,8 @@ void ChangeFrequency(Editor& editor, int row, SetSingles ExerciseRecord::*freque
   ChangeNumber(editor, row, [&](ExerciseRecord& record, float days) {
     (record.*frequency)[row] = days;
     (record.*nextUpdate)[row] = editor.program.clock.Today() + static_cast<double>(days);
+    // Refuses days that could not be shown.
+    DaysText(days, (record.*nextUpdate)[row], editor.program.clock.Now());
   });
 }
 

@@ -5,9 +5,9 @@
 namespace repvolta {
 
 // A double click on the lists of sets asks for a new number. `row` is the selected one; -1: none.
-// An empty answer and a negative number change nothing. Each change is shown and saved. All throw
-// std::overflow_error when the number is too large, and then nothing is changed; FileError when it
-// cannot be saved, and then it is in memory only.
+// An empty answer and a negative number change nothing. Each change is shown and saved; when that
+// fails: docs/decisions/0001-errors.md. All throw std::overflow_error when the number is too large;
+// then nothing is changed.
 
 void SetList1_DblClick(Editor& editor, int row);
 void SetList2_DblClick(Editor& editor, int row);

@@ -2,7 +2,6 @@
 
 #include "app/PathField.h"
 #include "app/ScreenUpdate.h"
-#include "app/Settings.h"
 #include "app/WorkoutFiles.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -13,13 +12,6 @@ namespace {
 
 Flag FlagOf(CheckBox box) { return box == CheckBox::kTicked ? kTrue : kFalse; }
 
-/// Shows also what was taken over from another program that had saved settings meanwhile.
-void SaveAndShow(Editor& editor) {
-  const SettingsRecord ours = editor.State().Settings;
-  SaveSettings(editor.State());
-  if (editor.State().Settings != ours) editor.screen.UpdateSettingsScreen();
-}
-
 }  // namespace
 
 void MusicPathButton_Click(Editor& editor) {
@@ -27,7 +19,7 @@ void MusicPathButton_Click(Editor& editor) {
   if (path.empty()) return;
   editor.State().Settings.MusicPath = PathField(path);
   editor.screen.ShowPaths();
-  SaveAndShow(editor);
+  SaveChangedSettings(editor);
   editor.dialogs.ShowMessage(
       "You have changed the music path. The random music file list must now be recompiled as "
       "well.");
@@ -39,7 +31,7 @@ void OutputPathButton_Click(Editor& editor) {
   if (path.empty()) return;
   editor.State().Settings.OutputPath = PathField(path);
   editor.screen.ShowPaths();
-  SaveAndShow(editor);
+  SaveChangedSettings(editor);
 }
 
 void ExerciseTimeButton_Click(Editor& editor) {
@@ -48,7 +40,8 @@ void ExerciseTimeButton_Click(Editor& editor) {
   if (TrimBlanks(answer).empty()) return;
   editor.State().Settings.DefaultExerciseTime = RoundToInt16(LeadingNumber(answer));
   editor.screen.ShowDefaultExerciseTime();
-  SaveAndShow(editor);
+  SaveChangedSettings(editor);
+  // This is no change of the workout: that it cannot be saved is told as it is.
   SaveWorkout(editor.State());
 }
 
@@ -73,20 +66,20 @@ void CompileMusicList_Click(Editor& editor) {
 void RateSldr_Change(Editor& editor, int value) {
   if (editor.State().ScreenUpdating) return;
   editor.State().Settings.VoiceRate = CheckedInt16(value);
-  SaveSettings(editor.State());
+  SaveChangedSettings(editor);
 }
 
 void VolumeSldr_Change(Editor& editor, int value) {
   if (editor.State().ScreenUpdating) return;
   editor.State().Settings.VoiceVolume = CheckedInt16(value);
-  SaveSettings(editor.State());
+  SaveChangedSettings(editor);
 }
 
 void VoiceCB_Click(Editor& editor, int index) {
   ProgramState& state = editor.State();
   if (state.ScreenUpdating) return;
   state.Voice.Voice = state.Settings.VoiceIndex = CheckedInt16(index);
-  SaveAndShow(editor);
+  SaveChangedSettings(editor);
 }
 
 void FormatCB_Change(Editor& editor, int index) {
@@ -94,19 +87,19 @@ void FormatCB_Change(Editor& editor, int index) {
   if (state.ScreenUpdating) return;
   state.Voice.Format = CheckedInt16(index);
   state.Settings.AudioFormat = std::to_string(index);
-  SaveAndShow(editor);
+  SaveChangedSettings(editor);
 }
 
 void IncludeWeightValuesCheck_Click(Editor& editor, CheckBox box) {
   if (editor.State().ScreenUpdating) return;
   editor.State().Settings.IncludeWeightValues = FlagOf(box);
-  SaveAndShow(editor);
+  SaveChangedSettings(editor);
 }
 
 void AutoLoadPLaylistCheckbox_Click(Editor& editor, CheckBox box) {
   if (editor.State().ScreenUpdating) return;
   editor.State().Settings.AutoLoadPlaylist = FlagOf(box);
-  SaveAndShow(editor);
+  SaveChangedSettings(editor);
 }
 
 }  // namespace repvolta

@@ -4,8 +4,8 @@
 
 namespace repvolta {
 
-// The commands of the settings tab, and the two check boxes of the settings. Each change is saved.
-// All throw FileError when it cannot be saved; it is then in memory only.
+// The commands of the settings tab, and the two check boxes of the settings. Each change is shown
+// and saved; when that fails: docs/decisions/0001-errors.md.
 
 /// Lets the music folder be chosen and compiles the random music list anew. Throws
 /// std::length_error when the path does not fit, UpdateStopped.
@@ -14,8 +14,8 @@ void MusicPathButton_Click(Editor& editor);
 /// Throws std::length_error when the path does not fit.
 void OutputPathButton_Click(Editor& editor);
 
-/// Asks for the default exercise time in minutes. Throws std::overflow_error when it does not fit;
-/// then nothing is changed.
+/// Asks for the default exercise time in minutes, and saves the workout too. Throws
+/// std::overflow_error when it does not fit; then nothing is changed.
 void ExerciseTimeButton_Click(Editor& editor);
 
 /// Rebuilds the random music list, all or nothing, and counts it. Throws UpdateStopped.

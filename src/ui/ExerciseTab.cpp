@@ -131,6 +131,8 @@ void ExerciseTab::SelectSet(int row) { sets_->SelectRow(row); }
 
 void ExerciseTab::SelectMusic(int row) { ui_->MusicList->SelectRow(row); }
 
+KeptRow ExerciseTab::KeepSelection() { return KeptRow(*ui_->MusicList); }
+
 void ExerciseTab::ShowContent(Content content) {
   const bool shown = content == Content::kExercise;
   for (QWidget* frame : std::initializer_list<QWidget*>{

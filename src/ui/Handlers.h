@@ -31,6 +31,10 @@ class Handlers {
   void OnClick(QAbstractButton* button, const std::string& failure,
                const std::function<void()>& handler);
 
+  /// The same for a command that does not use the workout in memory.
+  void OnClickApart(QAbstractButton* button, const std::string& failure,
+                    const std::function<void()>& handler);
+
   bool AreRunning() const { return running_; }
 
  private:

@@ -192,6 +192,23 @@ TEST_F(MusicEditing, RemovingTheMiddleFileLeavesThePlayTimesWhereTheyAre) {
   EXPECT_EQ(List("MusicList").SelectedRow(), 1);
 }
 
+TEST_F(MusicEditing, RemovesAnyOfAsManyFilesAsAWorkoutFileHolds) {
+  constexpr int kAll = static_cast<int>(kMusicSlots);
+  for (const int row : {0, kAll - 1}) {
+    for (int i = 0; i < kAll; ++i) Exercise().MusicFile[i] = std::to_string(i) + ".mp3";
+    Exercise().NumberOfMusicFiles = kAll;
+    Show();
+    form->SelectMusic(row);
+    dialogs.answers = {"OK"};
+    Click("RemoveMusicFileButton");
+    const ExerciseRecord saved = Saved()[0];
+    EXPECT_EQ(saved.NumberOfMusicFiles, kAll - 1) << row;
+    EXPECT_EQ(saved.MusicFile[0].Text(), row == 0 ? "1.mp3" : "0.mp3");
+    EXPECT_EQ(saved.MusicFile[kAll - 2].Text(), row == 0 ? "11.mp3" : "10.mp3");
+    EXPECT_TRUE(saved.MusicFile[kAll - 1].IsBlank()) << row;
+  }
+}
+
 TEST_F(MusicEditing, RemovingTheLastFileSelectsTheOneBefore) {
   AddThreeSongs();
   ClickRow("MusicList", 2);

@@ -68,6 +68,11 @@ TEST(ScreenTexts, TheDayOfTheGrowthReadsZero) {
 
 TEST(ScreenTexts, AFieldWhoseDayHasPassedIsDue) { EXPECT_EQ(NextUpdate(1, 39164), "Due, N/A"); }
 
+TEST(ScreenTexts, AFieldWhoseDayPassedLongAgoIsDue) {
+  EXPECT_EQ(NextUpdate(1, 0), "Due, N/A");
+  EXPECT_EQ(NextUpdate(1, -1e300), "Due, N/A");
+}
+
 TEST(ScreenTexts, TheSecondFieldStandsBehindTheFirst) {
   ExerciseRecord exercise;
   exercise.SetFrequency2[1] = 7;
@@ -76,8 +81,16 @@ TEST(ScreenTexts, TheSecondFieldStandsBehindTheFirst) {
 }
 
 TEST(ScreenTexts, DaysBeyondSixteenBitsOverflow) {
-  EXPECT_THROW(NextUpdate(1e6, 39166), std::overflow_error);
-  EXPECT_THROW(NextUpdate(1, 1e300), std::overflow_error);
+  EXPECT_EQ(DaysText(1, 39166 + 32766, 39166), " 32767");
+  EXPECT_THROW(DaysText(1, 39166 + 32767, 39166), std::overflow_error);
+  EXPECT_THROW(DaysText(1e6, 39166, kNoon), std::overflow_error);
+  EXPECT_THROW(DaysText(1, std::nan(""), kNoon), std::overflow_error);
+}
+
+TEST(ScreenTexts, AFieldWhoseDayIsBeyondSixteenBitsReadsNever) {
+  EXPECT_EQ(NextUpdate(1e6, 39166), "Never, N/A");
+  EXPECT_EQ(NextUpdate(1, 1e300), "Never, N/A");
+  EXPECT_EQ(NextUpdate(1, std::nan("")), "Never, N/A");
 }
 
 TEST(ScreenTexts, ADateHasTheShortFormOfTheLocale) {

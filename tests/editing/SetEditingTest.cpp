@@ -192,6 +192,21 @@ TEST_F(SetEditing, RemovingClearsTheSlotBehindTheOldCount) {
   ExpectNumbers(3, {0, 0, 0, 0, 0, 0});
 }
 
+TEST_F(SetEditing, RemovesOneOfAsManySetsAsAFileHolds) {
+  AddThreeSets();
+  constexpr int kAll = static_cast<int>(kSetSlots);
+  for (int i = 3; i < kAll; ++i) Exercise().SetValue1[i] = static_cast<float>(10 * i);
+  Exercise().NumberOfSets = kAll;
+  Show();
+  form->SelectSet(1);
+  dialogs.answers = {"OK"};
+  Click("RemoveSelectedSetButton");
+  EXPECT_EQ(Saved()[0].NumberOfSets, kAll - 1);
+  ExpectNumbers(1, {31, 32, 33, 34, 35, 36});
+  EXPECT_EQ(Saved()[0].SetValue1[kAll - 2], 160);
+  EXPECT_EQ(Saved()[0].SetValue1[kAll - 1], 0);
+}
+
 TEST_F(SetEditing, TheRowThatTookTheRemovedOnesPlaceIsSelected) {
   AddThreeSets();
   ClickRow("SetList1", 2);

@@ -142,6 +142,16 @@ TEST_F(SetValueEditing, AFrequencyWhoseDaysCannotBeShownIsRefused) {
   EXPECT_THAT(Rows("SetList1"), SizeIs(2));
 }
 
+TEST_F(SetValueEditing, AnOddDateKeepsNoOtherNumberFromBeingChanged) {
+  Exercise().SetFrequency2[0] = 1;
+  Exercise().NextUpdate2[0] = 1e300;
+  Show();
+  Change("SetList1", 0, "55");
+  EXPECT_EQ(Saved()[0].SetValue1[0], 55);
+  Change("FreqList1", 0, "3");
+  EXPECT_EQ(Saved()[0].SetFrequency1[0], 3);
+}
+
 TEST_F(SetValueEditing, AValueThatCannotBeSavedIsToldAndShown) {
   BlockWorkouts();
   Change("SetList1", 0, "5");

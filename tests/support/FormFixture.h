@@ -55,7 +55,8 @@ class FormFixture : public testing::Test {
                      .dialogs = dialogs,
                      .progress = progress,
                      .pleaseWait = pleaseWait,
-                     .openDocument = [this](const std::string& path) { opened.push_back(path); }});
+                     .openDocument = [this](const std::string& path) { opened.push_back(path); },
+                     .layoutFile = layoutFile});
     form->show();
   }
 
@@ -140,6 +141,7 @@ class FormFixture : public testing::Test {
   RecordingProgress progress;
   RecordingPleaseWait pleaseWait;
   std::vector<std::string> opened;
+  std::string layoutFile;
   std::unique_ptr<RepvoltaForm> form;
 };
 

@@ -138,6 +138,7 @@ void cMP3ID3v2::WriteInto(File& file) const {
   if (old.position >= 1 && oldSize > tag.size()) {
     FitInto(oldSize, tag);
     file.WriteAt(old.Offset(), tag);
+    file.ConfirmWritten();
   } else {
     const std::size_t newSize = AreaFor(tag.size());
     FitInto(newSize, tag);

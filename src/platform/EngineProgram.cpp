@@ -22,7 +22,7 @@ std::string EngineProgram::Output(const std::vector<std::string>& arguments) con
 Sound EngineProgram::Speak(const std::string& text, const Arguments& arguments) const {
   if (text.empty()) throw SpeechError("There is nothing in the text that " + program_ + " can say");
   const PrivateFolder folder;
-  const Files files{folder.Path() + "text", folder.Path() + "sound.wav"};
+  const Files files{folder.Path() + kSpokenTextFile, folder.Path() + kSpokenSoundFile};
   WriteWholeFile(files.text, AsBytes(text + "\n"));
   Run(arguments(files), files.text);
   Sound sound = ReadSound(files.sound);

@@ -1,5 +1,6 @@
 #include "platform/PrivateFolder.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -13,6 +14,7 @@
 #include "base/FileError.h"
 #include "base/Folder.h"
 #include "base/Lock.h"
+#include "base/WorkingFile.h"
 
 namespace repvolta {
 namespace {
@@ -20,6 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kPrefix = "repvolta-speech-";
+constexpr std::string_view kUniquePart = "XXXXXX";
 constexpr const char* kFailure = "could not be created";
 constexpr int kAttempts = 10;
 
@@ -48,19 +51,46 @@ void Delete(const std::string& folder) {
   }
 }
 
+/// True for the names that mkdtemp makes.
+bool IsOurName(std::string_view name) {
+  if (!name.starts_with(kPrefix)) return false;
+  name.remove_prefix(kPrefix.size());
+  return name.size() == kUniquePart.size() && std::ranges::all_of(name, [](char character) {
+           return ('0' <= character && character <= '9') ||
+                  ('A' <= character && character <= 'Z') || ('a' <= character && character <= 'z');
+         });
+}
+
+bool IsOurFile(std::string_view name) {
+  for (const char* file : {kSpokenTextFile, kSpokenSoundFile}) {
+    if (name == file || name == WorkingName(file)) return true;
+  }
+  return false;
+}
+
+/// True when the folder is as we make it, and nothing is in it but what we put there.
+bool IsOurs(const Descriptor& descriptor, const std::string& folder) {
+  struct stat status {};
+  if (fstat(descriptor.Number(), &status) != 0 || status.st_uid != geteuid()) return false;
+  if ((status.st_mode & 0777) != S_IRWXU) return false;
+  bool isOurs = true;
+  const int error = ForEachEntry(folder, [&](std::string_view name, EntryType type) {
+    isOurs = isOurs && type == EntryType::kFile && IsOurFile(name);
+  });
+  return isOurs && error == 0;
+}
+
 /// Who made a folder holds its lock, as long as the process lives.
 void DeleteIfAbandoned(const std::string& folder) {
   const Descriptor descriptor = OpenFolder(folder);
-  if (!descriptor.IsOpen()) return;
-  struct stat status {};
-  const bool isUsers = fstat(descriptor.Number(), &status) == 0 && status.st_uid == geteuid();
-  if (isUsers && TryLock(descriptor) == 0) Delete(folder);
+  if (!descriptor.IsOpen() || TryLock(descriptor) != 0) return;
+  if (IsOurs(descriptor, folder)) Delete(folder);
 }
 
 void DeleteAbandoned(const std::string& place) {
   std::vector<std::string> folders;
   ForEachEntry(place, [&](std::string_view name, EntryType type) {
-    if (type == EntryType::kFolder && name.starts_with(kPrefix)) {
+    if (type == EntryType::kFolder && IsOurName(name)) {
       folders.push_back(std::string(place).append("/").append(name));
     }
   });
@@ -82,7 +112,7 @@ PrivateFolder::~PrivateFolder() { Delete(path_); }
 
 /// False when another process took the folder for an abandoned one before it was locked.
 bool PrivateFolder::Make(const std::string& place) {
-  std::string pattern = std::string(place).append("/").append(kPrefix).append("XXXXXX");
+  std::string pattern = std::string(place).append("/").append(kPrefix).append(kUniquePart);
   if (mkdtemp(pattern.data()) == nullptr) throw FileError(pattern, kFailure, errno);
   path_ = pattern + "/";
   descriptor_ = OpenFolder(pattern);

@@ -6,8 +6,13 @@
 
 namespace repvolta {
 
+/// All that ever lies in a private folder, but for their working files.
+inline constexpr const char* kSpokenTextFile = "text";
+inline constexpr const char* kSpokenSoundFile = "sound.wav";
+
 /// A folder that only this user can enter, in the folder for temporary files; deleted with all that
-/// is in it. What killed programs left of such folders is deleted as well.
+/// is in it. What killed programs left of such folders is deleted as well, and nothing that only
+/// has such a name.
 class PrivateFolder {
  public:
   /// Throws FileError.

@@ -33,10 +33,57 @@ TEST_F(PrivateFolders, AreTheUsersAloneAndGoWithAllThatIsInThem) {
   EXPECT_FALSE(fs::exists(path));
 }
 
+/// What a program that was killed while it spoke has left.
+constexpr const char* kLeft = "repvolta-speech-kI11ed";
+
+void LeaveFolder(const std::string& name) {
+  for (const char* file : {"/text", "/.text.new", "/sound.wav"}) PutFile(name + file, "Squat");
+  fs::permissions(name, fs::perms::owner_all);
+}
+
 TEST_F(PrivateFolders, OfKilledProgramsAreDeleted) {
-  PutFile("repvolta-speech-killed/text", "Squat");
+  LeaveFolder(kLeft);
   const PrivateFolder made;
-  EXPECT_FALSE(fs::exists("repvolta-speech-killed"));
+  EXPECT_FALSE(fs::exists(kLeft));
+}
+
+TEST_F(PrivateFolders, AreNotTakenForThoseWithALikeName) {
+  const std::string names[] = {"repvolta-speech-takes-of-may", "repvolta-speech-", "speech-kI11ed",
+                               "repvolta-speech-of-may", "repvolta-speech-kI11e"};
+  for (const std::string& name : names) LeaveFolder(name);
+  { const PrivateFolder made; }
+  for (const std::string& name : names) EXPECT_EQ(GetTextFile(name + "/text"), "Squat");
+}
+
+TEST_F(PrivateFolders, WithSomethingElseInThemAreLeft) {
+  LeaveFolder(kLeft);
+  PutFile(std::string(kLeft) + "/recording.wav", "mine");
+  { const PrivateFolder made; }
+  EXPECT_EQ(GetTextFile(std::string(kLeft) + "/recording.wav"), "mine");
+}
+
+TEST_F(PrivateFolders, WithAFolderInThemAreLeft) {
+  fs::create_directories(std::string(kLeft) + "/sound.wav");
+  fs::permissions(kLeft, fs::perms::owner_all);
+  { const PrivateFolder made; }
+  EXPECT_TRUE(fs::exists(kLeft));
+}
+
+TEST_F(PrivateFolders, ThatOthersMayEnterAreLeft) {
+  LeaveFolder(kLeft);
+  fs::permissions(kLeft, fs::perms(0750));
+  { const PrivateFolder made; }
+  EXPECT_TRUE(fs::exists(kLeft));
+}
+
+TEST_F(PrivateFolders, LeaveNothingOpen) {
+  const auto opened = [] {
+    return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
+  };
+  const auto before = opened();
+  LeaveFolder(kLeft);
+  { const PrivateFolder made; }
+  EXPECT_EQ(opened(), before);
 }
 
 TEST_F(PrivateFolders, ThatAreInUseStay) {
@@ -59,7 +106,7 @@ TEST_F(PrivateFolders, AreNotTakenForWhatOthersLeft) {
 }
 
 TEST_F(PrivateFolders, OfOtherUsersAreLeft) {
-  fs::create_directory("repvolta-speech-theirs");
+  LeaveFolder("repvolta-speech-theirs");
   // Only the superuser can give a folder away; for others it stays their own.
   const bool isGiven = chown("repvolta-speech-theirs", 12345, 12345) == 0;
   { const PrivateFolder made; }

@@ -212,6 +212,10 @@ TEST_F(EngineSpeechTest, ReportsAnEngineThatWritesGarbage) {
   EXPECT_EQ(ErrorOf("garbage"), fake_ + " wrote a file that cannot be used: It holds no sound");
 }
 
+TEST_F(EngineSpeechTest, ReportsAnEngineThatWritesTooMuch) {
+  EXPECT_EQ(ErrorOf("flood"), fake_ + " wrote too much sound");
+}
+
 TEST_F(EngineSpeechTest, ReportsSilence) {
   EXPECT_EQ(ErrorOf("silence please"), fake_ + " gave only silence for \"silence please\"");
   EXPECT_EQ(ErrorOf("nothing"), fake_ + " gave only silence for \"nothing\"");

@@ -34,6 +34,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"Cafe\u0301", "Cafe\u0301", "Cafe"}, Case{"½ ² ﬁt", "½ ² ﬁt", "1/2 2 fit"},
                     Case{"Farmer’s “walk” – 45° twist", "Farmer's \"walk\" - 45° twist",
                          "Farmer's \"walk\" - 45 degrees twist"},
+                    Case{"a — b ‐ c ‑ d ‒ e", "a - b - c - d - e", "a - b - c - d - e"},
                     Case{"Жим 100", "Жим 100", "100"}, Case{"腕立て伏せ", "腕立て伏せ", ""},
                     Case{"", "", ""}, Case{"   ", "", ""}, Case{"😀 ... !?", "", ""},
                     Case{"bad \xFF\xC3 bytes", "bad bytes", "bad bytes"}));

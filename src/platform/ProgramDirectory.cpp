@@ -7,6 +7,7 @@
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/Folder.h"
 #include "base/WholeFile.h"
 
 namespace repvolta {
@@ -24,7 +25,7 @@ std::string UserDataFolder() {
 }
 
 bool IsPortable(const std::string& executableFolder) {
-  return fs::is_directory(executableFolder + "voice");
+  return FolderExists(executableFolder + "voice");
 }
 
 /// All or nothing: half a clip would count as the user's own at the next start.
@@ -35,16 +36,18 @@ void CopyWhole(const std::string& source, const std::string& target) {
 }
 
 /// Copies what `target` lacks, folder by folder.
-void CopyMissing(const fs::path& source, const fs::path& target) {
-  fs::create_directories(target);
-  for (const fs::directory_entry& entry : fs::directory_iterator(source)) {
-    const fs::path copy = target / entry.path().filename();
-    if (entry.is_directory()) {
-      CopyMissing(entry.path(), copy);
-    } else if (!fs::exists(fs::symlink_status(copy))) {
-      CopyWhole(entry.path(), copy);
+void CopyMissing(const std::string& source, const std::string& target) {
+  MakeFolders(target);
+  const int error = ForEachEntry(source, [&](std::string_view name, EntryType type) {
+    const std::string from = std::string(source).append("/").append(name);
+    const std::string copy = std::string(target).append("/").append(name);
+    if (type == EntryType::kFolder || (type == EntryType::kLink && FolderExists(from))) {
+      CopyMissing(from, copy);
+    } else if (!IsTaken(copy)) {
+      CopyWhole(from, copy);
     }
-  }
+  });
+  if (error != 0) throw FileError(source, "could not be read", error);
 }
 
 }  // namespace
@@ -57,16 +60,9 @@ std::string FindProgramDirectory(const std::string& executable) {
 void FillProgramDirectory(const std::string& programDirectory, const std::string& executable) {
   const std::string beside = FolderOf(executable);
   if (programDirectory == beside) return;
-  try {
-    fs::create_directories(programDirectory);
-    const fs::path shared = fs::path(beside) / kSharedData;
-    if (fs::is_directory(shared)) CopyMissing(shared, programDirectory);
-  } catch (const fs::filesystem_error& error) {
-    if (error.code() == std::errc::interrupted) {
-      return FillProgramDirectory(programDirectory, executable);
-    }
-    throw FileError(programDirectory, "could not be filled", error.code().value());
-  }
+  const std::string directory = WithoutSeparator(programDirectory);
+  MakeFolders(directory);
+  if (FolderExists(beside + kSharedData)) CopyMissing(beside + kSharedData, directory);
 }
 
 void LinkEncoder(const std::string& programDirectory) {

@@ -6,7 +6,8 @@ namespace repvolta {
 
 /// The folder that holds the settings, workouts and clips, with the separator at its end: the
 /// executable's own folder when there is a folder "voice" in it, else "repvolta" in the user's data
-/// folder (XDG_DATA_HOME, or .local/share in the home folder). Nothing is made here.
+/// folder (XDG_DATA_HOME, or .local/share in the home folder). Nothing is made here. Throws
+/// FileError when it cannot be known.
 std::string FindProgramDirectory(const std::string& executable);
 
 /// Readies a program directory in the user's data folder: makes it, and copies from the program's

@@ -120,6 +120,16 @@ void File::FlushToDevice() {
   if (Flush(descriptor_) != 0) throw FileError(path_, "could not be written", errno);
 }
 
+void File::ConfirmWritten() const {
+  // Each close asks the file system, also that of a second descriptor of the same opening. The
+  // first one stays: a lock would end with it. Nor could it be closed again after a signal.
+  const int result = Uninterrupted([&] {
+    const int second = fcntl(descriptor_.Number(), F_DUPFD_CLOEXEC, 0);
+    return second < 0 ? second : close(second);
+  });
+  if (result != 0) throw FileError(path_, "could not be written", errno);
+}
+
 void File::StartFlush() const noexcept {
   // Only a beginning: what fails here fails again, and is told, when the file is flushed.
   static_cast<void>(sync_file_range(descriptor_.Number(), 0, 0, SYNC_FILE_RANGE_WRITE));
@@ -194,6 +204,7 @@ void CopyFileToNew(const std::string& source, const std::string& target, const C
   try {
     to.WriteAt(0, start.head);
     CopyContent(from, start.offset, to, start.head.size());
+    to.ConfirmWritten();
   } catch (...) {
     unlink(target.c_str());
     throw;

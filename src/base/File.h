@@ -56,6 +56,11 @@ class File {
   /// Returns when the content is on the device. Throws FileError.
   void FlushToDevice();
 
+  /// To be called behind the last write, before a success is said: some file systems, those of
+  /// networks above all, tell only when a file is closed that they could not keep what was written.
+  /// The file stays open, and locked. Throws FileError.
+  void ConfirmWritten() const;
+
   /// Lets the system begin to bring the content to the device, without waiting for it.
   void StartFlush() const noexcept;
 

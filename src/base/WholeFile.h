@@ -14,7 +14,8 @@ namespace repvolta {
 Bytes ReadWholeFile(const std::string& path, std::size_t limit);
 
 /// Replaces a file by a new one, all or nothing: the bytes go to a private file beside `path`;
-/// Commit() flushes it to the device and puts it in the place of `path`. Until then, and when
+/// Commit() gives it the group and the permissions of `path`, flushes it to the device and puts it
+/// in its place. Until then, and when
 /// anything fails, `path` is as it was. Without a Commit() nothing stays behind; what a crash or a
 /// kill leaves is removed when the same file is next written.
 class WholeFileWriter {

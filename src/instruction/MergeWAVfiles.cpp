@@ -80,6 +80,7 @@ class Joint {
     Try([&] { WriteNumber(target, kRiffSizeOffset, newLength - kRiffHeaderSize); });
     Try([&] { WriteNumber(target, kFormatSizeOffset, kFormatChunkSize); });
     Try([&] { WriteNumber(target, kDataSizeOffset, newLength - kBeforeData); });
+    Try([&] { target.ConfirmWritten(); });
   }
 
   const std::string& target_;

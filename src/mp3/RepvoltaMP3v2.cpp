@@ -142,6 +142,7 @@ void cMP3ID3v2::WriteInto(File& file) const {
     StoreSize(oldSize, tag);
     EndFrames(oldSize, tag);
     file.WriteAt(old.Offset(), tag);
+    file.ConfirmWritten();
   } else {
     const std::size_t newSize = AreaFor(tag.size());
     StoreSize(newSize, tag);

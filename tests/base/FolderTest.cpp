@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
@@ -9,7 +10,7 @@
 #include "base/FileError.h"
 #include "base/Folder.h"
 
-#include "support/ObeysModes.h"
+#include "support/OrdinaryRights.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -28,6 +29,22 @@ extern "C" int statx(int folder, const char* path, int flags, unsigned mask,
   const long result = syscall(SYS_statx, folder, path, flags, mask, status);
   if (result == 0 && std::string_view(path) == "mounted" && MountedLooks()) MountedLooks()(*status);
   return static_cast<int>(result);
+}
+
+namespace {
+
+/// How many deletions a signal still interrupts.
+int interruptions = 0;
+
+}  // namespace
+
+extern "C" int unlinkat(int folder, const char* path, int flags) noexcept {
+  if (interruptions > 0) {
+    --interruptions;
+    errno = EINTR;
+    return -1;
+  }
+  return static_cast<int>(syscall(SYS_unlinkat, folder, path, flags));
 }
 
 namespace repvolta {
@@ -94,6 +111,15 @@ TEST(DeleteFolder, DeletesAllThatIsInIt) {
   EXPECT_FALSE(IsTaken("Monday"));
 }
 
+TEST(DeleteFolder, GoesOnAfterASignal) {
+  TemporaryFolder folder;
+  PutFile("Monday/song", "x");
+  interruptions = 3;
+  DeleteFolder("Monday");
+  EXPECT_FALSE(IsTaken("Monday"));
+  EXPECT_EQ(interruptions, 0);
+}
+
 TEST(DeleteFolder, MindsNoMissingOne) {
   TemporaryFolder folder;
   EXPECT_EQ(FailureOf([] { DeleteFolder("Monday"); }), "");
@@ -104,7 +130,7 @@ TEST(DeleteFolder, DeletesWhatIsInFoldersWithoutRights) {
   PutFile("Monday/closed/song", "x");
   fs::permissions("Monday/closed", fs::perms::none);
   fs::permissions("Monday", fs::perms::owner_read);
-  const ObeysModes obeys;
+  const OrdinaryRights ordinary;
   DeleteFolder("Monday");
   EXPECT_FALSE(IsTaken("Monday"));
 }

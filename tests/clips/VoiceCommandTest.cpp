@@ -104,6 +104,17 @@ TEST_F(VoiceCommand, ReportsAMissingWordList) {
   ExpectFailure({"make", "gone", "voice"}, "gone could not be read: No such file or directory");
 }
 
+TEST_F(VoiceCommand, ShowsNoControlCharactersOfNames) {
+  ExpectFailure({"make", "go\x1B[2Jne\n", "voice"},
+                "go?[2Jne? could not be read: No such file or directory");
+}
+
+TEST_F(VoiceCommand, ShowsNoControlCharactersOfTheFolder) {
+  PutFile("words", "set set\n");
+  EXPECT_EQ(Run({"make", "words", "voi\x1B[2Jce"}), 0);
+  EXPECT_EQ(output_.str(), "1 clips made in voi?[2Jce\n");
+}
+
 TEST_F(VoiceCommand, ReportsAMissingVoice) {
   PutFile("words", "set set\n");
   engine_.voices.clear();

@@ -7,6 +7,7 @@
 
 #include "fakes/RecordingScreen.h"
 #include "support/ClipBytes.h"
+#include "support/FailingClose.h"
 #include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
 
@@ -68,6 +69,17 @@ TEST_F(MergeWAV, AppendsTheSamplesOverTheLastByte) {
   EXPECT_EQ(TargetNumber(16), 18U);
   EXPECT_EQ(TargetNumber(42), 299U);
   EXPECT_THAT(screen.log, IsEmpty());
+}
+
+TEST_F(MergeWAV, TellsWhenTheCloseCallsTheTargetUnwritten) {
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+
+  const FailingClose unwritten("target.wav");
+  MergeWAVfiles("target.wav", "source.wav", screen);
+
+  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+                                      "Input/output error"));
 }
 
 TEST_F(MergeWAV, LeavesTheSourceAlone) {

@@ -4,6 +4,7 @@
 #include "mp3/RepvoltaMP3v2.h"
 #include "mp3/TagError.h"
 
+#include "support/FailingClose.h"
 #include "support/FullDisk.h"
 #include "support/Mp3Bytes.h"
 #include "support/TemporaryFolder.h"
@@ -62,6 +63,16 @@ TEST(WriteTag, AddsAtLeast2048BytesToAnUntaggedFile) {
     ASSERT_EQ(tagged.size(), size + 2048);
     EXPECT_EQ(Bytes(tagged.begin() + 2048, tagged.end()), Bytes(file));
   }
+}
+
+TEST(WriteTag, FailsWhereTheCloseCallsTheTagUnwritten) {
+  TemporaryFolder folder;
+  PutFile("song.mp3", WithTitle(Mp3Bytes().Frames(2), "old"));
+  cMP3ID3v2 tag;
+  tag.SetFileName("song.mp3");
+  tag.SetTitle("new");
+  const FailingClose unwritten("song.mp3");
+  EXPECT_THROW(tag.WriteTag(), TagError);
 }
 
 TEST(WriteTag, AlwaysRoundsUpPastTheNextStep) {

@@ -6,18 +6,20 @@
 
 namespace repvolta {
 
-/// While it lives the superuser, too, gives up the right to pass over the modes of files.
-class ObeysModes {
+/// While it lives the superuser has no more rights to files than others have.
+class OrdinaryRights {
  public:
-  ObeysModes() {
+  OrdinaryRights() {
     syscall(SYS_capget, &header_, before_);
     __user_cap_data_struct fewer[2] = {before_[0], before_[1]};
-    fewer[0].effective &= ~((1U << CAP_DAC_OVERRIDE) | (1U << CAP_DAC_READ_SEARCH));
+    for (const unsigned right : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH, CAP_FOWNER, CAP_CHOWN}) {
+      fewer[0].effective &= ~(1U << right);
+    }
     syscall(SYS_capset, &header_, fewer);
   }
-  ~ObeysModes() { syscall(SYS_capset, &header_, before_); }
-  ObeysModes(const ObeysModes&) = delete;
-  ObeysModes& operator=(const ObeysModes&) = delete;
+  ~OrdinaryRights() { syscall(SYS_capset, &header_, before_); }
+  OrdinaryRights(const OrdinaryRights&) = delete;
+  OrdinaryRights& operator=(const OrdinaryRights&) = delete;
 
  private:
   __user_cap_header_struct header_{.version = _LINUX_CAPABILITY_VERSION_3, .pid = 0};

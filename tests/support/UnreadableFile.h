@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "support/ObeysModes.h"
+#include "support/OrdinaryRights.h"
 
 namespace repvolta {
 
@@ -23,7 +23,7 @@ class UnreadableFile {
  private:
   std::string path_;
   std::filesystem::perms mode_;
-  ObeysModes obeys_;
+  OrdinaryRights rights_;
 };
 
 }  // namespace repvolta

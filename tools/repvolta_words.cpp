@@ -19,7 +19,7 @@ ExerciseRecord ReadExercise(const std::string& line) {
   std::istringstream numbers(line);
   ExerciseRecord exercise;
   const bool hasType = static_cast<bool>(numbers >> exercise.SetType >> exercise.Units);
-  const std::vector<float> values{std::istream_iterator<float>(numbers), {}};
+  const std::vector<float> values(std::istream_iterator<float>(numbers), {});
   if (!hasType || !numbers.eof() || values.size() % 2 != 0) {
     throw std::runtime_error("No exercise: " + line);
   }

@@ -1,13 +1,14 @@
 #include "app/WorkoutFiles.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <sys/stat.h>
 
 #include "app/RecordFormat.h"
 #include "app/ScreenUpdate.h"
 #include "app/WorkoutDamage.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
-#include "base/Folder.h"
 #include "base/Numbers.h"
 #include "base/WholeFile.h"
 
@@ -41,6 +42,13 @@ void ExpectKnown(const ProgramState& state, const std::string& path) {
 
 void RememberPlaced(ProgramState& state, const WholeFileWriter& writer) {
   if (const auto stamp = writer.Placed()) state.KnownFile = {state.WorkoutFileName, *stamp};
+}
+
+void MakeWorkoutFolder() {
+  const std::string folder(kWorkoutFolder);
+  if (mkdir(folder.c_str(), 0777) != 0 && errno != EEXIST) {
+    throw FileError(folder, "could not be created", errno);
+  }
 }
 
 /// Counts the named exercises up to the first blank name; later names are never looked at.
@@ -89,7 +97,7 @@ std::vector<std::string> RowsOf(const ProgramState& state) {
 
 void LoadWorkoutNames(ProgramState& state, UserInterface& screen) {
   const ScreenUpdate updating(state);
-  MakeFolder(std::string(kWorkoutFolder));
+  MakeWorkoutFolder();
   state.WorkoutNames = ListFiles(std::string(kWorkoutFolder), kWorkoutExtension);
   state.NumberOfWorkouts = CheckedInt16(static_cast<std::int64_t>(state.WorkoutNames.size()));
   screen.ShowWorkoutNames();
@@ -121,7 +129,7 @@ WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen) {
 void SaveWorkout(ProgramState& state) {
   MakeProgramDirectoryCurrent(state);
   if (TrimBlanks(state.WorkoutFileName).empty()) return;
-  MakeFolder(std::string(kWorkoutFolder));
+  MakeWorkoutFolder();
   const std::string path = WorkoutPath(state);
   ExpectKnown(state, path);
   WholeFileWriter writer(path);

@@ -209,6 +209,19 @@ TEST(SettingsFormat, GivesEveryFieldBack) {
   EXPECT_EQ(DecodeSettings(EncodeSettings(settings)), settings);
 }
 
+TEST(SettingsFormat, HasAFormatOfOneByteACharacterAndAtMost65535) {
+  SettingsRecord settings;
+  settings.AudioFormat = "é";
+  EXPECT_EQ(EncodeSettings(settings).size(), kSettingsFileSize + 1);
+  EXPECT_EQ(DecodeSettings(EncodeSettings(settings)).AudioFormat, "é");
+
+  settings.AudioFormat = std::string(70000, '7');
+  settings.LastWorkoutIndex = 3;
+  const Bytes file = EncodeSettings(settings);
+  EXPECT_EQ(file.size(), kLongestSettingsFile);
+  EXPECT_EQ(DecodeSettings(file).LastWorkoutIndex, 3);
+}
+
 /// Every field but the first path differs from the defaults.
 SettingsRecord FullSettings() {
   SettingsRecord settings;

@@ -50,6 +50,16 @@ TEST(ReadNameList, NamesTheClipAfterTheExercise) {
             "exercise/T-Bar Row.WAV=T-Bar Row;");
 }
 
+TEST(ReadNameList, ReadsALongList) {
+  TemporaryFolder folder;
+  std::string names;
+  for (int i = 0; i < 20000; ++i) names += "Exercise " + std::to_string(i) + "\n";
+  PutFile("list", names);
+  const std::vector<ClipWords> clips = ReadNameList("list");
+  ASSERT_EQ(clips.size(), 20000U);
+  EXPECT_EQ(clips.back().words, "Exercise 19999");
+}
+
 TEST(ReadNameList, ReplacesWhatNoFileNameHas) {
   EXPECT_EQ(Read(ReadNameList, "Push/Pull\n"), "exercise/Push_Pull.WAV=Push/Pull;");
 }

@@ -141,6 +141,15 @@ TEST_F(OutputDirectory, IsNotDeletedWhenAListedSongLiesInIt) {
   }
 }
 
+TEST_F(OutputDirectory, IsNotDeletedWhenAListedSongHasItsNameInAnotherCase) {
+  PutFile("player/Monday/lead.mp3", "song");
+  // As on a disk without case, both names open the same song.
+  fs::create_symlink(Full("player/Monday/lead.mp3"), "LEAD.MP3");
+  PutFile("list", Full("LEAD.MP3\n"));
+  OutputFolder output = Monday();
+  EXPECT_THAT(Refusal(output, {.songList = "list"}), HasSubstr("lies there"));
+}
+
 TEST_F(OutputDirectory, IsDeletedBesideListedSongs) {
   PutFile("player/Monday/lead.mp3", "a copy of the person's own");
   PutFile("player/lead.mp3", "song");

@@ -26,7 +26,7 @@ struct Editor {
   ExerciseRecord& Exercise() const { return State().Workout[State().CurrentExercise]; }
 };
 
-/// A change that is in memory, and could not be saved: the file is as it was. The text says so.
+/// A change that is in memory, and could not be saved. The text says so.
 class UnsavedChange : public FileError {
  public:
   explicit UnsavedChange(const FileError& error);

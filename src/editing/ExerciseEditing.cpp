@@ -37,7 +37,8 @@ void AddExerciseButton_Click(Editor& editor) {
   const std::string name = editor.dialogs.SelectExercise();
   // A name of blanks would mark the slot as not used.
   if (TrimBlanks(name).empty()) return;
-  InitialiseExercise(state.Workout[state.NumberOfExercises], state.Settings, editor.program.clock);
+  InitialiseExercise(state.Workout[state.NumberOfExercises], state.Settings,
+                     editor.program.clock.Today());
   state.CurrentExercise = state.NumberOfExercises;
   ++state.NumberOfExercises;
   editor.Exercise().ExerciseName = name;

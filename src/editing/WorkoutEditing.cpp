@@ -6,12 +6,12 @@
 
 #include "app/Exercises.h"
 #include "app/ScreenUpdate.h"
-#include "app/WorkoutFiles.h"
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "editing/LoadedWorkout.h"
 
 namespace repvolta {
 namespace {
@@ -66,7 +66,7 @@ void ListNewWorkout(Editor& editor, const std::string& name) {
 void InitialiseWorkout(Editor& editor) {
   ProgramState& state = editor.State();
   for (int i = 0; i < MaxExercises; ++i) {
-    InitialiseExercise(state.Workout[i], state.Settings, editor.program.clock);
+    InitialiseExercise(state.Workout[i], state.Settings, editor.program.clock.Today());
   }
 }
 
@@ -102,7 +102,7 @@ void CreateNewWorkoutButton_Click(Editor& editor) {
   ReplaceWorkoutFile(editor.State());
   SaveWorkout(editor.State());
   previous.LetNewOneStand();
-  LoadWorkout(editor.State(), editor.screen);
+  LoadAndShowWorkout(editor);
 }
 
 void DeleteSelectedWorkoutButton_Click(Editor& editor) {
@@ -114,7 +114,7 @@ void DeleteSelectedWorkoutButton_Click(Editor& editor) {
   }
   // The name alone, in the current directory and not in the workout folder: this is meant.
   DeleteWorkoutFile(ExistingName(state.WorkoutFileName));
-  LoadWorkoutNames(state, editor.screen);
+  ListWorkouts(editor);
   state.WorkoutFileName.clear();
 }
 
@@ -133,7 +133,7 @@ void WorkoutDropBox_Click(Editor& editor, const std::string& name) {
     editor.screen.SelectWorkout(IndexOf(state, before));
   };
   try {
-    if (LoadWorkout(state, editor.screen) != WorkoutLoad::kLoaded) goBack();
+    if (LoadAndShowWorkout(editor) != WorkoutLoad::kLoaded) goBack();
   } catch (const FileError&) {
     goBack();
     throw;

@@ -31,15 +31,18 @@ constexpr const char* kTempMp3 = "temp.mp3";
 /// One run for the workout in memory.
 class WorkoutUpdate {
  public:
-  explicit WorkoutUpdate(Program& program)
+  WorkoutUpdate(Program& program, ProgressLog& log, UpdateHost& host)
       : program_(program),
         state_(program.state),
-        steps_(program.screen),
+        log_(log),
+        host_(host),
+        steps_(log, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
         playList_(folder_.Path() + workoutName_ + ".M3U") {}
 
-  void Run() {
+  /// Returns the path of the play list.
+  std::string Run() {
     Prepare();
     GrowWorkout(program_, steps_);
     drawn_ = DrawRandomMusic(program_, steps_);
@@ -50,6 +53,7 @@ class WorkoutUpdate {
       CopyMusic(i);
     }
     Finish();
+    return playList_;
   }
 
   /// Removes the working files that this run has made. Throws FileError.
@@ -68,7 +72,7 @@ class WorkoutUpdate {
     // The list is cleared when the window is shown: what fails before is logged behind that.
     const auto clearing = steps_.Try([&] { folder_.Clear(WhatToKeep()); });
     const auto creation = steps_.Try([&] { folder_.Create(); });
-    program_.screen.ShowUpdateForm();
+    host_.UpdateBegins();
     steps_.Log("Updating Workout " + FileName(state_.WorkoutFileName));
     steps_.LogFailure(clearing);
     steps_.LogFailure(creation);
@@ -97,7 +101,7 @@ class WorkoutUpdate {
   void ProduceInstruction(std::int16_t exercise) {
     steps_.Run([&] {
       workingFiles_ = WorkingFiles::kMade;
-      GenerateHumanVoiceInstruction(program_, exercise, kTempWav);
+      GenerateHumanVoiceInstruction(state_, exercise, kTempWav, program_.speech, log_);
     });
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
     const std::string path = NumberedPath("Instructions");
@@ -156,7 +160,7 @@ class WorkoutUpdate {
     if (!WaitFor(path)) return;
     if (isTagged) {
       steps_.Run([&] { OutputFolder::StartFlush(path); });
-      LogTagged(path, program_.screen);
+      LogTagged(path, log_);
     } else {
       Tag(path);
     }
@@ -188,14 +192,14 @@ class WorkoutUpdate {
   bool Appears(const std::string& path) {
     while (!FileExists(path)) {
       steps_.CheckStop();
-      if (!program_.screen.KeepWaiting()) return false;
+      if (!host_.KeepWaiting()) return false;
     }
     return true;
   }
 
   void Tag(const std::string& path) {
     if (!MayChange(path)) return;
-    steps_.Run([&] { ProcessMP3tag(path, text_, state_.WorkoutFileName, program_.screen); });
+    steps_.Run([&] { ProcessMP3tag(path, text_, state_.WorkoutFileName, log_); });
   }
 
   /// Appends the file that was made last to the play list and goes on to the next number.
@@ -222,15 +226,12 @@ class WorkoutUpdate {
     steps_.Run([&] { folder_.FlushToDevice(); });
     steps_.Log("");
     steps_.Log("UPDATE COMPLETE.");
-    if (state_.UpdatingAllWorkouts) program_.screen.HideUpdateForm();
-    steps_.Run([&] { program_.screen.UpdateExerciseScreen(); });
-    if (state_.Settings.AutoLoadPlaylist == kTrue) {
-      steps_.Run([&] { program_.screen.OpenPlayList(playList_); });
-    }
   }
 
   Program& program_;
   ProgramState& state_;
+  ProgressLog& log_;
+  UpdateHost& host_;
   Steps steps_;
   std::string workoutName_;
   OutputFolder folder_;
@@ -243,14 +244,15 @@ class WorkoutUpdate {
 
 }  // namespace
 
-void UpdateCurrentWorkout(Program& program) {
+std::optional<std::string> UpdateCurrentWorkout(Program& program, ProgressLog& log,
+                                                UpdateHost& host) {
   ProgramState& state = program.state;
   state.WorkoutFileName = TrimBlanks(state.WorkoutFileName);
-  if (state.WorkoutFileName.empty()) return;
+  if (state.WorkoutFileName.empty()) return std::nullopt;
   state.Settings.OutputPath = state.Settings.OutputPath.Trimmed();
-  WorkoutUpdate update(program);
+  WorkoutUpdate update(program, log, host);
   try {
-    update.Run();
+    return update.Run();
   } catch (const UpdateStopped&) {
     update.RemoveWorkingFiles();
     throw;

@@ -185,7 +185,7 @@ TEST_F(MainWindow, AfterUpdateAllTheSelectedWorkoutCanBeChosenAgain) {
 TEST_F(MainWindow, OpensThePlayListWhenTheSettingAsksForIt) {
   state.Settings.AutoLoadPlaylist = kTrue;
   Click("UpdateSelectedWorkoutButton");
-  EXPECT_THAT(opened, ElementsAre(folder.Path() + "player/Monday/Monday.M3U"));
+  EXPECT_THAT(dialogs.opened, ElementsAre(folder.Path() + "player/Monday/Monday.M3U"));
 }
 
 TEST_F(MainWindow, WhileAnUpdateRunsNothingElseCanBeDone) {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -88,7 +89,7 @@ const std::vector<std::string> kNames = {"$(touch pwned)",
 TEST_F(Hostile, ExerciseNamesStartNoShellAndMakeNoFilesElsewhere) {
   for (std::string name : kNames) {
     Reset();
-    name = name.substr(0, 40);
+    name.resize(std::min<std::size_t>(name.size(), 40));
     state.Workout[0].ExerciseName = name + "/../../../precious/x";
     state.Workout[1].ExerciseName = name;
     SaveMonday();

@@ -82,6 +82,8 @@ int StatusAt(int folder, const char* path, void* status, int flags) {
 
 }  // namespace
 
+// Names and parameters are those of the C library.
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp,readability-function-size)
 #define EXPORTED extern "C" __attribute__((visibility("default")))
 
 EXPORTED int open(const char* path, int flags, ...) {
@@ -293,3 +295,4 @@ EXPORTED int execve(const char* path, char* const arguments[], char* const envir
 EXPORTED int execv(const char* path, char* const arguments[]) noexcept {
   return execve(path, arguments, environ);
 }
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp,readability-function-size)

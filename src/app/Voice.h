@@ -4,9 +4,9 @@
 
 namespace repvolta {
 
-/// Sets the speaking voice up from the settings, as it then stays until the next start but for a
-/// newly chosen voice: rate and volume are heard from the next start on, and the format always
-/// begins as SAFT16kHz16BitMono. Both are meant so.
+/// Sets up the speaking voice from the settings at the start. Until the next start it keeps its
+/// rate and volume, whatever the settings say; a newly chosen voice speaks at once. The format
+/// always begins as SAFT16kHz16BitMono. Both are meant so.
 void SetUpVoice(ProgramState& state);
 
 }  // namespace repvolta

@@ -14,7 +14,7 @@ namespace {
 constexpr int kFewestRows = 3;
 constexpr int kFewestCharacters = 9;
 
-constexpr int kRowMargin = 3;  // a row is higher than the font by 1/3 of it
+constexpr int kRowMargin = 3;  // a row is 1/3 higher than the font
 
 }  // namespace
 

@@ -91,7 +91,7 @@ class FormFixture : public testing::Test {
     return Find<Control>(*form, name);
   }
 
-  /// At the beginning of the button, where a check box has its box.
+  /// Clicks at the left end of the button, where a check box has its box.
   void Click(const char* name) {
     auto& button = Get<QAbstractButton>(name);
     QTest::mouseClick(&button, Qt::LeftButton, {}, {button.height() / 2, button.height() / 2});

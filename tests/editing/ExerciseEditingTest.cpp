@@ -15,7 +15,7 @@ class ExerciseEditing : public FormFixture {
     Click("AddExerciseButton");
   }
 
-  /// The names in the workout file, as far as they are used.
+  /// The names of the exercises in use in the workout file.
   static std::vector<std::string> SavedNames() {
     std::vector<std::string> names;
     for (const ExerciseRecord& exercise : Saved()) {
@@ -131,7 +131,7 @@ TEST_F(ExerciseEditing, RenamingDoesNothingWithoutExercises) {
 TEST_F(ExerciseEditing, NothingIsAskedWhenNoRowIsSelected) {
   AddExercise("Squat");
   List("ExerciseList").SelectRow(-1);
-  // The focus makes a row current, which is no choice.
+  // The focus makes a row current, which does not count as a choice.
   List("ExerciseList").setFocus();
   Click("EditExerciseNameButton");
   Click("RemoveExerciseButton");

@@ -93,7 +93,7 @@ TEST_F(SetValueEditing, AValueLeavesTheDatesAlone) {
 }
 
 TEST_F(SetValueEditing, LeadingNumbersAreTakenAndNegativeOnesAreNot) {
-  // What is not changed stays 42.
+  // An unchanged value stays 42.
   const std::vector<std::pair<std::string, float>> values = {
       {"12abc", 12.0F},
       {"abc", 0.0F},

@@ -169,7 +169,7 @@ TEST_F(SettingsEditing, TheDefaultTimeIsAskedFor) {
 }
 
 TEST_F(SettingsEditing, LeadingNumbersBecomeDefaultTimes) {
-  // What is not changed stays 5.
+  // An unchanged time stays 5.
   const std::vector<std::pair<std::string, int>> times = {{"12abc", 12},
                                                           {"abc", 0},
                                                           {" 7 ", 7},
@@ -314,7 +314,7 @@ TEST_F(SettingsEditing, TheScreenShowsTheVoicesRateAndVolumeAndTheStoredRest) {
   state.Settings.VoiceRate = 9;
   state.Settings.VoiceIndex = 2;
   state.Settings.IncludeWeightValues = kTrue;
-  state.Settings.AutoLoadPlaylist = 1;  // no true flag
+  state.Settings.AutoLoadPlaylist = 1;  // any value but kTrue is false
   state.Settings.MusicPath = "  /m  ";
   state.RandomMusicFiles = 4711;
   const SettingsRecord before = state.Settings;

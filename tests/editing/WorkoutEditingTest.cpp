@@ -32,7 +32,7 @@ class WorkoutEditing : public FormFixture {
     }
   }
 
-  /// As a person does who opens the list and picks the entry that is selected already.
+  /// Like a person who opens the list and picks the entry that is already selected.
   void ChooseAgain() { emit Box().activated(Box().currentIndex()); }
 };
 

@@ -18,7 +18,7 @@ class NoLog : public ProgressLog {
   void AddLineToUpdateList(std::string_view) override {}
 };
 
-/// A file with all that is read of one, of which some bytes are then made wrong.
+/// A file with everything that the program reads, in which some bytes are then damaged.
 Bytes Damaged(std::mt19937& random) {
   const Id3v2Bytes tag = Id3v2Bytes(static_cast<Byte>(2 + random() % 3), 0x10)
                              .Text("TIT2", "Title")
@@ -42,7 +42,7 @@ Bytes Damaged(std::mt19937& random) {
   return file;
 }
 
-/// Does it and lets pass what a file can be blamed for.
+/// Runs it and ignores exceptions that a bad file may cause.
 template <typename Deed>
 void Try(Deed deed) {
   try {

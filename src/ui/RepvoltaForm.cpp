@@ -188,7 +188,7 @@ void RepvoltaForm::SetBusy(bool busy) {
 }
 
 void RepvoltaForm::LetEventsRun() {
-  // Events also run during the start of the program, which is no command.
+  // Events also run during the start of the program, when no command is running.
   SetBusy(handlers_.AreRunning());
   QCoreApplication::processEvents();
 }

@@ -13,8 +13,8 @@
 
 namespace repvolta {
 
-/// A portable program directory "program" with the built program, its clips and the real encoder,
-/// beside it the folders "music" and "player". The settings name both.
+/// A portable program directory "program" with the built program, its clips and the real encoder;
+/// beside it the folders "music" and "player", which the settings name.
 class PortableProgram : public testing::Test {
  protected:
   PortableProgram() {
@@ -36,7 +36,7 @@ class PortableProgram : public testing::Test {
     Save();
   }
 
-  /// Links to all files of a folder, in folders of our own.
+  /// Creates the folders of `source` in `target` and links to all its files.
   static void LinkAll(const std::string& source, const std::string& target) {
     std::filesystem::create_directories(target);
     for (const auto& entry : std::filesystem::directory_iterator(source)) {
@@ -56,7 +56,7 @@ class PortableProgram : public testing::Test {
     std::filesystem::current_path(folder.Path());
   }
 
-  /// Begins a workout: no exercises, this name.
+  /// Begins a workout with this name and without exercises.
   void Begin(const std::string& name) {
     state.Workout = {};
     state.NumberOfExercises = 0;

@@ -24,7 +24,7 @@ class FakeOutputs : public AudioOutputs {
   std::vector<std::string> Names() override { return {"Speakers"}; }
 };
 
-/// The start in a program directory of its own.
+/// The start in a fresh program directory.
 class StartUp : public WindowlessFixture {
  protected:
   void PutSettings(const SettingsRecord& settings) {

@@ -27,8 +27,8 @@
 
 namespace repvolta {
 
-/// The main window over a program directory of its own, with scripted boxes and fake services. The
-/// workout "Monday" is loaded and has no exercises. Today is day 39166, 25 March 2007, noon.
+/// The main window with a fresh program directory, scripted boxes and fake services. The workout
+/// "Monday" is loaded and has no exercises. Today is day 39166, 25 March 2007, noon.
 class FormFixture : public testing::Test {
  protected:
   FormFixture() {

@@ -14,8 +14,8 @@
 
 namespace repvolta {
 
-/// The workout "Monday" of a program directory with an encoder that copies the WAV file behind the
-/// header of a frame, and without any clips but the names'.
+/// The workout "Monday" in a program directory whose only clips are those of names. The encoder
+/// writes a frame header and then the WAV file.
 class UpdateFixture : public ProgramFixture {
  protected:
   UpdateFixture() {
@@ -46,7 +46,7 @@ class UpdateFixture : public ProgramFixture {
     exercise.MusicFile[exercise.NumberOfMusicFiles++] = path;
   }
 
-  /// While the instruction is encoded, a folder that is not empty takes the place of the next copy.
+  /// Replaces the next copy by a folder with content while the instruction is encoded.
   void PutFolderInTheWay(const std::string& copy) {
     processes.run = [encode = processes.run, copy](const ChildCommand& command) {
       encode(command);

@@ -29,7 +29,7 @@ QString ServerName(const std::string& programDirectory) {
 SingleInstance::SingleInstance(const std::string& programDirectory)
     : directory_(OpenDescriptor(programDirectory, O_RDONLY | O_DIRECTORY)),
       serverName_(ServerName(programDirectory)) {
-  // A file system without locks must not keep the program from starting.
+  // The program must also start on a file system without locks.
   isFirst_ = TryLock(directory_) != EWOULDBLOCK;
 }
 
@@ -47,7 +47,7 @@ void SingleInstance::OnLaterStart(std::function<void()> raise) {
 
 bool SingleInstance::RaiseFirst(std::chrono::milliseconds limit) const {
   QLocalSocket socket;
-  // The first may hold the directory without listening yet.
+  // The first instance may hold the directory before it listens.
   for (QDeadlineTimer end(limit); !end.hasExpired(); QThread::msleep(kPause)) {
     socket.connectToServer(serverName_);
     if (socket.waitForConnected(static_cast<int>(limit.count()))) return true;

@@ -32,7 +32,7 @@ class File {
   static File Open(const std::string& path, Access access);
 
   /// A new, empty file for reading and writing. Throws FileError when `path` already exists, even
-  /// as a dangling link. `mode` holds the permission bits, from which the umask is taken away.
+  /// as a dangling link. `mode` holds the permission bits, less the umask.
   static File CreateNew(const std::string& path, unsigned mode = 0666);
 
   /// Opens the file for reading and writing and creates it if it does not exist. Symbolic links,

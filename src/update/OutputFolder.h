@@ -19,9 +19,9 @@ class OutputFolder {
 
   /// Deletes the folder and everything in it, even read-only files, except for mounted file
   /// systems. Throws std::runtime_error, and deletes nothing, unless the folder lies directly in
-  /// the output path, is neither a link nor a mount point, and holds nothing of `keep`. After that
-  /// no file in the folder is replaced, and nothing is written to a folder outside the output path.
-  /// Throws FileError when something could not be deleted.
+  /// the output path, is neither a link nor a mount point, and holds nothing of `keep`. After such
+  /// a refusal no file in the folder is replaced, and nothing is written to a folder outside the
+  /// output path. Throws FileError when something could not be deleted.
   void Clear(const Keepsakes& keep);
 
   /// Creates the folder unless it exists. Throws FileError.

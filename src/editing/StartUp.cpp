@@ -114,7 +114,7 @@ void Form_Load(ProgramState& state, MainScreen& screen, const StartUpServices& s
 
 bool FirstRunSetup(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
   if (FileExists(kSettingsFile)) return false;
-  // The slips in these texts are meant.
+  // The slips in these texts are quirk 120.
   screen.ShowMessage(
       "This is the first time the program has been executed, so lets set up some simple stuff "
       "first to get started.\rPress ENETER to begin.",

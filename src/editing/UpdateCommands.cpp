@@ -62,7 +62,7 @@ void UpdateAllWorkouts(Program& program) {
   program.state.UpdatingAllWorkouts = true;
   const std::vector<std::string> names = program.state.WorkoutNames;
   for (const std::string& name : names) LoadAndUpdate(program, name);
-  // One pass more than there are workouts: the command ends with no workout's name. Meant so.
+  // One pass more than there are workouts: the command ends with no workout's name (quirk 56).
   LoadAndUpdate(program, "");
   program.screen.ShowMessage("Update COMPLETED on all Workouts");
 }

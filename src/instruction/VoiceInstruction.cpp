@@ -11,7 +11,8 @@
 namespace repvolta {
 namespace {
 
-/// Copies the clip of the exercise's name over the target; makes it first where there is none.
+/// Copies the clip of the exercise's name over the target; makes it first where there is none, once
+/// and for good (quirk 13).
 void BeginWithName(Program& program, const std::string& name, const std::string& target) {
   const std::string clip =
       ExistingName(std::string(kNameClipFolder) + AsFileName(name, kNameClipExtension));

@@ -10,7 +10,8 @@ namespace repvolta {
 inline constexpr int kHiddenWindow = 0;
 
 /// Starts a command line (a program and its arguments, parted by blanks) in the current directory
-/// and waits for its end, however long. Neither the start's success nor the exit code is looked at.
+/// and waits for its end, however long. Neither the start's success nor the exit code is looked at
+/// (quirk 49).
 void ShellWait(ChildProcesses& processes, std::string_view commandLine,
                int windowState = kHiddenWindow);
 

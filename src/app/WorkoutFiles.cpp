@@ -50,7 +50,8 @@ void MakeWorkoutFolder() {
   }
 }
 
-/// Counts the named exercises up to the first blank name; later names are never looked at.
+/// Counts the named exercises up to the first blank name; later names are never looked at
+/// (quirk 103).
 std::int16_t CountExercises(ExerciseSlots& workout) {
   for (std::int16_t i = 0; i < MaxExercises; ++i) {
     workout[i].ExerciseName = workout[i].ExerciseName.Trimmed();

@@ -16,7 +16,7 @@ std::string NameClip(const std::string& name) {
 }
 
 /// Copies the clip of the exercise's name over the target; lets it be made first where there is
-/// none.
+/// none, once and for good (quirk 13).
 template <class Make>
 void BeginWithName(const std::string& clip, const std::string& target, ProgressLog& log,
                    Make makeClip) {

@@ -11,7 +11,7 @@ inline constexpr int kHiddenWindow = 0;
 
 /// Starts a command line (a program and its arguments, parted by blanks) in the current directory,
 /// where the program is looked for before the PATH, and waits for its end, however long. Neither
-/// the start's success nor the exit code is looked at.
+/// the start's success nor the exit code is looked at (quirk 49).
 void ShellWait(ChildProcesses& processes, std::string_view commandLine,
                int windowState = kHiddenWindow);
 

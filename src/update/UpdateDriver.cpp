@@ -39,13 +39,14 @@ class WorkoutUpdate {
         steps_(log, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
-        playList_(folder_.Path() + workoutName_ + ".M3U") {}
+        playList_(folder_.Path() + workoutName_ + ".M3U") {}  // quirk 51
 
   /// Returns the path of the play list.
   std::string Run() {
     Prepare();
     GrowWorkout(program_, steps_);
     drawn_ = DrawRandomMusic(program_, steps_);
+    // Quirk 34.
     steps_.Run([&] { SaveWorkout(state_); });
     for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
       text_.clear();
@@ -76,6 +77,7 @@ class WorkoutUpdate {
     steps_.Log("Updating Workout " + FileName(state_.WorkoutFileName));
     steps_.LogFailure(clearing);
     steps_.LogFailure(creation);
+    // Quirk 47.
     steps_.Log("Created directory " + folder_.Path());
   }
 
@@ -121,12 +123,14 @@ class WorkoutUpdate {
     steps_.Run([&] { folder_.CopyInto(kTempMp3, path); });
     steps_.Run([&] { RemoveFile(kTempWav); });
     steps_.Run([&] { RemoveFile(kTempMp3); });
+    // Quirks 47 and 48.
     steps_.Log(FileName(path) + " MP3 Instruction file created sucessfully.");
     Tag(path);
     List(path);
   }
 
-  /// Without an encoder the instruction stays a WAV file, and the working file stays too.
+  /// Without an encoder the instruction stays a WAV file, and the working file stays too
+  /// (quirk 50).
   void KeepWav(const std::string& path) {
     steps_.Run([&] { folder_.CopyInto(kTempWav, path); });
     steps_.Log(FileName(path) + " WAV Instruction file created sucessfully.");
@@ -147,7 +151,7 @@ class WorkoutUpdate {
 
   void CopySong(const std::string& source) {
     if (!FileIsReachable(source)) {
-      steps_.Log("ERROR: File not found. " + source);
+      steps_.Log("ERROR: File not found. " + source);  // quirk 52
       return;
     }
     const std::string path(TrimBlanks(NumberedPath(TrimBlanks(FileName(source)))));
@@ -237,7 +241,7 @@ class WorkoutUpdate {
   OutputFolder folder_;
   std::string playList_;
   DrawnSongs drawn_;
-  std::string text_;  // the sentence of the exercise at hand
+  std::string text_;  // the sentence of the exercise at hand, for its music too (quirk 53)
   int counter_ = 1;
   WorkingFiles workingFiles_ = WorkingFiles::kNotMade;
 };

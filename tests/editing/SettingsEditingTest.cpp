@@ -346,6 +346,18 @@ TEST_F(SettingsEditing, AVoiceThatIsNoMoreIsNotReplacedByAnother) {
   EXPECT_EQ(state.Settings.VoiceIndex, 7);
 }
 
+TEST_F(SettingsEditing, AChosenAudioOutputChangesNothing) {
+  form->ShowAudioOutputs({"Loudspeaker", "Headphones"});
+  state.Settings.VoiceVolume = 33;  // which a save would store
+  const SettingsRecord before = state.Settings;
+  const Bytes file = GetFile("settings.dat");
+  QComboBox& box = Get<QComboBox>("AudioOutputCB");
+  box.setCurrentIndex(1);
+  emit box.activated(1);
+  EXPECT_EQ(state.Settings, before);
+  EXPECT_EQ(GetFile("settings.dat"), file);
+}
+
 TEST_F(SettingsEditing, WithoutAudioOutputsTheBoxSaysSo) {
   form->ShowAudioOutputs({});
   QComboBox& box = Get<QComboBox>("AudioOutputCB");

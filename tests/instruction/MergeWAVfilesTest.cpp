@@ -126,6 +126,21 @@ TEST_F(MergeWAV, LeavesTheOtherHeaderFieldsAlone) {
     EXPECT_EQ(joined[offset], 'x') << offset;
 }
 
+TEST_F(MergeWAV, JoinsSoundsOfAnotherFormatAsTheyAre) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  Bytes source = WavHeader({.rate = 44100, .bits = 8, .channels = 2}, 100);
+  source.resize(source.size() + 100, 's');
+  PutFile("source.wav", source);
+
+  MergeWAVfiles("target.wav", "source.wav", screen);
+
+  const Bytes joined = GetFile("target.wav");
+  ASSERT_EQ(joined.size(), 346U);
+  EXPECT_EQ(TargetNumber(24), 16000U);
+  EXPECT_EQ(AsText(std::span(joined).subspan(246)), std::string(100, 's'));
+  EXPECT_THAT(screen.log, IsEmpty());
+}
+
 TEST_F(MergeWAV, LogsAMissingSourceAndChangesNothing) {
   const Bytes target = ClipBytes(Bytes(200, 't'));
   PutFile("target.wav", target);

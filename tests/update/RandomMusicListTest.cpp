@@ -124,6 +124,13 @@ TEST_F(Draw, TakesTheLineThatTheNumberSays) {
   EXPECT_EQ(random.seeded, 1);
 }
 
+TEST_F(Draw, SeedsItsNumbersEachTime) {
+  ScriptedNumbers random;
+  GetRandomMusicFile(3, 0, 100, random);
+  GetRandomMusicFile(3, 0, 100, random);
+  EXPECT_EQ(random.seeded, 2);
+}
+
 TEST_F(Draw, TriesAgainUntilTheTimeIsInRange) {
   ScriptedNumbers random({0.0, 0.99, 0.34});
   EXPECT_EQ(GetRandomMusicFile(3, 15, 25, random), Path("20.mp3"));

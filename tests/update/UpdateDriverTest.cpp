@@ -86,6 +86,14 @@ TEST_F(UpdateDriver, GivesMusicTheTagOfItsInstruction) {
               testing::HasSubstr("RV001- Squat - 1 set, 50kg for 10reps"));
 }
 
+TEST_F(UpdateDriver, HasTheValuesInTheTitleAlsoWhenTheyAreNotSaid) {
+  state.Settings.IncludeWeightValues = kFalse;
+  AddSet(AddNamed("Squat"), 50, 10);
+  Update();
+  EXPECT_THAT(GetTextFile("player/Monday/RV001-Instructions.mp3"),
+              testing::HasSubstr("RV001- Squat - 1 set, 50kg for 10reps"));
+}
+
 TEST_F(UpdateDriver, LeavesTheUsersMusicAlone) {
   PutFile("music/Song.mp3", SongBytes(3));
   const auto time = fs::last_write_time("music/Song.mp3");
@@ -163,6 +171,14 @@ TEST_F(UpdateDriver, KeepsTheWavFileWithoutAnEncoder) {
   EXPECT_THAT(processes.started, IsEmpty());
 }
 
+TEST_F(UpdateDriver, TagsNoWavFile) {
+  fs::remove("lame.exe");
+  AddNamed("Squat");
+  Update();
+  EXPECT_EQ(GetFile("player/Monday/RV001-Instructions.WAV"), GetFile("temp.wav"));
+  EXPECT_THAT(screen.log, Not(Contains(testing::HasSubstr("TAG"))));
+}
+
 TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhereItMakesNone) {
   PutFile("temp.wav", "kept without an encoder");
   PutFile("temp.mp3", "not of this run either");
@@ -189,6 +205,16 @@ TEST_F(UpdateDriver, SaysSoWhenTheEncoderWritesNothing) {
   EXPECT_THAT(run.log, Contains("ERROR: temp.mp3 could not be read: No such file or directory"));
   EXPECT_FALSE(fs::exists("player/Monday/RV001-Instructions.mp3"));
   EXPECT_EQ(run.log.back(), "UPDATE COMPLETE.");
+}
+
+TEST_F(UpdateDriver, EndsEachStepWithItsLineAlsoBehindAnError) {
+  fs::remove("player");
+  AddNamed("Squat");
+  Update();
+  EXPECT_THAT(screen.log, Contains("Created directory " + Full("player/Monday/")));
+  EXPECT_THAT(screen.log,
+              Contains("RV001-Instructions.mp3 MP3 Instruction file created sucessfully."));
+  EXPECT_FALSE(fs::exists("player"));
 }
 
 TEST_F(UpdateDriver, GoesOnWhenAnExerciseCannotBeSpoken) {

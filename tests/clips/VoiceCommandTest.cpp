@@ -92,6 +92,9 @@ TEST_F(VoiceCommand, MakesTheClipsOfTheLists) {
   EXPECT_EQ(output_.str(), "5 clips made in out/voice\n");
   ExpectClip("out/voice/300.wav");
   ExpectClip("out/voice/exercise/Squat.WAV");
+  // Half a second, as the engine says it at its own pace, and what a clip has around its word.
+  EXPECT_NEAR(static_cast<double>(ReadWav(GetFile("out/voice/300.wav")).samples.size()) / 16000,
+              0.5 + 0.07, 0.01);
 }
 
 TEST_F(VoiceCommand, MakesClipsWithoutNameLists) {
@@ -126,6 +129,7 @@ TEST_F(VoiceCommand, ReportsAFolderThatCannotBeCreated) {
   PutFile("voice", "in the way");
   EXPECT_EQ(Run({"make", "words", "voice"}), 1);
   EXPECT_THAT(errors_.str(), StartsWith("repvolta-voice: voice"));
+  EXPECT_THAT(errors_.str(), HasSubstr(" could not be created: "));
 }
 
 TEST_F(VoiceCommand, ConvertsARecordingOfAnotherFormat) {
@@ -189,9 +193,25 @@ TEST_F(VoiceCommand, ShowsItsUsageWhenItIsNotCalledRightly) {
   EXPECT_THAT(output_.str(), IsEmpty());
 }
 
+TEST_F(VoiceCommand, SaysWhatIsWrongWithTheCall) {
+  Run({});
+  EXPECT_THAT(errors_.str(), StartsWith("repvolta-voice: nothing to do\nusage: "));
+  errors_.str("");
+  Run({"--help", "me"});
+  EXPECT_THAT(errors_.str(), StartsWith("repvolta-voice: not called rightly\nusage: "));
+}
+
 TEST_F(VoiceCommand, ShowsItsUsageWhenAsked) {
   EXPECT_EQ(Run({"--help"}), 0);
-  EXPECT_THAT(output_.str(), StartsWith("usage: repvolta-voice make"));
+  EXPECT_EQ(output_.str(),
+            "usage: repvolta-voice make WORDS FOLDER [NAMES ...]\n"
+            "       repvolta-voice convert RECORDING CLIP\n"
+            "\n"
+            "make     speaks the clips of the word list WORDS (a line: clip name, words) into\n"
+            "         FOLDER, and those of the exercise name lists NAMES (a line: a name) into\n"
+            "         FOLDER/exercise\n"
+            "convert  makes a clip of a WAV recording of any format: silence trimmed, 16 kHz,\n"
+            "         16 bit, mono, as loud as the other clips\n");
 }
 
 }  // namespace

@@ -40,6 +40,31 @@ TEST(File, NamesTheFileAndTheReason) {
   }
 }
 
+/// Why a file is refused; empty when it is not.
+template <class Opening>
+std::string RefusalOf(Opening open) {
+  try {
+    open();
+  } catch (const FileError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST(File, SaysWhatElseThanAFileIsRefusedFor) {
+  TemporaryFolder folder;
+  fs::create_directory("folder");
+  PutFile("a", "x");
+  fs::create_hard_link("a", "b");
+  EXPECT_EQ(RefusalOf([] { File::Open("folder", File::Access::kRead); }),
+            "folder could not be read: It is not a file");
+  EXPECT_EQ(RefusalOf([] { File::Open("gone", File::Access::kReadWrite); }),
+            "gone could not be opened for writing: No such file or directory");
+  EXPECT_EQ(RefusalOf([] { File::OpenOrCreate("b"); }),
+            "b could not be opened for writing: It has another name elsewhere");
+  EXPECT_EQ(RefusalOf([] { File::CreateNew("a"); }), "a could not be created: File exists");
+}
+
 TEST(FileError, SpeaksEnglishInEveryLocale) {
   EXPECT_EQ(FileError("a", "failed", ENOSPC).Reason(), "No space left on device");
   EXPECT_EQ(FileError("a", "failed", 9999).Reason(), "Error 9999");

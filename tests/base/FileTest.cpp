@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -63,6 +64,34 @@ TEST(File, SaysWhatElseThanAFileIsRefusedFor) {
   EXPECT_EQ(RefusalOf([] { File::OpenOrCreate("b"); }),
             "b could not be opened for writing: It has another name elsewhere");
   EXPECT_EQ(RefusalOf([] { File::CreateNew("a"); }), "a could not be created: File exists");
+}
+
+TEST(File, SaysThatItCouldNotBeWritten) {
+  TemporaryFolder folder;
+  File file = File::CreateNew("a");
+  const FullDisk disk(0);
+  EXPECT_EQ(RefusalOf([&] { file.WriteAt(0, AsBytes("x")); }),
+            "a could not be written: File too large");
+}
+
+TEST(File, IsClosedWhenAnotherTakesItsPlace) {
+  TemporaryFolder folder;
+  PutFile("a", "first");
+  PutFile("b", "second one");
+  File file = File::Open("a", File::Access::kRead);
+  const int closed = file.Descriptor();
+  file = File::Open("b", File::Access::kRead);
+  EXPECT_EQ(file.Path(), "b");
+  EXPECT_EQ(file.Size(), 10U);
+  EXPECT_EQ(fcntl(closed, F_GETFD), -1);
+}
+
+TEST(File, IsNotMadeThroughALink) {
+  TemporaryFolder folder;
+  PutFile("precious", "old");
+  fs::create_symlink("precious", "Monday.M3U");
+  EXPECT_EQ(RefusalOf([] { File::OpenOrCreate("Monday.M3U"); }),
+            "Monday.M3U could not be opened for writing: Too many levels of symbolic links");
 }
 
 TEST(FileError, SpeaksEnglishInEveryLocale) {
@@ -135,6 +164,17 @@ TEST(CopyFileToNew, IsOnlyTheHeadWhereNothingIsBehindTheOffset) {
   PutFile("source", "four");
   CopyFileToNew("source", "target", {AsBytes("head"), 4});
   EXPECT_EQ(GetTextFile("target"), "head");
+}
+
+TEST(CopyContent, TellsWhereItCameTo) {
+  TemporaryFolder folder;
+  for (const std::size_t size : {std::size_t{5}, std::size_t{500'000}}) {
+    PutFile("source", std::string(size, 'x'));
+    File to = File::OpenOrCreate("target");
+    const File from = File::Open("source", File::Access::kRead);
+    EXPECT_EQ(CopyContent(from, 2, to, 10), 10 + size - 2) << size;
+    EXPECT_EQ(CopyContent(from, size, to, 10), 10U) << size;
+  }
 }
 
 TEST(CopyContent, CopiesBetweenFileSystems) {
@@ -239,7 +279,8 @@ TEST(WholeFileWriter, LeavesAFileAloneThatAnotherIsWriting) {
   WholeFileWriter first("Monday.RPV");
   first.Append("first");
 
-  EXPECT_THROW(WriteWholeFile("Monday.RPV", AsBytes("second")), FileError);
+  EXPECT_EQ(RefusalOf([] { WriteWholeFile("Monday.RPV", AsBytes("second")); }),
+            "Monday.RPV could not be written: Another program is writing it");
   first.Commit();
 
   EXPECT_EQ(GetTextFile("Monday.RPV"), "first");

@@ -5,12 +5,12 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "app/ProgressLog.h"
 #include "base/File.h"
 #include "base/FileNames.h"
-#include "base/ProgressLog.h"
 #include "instruction/MergeWAVfiles.h"
 #include "mp3/GetPlayTime.h"
-#include "mp3/ProcessMP3tag.h"
+#include "update/ProcessMP3tag.h"
 #include "update/RandomMusicList.h"
 
 namespace repvolta::bench {

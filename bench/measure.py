@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Runs the measurements and writes their table into docs/performance.md; with --growth it draws
-docs/pictures/growth.svg instead.
+"""Runs the measurements and writes their table into docs/measured/speed.md, and what it says of each
+promise into docs/performance.md; with --growth it draws docs/pictures/growth.svg instead.
 
     measure.py [--growth] DATA
 
@@ -23,7 +23,7 @@ import growth
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 PROGRAMS = ROOT / "build/bench"
-PAGE = ROOT / "docs/performance.md"
+TABLE_PAGE, PROMISES_PAGE = ROOT / "docs/measured/speed.md", ROOT / "docs/performance.md"
 BEGIN, END = "<!-- table: made by tools/bench -->", "<!-- end of the table -->"
 
 REPETITIONS = 9
@@ -169,6 +169,34 @@ def make_table(data):
     return head + "\n".join(sorted(rows, key=lambda row: int(row.split("|")[1]))) + "\n", share
 
 
+def promise_of(what, way):
+    """What a judged line of the table belongs to: its kinds of files share one promise."""
+    if way != "ours":
+        return what
+    return next((row.what for row in RATIOS if what.startswith(row.what)), what.split(",")[0])
+
+
+def promises_of(table):
+    """A line for each promise: what is the least good of its lines of the table."""
+    worst = {}
+    for line in table.splitlines():
+        cells = [cell.strip() for cell in line.strip("|").split("|")]
+        if len(cells) != 8 or not cells[0].isdigit() or not cells[7]:
+            continue
+        _number, what, way, _least, median, ratio, must, judged = cells
+        name, figure = promise_of(what, way), ratio or median
+        if name not in worst or float(figure.split()[0]) > float(worst[name][0].split()[0]):
+            worst[name] = figure, must, judged
+    return "| what | measured | promised | |\n|---|--:|--:|---|\n" + "".join(
+        f"| {name} | {' | '.join(cells)} |\n" for name, cells in worst.items())
+
+
+def put_table(page, table):
+    text = page.read_text()
+    before, after = text.split(BEGIN)[0], text.split(END)[1]
+    page.write_text(f"{before}{BEGIN}\n\n{table}\n{END}{after}")
+
+
 def main():
     data = pathlib.Path(sys.argv[-1]).resolve()
     if "--growth" in sys.argv:
@@ -178,11 +206,11 @@ def main():
     print(table)
     if share > MOST_OTHER_WORK:
         sys.exit("No verdict: other programs took too much of the processors.")
-    page = PAGE.read_text()
-    before, after = page.split(BEGIN)[0], page.split(END)[1]
-    PAGE.write_text(f"{before}{BEGIN}\n\n{table}\n{END}{after}")
+    put_table(TABLE_PAGE, table)
+    put_table(PROMISES_PAGE, promises_of(table))
     if "MISSED" in table:
         sys.exit("A figure was missed.")
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -3,7 +3,7 @@
 #include <taglib/tag.h>
 
 #include "base/File.h"
-#include "mp3/ProcessMP3tag.h"
+#include "update/ProcessMP3tag.h"
 
 #include "Operations.h"
 #include "Suite.h"

@@ -33,10 +33,20 @@ if(REPVOLTA_COVERAGE)
   target_link_options(repvolta_options INTERFACE --coverage)
 endif()
 
-# repvolta_folder(NAME [libraries...]): one static library from the sources of this folder.
-function(repvolta_folder name)
+# repvolta_folder([libraries...]): one static library, named after this folder of src, from its sources;
+# with the libraries of the folders that it builds on (src/folders.txt) and those that are named here.
+function(repvolta_folder)
+  file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR}/src ${CMAKE_CURRENT_SOURCE_DIR})
+  get_filename_component(name ${folder} NAME)
+  if(ARGN MATCHES "repvolta_")
+    message(FATAL_ERROR "src/folders.txt says on which folders ${folder} builds")
+  endif()
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   add_library(repvolta_${name} STATIC ${sources})
   target_include_directories(repvolta_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(repvolta_${name} PUBLIC repvolta_options ${ARGN})
+  foreach(other IN LISTS builds_on_${folder})
+    get_filename_component(other ${other} NAME)
+    target_link_libraries(repvolta_${name} PUBLIC repvolta_${other})
+  endforeach()
 endfunction()

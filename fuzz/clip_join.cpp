@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "instruction/MergeWAVfiles.h"
-#include "platform/WavFormat.h"
+#include "sound/WavFormat.h"
 
 #include "support/Cost.h"
 #include "support/Fuzz.h"
@@ -29,17 +29,20 @@ void Put32(Bytes& file, std::size_t offset, std::size_t value) {
   StoreLittleEndian(std::span(file).subspan(offset), static_cast<std::uint32_t>(value));
 }
 
-/// The last byte of the target gives way to the last byte of the source's header, which its samples
-/// follow; then the sizes are set.
+/// The last byte of the target, if any, gives way to the last byte of the source's header, if any,
+/// which its samples follow; then the sizes are set, however short the file is.
 Bytes JoinedByRule(std::span<const Byte> target, std::span<const Byte> source) {
   Bytes joined(target.begin(), target.end());
-  if (target.size() < kWavHeaderSize || source.size() < kWavHeaderSize) return joined;
-  joined.pop_back();
-  joined.insert(joined.end(), source.begin() + kWavHeaderSize - 1, source.end());
-  Require(joined.size() == target.size() + source.size() - kWavHeaderSize, "the rule's length");
-  Put32(joined, kRiffSizeOffset, joined.size() - 8);
+  if (!target.empty() && source.size() >= kWavHeaderSize) {
+    joined.pop_back();
+    joined.insert(joined.end(), source.begin() + kWavHeaderSize - 1, source.end());
+    Require(joined.size() == target.size() + source.size() - kWavHeaderSize, "the rule's length");
+  }
+  const std::size_t length = joined.size();
+  joined.resize(std::max(length, kWavHeaderSize));
+  Put32(joined, kRiffSizeOffset, length - 8);
   Put32(joined, kFormatSizeOffset, kFormatChunkSize);
-  Put32(joined, kDataSizeOffset, joined.size() - kWavHeaderSize - 1);
+  Put32(joined, kDataSizeOffset, length - kWavHeaderSize - 1);
   return joined;
 }
 
@@ -52,7 +55,7 @@ void JoinTwo(std::span<const Byte> target, std::span<const Byte> source) {
     MergeWAVfiles(kTarget, kSource, log);
   }
   const bool isShort = std::min(target.size(), source.size()) < kWavHeaderSize;
-  Require(log.lines == (isShort ? 1 : 0), "two files are joined, or it is told why not");
+  Require(log.lines == (isShort ? 1 : 0), "a file that is too short is told, once");
   Require(GetFile(kTarget) == JoinedByRule(target, source), "the joined file is the rule's");
   Require(std::ranges::equal(GetFile(kSource), source), "the clip is untouched");
 }

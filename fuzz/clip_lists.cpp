@@ -2,8 +2,8 @@
 
 #include "base/FileNames.h"
 #include "base/Text.h"
-
 #include "clips/ClipLists.h"
+
 #include "support/Cost.h"
 #include "support/Fuzz.h"
 

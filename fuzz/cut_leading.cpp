@@ -5,9 +5,9 @@
 #include <sys/stat.h>
 
 #include "base/File.h"
-#include "mp3/ProcessMP3tag.h"
 #include "mp3/RepvoltaMP3.h"
 #include "mp3/RepvoltaMP3v2.h"
+#include "update/ProcessMP3tag.h"
 
 #include "support/Cost.h"
 #include "support/Fuzz.h"

@@ -3,8 +3,8 @@
 
 #include "base/SingleByteText.h"
 #include "mp3/Id3v2Format.h"
-#include "mp3/ProcessMP3tag.h"
 #include "mp3/RepvoltaMP3v2.h"
+#include "update/ProcessMP3tag.h"
 
 #include "support/Cost.h"
 #include "support/Fuzz.h"
@@ -47,6 +47,50 @@ Texts TextsOf(const TagByRule& tag) {
   return texts;
 }
 
+/// The header without its size, and the frames.
+Bytes BuiltByRule(const Id3v2Frames& frames) {
+  Bytes tag{'I', 'D', '3', 3, 0, 0, 0, 0, 0, 0};
+  for (const std::string& identifier : frames.Identifiers()) {
+    if (identifier.find(kId3v2Marker) != std::string::npos) continue;
+    for (std::size_t i = 1; i <= frames.Count(identifier); ++i) {
+      const std::string text = ToWindows1252(frames.Text(identifier, i));
+      Bytes header(11);
+      std::ranges::copy(AsBytes(identifier), header.begin());
+      StoreBigEndian32(std::span(header).subspan(4), static_cast<std::uint32_t>(text.size() + 1));
+      tag.insert(tag.end(), header.begin(), header.end());
+      std::ranges::copy(AsBytes(text), std::back_inserter(tag));
+    }
+  }
+  return tag;
+}
+
+/// The file after the tag, whose size is still missing, was written into it.
+Bytes WrittenByRule(std::span<const Byte> file, Bytes tag) {
+  const TagByRule old = ReadTagByRule(file);
+  const auto oldSize = static_cast<std::size_t>(std::max(old.size, 0));
+  const bool stays = old.present && oldSize > tag.size();
+  const std::size_t size = stays ? oldSize : (tag.size() / kTagStep + 1) * kTagStep;
+  StoreBigEndian32(std::span(tag).subspan(kId3v2SizeOffset), static_cast<std::uint32_t>(size));
+  if (stays) tag.resize(std::min(tag.size() + 10, size));
+  Bytes after(stays ? 0 : size - oldSize);
+  after.insert(after.end(), file.begin(), file.end());
+  const std::size_t offset = stays ? old.offset : 0;
+  after.resize(std::max(after.size(), offset + tag.size()));
+  std::ranges::copy(tag, after.begin() + static_cast<std::ptrdiff_t>(offset));
+  return after;
+}
+
+/// What the frames held, then maybe what stood behind them.
+void RequireReadBack(std::span<const Byte> file, const Texts& held) {
+  const Texts read = TextsOf(ReadTagByRule(file));
+  for (const auto& [identifier, texts] : held) {
+    const auto found = read.find(identifier);
+    Require(found != read.end() && found->second.size() >= texts.size() &&
+                std::equal(texts.begin(), texts.end(), found->second.begin()),
+            "what was written is read back");
+  }
+}
+
 /// The bytes of the file, from its end, that no tag can claim.
 void RequireAudioUntouched(std::span<const Byte> before, std::span<const Byte> after) {
   const TagByRule old = ReadTagByRule(before);
@@ -62,7 +106,8 @@ void RequireSmallGrowth(std::size_t before, std::size_t after, std::size_t tagSi
   Require(after <= before + tagSize + kTagStep, "a file grows by its tag at the most");
 }
 
-/// Writes the held tag; the file then holds what was set and all that it held before.
+/// Writes the held tag; the file then holds what was set and all that it held before, byte by byte
+/// where the rule puts it.
 void WriteAndCompare(cMP3ID3v2& tag) {
   const Bytes before = GetFile(kSong);
   {
@@ -70,7 +115,8 @@ void WriteAndCompare(cMP3ID3v2& tag) {
     tag.WriteTag();
   }
   const Bytes after = GetFile(kSong);
-  Require(TextsOf(ReadTagByRule(after)) == TextsOf(tag.Frames()), "what was written is read back");
+  Require(after == WrittenByRule(before, BuiltByRule(tag.Frames())), "the file is the rule's");
+  RequireReadBack(after, TextsOf(tag.Frames()));
   RequireAudioUntouched(before, after);
   RequireSmallGrowth(before.size(), after.size(), tag.Frames().Build().size() + kId3v2HeaderSize);
 }
@@ -91,10 +137,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   tag.SetUserUrl("https://a.example/");
   WriteAndCompare(tag);
 
+  const Texts held = TextsOf(tag.Frames());
   tag.SetFileName(kSong);
-  const Bytes once = GetFile(kSong);
-  tag.WriteTag();
-  Require(GetFile(kSong).size() == once.size(), "a tag that is written again does not grow");
+  if (TextsOf(tag.Frames()) == held) {
+    const Bytes once = GetFile(kSong);
+    tag.WriteTag();
+    Require(GetFile(kSong).size() == once.size(), "a tag that is written again does not grow");
+  }
   Require(folder.CountEntries() == 1, "nothing stays behind");
   return 0;
 }

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/WavReader.h"
+#include "sound/WavReader.h"
 
 #include "support/Cost.h"
 #include "support/Fuzz.h"

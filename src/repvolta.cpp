@@ -3,19 +3,20 @@
 #include <cstdio>
 #include <string>
 
-#include "app/StartUp.h"
+#include "app/ProgramDirectory.h"
 #include "base/Product.h"
-#include "platform/EngineSpeech.h"
-#include "platform/ProgramDirectory.h"
+#include "editing/StartUp.h"
 #include "platform/QtChildProcesses.h"
 #include "platform/desktop/DesktopAudioOutputs.h"
 #include "platform/desktop/DesktopDocuments.h"
 #include "platform/desktop/SingleInstance.h"
+#include "speech/EngineSpeech.h"
 #include "ui/MessageBox.h"
 #include "ui/QtDialogs.h"
 #include "ui/RandomMusicMessage.h"
 #include "ui/RepvoltaForm.h"
 #include "ui/UpdateForm.h"
+#include "ui/WindowLayout.h"
 #include "update/RandomMusicList.h"
 
 // The desktop program.
@@ -59,7 +60,8 @@ void Raise(QWidget& form) {
 /// The state, the services and the windows of one run.
 class Desktop {
  public:
-  explicit Desktop(const std::string& programDirectory) {
+  Desktop(const std::string& programDirectory, std::string layoutFile)
+      : layoutFile_(std::move(layoutFile)) {
     state_.ProgramDirectory = programDirectory;
     window_ = &form_;
     dialogs_.SetOwner(&form_);
@@ -90,6 +92,7 @@ class Desktop {
     if (window_) window_->RunEvents();
   }
 
+  std::string layoutFile_;
   RepvoltaForm* window_ = nullptr;  // once it is made
   ProgramState state_;
   SystemClock clock_;
@@ -109,14 +112,19 @@ class Desktop {
                       .dialogs = dialogs_,
                       .progress = progress_,
                       .pleaseWait = pleaseWait_,
-                      .openDocument = [this](const std::string& path) { documents_.Open(path); }}};
+                      .openDocument = [this](const std::string& path) { documents_.Open(path); },
+                      .layoutFile = layoutFile_}};
 };
 
 int Run() {
-  const std::string directory =
-      PrepareProgramDirectory(QCoreApplication::applicationFilePath().toStdString());
+  const std::string executable = QCoreApplication::applicationFilePath().toStdString();
+  const std::string directory = PrepareProgramDirectory(executable);
   SingleInstance instance(directory);
-  if (instance.IsFirst()) return Desktop(directory).Run(instance);
+  if (instance.IsFirst()) {
+    const std::string layoutFile = WindowLayoutFile(directory, executable);
+    if (!layoutFile.empty()) KeepFileDialogIn(directory);
+    return Desktop(directory, layoutFile).Run(instance);
+  }
   return instance.RaiseFirst() ? 0 : Fail("Repvolta is already running in " + directory);
 }
 

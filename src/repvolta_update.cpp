@@ -8,21 +8,20 @@
 #include <vector>
 
 #include "app/Program.h"
+#include "app/ProgramDirectory.h"
 #include "app/Settings.h"
-#include "app/StartUp.h"
+#include "app/Voice.h"
 #include "app/WorkoutDamage.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
-#include "base/FileError.h"
 #include "base/Text.h"
-#include "platform/EngineSpeech.h"
-#include "platform/ProgramDirectory.h"
 #include "platform/QtChildProcesses.h"
-#include "platform/UpdateLock.h"
+#include "speech/EngineSpeech.h"
+#include "update/OutputPath.h"
 #include "update/RandomMusicList.h"
 #include "update/Steps.h"
-#include "update/UpdateCommands.h"
 #include "update/UpdateDriver.h"
+#include "update/UpdateLock.h"
 
 // The update without a window, for scheduled runs and scripts.
 
@@ -105,17 +104,23 @@ std::vector<std::string> ChosenWorkouts(const ProgramState& state,
   return chosen;
 }
 
+/// Says what is wrong with the file that was loaded.
+void WarnOfFile(const Program& program) {
+  for (const std::string& warning : {OddSizeOf(program.state), DamageOf(program.state)}) {
+    if (!warning.empty()) program.screen.AddLineToUpdateList("WARNING: " + warning);
+  }
+}
+
 void UpdateWorkout(Program& program, const std::string& name) {
   program.state.WorkoutFileName = name;
   std::string failure = name + " could not be loaded";
   try {
     if (LoadWorkout(program.state, program.screen) == WorkoutLoad::kLoaded) {
-      const std::string damage = DamageOf(program.state);
-      if (!damage.empty()) program.screen.AddLineToUpdateList("WARNING: " + damage);
+      WarnOfFile(program);
       UpdateCurrentWorkout(program);
       return;
     }
-  } catch (const FileError& error) {
+  } catch (const std::exception& error) {
     failure = error.what();
   }
   program.screen.AddLineToUpdateList("ERROR: " + failure);

@@ -1,10 +1,9 @@
 #include <QCoreApplication>
 #include <iostream>
 
-#include "platform/FliteEngine.h"
-#include "platform/QtChildProcesses.h"
-
 #include "clips/VoiceCommand.h"
+#include "platform/QtChildProcesses.h"
+#include "speech/FliteEngine.h"
 
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);

@@ -16,7 +16,7 @@
 #include "mp3/GetPlayTime.h"
 #include "mp3/RepvoltaMP3v2.h"
 #include "platform/QtChildProcesses.h"
-#include "platform/WavFormat.h"
+#include "sound/WavFormat.h"
 #include "update/RandomMusicList.h"
 
 // Makes the files of a sample program directory, with music of its own, and shows what an update

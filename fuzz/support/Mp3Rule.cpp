@@ -185,15 +185,17 @@ TagByRule ReadTagByRule(std::span<const Byte> file) {
   tag.size = static_cast<std::int32_t>(BigEndianAt(file, start + 6));
   const int width = version == 2 ? 3 : 4;  // of the identifier, and of the size
   const int header = version == 2 ? 6 : 10;
-  const std::int64_t end =
-      std::min(start + 10 + std::max(tag.size, 0), static_cast<std::int64_t>(file.size()));
+  const std::int64_t end = start + 10 + std::max(tag.size, 0);
+  const auto fileEnd = static_cast<std::int64_t>(file.size());
+  const auto part = [&](std::int64_t from, std::int64_t count) {
+    const std::int64_t there = std::min(count, fileEnd - from);
+    return AsText(file.subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(there)));
+  };
   std::int64_t offset = start + 10;
-  while (tag.frames.size() < kMostFrames && end - offset >= header && At(file, offset) != 0) {
+  while (tag.frames.size() < kMostFrames && std::min(end, fileEnd) - offset >= header) {
     const std::int64_t size = BigEndianAt(file, offset + width, width);
-    if (offset + header + size > end) break;
-    const auto part = [&](std::int64_t from, std::int64_t count) {
-      return AsText(file.subspan(static_cast<std::size_t>(from), static_cast<std::size_t>(count)));
-    };
+    const bool isPadding = BigEndianAt(file, offset, width) == 0;
+    if (isPadding || offset + header + size > end) break;
     FrameByRule frame{CurrentIdentifier(part(offset, width), version), part(offset + header, size)};
     std::erase(frame.bytes, '\0');
     tag.frames.push_back(std::move(frame));

@@ -2,10 +2,10 @@
 
 #include "app/ProgramState.h"
 #include "app/UserInterface.h"
-#include "base/Clock.h"
-#include "base/RandomNumbers.h"
 #include "platform/ChildProcess.h"
-#include "platform/SpeechSynthesizer.h"
+#include "platform/Clock.h"
+#include "platform/RandomNumbers.h"
+#include "speech/SpeechSynthesizer.h"
 
 namespace repvolta {
 

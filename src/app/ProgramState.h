@@ -25,11 +25,18 @@ struct KnownWorkoutFile {
   FileStamp stamp;
 };
 
+/// The settings as their file held them when it was last loaded or saved.
+struct KnownSettingsFile {
+  SettingsRecord record;
+  std::optional<FileStamp> stamp;  // none: there was no file
+};
+
 /// Everything that the program holds in memory, one for the whole run.
 struct ProgramState {
   ExerciseSlots Workout;
   SettingsRecord Settings;
   VoiceState Voice;
+  KnownSettingsFile KnownSettings;
   bool SettingsAreUnread = false;  // the file holds others, which could not be read
 
   std::int16_t NumberOfExercises = 0;  // slots in use in Workout

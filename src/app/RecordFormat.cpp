@@ -130,24 +130,32 @@ void VisitExercise(Record& record, Visitor& visit) {
   visit(record.ReservedTail);
 }
 
-/// Visits the fields of the settings in the order of the file.
-template <class Record, class Visitor>
-void VisitSettings(Record& record, Visitor& visit) {
-  visit(record.MusicPath);
-  visit(record.OutputPath);
-  visit(record.DefaultExerciseTime);
-  visit(record.ReservedIntegers);
-  visit(record.VoiceIndex);
-  visit(record.VoiceRate);
-  visit(record.VoiceVolume);
-  visit(record.AudioFormat);
-  visit(record.AutoLoadPlaylist);
-  visit(record.IncludeWeightValues);
-  visit(record.ReservedInteger);
-  visit(record.LastWorkoutIndex);
-  visit(record.ReservedBlock);
-  visit(record.ReservedTexts);
+/// Visits the fields of the settings in the order of the file, each in all the records at once.
+template <class Visitor, class... Records>
+void VisitSettings(Visitor& visit, Records&... records) {
+  visit(records.MusicPath...);
+  visit(records.OutputPath...);
+  visit(records.DefaultExerciseTime...);
+  visit(records.ReservedIntegers...);
+  visit(records.VoiceIndex...);
+  visit(records.VoiceRate...);
+  visit(records.VoiceVolume...);
+  visit(records.AudioFormat...);
+  visit(records.AutoLoadPlaylist...);
+  visit(records.IncludeWeightValues...);
+  visit(records.ReservedInteger...);
+  visit(records.LastWorkoutIndex...);
+  visit(records.ReservedBlock...);
+  visit(records.ReservedTexts...);
 }
+
+/// Takes a field over where it was changed.
+struct FieldMerger {
+  template <class Field>
+  void operator()(const Field& base, const Field& ours, Field& theirs) const {
+    if (!(ours == base)) theirs = ours;
+  }
+};
 
 }  // namespace
 
@@ -166,15 +174,22 @@ ExerciseSlots DecodeWorkout(std::span<const Byte> file) {
 
 Bytes EncodeSettings(const SettingsRecord& settings) {
   FieldWriter writer;
-  VisitSettings(settings, writer);
+  VisitSettings(writer, settings);
   return writer.Take();
 }
 
 SettingsRecord DecodeSettings(std::span<const Byte> file) {
   SettingsRecord settings;
   FieldReader reader(file);
-  VisitSettings(settings, reader);
+  VisitSettings(reader, settings);
   return settings;
+}
+
+SettingsRecord MergeSettings(const SettingsRecord& base, const SettingsRecord& ours,
+                             SettingsRecord theirs) {
+  const FieldMerger merger;
+  VisitSettings(merger, base, ours, theirs);
+  return theirs;
 }
 
 }  // namespace repvolta

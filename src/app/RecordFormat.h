@@ -26,4 +26,8 @@ Bytes EncodeSettings(const SettingsRecord& settings);
 /// Reads as far as the bytes go; what is missing is zeros and blanks.
 SettingsRecord DecodeSettings(std::span<const Byte> file);
 
+/// `theirs` with each field of `ours` that is not as it was in `base`.
+SettingsRecord MergeSettings(const SettingsRecord& base, const SettingsRecord& ours,
+                             SettingsRecord theirs);
+
 }  // namespace repvolta

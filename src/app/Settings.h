@@ -12,8 +12,14 @@ inline constexpr const char* kSettingsFile = "settings.dat";
 /// saved.
 void LoadSettings(ProgramState& state);
 
-/// Makes the program directory current and writes the settings, all or nothing. Throws FileError,
-/// also when LoadSettings could not read what the file holds: that is then kept.
-void SaveSettings(const ProgramState& state);
+/// Takes over what another program has put into the file in the current directory since it was
+/// loaded or saved here; what was changed here since then stays. Throws FileError when it cannot be
+/// read; the settings are then as they were.
+void ReloadChangedSettings(ProgramState& state);
+
+/// Makes the program directory current and writes the settings, all or nothing, with what
+/// ReloadChangedSettings takes over. Throws FileError, also when what the file holds could not be
+/// read, now or by LoadSettings: that is then kept.
+void SaveSettings(ProgramState& state);
 
 }  // namespace repvolta

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "app/ProgressLog.h"
 #include "base/Product.h"
-#include "base/ProgressLog.h"
 
 namespace repvolta {
 

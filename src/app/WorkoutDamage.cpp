@@ -1,5 +1,7 @@
 #include "app/WorkoutDamage.h"
 
+#include "app/RecordFormat.h"
+
 namespace repvolta {
 namespace {
 
@@ -19,6 +21,16 @@ std::string DamageOf(const ProgramState& state) {
     }
   }
   return {};
+}
+
+std::string OddSizeOf(const ProgramState& state) {
+  if (!state.KnownFile || state.KnownFile->name != state.WorkoutFileName) return {};
+  const std::uint64_t size = state.KnownFile->stamp.size;
+  if (size == kWorkoutFileSize) return {};
+  return state.WorkoutFileName + " has " + std::to_string(size) + " bytes instead of " +
+         std::to_string(kWorkoutFileSize) +
+         (size < kWorkoutFileSize ? "; what is missing was filled up with blanks."
+                                  : "; what is too much was ignored.");
 }
 
 }  // namespace repvolta

@@ -69,8 +69,8 @@ void ReadWorkout(ProgramState& state, const std::string& path) {
   state.NumberOfExercises = CountExercises(state.Workout);
 }
 
-/// Shows what was loaded. What keeps a damaged workout from being shown as a whole is not told:
-/// that it is damaged says more.
+/// What keeps a damaged workout from being shown as a whole is not told: that it is damaged says
+/// more.
 void ShowLoaded(const ProgramState& state, UserInterface& screen) {
   try {
     screen.UpdateWorkoutScreen();
@@ -103,7 +103,7 @@ void LoadWorkoutNames(ProgramState& state, UserInterface& screen) {
   screen.ShowWorkoutNames();
 }
 
-WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen) {
+WorkoutLoad LoadUnshownWorkout(ProgramState& state, UserInterface& screen) {
   if (TrimBlanks(state.WorkoutFileName).empty()) return WorkoutLoad::kNoName;
   const std::string path = WorkoutPath(state);
   if (!FileExists(path)) {
@@ -112,9 +112,18 @@ WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen) {
   }
   ReadWorkout(state, path);
   state.CurrentExercise = 0;
+  return WorkoutLoad::kLoaded;
+}
+
+void ShowLoadedWorkout(const ProgramState& state, UserInterface& screen) {
   ShowLoaded(state, screen);
   if (const std::string damage = DamageOf(state); !damage.empty()) screen.ShowMessage(damage);
-  return WorkoutLoad::kLoaded;
+}
+
+WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen) {
+  const WorkoutLoad load = LoadUnshownWorkout(state, screen);
+  if (load == WorkoutLoad::kLoaded) ShowLoadedWorkout(state, screen);
+  return load;
 }
 
 void SaveWorkout(ProgramState& state) {
@@ -126,7 +135,8 @@ void SaveWorkout(ProgramState& state) {
   WholeFileWriter writer(path);
   writer.Append(EncodeWorkout(state.Workout));
   try {
-    writer.Commit();
+    // Another program may have been waited for, which has changed the file meanwhile.
+    writer.Commit([&] { ExpectKnown(state, path); });
   } catch (const FileError&) {
     RememberPlaced(state, writer);
     throw;

@@ -22,6 +22,11 @@ enum class WorkoutLoad { kLoaded, kNoName, kNotFound };
 /// FileError when it cannot be read. Where it is not loaded, the workout in memory is as it was.
 WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen);
 
+/// The two halves of LoadWorkout: whoever goes on with a workout that cannot be shown must know
+/// that it was loaded. The first refreshes nothing; the second throws what the refresh throws.
+WorkoutLoad LoadUnshownWorkout(ProgramState& state, UserInterface& screen);
+void ShowLoadedWorkout(const ProgramState& state, UserInterface& screen);
+
 /// Makes the program directory current and writes Workout to the file named by WorkoutFileName, all
 /// or nothing; without a name it writes nothing. Throws FileError, also when the file holds what
 /// was not loaded or saved here, as when another process has changed it: that is then kept.

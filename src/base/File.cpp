@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/FileError.h"
+#include "base/FileStatus.h"
 
 namespace repvolta {
 namespace {
@@ -26,40 +27,16 @@ const char* OpenFailure(File::Access access) {
 constexpr const char* kOtherName = "It has another name elsewhere";
 
 /// Of a regular file; throws FileError for everything else.
-struct stat StatusOfOpened(int descriptor, const std::string& path, const char* failure) {
+struct stat StatusOfOpened(const Descriptor& descriptor, const std::string& path,
+                           const char* failure) {
   struct stat status {};
-  if (fstat(descriptor, &status) != 0) throw FileError(path, failure, errno);
+  if (fstat(descriptor.Number(), &status) != 0) throw FileError(path, failure, errno);
   if (!S_ISREG(status.st_mode)) throw FileError(path, failure, kNoFile);
   return status;
 }
 
-/// Opens, however often a signal comes in between.
-int OpenDescriptor(const std::string& path, int flags, unsigned mode = 0) {
-  while (true) {
-    const int descriptor = open(path.c_str(), flags, mode);
-    if (descriptor >= 0 || errno != EINTR) return descriptor;
-  }
-}
-
-int Flush(int descriptor) {
-  while (true) {
-    const int result = fsync(descriptor);
-    if (result == 0 || errno != EINTR) return result;
-  }
-}
-
-/// Returns false when the error says that there is no file of that name; throws FileError when it
-/// says that this cannot be known.
-bool IsThereAfter(int error, const std::string& path) {
-  if (error == ENOENT || error == ENOTDIR || error == ELOOP || error == ENAMETOOLONG) return false;
-  throw FileError(path, "could not be looked at", error);
-}
-
-/// Nothing when there is no such file. Throws FileError.
-std::optional<struct stat> StatusOf(const std::string& path) {
-  struct stat status {};
-  if (stat(path.c_str(), &status) == 0 || IsThereAfter(errno, path)) return status;
-  return std::nullopt;
+int Flush(const Descriptor& descriptor) {
+  return Uninterrupted([&] { return fsync(descriptor.Number()); });
 }
 
 FileStamp MakeStamp(const struct stat& status) {
@@ -75,55 +52,46 @@ FileStamp MakeStamp(const struct stat& status) {
 File File::Open(const std::string& path, Access access) {
   // Without O_NONBLOCK, opening a pipe would wait for its other end.
   const int mode = access == Access::kRead ? O_RDONLY : O_RDWR;
-  const int descriptor = OpenDescriptor(path, mode | O_CLOEXEC | O_NONBLOCK);
-  if (descriptor < 0) throw FileError(path, OpenFailure(access), errno);
-  File file(descriptor, path);
-  StatusOfOpened(descriptor, path, OpenFailure(access));
+  Descriptor descriptor = OpenDescriptor(path, mode | O_NONBLOCK);
+  if (!descriptor.IsOpen()) throw FileError(path, OpenFailure(access), errno);
+  File file(std::move(descriptor), path);
+  StatusOfOpened(file.descriptor_, path, OpenFailure(access));
   return file;
 }
 
 File File::CreateNew(const std::string& path, unsigned mode) {
-  const int descriptor = OpenDescriptor(path, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-  if (descriptor < 0) throw FileError(path, "could not be created", errno);
-  return {descriptor, path};
+  Descriptor descriptor = OpenDescriptor(path, O_RDWR | O_CREAT | O_EXCL, mode);
+  if (!descriptor.IsOpen()) throw FileError(path, "could not be created", errno);
+  return {std::move(descriptor), path};
 }
 
 File File::OpenOrCreate(const std::string& path) {
-  const int flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
-  const int descriptor = OpenDescriptor(path, flags, 0666);
-  if (descriptor < 0) throw FileError(path, kWriteFailure, errno);
-  File file(descriptor, path);
-  if (StatusOfOpened(descriptor, path, kWriteFailure).st_nlink > 1) {
+  const int flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK;
+  Descriptor descriptor = OpenDescriptor(path, flags, 0666);
+  if (!descriptor.IsOpen()) throw FileError(path, kWriteFailure, errno);
+  File file(std::move(descriptor), path);
+  if (StatusOfOpened(file.descriptor_, path, kWriteFailure).st_nlink > 1) {
     throw FileError(path, kWriteFailure, kOtherName);
   }
   return file;
 }
 
-File& File::operator=(File&& other) noexcept {
-  if (this != &other) {
-    Close();
-    descriptor_ = std::exchange(other.descriptor_, -1);
-    path_ = std::move(other.path_);
-  }
-  return *this;
-}
-
 std::uint64_t File::Size() const {
   struct stat status {};
-  if (fstat(descriptor_, &status) != 0) throw FileError(path_, "could not be read", errno);
+  if (fstat(descriptor_.Number(), &status) != 0) throw FileError(path_, "could not be read", errno);
   return static_cast<std::uint64_t>(status.st_size);
 }
 
 FileStamp File::Stamp() const {
   struct stat status {};
-  if (fstat(descriptor_, &status) != 0) throw FileError(path_, "could not be read", errno);
+  if (fstat(descriptor_.Number(), &status) != 0) throw FileError(path_, "could not be read", errno);
   return MakeStamp(status);
 }
 
 std::size_t File::ReadAt(std::uint64_t offset, std::span<Byte> buffer) const {
   std::size_t done = 0;
   while (done < buffer.size()) {
-    const ssize_t count = pread(descriptor_, buffer.data() + done, buffer.size() - done,
+    const ssize_t count = pread(descriptor_.Number(), buffer.data() + done, buffer.size() - done,
                                 static_cast<off_t>(offset + done));
     if (count == 0) break;
     if (count > 0) {
@@ -138,7 +106,7 @@ std::size_t File::ReadAt(std::uint64_t offset, std::span<Byte> buffer) const {
 void File::WriteAt(std::uint64_t offset, std::span<const Byte> bytes) {
   std::size_t done = 0;
   while (done < bytes.size()) {
-    const ssize_t count = pwrite(descriptor_, bytes.data() + done, bytes.size() - done,
+    const ssize_t count = pwrite(descriptor_.Number(), bytes.data() + done, bytes.size() - done,
                                  static_cast<off_t>(offset + done));
     if (count >= 0) {
       done += static_cast<std::size_t>(count);
@@ -152,17 +120,23 @@ void File::FlushToDevice() {
   if (Flush(descriptor_) != 0) throw FileError(path_, "could not be written", errno);
 }
 
-void File::StartFlush() const noexcept {
-  // Only a beginning: what fails here fails again, and is told, when the file is flushed.
-  static_cast<void>(sync_file_range(descriptor_, 0, 0, SYNC_FILE_RANGE_WRITE));
+void File::ConfirmWritten() const {
+  // Each close asks the file system, also that of a second descriptor of the same opening. The
+  // first one stays: a lock would end with it. Nor could it be closed again after a signal.
+  const int result = Uninterrupted([&] {
+    const int second = fcntl(descriptor_.Number(), F_DUPFD_CLOEXEC, 0);
+    return second < 0 ? second : close(second);
+  });
+  if (result != 0) throw FileError(path_, "could not be written", errno);
 }
 
-void File::Close() noexcept {
-  if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
+void File::StartFlush() const noexcept {
+  // Only a beginning: what fails here fails again, and is told, when the file is flushed.
+  static_cast<void>(sync_file_range(descriptor_.Number(), 0, 0, SYNC_FILE_RANGE_WRITE));
 }
 
 bool FileExists(const std::string& path) {
-  const std::optional<struct stat> status = StatusOf(path);
+  const auto status = StatusOf(path, Links::kFollowed);
   return status && S_ISREG(status->st_mode);
 }
 
@@ -172,15 +146,15 @@ bool FileIsReachable(const std::string& path) {
 }
 
 std::optional<FileStamp> StampOf(const std::string& path) {
-  const std::optional<struct stat> status = StatusOf(path);
+  const auto status = StatusOf(path, Links::kFollowed);
   if (!status) return std::nullopt;
   return MakeStamp(*status);
 }
 
 bool IsLinked(const std::string& path) {
-  struct stat status {};
-  if (lstat(path.c_str(), &status) != 0) return IsThereAfter(errno, path);
-  return S_ISLNK(status.st_mode) || (S_ISREG(status.st_mode) && status.st_nlink > 1);
+  const auto status = StatusOf(path, Links::kSeen);
+  if (!status) return false;
+  return S_ISLNK(status->st_mode) || (S_ISREG(status->st_mode) && status->st_nlink > 1);
 }
 
 namespace {
@@ -194,7 +168,7 @@ std::uint64_t CopyInSystem(const File& from, std::uint64_t offset, std::uint64_t
   while (static_cast<std::uint64_t>(read) < end) {
     const auto wanted = std::min(end - static_cast<std::uint64_t>(read), kSystemCopyBlock);
     const ssize_t count =
-        copy_file_range(from.Descriptor(), &read, to.Descriptor(), &written, wanted, 0);
+        copy_file_range(from.OpenAs().Number(), &read, to.OpenAs().Number(), &written, wanted, 0);
     if (count == 0 || (count < 0 && errno != EINTR)) break;
   }
   return static_cast<std::uint64_t>(read);
@@ -230,6 +204,7 @@ void CopyFileToNew(const std::string& source, const std::string& target, const C
   try {
     to.WriteAt(0, start.head);
     CopyContent(from, start.offset, to, start.head.size());
+    to.ConfirmWritten();
   } catch (...) {
     unlink(target.c_str());
     throw;
@@ -249,13 +224,12 @@ void RemoveFile(const std::string& path) {
 }
 
 void FlushFolder(const std::string& folder) {
-  const int descriptor = OpenDescriptor(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) throw FileError(folder, "could not be read", errno);
-  const int result = Flush(descriptor);
-  const int error = errno;
-  close(descriptor);
+  const Descriptor descriptor = OpenDescriptor(folder, O_RDONLY | O_DIRECTORY);
+  if (!descriptor.IsOpen()) throw FileError(folder, "could not be read", errno);
   // Some file systems cannot flush a folder by itself and say so; they need no flush.
-  if (result != 0 && error != EINVAL) throw FileError(folder, "could not be written", error);
+  if (Flush(descriptor) != 0 && errno != EINVAL) {
+    throw FileError(folder, "could not be written", errno);
+  }
 }
 
 }  // namespace repvolta

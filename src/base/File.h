@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/Bytes.h"
+#include "base/Descriptor.h"
 
 namespace repvolta {
 
@@ -38,15 +39,8 @@ class File {
   /// file that has another name elsewhere. Throws FileError.
   static File OpenOrCreate(const std::string& path);
 
-  File(File&& other) noexcept
-      : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
-  File& operator=(File&& other) noexcept;
-  File(const File&) = delete;
-  File& operator=(const File&) = delete;
-  ~File() { Close(); }
-
   const std::string& Path() const { return path_; }
-  int Descriptor() const { return descriptor_; }
+  const Descriptor& OpenAs() const { return descriptor_; }
 
   /// Throws FileError.
   std::uint64_t Size() const;
@@ -62,15 +56,19 @@ class File {
   /// Returns when the content is on the device. Throws FileError.
   void FlushToDevice();
 
+  /// To be called behind the last write, before a success is said: some file systems, those of
+  /// networks above all, tell only when a file is closed that they could not keep what was written.
+  /// The file stays open, and locked. Throws FileError.
+  void ConfirmWritten() const;
+
   /// Lets the system begin to bring the content to the device, without waiting for it.
   void StartFlush() const noexcept;
 
-  void Close() noexcept;
-
  private:
-  File(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
+  File(Descriptor descriptor, std::string path)
+      : descriptor_(std::move(descriptor)), path_(std::move(path)) {}
 
-  int descriptor_ = -1;
+  Descriptor descriptor_;
   std::string path_;
 };
 

@@ -60,6 +60,11 @@ std::string FolderOf(std::string_view path) {
   return std::string(path.substr(0, path.rfind('/') + 1));
 }
 
+std::string WithoutSeparator(std::string_view path) {
+  while (path.size() > 1 && path.ends_with('/')) path.remove_suffix(1);
+  return std::string(path);
+}
+
 bool IsFileName(std::string_view name) {
   return !name.empty() && name != "." && name != ".." && name.size() <= kLongestName &&
          std::none_of(name.begin(), name.end(), IsForbidden);

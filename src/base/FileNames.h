@@ -16,6 +16,9 @@ std::string BaseName(std::string_view path);
 /// All up to the last separator, which is kept; "" when there is none.
 std::string FolderOf(std::string_view path);
 
+/// The path without the separators at its end; "/" stays.
+std::string WithoutSeparator(std::string_view path);
+
 /// True when `name` can name one entry of a folder: not empty, no "." or "..", no separator or
 /// control character, at most 255 bytes.
 bool IsFileName(std::string_view name);

@@ -6,6 +6,11 @@
 #include <memory>
 #include <optional>
 #include <sys/stat.h>
+#include <utility>
+
+#include "base/FileError.h"
+#include "base/FileNames.h"
+#include "base/FileStatus.h"
 
 namespace repvolta {
 namespace {
@@ -14,14 +19,6 @@ struct CloseFolder {
   void operator()(DIR* folder) const { closedir(folder); }
 };
 using OpenedFolder = std::unique_ptr<DIR, CloseFolder>;
-
-/// Opens, however often a signal comes in between.
-OpenedFolder Open(const std::string& path) {
-  while (true) {
-    OpenedFolder folder(opendir(path.c_str()));
-    if (folder || errno != EINTR) return folder;
-  }
-}
 
 EntryType TypeOfMode(mode_t mode) {
   if (S_ISREG(mode)) return EntryType::kFile;
@@ -43,9 +40,41 @@ std::optional<EntryType> TypeOf(DIR* folder, const dirent& entry) {
 
 }  // namespace
 
+bool FolderExists(const std::string& path) {
+  const auto status = StatusOf(path, Links::kFollowed);
+  return status && S_ISDIR(status->st_mode);
+}
+
+bool IsLink(const std::string& path) {
+  const auto status = StatusOf(path, Links::kSeen);
+  return status && S_ISLNK(status->st_mode);
+}
+
+bool IsTaken(const std::string& path) { return StatusOf(path, Links::kSeen).has_value(); }
+
+void MakeFolder(const std::string& path) {
+  if (mkdir(path.c_str(), 0777) == 0) return;
+  const int error = errno;
+  if (!FolderExists(path)) throw FileError(path, "could not be created", error);
+}
+
+void MakeFolders(const std::string& path) {
+  if (path.empty() || FolderExists(path)) return;
+  const std::string name = WithoutSeparator(path);
+  MakeFolders(FolderOf(name));
+  MakeFolder(name);
+}
+
 int ForEachEntry(const std::string& path, const TakeEntry& take) {
-  const OpenedFolder folder = Open(path);
+  Descriptor folder = OpenDescriptor(path, O_RDONLY | O_DIRECTORY);
+  return folder.IsOpen() ? ForEachEntry(std::move(folder), take) : errno;
+}
+
+int ForEachEntry(Descriptor descriptor, const TakeEntry& take) {
+  const OpenedFolder folder(fdopendir(descriptor.Number()));
   if (!folder) return errno;
+  // What reads the entries closes what it reads them from.
+  descriptor.Release();
   while (true) {
     errno = 0;
     const dirent* entry = readdir(folder.get());

@@ -1,15 +1,12 @@
 #include "base/Lock.h"
 
-#include <cerrno>
 #include <sys/file.h>
 
 namespace repvolta {
 
-int TryLock(int descriptor) {
-  while (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
-    if (errno != EINTR) return errno;
-  }
-  return 0;
+int TryLock(const Descriptor& descriptor) {
+  const auto lock = [&] { return flock(descriptor.Number(), LOCK_EX | LOCK_NB); };
+  return Uninterrupted(lock) == 0 ? 0 : errno;
 }
 
 }  // namespace repvolta

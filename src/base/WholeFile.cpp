@@ -14,13 +14,29 @@ namespace repvolta {
 namespace {
 
 constexpr const char* kFailure = "could not be written";
+constexpr auto kSameUser = static_cast<uid_t>(-1);
 constexpr std::size_t kPendingLimit = std::size_t{256} * 1024;
 
-/// The permissions that the file at `path` has, or that a new one would get. Throws FileError: what
-/// is private must not be opened to others because a disk fails.
-mode_t PermissionsFor(const std::string& path) {
-  struct stat status {};
-  if (stat(path.c_str(), &status) == 0) return status.st_mode & 07777;
+/// What remains of the permissions of a file that comes to another group: its members may do no
+/// more than they could as others, and those of the group before not more as others.
+mode_t PermissionsInOtherGroup(mode_t mode) {
+  const mode_t shared = (mode >> 3U) & mode & 07U;
+  return (mode & 0700U) | (shared << 3U) | shared;
+}
+
+/// Gives the open file the group of the file at `path`, and returns the permissions that it should
+/// have: those of that file, or what a new one would get. Throws FileError: what is private must
+/// not be opened to others because a disk fails.
+mode_t TakeGroup(const File& file, const std::string& path) {
+  struct stat before {};
+  if (stat(path.c_str(), &before) == 0) {
+    const mode_t mode = before.st_mode & 07777;
+    struct stat now {};
+    const int own = file.OpenAs().Number();
+    const bool hasGroup = fstat(own, &now) == 0 && now.st_gid == before.st_gid;
+    const bool keepsGroup = hasGroup || fchown(own, kSameUser, before.st_gid) == 0;
+    return keepsGroup ? mode : PermissionsInOtherGroup(mode);
+  }
   if (errno != ENOENT && errno != ELOOP) throw FileError(path, kFailure, errno);
   const mode_t mask = umask(0);
   umask(mask);
@@ -69,9 +85,10 @@ void WholeFileWriter::WriteOut() {
   pending_.clear();
 }
 
-void WholeFileWriter::Commit() {
+void WholeFileWriter::Commit(const std::function<void()>& lastCheck) {
   WriteOut();
   FlushWorkingFile();
+  if (lastCheck) lastCheck();
   if (std::rename(file_.Path().c_str(), path_.c_str()) != 0) {
     throw FileError(path_, kFailure, errno);
   }
@@ -86,10 +103,13 @@ std::optional<FileStamp> WholeFileWriter::Placed() const {
 
 void WholeFileWriter::FlushWorkingFile() {
   Writing([&] {
-    if (fchmod(file_.Descriptor(), PermissionsFor(path_)) != 0) {
+    // The group first: until then the file is its user's alone.
+    const mode_t mode = TakeGroup(file_, path_);
+    if (fchmod(file_.OpenAs().Number(), mode) != 0) {
       throw FileError(path_, kFailure, errno);
     }
     file_.FlushToDevice();
+    file_.ConfirmWritten();
   });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,7 +14,8 @@ namespace repvolta {
 Bytes ReadWholeFile(const std::string& path, std::size_t limit);
 
 /// Replaces a file by a new one, all or nothing: the bytes go to a private file beside `path`;
-/// Commit() flushes it to the device and puts it in the place of `path`. Until then, and when
+/// Commit() gives it the group and the permissions of `path`, flushes it to the device and puts it
+/// in its place. Until then, and when
 /// anything fails, `path` is as it was. Without a Commit() nothing stays behind; what a crash or a
 /// kill leaves is removed when the same file is next written.
 class WholeFileWriter {
@@ -32,9 +34,11 @@ class WholeFileWriter {
   /// Appends the bytes that `from` has now, from `offset` on. Throws FileError that names `path`.
   void AppendRest(const File& from, std::uint64_t offset);
 
-  /// Throws FileError that names `path`, which is then as it was; or one that names its folder,
-  /// when the new file is in place but the device may not know.
-  void Commit();
+  /// `lastCheck` runs right before the new file takes its place, when no other writer of ours can
+  /// any more; what it throws keeps the old one. Throws FileError that names `path`, which is then
+  /// as it was; or one that names its folder, when the new file is in place but the device may not
+  /// know.
+  void Commit(const std::function<void()>& lastCheck = {});
 
   /// The stamp of the new file; nothing when it is not in place.
   std::optional<FileStamp> Placed() const;

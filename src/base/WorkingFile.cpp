@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -18,25 +19,39 @@ constexpr unsigned kPrivate = 0600;
 constexpr int kAttempts = 100;
 constexpr std::chrono::milliseconds kPause{10};
 constexpr const char* kFailure = "could not be written";
+constexpr const char* kInUse = "Another program is writing it";
 
 /// False when another process holds the lock. A file system without locks grants every one.
-bool Lock(int descriptor) { return TryLock(descriptor) != EWOULDBLOCK; }
+bool Lock(const Descriptor& descriptor) { return TryLock(descriptor) != EWOULDBLOCK; }
 
-/// True when the open file is the one that now has this name.
-bool Has(int descriptor, const std::string& name) {
-  struct stat open {};
-  struct stat named {};
-  return fstat(descriptor, &open) == 0 && lstat(name.c_str(), &named) == 0 &&
-         open.st_dev == named.st_dev && open.st_ino == named.st_ino;
+bool IsDenied(int error) { return error == EACCES || error == EPERM; }
+
+std::string UserName(uid_t user) {
+  const passwd* entry = getpwuid(user);
+  return entry == nullptr ? std::to_string(user) : entry->pw_name;
+}
+
+/// Why access to what stands at `name` is denied: it is another user's, or `otherwise`.
+std::string ReasonOfDenial(const std::string& name, const std::string& otherwise) {
+  struct stat status {};
+  if (lstat(name.c_str(), &status) != 0 || status.st_uid == geteuid()) return otherwise;
+  return FileName(name) + " belongs to user " + UserName(status.st_uid) + " and cannot be removed";
 }
 
 /// Removes what stands at `name`, unless a process has it locked. A name is only ever removed by
 /// the one who holds the lock of the file behind it, so nobody loses a file that is being written.
-void RemoveAbandoned(const std::string& name) {
-  const int descriptor = open(name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-  const bool isLink = descriptor < 0 && errno == ELOOP;
-  if (isLink || (descriptor >= 0 && Lock(descriptor) && Has(descriptor, name))) RemoveFile(name);
-  if (descriptor >= 0) close(descriptor);
+/// Returns why it may have to stay; throws FileError when it cannot be removed.
+std::string RemoveAbandoned(const std::string& name) {
+  const Descriptor found = OpenDescriptor(name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+  const int error = found.IsOpen() ? 0 : errno;
+  if (IsDenied(error)) return ReasonOfDenial(name, kInUse);
+  try {
+    if (error == ELOOP || (error == 0 && Lock(found) && IsStillAt(found, name))) RemoveFile(name);
+  } catch (const FileError& failure) {
+    if (!IsDenied(failure.Error())) throw;
+    throw FileError(name, kFailure, ReasonOfDenial(name, failure.Reason()));
+  }
+  return kInUse;
 }
 
 }  // namespace
@@ -47,22 +62,23 @@ std::string WorkingName(const std::string& path) {
 
 File CreateWorkingFile(const std::string& path) {
   const std::string name = WorkingName(path);
+  std::string reason;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     try {
       File file = File::CreateNew(name, kPrivate);
-      if (Lock(file.Descriptor()) && Has(file.Descriptor(), name)) return file;
+      if (Lock(file.OpenAs()) && IsStillAt(file.OpenAs(), name)) return file;
     } catch (const FileError& error) {
       if (error.Error() != EEXIST) throw FileError(path, kFailure, error.Reason());
     }
     try {
-      RemoveAbandoned(name);
+      reason = RemoveAbandoned(name);
     } catch (const FileError& error) {
       throw FileError(path, kFailure, error.Reason());
     }
     // The first time round there is usually nothing to wait for.
     if (attempt > 0) std::this_thread::sleep_for(kPause);
   }
-  throw FileError(path, kFailure, "Another program is writing it");
+  throw FileError(path, kFailure, reason);
 }
 
 }  // namespace repvolta

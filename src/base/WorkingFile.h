@@ -11,7 +11,8 @@ std::string WorkingName(const std::string& path);
 
 /// A new, empty and private file at WorkingName(path), locked while it is open. What a process that
 /// is no more has left there is removed, never opened for writing; a process that is just writing
-/// the same file is waited for, a second at most. Throws FileError that names `path`.
+/// the same file is waited for, a second at most. Throws FileError that names `path`, and the user
+/// of a leftover that cannot be removed.
 File CreateWorkingFile(const std::string& path);
 
 }  // namespace repvolta

@@ -1,24 +1,15 @@
 #include "clips/ClipMaker.h"
 
-#include <filesystem>
-
-#include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/Folder.h"
 #include "base/WholeFile.h"
-#include "platform/WavReader.h"
-
 #include "clips/ClipSound.h"
+#include "sound/WavReader.h"
 
 namespace repvolta {
 namespace {
 
 constexpr std::size_t kLargestRecording = std::size_t{256} * 1024 * 1024;
-
-void CreateFolder(const std::string& folder) {
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  if (error) throw FileError(folder, "could not be created", error.value());
-}
 
 void WriteClip(const std::string& path, const Sound& sound) {
   WriteWholeFile(path, EncodeWav(sound, kClipFormat));
@@ -52,7 +43,7 @@ void MakeClips(SpeechEngine& engine, const std::vector<ClipWords>& clips,
   LevelClips(sounds);
   for (std::size_t i = 0; i < clips.size(); ++i) {
     const std::string path = folder + "/" + clips[i].file;
-    CreateFolder(FolderOf(path));
+    MakeFolders(FolderOf(path));
     WriteClip(path, sounds[i]);
   }
 }

@@ -3,9 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/SpeechEngine.h"
-
 #include "clips/ClipLists.h"
+#include "speech/SpeechEngine.h"
 
 namespace repvolta {
 

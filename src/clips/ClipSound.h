@@ -3,7 +3,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/Sound.h"
+#include "sound/Sound.h"
 
 namespace repvolta {
 

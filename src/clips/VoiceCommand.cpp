@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <exception>
 
+#include "base/Text.h"
+
 #include "clips/ClipMaker.h"
 
 namespace repvolta {
@@ -36,7 +38,7 @@ void Make(const std::vector<std::string>& arguments, SpeechEngine& engine, std::
     AddNew(ReadNameList(arguments[i]), clips);
   }
   MakeClips(engine, clips, arguments[2]);
-  output << clips.size() << " clips made in " << arguments[2] << "\n";
+  output << clips.size() << " clips made in " << ShownOnOneLine(arguments[2]) << "\n";
 }
 
 }  // namespace
@@ -62,7 +64,7 @@ int RunVoiceCommand(const std::vector<std::string>& arguments, SpeechEngine& eng
     if (converts) MakeClipOfRecording(arguments[1], arguments[2]);
     return kDone;
   } catch (const std::exception& error) {
-    errors << "repvolta-voice: " << error.what() << "\n";
+    errors << "repvolta-voice: " << ShownOnOneLine(error.what()) << "\n";
     return kFailed;
   }
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/SpeechEngine.h"
+#include "speech/SpeechEngine.h"
 
 namespace repvolta {
 

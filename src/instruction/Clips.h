@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/ProgressLog.h"
+#include "app/ProgressLog.h"
 
 namespace repvolta {
 

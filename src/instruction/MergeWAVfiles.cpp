@@ -5,7 +5,7 @@
 
 #include "base/File.h"
 #include "base/FileError.h"
-#include "platform/WavFormat.h"
+#include "sound/WavFormat.h"
 
 namespace repvolta {
 namespace {
@@ -69,16 +69,18 @@ class Joint {
 
   /// The copied header byte replaces the last byte of the target, and the data size is one less
   /// than the bytes behind the header, so -1 where none are. Both are meant: joined files have
-  /// always been so.
+  /// always been so. Files that are too short are told, and get what they have room for.
   void Append(File& target, const File& source) {
     const std::uint64_t length = target.Size();
-    if (source.Size() < kWavHeaderSize) return Tell("It is too short for a WAV file");
-    if (length < kWavHeaderSize) return Tell(target_ + " is too short for a WAV file");
-    Try([&] { CopyContent(source, kCopyOffset, target, length - 1); });
+    if (source.Size() < kWavHeaderSize) Tell("It is too short for a WAV file");
+    if (length < kWavHeaderSize) Tell(target_ + " is too short for a WAV file");
+    // An empty target has no last byte to start at.
+    if (length > 0) Try([&] { CopyContent(source, kCopyOffset, target, length - 1); });
     const auto newLength = static_cast<std::int64_t>(target.Size());
     Try([&] { WriteNumber(target, kRiffSizeOffset, newLength - kRiffHeaderSize); });
     Try([&] { WriteNumber(target, kFormatSizeOffset, kFormatChunkSize); });
     Try([&] { WriteNumber(target, kDataSizeOffset, newLength - kBeforeData); });
+    Try([&] { target.ConfirmWritten(); });
   }
 
   const std::string& target_;

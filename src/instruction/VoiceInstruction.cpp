@@ -1,73 +1,15 @@
 #include "instruction/VoiceInstruction.h"
 
-#include <filesystem>
+#include <stdexcept>
 
 #include "base/File.h"
 #include "base/FileNames.h"
+#include "base/Folder.h"
 #include "instruction/Clips.h"
-#include "instruction/VoiceNumber.h"
+#include "instruction/SpokenWords.h"
 
 namespace repvolta {
 namespace {
-
-/// Says the parts of one exercise's instruction into a WAV file.
-class InstructionSpeaker {
- public:
-  InstructionSpeaker(const ExerciseRecord& exercise, const std::string& target, ProgressLog& log)
-      : exercise_(exercise), target_(target), log_(log) {}
-
-  void SayCount() {
-    SayNumber(exercise_.NumberOfSets);
-    SayClip(exercise_.NumberOfSets == 1 ? "set" : "sets");
-  }
-
-  void SaySet(int set) {
-    switch (exercise_.SetType) {
-      case kWeightAndReps:
-        return SayWeightAndReps(set);
-      case kLevelAndTime:
-        return SayLevelAndTime(set);
-      case kDistanceAndSpeed:
-        return SaySpeedAndDistance(set);
-      default:
-        return;
-    }
-  }
-
- private:
-  void SayWeightAndReps(int set) {
-    SayNumber(exercise_.SetValue1[set]);
-    SayClip(exercise_.Units != kFalse ? "pounds" : "kilograms");
-    SayClip("for");
-    SayNumber(exercise_.SetValue2[set]);
-    SayClip("reps");
-  }
-
-  void SayLevelAndTime(int set) {
-    SayClip("level");
-    SayNumber(exercise_.SetValue1[set]);
-    SayClip("for");
-    SayNumber(exercise_.SetValue2[set]);
-    SayClip("minutes");
-  }
-
-  /// The speed comes first, and the units run opposite to those of weights: an imperial exercise
-  /// hears kilometres. Meant so.
-  void SaySpeedAndDistance(int set) {
-    SayNumber(exercise_.SetValue2[set]);
-    SayClip(exercise_.Units == kTrue ? "kph" : "mph");
-    SayClip("for");
-    SayNumber(exercise_.SetValue1[set]);
-    SayClip(exercise_.Units == kTrue ? "kilometers" : "miles");
-  }
-
-  void SayNumber(float value) { GenerateVoiceNumber(value, target_, log_); }
-  void SayClip(std::string_view clip) { AppendClip(target_, clip, log_); }
-
-  const ExerciseRecord& exercise_;
-  const std::string& target_;
-  ProgressLog& log_;
-};
 
 /// Copies the clip of the exercise's name over the target; makes it first where there is none.
 void BeginWithName(Program& program, const std::string& name, const std::string& target) {
@@ -75,7 +17,7 @@ void BeginWithName(Program& program, const std::string& name, const std::string&
       ExistingName(std::string(kNameClipFolder) + AsFileName(name, kNameClipExtension));
   const bool isNew = !FileExists(clip);
   if (isNew) {
-    std::filesystem::create_directories(kNameClipFolder);
+    MakeFolders(std::string(kNameClipFolder));
     SpeakToFile(program, name, clip);
   }
   CopyFileOver(clip, target);
@@ -102,11 +44,17 @@ void GenerateHumanVoiceInstruction(Program& program, std::int16_t exerciseIndex,
   const ExerciseRecord& exercise = program.state.Workout[exerciseIndex];
   // What an earlier exercise left must not be heard as this one's instruction.
   RemoveFile(target);
-  BeginWithName(program, exercise.ExerciseName.Trimmed(), target);
-  InstructionSpeaker speaker(exercise, target, program.screen);
-  speaker.SayCount();
-  if (program.state.Settings.IncludeWeightValues != kTrue) return;
-  for (int set = 0; set < exercise.NumberOfSets; ++set) speaker.SaySet(set);
+  const SpokenInstruction said = ClipsOfInstruction(
+      exercise,
+      program.state.Settings.IncludeWeightValues == kTrue ? SetValues::kSaid : SetValues::kLeftOut);
+  for (const Clip& clip : said.clips) {
+    if (clip.kind == Clip::Kind::kName) {
+      BeginWithName(program, clip.text, target);
+    } else {
+      AppendClip(target, clip.text, program.screen);
+    }
+  }
+  if (!said.failure.empty()) throw std::out_of_range(said.failure);
 }
 
 }  // namespace repvolta

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "base/ProgressLog.h"
+#include "app/ProgressLog.h"
 
 namespace repvolta {
 

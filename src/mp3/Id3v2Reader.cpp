@@ -67,16 +67,16 @@ std::string InVersion3(std::string identifier) {
   return identifier;
 }
 
-/// The bytes that can hold frames: from behind the tag's header to its end or the file's.
+/// What the tag says can hold frames: from behind its header to its end, which may lie behind the
+/// file's.
 struct FrameArea {
   std::uint64_t start;
   std::uint64_t end;
 };
 
-FrameArea AreaOf(const File& file, const Id3v2Place& place) {
+FrameArea AreaOf(const Id3v2Place& place) {
   const std::uint64_t start = place.Offset() + kId3v2HeaderSize;
-  const auto size = static_cast<std::uint64_t>(std::max(place.size, 0));
-  return {start, std::min(start + size, file.Size())};
+  return {start, start + static_cast<std::uint64_t>(std::max(place.size, 0))};
 }
 
 /// The header of the frame at the start of the area; nothing where frames end.
@@ -89,8 +89,7 @@ std::optional<FrameHeader> NextFrame(const File& file, const FrameArea& area,
   const auto identifier = header.first(layout.identifierSize);
   const std::uint32_t size = BigEndian(header.subspan(layout.identifierSize, layout.sizeSize));
   const bool fits = size <= area.end - area.start - layout.headerSize;
-  // One zero byte is enough: the area of a tag of ours may end in it, with audio right behind.
-  const bool isPadding = identifier.front() == 0;
+  const bool isPadding = std::ranges::all_of(identifier, [](Byte byte) { return byte == 0; });
   if (isPadding || !fits) return std::nullopt;
   return FrameHeader{AsText(identifier), size};
 }
@@ -132,17 +131,20 @@ Id3v2Frames ReadId3v2Frames(const File& file, const Id3v2Place& place) {
   Id3v2Frames frames;
   if (place.position == 0 || place.size <= 0) return frames;
   const FrameLayout& layout = place.version == 2 ? kFrameLayoutOfVersion2 : kFrameLayoutOfVersion3;
-  FrameArea area = AreaOf(file, place);
+  FrameArea area = AreaOf(place);
+  const std::uint64_t fileEnd = file.Size();
   std::size_t held = 0;
   for (int count = 0; count < kMostFrames; ++count) {
     const auto header = NextFrame(file, area, layout);
     if (!header) break;
     const std::uint64_t data = area.start + layout.headerSize;
-    if (header->size <= kMostBytesHeld - held) {
-      held += header->size;
+    const auto size = static_cast<std::uint32_t>(
+        std::min<std::uint64_t>(header->size, fileEnd - data));
+    if (size <= kMostBytesHeld - held) {
+      held += size;
       const bool isVersion2 = place.version == 2;
       frames.Add(isVersion2 ? InVersion3(header->identifier) : header->identifier,
-                 ReadFrameText(file, data, header->size));
+                 ReadFrameText(file, data, size));
     }
     area.start = data + header->size;
   }

@@ -17,12 +17,15 @@ constexpr std::string_view kModule = ".cMP3ID3v2";
 constexpr std::string_view kModuleOfReading = ".cMP3ID3v1";
 constexpr Byte kUnknownGenre = 255;
 
-/// Stores the size of the tag's area and adds the empty frame header that ends the frames, as far
-/// as the area has room for it, so that what remains of an older tag is not taken for more of them.
-void FitInto(std::size_t area, Bytes& tag) {
+void StoreSize(std::size_t size, Bytes& tag) {
+  StoreBigEndian32(std::span(tag).subspan(kId3v2SizeOffset), static_cast<std::uint32_t>(size));
+}
+
+/// Adds the empty frame header that ends the frames, as far as the tag's area has room for it, so
+/// that what remains of an older tag is not taken for more of them.
+void EndFrames(std::size_t area, Bytes& tag) {
   constexpr std::size_t kEnd = kFrameLayoutOfVersion3.headerSize;
-  StoreBigEndian32(std::span(tag).subspan(kId3v2SizeOffset), static_cast<std::uint32_t>(area));
-  if (area > tag.size()) tag.resize(tag.size() + std::min(kEnd, area - tag.size()));
+  tag.resize(std::min(tag.size() + kEnd, area));
 }
 
 /// The area that a new tag of `size` bytes gets.
@@ -116,7 +119,7 @@ Bytes cMP3ID3v2::BuildTag() const {
 Bytes cMP3ID3v2::NewTag() const {
   Bytes tag = BuildTag();
   const std::size_t area = AreaFor(tag.size());
-  FitInto(area, tag);
+  StoreSize(area, tag);
   tag.resize(area);
   return tag;
 }
@@ -136,11 +139,13 @@ void cMP3ID3v2::WriteInto(File& file) const {
   // A negative size is none that a tag can have: nothing of the file then counts as the old tag.
   const auto oldSize = static_cast<std::size_t>(std::max(old.size, 0));
   if (old.position >= 1 && oldSize > tag.size()) {
-    FitInto(oldSize, tag);
+    StoreSize(oldSize, tag);
+    EndFrames(oldSize, tag);
     file.WriteAt(old.Offset(), tag);
+    file.ConfirmWritten();
   } else {
     const std::size_t newSize = AreaFor(tag.size());
-    FitInto(newSize, tag);
+    StoreSize(newSize, tag);
     WriteGrown(file, std::move(tag), newSize - oldSize);
   }
 }

@@ -2,12 +2,12 @@
 
 #include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
+#include "editing/MusicEditing.h"
+#include "editing/ScreenTexts.h"
+#include "editing/SetEditing.h"
+#include "editing/SetValueEditing.h"
 #include "ui/Keys.h"
-#include "ui/MusicEditing.h"
-#include "ui/ScreenTexts.h"
-#include "ui/SetEditing.h"
 #include "ui/SetTable.h"
-#include "ui/SetValueEditing.h"
 
 #include "ui_ExerciseTab.h"
 
@@ -130,6 +130,8 @@ int ExerciseTab::SelectedMusic() const { return ui_->MusicList->SelectedRow(); }
 void ExerciseTab::SelectSet(int row) { sets_->SelectRow(row); }
 
 void ExerciseTab::SelectMusic(int row) { ui_->MusicList->SelectRow(row); }
+
+KeptRow ExerciseTab::KeepSelection() { return KeptRow(*ui_->MusicList); }
 
 void ExerciseTab::ShowContent(Content content) {
   const bool shown = content == Content::kExercise;

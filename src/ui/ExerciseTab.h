@@ -5,8 +5,9 @@
 #include <array>
 #include <memory>
 
-#include "ui/Editor.h"
+#include "editing/Editor.h"
 #include "ui/Handlers.h"
+#include "ui/RowList.h"
 
 namespace Ui {
 class ExerciseTab;
@@ -24,8 +25,8 @@ class ExerciseTab : public QWidget {
   ExerciseTab(Editor& editor, Handlers& handlers);
   ~ExerciseTab() override;
 
-  /// Without an exercise the tab stays as it is. Throws std::out_of_range and std::overflow_error
-  /// for a record that cannot be shown; what comes before the fault is then shown.
+  /// Without an exercise the tab stays as it is. Throws std::out_of_range for a record that cannot
+  /// be shown; what comes before the fault is then shown.
   void UpdateExerciseScreen();
 
   enum class Content { kExercise, kNoExercise };
@@ -33,6 +34,10 @@ class ExerciseTab : public QWidget {
 
   void SelectSet(int row);
   void SelectMusic(int row);
+
+  /// Keeps the selected music file while the workout is loaded again; the selected set stays by
+  /// itself.
+  KeptRow KeepSelection();
 
  private:
   void ConnectSetButtons();

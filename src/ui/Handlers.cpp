@@ -44,4 +44,10 @@ void Handlers::OnClick(QAbstractButton* button, const std::string& failure,
                    [this, failure, handler] { Run(failure, handler); });
 }
 
+void Handlers::OnClickApart(QAbstractButton* button, const std::string& failure,
+                            const std::function<void()>& handler) {
+  QObject::connect(button, &QAbstractButton::clicked, button,
+                   [this, failure, handler] { RunApart(failure, handler); });
+}
+
 }  // namespace repvolta

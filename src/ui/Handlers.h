@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "ui/Dialogs.h"
+#include "editing/Dialogs.h"
 
 namespace repvolta {
 
@@ -30,6 +30,10 @@ class Handlers {
   /// Runs the handler whenever the button is clicked.
   void OnClick(QAbstractButton* button, const std::string& failure,
                const std::function<void()>& handler);
+
+  /// The same for a command that does not use the workout in memory.
+  void OnClickApart(QAbstractButton* button, const std::string& failure,
+                    const std::function<void()>& handler);
 
   bool AreRunning() const { return running_; }
 

@@ -3,7 +3,7 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "ui/Dialogs.h"
+#include "editing/Dialogs.h"
 
 namespace repvolta {
 

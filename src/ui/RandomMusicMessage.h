@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <memory>
 
-#include "ui/ProgressWindows.h"
+#include "editing/ProgressWindows.h"
 
 namespace Ui {
 class RandomMusicMessage;

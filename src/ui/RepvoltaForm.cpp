@@ -10,9 +10,10 @@
 #include <algorithm>
 
 #include "app/ScreenUpdate.h"
-#include "app/StartUp.h"
 #include "app/WorkoutFiles.h"
 #include "base/Text.h"
+#include "editing/StartUp.h"
+#include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
 #include "ui/Keys.h"
 #include "ui/SettingsTab.h"
@@ -20,7 +21,6 @@
 #include "ui/WindowLayout.h"
 #include "ui/WorkoutTab.h"
 #include "update/Steps.h"
-#include "update/UpdateCommands.h"
 
 #include "ui_RepvoltaForm.h"
 
@@ -37,7 +37,7 @@ RepvoltaForm::RepvoltaForm(const FormServices& services)
       services_(services),
       editor_{program_, *this, services.dialogs, services.pleaseWait, [this] { RunEvents(); }},
       handlers_(
-          services.dialogs, [this] { ReloadChangedWorkout(services_.state, *this); },
+          services.dialogs, [this] { ReloadWorkout(); },
           [this](Handlers::Outcome outcome) { AfterHandler(outcome); }),
       ui_(std::make_unique<Ui::RepvoltaForm>()) {
   ui_->setupUi(this);
@@ -46,7 +46,7 @@ RepvoltaForm::RepvoltaForm(const FormServices& services)
   ConnectButtons();
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
-  RestoreWindowLayout(*this);
+  RestoreWindowLayout(*this, services_.layoutFile);
   RepvoltaForm::EnableWorkoutControls();
 }
 
@@ -79,8 +79,8 @@ void RepvoltaForm::ConnectButtons() {
                     [this] { UpdateSelectedWorkout(program_); });
   handlers_.OnClick(ui_->UpdateAllWorkoutsButton, "The workouts could not be updated.",
                     [this] { UpdateAllWorkouts(program_); });
-  handlers_.OnClick(ui_->AboutButton, "The box could not be shown.",
-                    [this] { services_.dialogs.ShowAbout(); });
+  handlers_.OnClickApart(ui_->AboutButton, "The box could not be shown.",
+                         [this] { services_.dialogs.ShowAbout(); });
   connect(ui_->ExitButton, &QPushButton::clicked, this, &RepvoltaForm::Exit);
   AddKey(this, Qt::Key_F1, ui_->AboutButton);
   AddKey(this, QKeySequence(Qt::CTRL | Qt::Key_Q), ui_->ExitButton);
@@ -88,6 +88,13 @@ void RepvoltaForm::ConnectButtons() {
           [this] { StepTab(-1); });
   connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown), this), &QShortcut::activated,
           this, [this] { StepTab(1); });
+}
+
+/// The rows that the person selected are those that the command acts on.
+void RepvoltaForm::ReloadWorkout() {
+  const KeptRow exercise = workoutTab_->KeepSelection();
+  const KeptRow music = exerciseTab_->KeepSelection();
+  ReloadChangedWorkout(services_.state, *this);
 }
 
 void RepvoltaForm::SSTab1_Click() {
@@ -105,6 +112,8 @@ void RepvoltaForm::ShowExerciseFrames() {
 }
 
 void RepvoltaForm::StepTab(int step) {
+  // No command runs beside another, so the tab would be shown without its content.
+  if (handlers_.AreRunning()) return;
   QTabWidget* tabs = ui_->SSTab1;
   int index = tabs->currentIndex() + step;
   while (index >= 0 && index < tabs->count() && !tabs->isTabEnabled(index)) index += step;
@@ -116,25 +125,35 @@ void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
     End();
     return;
   }
-  if (outcome == Handlers::Outcome::kFailed) {
-    // What could not be saved is in memory all the same, and the tabs show what is in memory. A
-    // record that cannot be shown was told already.
-    ShowExerciseFrames();
-    try {
-      UpdateWorkoutScreen();
-      UpdateExerciseScreen();
-    } catch (const std::exception&) {
-    }
-  }
+  if (outcome == Handlers::Outcome::kFailed) ShowWhatIsInMemory();
   SetBusy(false);
   EnableWorkoutControls();
+}
+
+/// What could not be saved is in memory all the same, and the tabs show what is in memory. A record
+/// that cannot be shown was told already.
+void RepvoltaForm::ShowWhatIsInMemory() {
+  // A command that changes the list of exercises makes its exercise the current one, whose row is
+  // then selected; after all else the person's choice stays.
+  const int row = workoutTab_->SelectedExercise();
+  const bool isChoice = services_.state.CurrentExercise == workoutTab_->ShownExercise();
+  ShowExerciseFrames();
+  const auto refresh = [](const std::function<void()>& show) {
+    try {
+      show();
+    } catch (const std::exception&) {
+    }
+  };
+  refresh([this] { UpdateWorkoutScreen(); });
+  if (isChoice) workoutTab_->SelectExercise(row);
+  refresh([this] { UpdateExerciseScreen(); });
 }
 
 void RepvoltaForm::Exit() {
   if (stopRequested_) return;
   stopRequested_ = true;
   ExitButton_Click(services_.state, *this);
-  SaveWindowLayout(*this);
+  SaveWindowLayout(*this, services_.layoutFile);
   if (!handlers_.AreRunning()) End();
 }
 
@@ -234,6 +253,7 @@ void RepvoltaForm::ShowTab(WindowTab tab) { ui_->SSTab1->setCurrentIndex(static_
 void RepvoltaForm::EnableWorkoutControls() {
   const bool hasWorkout = !TrimBlanks(services_.state.WorkoutFileName).empty();
   workoutTab_->EnableEditing(hasWorkout);
+  workoutTab_->ShowOddSize();
   if (!hasWorkout && ui_->SSTab1->currentWidget() == ui_->ExercisePage) {
     const ScreenUpdate updating(services_.state);
     ShowTab(WindowTab::kWorkout);

@@ -6,9 +6,9 @@
 #include <memory>
 #include <string>
 
-#include "app/MainScreen.h"
 #include "app/Program.h"
-#include "ui/Editor.h"
+#include "editing/Editor.h"
+#include "editing/MainScreen.h"
 #include "ui/Handlers.h"
 
 namespace Ui {
@@ -32,6 +32,7 @@ struct FormServices {
   ProgressWindow& progress;
   PleaseWait& pleaseWait;
   std::function<void(const std::string& path)> openDocument;
+  std::string layoutFile = {};  // see WindowLayoutFile
 };
 
 /// The main window. The start-up fills it before it is shown. Closing it ends the program.
@@ -92,7 +93,9 @@ class RepvoltaForm : public QDialog, public MainScreen {
   void StepTab(int step);
   void Exit();
   void End();
+  void ReloadWorkout();
   void AfterHandler(Handlers::Outcome outcome);
+  void ShowWhatIsInMemory();
   void LetEventsRun();
   void SetBusy(bool busy);
 

@@ -116,4 +116,22 @@ void RowList::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) updateGeometry();
 }
 
+KeptRow::KeptRow(RowList& list)
+    : list_(list),
+      row_(list.SelectedRow()),
+      text_(row_ < 0 ? QString() : list.item(row_)->text()) {}
+
+KeptRow::~KeptRow() {
+  const int row = RowOfText();
+  if (row != list_.SelectedRow()) list_.SelectRow(row);
+}
+
+int KeptRow::RowOfText() const {
+  if (row_ < 0) return row_;
+  const QListWidgetItem* item = list_.item(row_);
+  if (item != nullptr && item->text() == text_) return row_;
+  const QList<QListWidgetItem*> found = list_.findItems(text_, Qt::MatchExactly);
+  return found.isEmpty() ? -1 : list_.row(found.first());
+}
+
 }  // namespace repvolta

@@ -53,4 +53,21 @@ class RowList : public QListWidget {
   int visibleCharacters_ = 9;
 };
 
+/// Keeps the selection while a list is filled anew: when it goes, the row with the text that was
+/// selected is selected again, the same one where it has that text; none when the text is gone.
+class KeptRow {
+ public:
+  explicit KeptRow(RowList& list);
+  ~KeptRow();
+  KeptRow(const KeptRow&) = delete;
+  KeptRow& operator=(const KeptRow&) = delete;
+
+ private:
+  int RowOfText() const;
+
+  RowList& list_;
+  const int row_;
+  const QString text_;
+};
+
 }  // namespace repvolta

@@ -2,8 +2,8 @@
 
 #include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
-#include "platform/SoundFormats.h"
-#include "ui/SettingsEditing.h"
+#include "editing/SettingsEditing.h"
+#include "speech/SoundFormats.h"
 
 #include "ui_SettingsTab.h"
 
@@ -30,12 +30,12 @@ SettingsTab::SettingsTab(Editor& editor, Handlers& handlers)
 SettingsTab::~SettingsTab() = default;
 
 void SettingsTab::ConnectButtons() {
-  handlers_.OnClick(ui_->MusicPathButton, "The music path could not be changed.",
-                    [this] { MusicPathButton_Click(editor_); });
-  handlers_.OnClick(ui_->CompileMusicList, "The random music list could not be compiled.",
-                    [this] { CompileMusicList_Click(editor_); });
-  handlers_.OnClick(ui_->OutputPathButton, "The output path could not be changed.",
-                    [this] { OutputPathButton_Click(editor_); });
+  handlers_.OnClickApart(ui_->MusicPathButton, "The music path could not be changed.",
+                         [this] { MusicPathButton_Click(editor_); });
+  handlers_.OnClickApart(ui_->CompileMusicList, "The random music list could not be compiled.",
+                         [this] { CompileMusicList_Click(editor_); });
+  handlers_.OnClickApart(ui_->OutputPathButton, "The output path could not be changed.",
+                         [this] { OutputPathButton_Click(editor_); });
   handlers_.OnClick(ui_->ExerciseTimeButton, "The default exercise time could not be set.",
                     [this] { ExerciseTimeButton_Click(editor_); });
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/Editor.h"
+#include "editing/Editor.h"
 #include "ui/Handlers.h"
 
 namespace Ui {

@@ -2,6 +2,9 @@
 
 #include <QSettings>
 #include <QSplitter>
+#include <memory>
+
+#include "base/FileNames.h"
 
 namespace repvolta {
 namespace {
@@ -13,22 +16,37 @@ QString KeyOf(const QWidget& window, const QString& name) {
   return window.objectName() + "/" + name;
 }
 
+std::unique_ptr<QSettings> Open(const std::string& file) {
+  if (file.empty()) return std::make_unique<QSettings>(kProgram, kProgram);
+  return std::make_unique<QSettings>(QString::fromStdString(file), QSettings::IniFormat);
+}
+
 }  // namespace
 
-void SaveWindowLayout(const QWidget& window) {
-  QSettings settings(kProgram, kProgram);
+void SaveWindowLayout(const QWidget& window, const std::string& file) {
+  const auto opened = Open(file);
+  QSettings& settings = *opened;
   settings.setValue(KeyOf(window, kGeometry), window.saveGeometry());
   for (const QSplitter* splitter : window.findChildren<QSplitter*>()) {
     settings.setValue(KeyOf(window, splitter->objectName()), splitter->saveState());
   }
 }
 
-void RestoreWindowLayout(QWidget& window) {
-  const QSettings settings(kProgram, kProgram);
+void RestoreWindowLayout(QWidget& window, const std::string& file) {
+  const auto opened = Open(file);
+  const QSettings& settings = *opened;
   window.restoreGeometry(settings.value(KeyOf(window, kGeometry)).toByteArray());
   for (QSplitter* splitter : window.findChildren<QSplitter*>()) {
     splitter->restoreState(settings.value(KeyOf(window, splitter->objectName())).toByteArray());
   }
+}
+
+std::string WindowLayoutFile(const std::string& programDirectory, const std::string& executable) {
+  return programDirectory == FolderOf(executable) ? programDirectory + "window.ini" : "";
+}
+
+void KeepFileDialogIn(const std::string& folder) {
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QString::fromStdString(folder));
 }
 
 }  // namespace repvolta

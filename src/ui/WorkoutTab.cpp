@@ -1,13 +1,15 @@
 #include "ui/WorkoutTab.h"
 
+#include <QAccessible>
 #include <QScrollBar>
 
 #include "app/ScreenUpdate.h"
+#include "app/WorkoutDamage.h"
 #include "base/Numbers.h"
-#include "ui/ExerciseEditing.h"
+#include "editing/ExerciseEditing.h"
+#include "editing/ScreenTexts.h"
+#include "editing/WorkoutEditing.h"
 #include "ui/Keys.h"
-#include "ui/ScreenTexts.h"
-#include "ui/WorkoutEditing.h"
 
 #include "ui_WorkoutTab.h"
 
@@ -19,6 +21,7 @@ WorkoutTab::WorkoutTab(Editor& editor, Handlers& handlers)
   ConnectWorkouts();
   ConnectExercises();
   ConnectLists();
+  ui_->WorkoutFileLabel->hide();
 }
 
 WorkoutTab::~WorkoutTab() = default;
@@ -110,9 +113,18 @@ int WorkoutTab::SelectedWorkout() const { return ui_->WorkoutDropBox->currentInd
 
 int WorkoutTab::SelectedExercise() const { return ui_->ExerciseList->SelectedRow(); }
 
+void WorkoutTab::SelectExercise(int row) {
+  const ScreenUpdate updating(editor_.State());
+  ui_->ExerciseList->SelectRow(row);
+  ui_->ExerciseSummaryList->SelectRow(row);
+}
+
+KeptRow WorkoutTab::KeepSelection() { return KeptRow(*ui_->ExerciseList); }
+
 void WorkoutTab::UpdateWorkoutScreen() {
   ProgramState& state = editor_.State();
   const ScreenUpdate updating(state);
+  ShowOddSize();
   QStringList names;
   QStringList summaries;
   std::int32_t total = 0;
@@ -127,10 +139,21 @@ void WorkoutTab::UpdateWorkoutScreen() {
   }
   ui_->ExerciseList->SetRows(names);
   ui_->ExerciseSummaryList->SetRows(summaries);
-  ui_->ExerciseList->SelectRow(state.CurrentExercise);
-  ui_->ExerciseSummaryList->SelectRow(state.CurrentExercise);
+  shownExercise_ = state.CurrentExercise;
+  SelectExercise(shownExercise_);
   ui_->TotalWorkoutMusicTimeLabel->clear();
   ui_->TotalWorkoutMusicTimeLabel->setText(QString::fromStdString(FormatTime(CheckedInt16(total))));
+}
+
+void WorkoutTab::ShowOddSize() {
+  const QString text = QString::fromStdString(OddSizeOf(editor_.State()));
+  QLabel* label = ui_->WorkoutFileLabel;
+  if (text == label->text()) return;
+  label->setText(text);
+  label->setVisible(!text.isEmpty());
+  if (text.isEmpty()) return;
+  QAccessibleEvent told(label, QAccessible::Alert);
+  QAccessible::updateAccessibility(&told);
 }
 
 void WorkoutTab::EnableEditing(bool enabled) {

@@ -3,8 +3,9 @@
 #include <QWidget>
 #include <memory>
 
-#include "ui/Editor.h"
+#include "editing/Editor.h"
 #include "ui/Handlers.h"
+#include "ui/RowList.h"
 
 namespace Ui {
 class WorkoutTab;
@@ -28,6 +29,16 @@ class WorkoutTab : public QWidget {
   void UpdateWorkoutScreen();
 
   int SelectedExercise() const;
+  void SelectExercise(int row);
+
+  /// The CurrentExercise of the last UpdateWorkoutScreen.
+  int ShownExercise() const { return shownExercise_; }
+
+  /// Keeps the selected exercise while the workout is loaded again.
+  KeptRow KeepSelection();
+
+  /// Shows that the file of the workout has another size than it should, while it does.
+  void ShowOddSize();
 
   /// Enables what edits the workout; choosing and creating one is always possible.
   void EnableEditing(bool enabled);
@@ -45,6 +56,7 @@ class WorkoutTab : public QWidget {
   Editor& editor_;
   Handlers& handlers_;
   std::unique_ptr<Ui::WorkoutTab> ui_;
+  int shownExercise_ = 0;
   bool choicePending_ = false;
 };
 

@@ -1,45 +1,77 @@
 #include "update/Growth.h"
 
+#include <algorithm>
+#include <stdexcept>
+
 #include "base/Numbers.h"
 
 namespace repvolta {
 namespace {
 
-/// One of the two values of a set, with the rule by which it grows.
+constexpr int kSlots = kSetSlots;
+
+/// Where a record has one of the two values of its sets, and the rule by which it grows.
 struct GrowingField {
   int number;
-  float& value;
-  float increment;
-  float frequency;  // days
-  double& nextUpdate;
+  SetSingles ExerciseRecord::*value;
+  SetSingles ExerciseRecord::*increment;
+  SetSingles ExerciseRecord::*frequency;  // days
+  SetDates ExerciseRecord::*nextUpdate;
 };
 
+constexpr GrowingField kField1 = {1, &ExerciseRecord::SetValue1, &ExerciseRecord::SetIncrement1,
+                                  &ExerciseRecord::SetFrequency1, &ExerciseRecord::NextUpdate1};
+constexpr GrowingField kField2 = {2, &ExerciseRecord::SetValue2, &ExerciseRecord::SetIncrement2,
+                                  &ExerciseRecord::SetFrequency2, &ExerciseRecord::NextUpdate2};
+
 /// A value is due the day after its frequency has passed: the one day more is meant.
-bool IsDue(const GrowingField& field, double today) {
-  return field.frequency > 0 && field.nextUpdate + static_cast<double>(field.frequency) < today;
+bool IsDue(const ExerciseRecord& exercise, const GrowingField& field, int set, double day) {
+  const float frequency = (exercise.*field.frequency)[set];
+  return frequency > 0 && (exercise.*field.nextUpdate)[set] + static_cast<double>(frequency) < day;
 }
 
-void GrowField(const GrowingField& field, double today, const std::string& exerciseName,
-               Steps& steps) {
-  if (!IsDue(field, today)) return;
-  field.nextUpdate = today;
-  steps.Run([&] { field.value = AddSingles(field.value, field.increment); });
-  steps.Log("Updated Field " + std::to_string(field.number) + " in exercise - " + exerciseName);
+SetGrowth GrowthOf(const ExerciseRecord& exercise, const GrowingField& field, int set, double day) {
+  const float value = (exercise.*field.value)[set];
+  SetGrowth growth = {
+      .set = set, .field = field.number, .from = value, .to = value, .day = day, .failure = {}};
+  try {
+    growth.to = AddSingles(value, (exercise.*field.increment)[set]);
+  } catch (const std::overflow_error& error) {
+    growth.failure = error.what();
+  }
+  return growth;
 }
 
 void GrowExercise(ExerciseRecord& exercise, double today, Steps& steps) {
-  const std::string& name = exercise.ExerciseName.Text();
-  for (int set = 0; set < exercise.NumberOfSets; ++set) {
-    GrowField({1, exercise.SetValue1[set], exercise.SetIncrement1[set], exercise.SetFrequency1[set],
-               exercise.NextUpdate1[set]},
-              today, name, steps);
-    GrowField({2, exercise.SetValue2[set], exercise.SetIncrement2[set], exercise.SetFrequency2[set],
-               exercise.NextUpdate2[set]},
-              today, name, steps);
+  for (const SetGrowth& growth : GrowthOn(exercise, today)) {
+    steps.CheckStop();
+    Apply(growth, exercise);
+    steps.LogFailure(growth.failure);
+    steps.Log("Updated Field " + std::to_string(growth.field) + " in exercise - " +
+              exercise.ExerciseName.Text());
   }
+  // More sets than slots are an error, told once the sets that exist have grown.
+  if (exercise.NumberOfSets > kSlots) static_cast<void>(exercise.SetValue1[kSlots]);
 }
 
 }  // namespace
+
+std::vector<SetGrowth> GrowthOn(const ExerciseRecord& exercise, double day) {
+  std::vector<SetGrowth> growths;
+  const int sets = std::min<int>(exercise.NumberOfSets, kSlots);
+  for (int set = 0; set < sets; ++set) {
+    for (const GrowingField& field : {kField1, kField2}) {
+      if (IsDue(exercise, field, set, day)) growths.push_back(GrowthOf(exercise, field, set, day));
+    }
+  }
+  return growths;
+}
+
+void Apply(const SetGrowth& growth, ExerciseRecord& exercise) {
+  const GrowingField& field = growth.field == kField1.number ? kField1 : kField2;
+  (exercise.*field.nextUpdate)[growth.set] = growth.day;
+  (exercise.*field.value)[growth.set] = growth.to;
+}
 
 void GrowWorkout(Program& program, Steps& steps) {
   const double today = program.clock.Today();

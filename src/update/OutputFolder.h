@@ -2,9 +2,9 @@
 
 #include <set>
 #include <string>
-#include <vector>
 
 #include "base/File.h"
+#include "update/Keepsakes.h"
 
 namespace repvolta {
 
@@ -17,11 +17,12 @@ class OutputFolder {
   /// With the separator at its end.
   const std::string& Path() const { return path_; }
 
-  /// Deletes the folder with all that is in it, read-only files too. It must lie right in the
-  /// output path, be no link, and neither be nor hold one of `keep`; else throws std::runtime_error
-  /// and nothing is deleted: from then on no file in it is replaced, and nothing is written where
-  /// it leads out of the output path. Throws FileError when something could not be deleted.
-  void Clear(const std::vector<std::string>& keep);
+  /// Deletes the folder with all that is in it, read-only files too, but not what is mounted in it.
+  /// It must lie right in the output path, be no link and no mounted file system, and neither be
+  /// nor hold what is to be kept; else throws std::runtime_error, of which FileError is one, and
+  /// nothing is deleted: from then on no file in it is replaced, and nothing is written where it
+  /// leads out of the output path. Throws FileError when something could not be deleted.
+  void Clear(const Keepsakes& keep);
 
   /// Makes the folder unless it is there. Throws FileError.
   void Create() const;
@@ -48,6 +49,9 @@ class OutputFolder {
 
  private:
   enum class Use { kReplace, kAddOnly, kNothing };
+
+  /// Throws std::runtime_error.
+  [[noreturn]] void Refuse(const std::string& why) const;
 
   std::string Folder() const { return path_.substr(0, path_.size() - 1); }
 

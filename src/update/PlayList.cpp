@@ -12,6 +12,7 @@ void AddToPlaylistFile(const std::string& line, const std::string& playList) {
   }
   File file = File::OpenOrCreate(playList);
   file.WriteAt(file.Size(), AsBytes(line + "\r\n"));
+  file.ConfirmWritten();
 }
 
 }  // namespace repvolta

@@ -1,5 +1,7 @@
 #include "update/RandomMusic.h"
 
+#include <utility>
+
 #include "base/File.h"
 #include "base/Numbers.h"
 #include "mp3/GetPlayTime.h"
@@ -14,7 +16,8 @@ class RandomFill {
   RandomFill(Program& program, ExerciseRecord& exercise, Steps& steps)
       : program_(program), exercise_(exercise), steps_(steps) {}
 
-  void Run() {
+  /// Returns the whole paths of the files.
+  std::vector<std::string> Run() {
     exercise_.NumberOfMusicFiles = 0;
     for (int slot = 0; slot < MaxMusicFiles && FillSlot(slot); ++slot) {
       // The file that crosses the target is kept. Without a target one file is enough, even one
@@ -22,6 +25,7 @@ class RandomFill {
       if (total_ > exercise_.TargetExerciseTime || exercise_.TargetExerciseTime == 0) break;
     }
     exercise_.TotalMusicTime = total_;
+    return std::move(paths_);
   }
 
  private:
@@ -40,6 +44,7 @@ class RandomFill {
     exercise_.MusicFilePlayTime[slot] = seconds;
     exercise_.MusicFile[slot] = path;
     ++exercise_.NumberOfMusicFiles;
+    paths_.push_back(path);
     steps_.Log("Random music file found and added for Exercise - " + exercise_.ExerciseName.Text());
     return true;
   }
@@ -57,15 +62,18 @@ class RandomFill {
   ExerciseRecord& exercise_;
   Steps& steps_;
   std::int16_t total_ = 0;
+  std::vector<std::string> paths_;
 };
 
 }  // namespace
 
-void DrawRandomMusic(Program& program, Steps& steps) {
+DrawnSongs DrawRandomMusic(Program& program, Steps& steps) {
+  DrawnSongs drawn;
   for (int i = 0; i < program.state.NumberOfExercises; ++i) {
     ExerciseRecord& exercise = program.state.Workout[i];
-    if (exercise.RandomMusic == kTrue) RandomFill(program, exercise, steps).Run();
+    if (exercise.RandomMusic == kTrue) drawn[i] = RandomFill(program, exercise, steps).Run();
   }
+  return drawn;
 }
 
 }  // namespace repvolta

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "app/ProgramState.h"
-#include "base/RandomNumbers.h"
+#include "platform/RandomNumbers.h"
 
 namespace repvolta {
 

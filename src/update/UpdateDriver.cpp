@@ -1,5 +1,6 @@
 #include "update/UpdateDriver.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
 #include <vector>
@@ -11,12 +12,13 @@
 #include "base/Text.h"
 #include "instruction/TextInstruction.h"
 #include "instruction/VoiceInstruction.h"
-#include "mp3/ProcessMP3tag.h"
 #include "update/Encoder.h"
 #include "update/Growth.h"
 #include "update/OutputFolder.h"
 #include "update/PlayList.h"
+#include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
+#include "update/RandomMusicList.h"
 #include "update/Steps.h"
 
 namespace repvolta {
@@ -40,20 +42,31 @@ class WorkoutUpdate {
   void Run() {
     Prepare();
     GrowWorkout(program_, steps_);
-    DrawRandomMusic(program_, steps_);
+    drawn_ = DrawRandomMusic(program_, steps_);
     steps_.Run([&] { SaveWorkout(state_); });
     for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
       text_.clear();
       ProduceInstruction(i);
-      CopyMusic(state_.Workout[i]);
+      CopyMusic(i);
     }
     Finish();
   }
 
+  /// Removes the working files that this run has made. Throws FileError.
+  void RemoveWorkingFiles() {
+    if (workingFiles_ == WorkingFiles::kNotMade) return;
+    RemoveFile(kTempWav);
+    RemoveFile(kTempMp3);
+  }
+
  private:
+  /// What became of "temp.wav" and "temp.mp3". They may also be those of an earlier run, which
+  /// leaves them where there is no encoder.
+  enum class WorkingFiles { kNotMade, kMade, kStay };
+
   void Prepare() {
     // The list is cleared when the window is shown: what fails before is logged behind that.
-    const auto clearing = steps_.Try([&] { folder_.Clear(FoldersToKeep()); });
+    const auto clearing = steps_.Try([&] { folder_.Clear(WhatToKeep()); });
     const auto creation = steps_.Try([&] { folder_.Create(); });
     program_.screen.ShowUpdateForm();
     steps_.Log("Updating Workout " + FileName(state_.WorkoutFileName));
@@ -62,20 +75,36 @@ class WorkoutUpdate {
     steps_.Log("Created directory " + folder_.Path());
   }
 
-  std::vector<std::string> FoldersToKeep() const {
+  Keepsakes WhatToKeep() const {
     const char* home = std::getenv("HOME");
-    return {state_.Settings.MusicPath.Trimmed(), state_.ProgramDirectory,
-            home == nullptr ? "" : home};
+    return {.folders = {state_.Settings.MusicPath.Trimmed(), state_.ProgramDirectory,
+                        home == nullptr ? "" : home},
+            .songs = Songs(),
+            .songList = kMusicList};
+  }
+
+  /// The songs of all exercises, as they are before any is drawn.
+  std::vector<std::string> Songs() const {
+    std::vector<std::string> songs;
+    for (int i = 0; i < state_.NumberOfExercises; ++i) {
+      const ExerciseRecord& exercise = state_.Workout[i];
+      const int count = std::min<int>(exercise.NumberOfMusicFiles, kMusicSlots);
+      for (int j = 0; j < count; ++j) songs.push_back(exercise.MusicFile[j].Trimmed());
+    }
+    return songs;
   }
 
   void ProduceInstruction(std::int16_t exercise) {
-    steps_.Run([&] { GenerateHumanVoiceInstruction(program_, exercise, kTempWav); });
+    steps_.Run([&] {
+      workingFiles_ = WorkingFiles::kMade;
+      GenerateHumanVoiceInstruction(program_, exercise, kTempWav);
+    });
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
     const std::string path = NumberedPath("Instructions");
     Encoding encoding = Encoding::kNoEncoder;
     steps_.Run([&] {
       encoding = EncodeMP3file(program_.processes, kTempWav, kTempMp3);
-      workingFileStays_ = encoding == Encoding::kNoEncoder;
+      if (encoding == Encoding::kNoEncoder) workingFiles_ = WorkingFiles::kStay;
     });
     if (encoding == Encoding::kEncoderRun) {
       KeepMp3(path + ".mp3");
@@ -100,11 +129,15 @@ class WorkoutUpdate {
     List(path);
   }
 
-  void CopyMusic(const ExerciseRecord& exercise) {
+  void CopyMusic(std::int16_t exercise) {
     steps_.Run([&] {
-      for (int j = 0; j < exercise.NumberOfMusicFiles; ++j) {
-        CopySong(exercise.MusicFile[j].Trimmed());
+      const auto drawn = drawn_.find(exercise);
+      if (drawn != drawn_.end()) {
+        for (const std::string& song : drawn->second) CopySong(song);
+        return;
       }
+      const ExerciseRecord& record = state_.Workout[exercise];
+      for (int j = 0; j < record.NumberOfMusicFiles; ++j) CopySong(record.MusicFile[j].Trimmed());
     });
   }
 
@@ -113,7 +146,7 @@ class WorkoutUpdate {
       steps_.Log("ERROR: File not found. " + source);
       return;
     }
-    const std::string path(TrimBlanks(NumberedPath(FileName(source))));
+    const std::string path(TrimBlanks(NumberedPath(TrimBlanks(FileName(source)))));
     const auto plan = PlanTaggedCopy(source, path, text_, state_.WorkoutFileName);
     bool isTagged = false;
     steps_.Run([&] {
@@ -175,15 +208,15 @@ class WorkoutUpdate {
   }
 
   /// The path of the next file: its number has at least three digits.
-  std::string NumberedPath(const std::string& name) const {
+  std::string NumberedPath(std::string_view name) const {
     std::string number = std::to_string(counter_);
     if (number.size() < 3) number.insert(0, 3 - number.size(), '0');
-    return folder_.Path() + "RV" + number + "-" + name;
+    return (folder_.Path() + "RV" + number + "-").append(name);
   }
 
   void Finish() {
     // Once more, for what could not be deleted at its time.
-    if (!workingFileStays_) {
+    if (workingFiles_ == WorkingFiles::kMade) {
       for (const char* file : {kTempWav, kTempMp3}) steps_.Run([&] { RemoveFile(file); });
     }
     steps_.Run([&] { folder_.FlushToDevice(); });
@@ -202,9 +235,10 @@ class WorkoutUpdate {
   std::string workoutName_;
   OutputFolder folder_;
   std::string playList_;
+  DrawnSongs drawn_;
   std::string text_;  // the sentence of the exercise at hand
   int counter_ = 1;
-  bool workingFileStays_ = false;
+  WorkingFiles workingFiles_ = WorkingFiles::kNotMade;
 };
 
 }  // namespace
@@ -214,11 +248,11 @@ void UpdateCurrentWorkout(Program& program) {
   state.WorkoutFileName = TrimBlanks(state.WorkoutFileName);
   if (state.WorkoutFileName.empty()) return;
   state.Settings.OutputPath = state.Settings.OutputPath.Trimmed();
+  WorkoutUpdate update(program);
   try {
-    WorkoutUpdate(program).Run();
+    update.Run();
   } catch (const UpdateStopped&) {
-    RemoveFile(kTempWav);
-    RemoveFile(kTempMp3);
+    update.RemoveWorkingFiles();
     throw;
   }
 }

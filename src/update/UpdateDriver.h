@@ -7,8 +7,8 @@ namespace repvolta {
 /// Turns the workout in memory into a folder for the player: advances what is due, draws random
 /// music, saves the workout, and writes numbered instructions, copies of the music and the play
 /// list. Each step that fails becomes a line of the progress log; the update goes on. Does nothing
-/// without a workout name. Throws UpdateStopped when the person ends the program; the working files
-/// are then gone and the workout file is whole.
+/// without a workout name. Throws UpdateStopped when the person ends the program; its working
+/// files are then gone and the workout file is whole.
 void UpdateCurrentWorkout(Program& program);
 
 }  // namespace repvolta

@@ -209,6 +209,57 @@ TEST(SettingsFormat, GivesEveryFieldBack) {
   EXPECT_EQ(DecodeSettings(EncodeSettings(settings)), settings);
 }
 
+TEST(SettingsFormat, HasAFormatOfOneByteACharacterAndAtMost65535) {
+  SettingsRecord settings;
+  settings.AudioFormat = "é";
+  EXPECT_EQ(EncodeSettings(settings).size(), kSettingsFileSize + 1);
+  EXPECT_EQ(DecodeSettings(EncodeSettings(settings)).AudioFormat, "é");
+
+  settings.AudioFormat = std::string(70000, '7');
+  settings.LastWorkoutIndex = 3;
+  const Bytes file = EncodeSettings(settings);
+  EXPECT_EQ(file.size(), kLongestSettingsFile);
+  EXPECT_EQ(DecodeSettings(file).LastWorkoutIndex, 3);
+}
+
+/// Every field but the first path differs from the defaults.
+SettingsRecord FullSettings() {
+  SettingsRecord settings;
+  settings.OutputPath = "/player";
+  settings.DefaultExerciseTime = 5;
+  settings.ReservedIntegers.bytes[0] = 1;
+  settings.VoiceIndex = 2;
+  settings.VoiceRate = -3;
+  settings.VoiceVolume = 100;
+  settings.AudioFormat = "14";
+  settings.AutoLoadPlaylist = kTrue;
+  settings.IncludeWeightValues = kTrue;
+  settings.ReservedInteger.bytes[0] = 1;
+  settings.LastWorkoutIndex = 4;
+  settings.ReservedBlock.bytes[0] = 1;
+  settings.ReservedTexts.bytes[0] = 'r';
+  return settings;
+}
+
+TEST(SettingsMerge, TakesEveryFieldThatWasChangedHere) {
+  SettingsRecord theirs;
+  theirs.MusicPath = "/theirs";
+  theirs.VoiceRate = 9;
+  SettingsRecord expected = FullSettings();
+  expected.MusicPath = "/theirs";
+  EXPECT_EQ(MergeSettings({}, FullSettings(), theirs), expected);
+}
+
+TEST(SettingsMerge, TakesEveryFieldThatWasNotChangedHere) {
+  SettingsRecord base;
+  base.VoiceRate = 7;
+  SettingsRecord ours = base;
+  ours.MusicPath = "/ours";
+  SettingsRecord expected = FullSettings();
+  expected.MusicPath = "/ours";
+  EXPECT_EQ(MergeSettings(base, ours, FullSettings()), expected);
+}
+
 TEST(SettingsFormat, ReadsNoFurtherThanTheFileGoes) {
   SettingsRecord settings;
   settings.VoiceVolume = 100;

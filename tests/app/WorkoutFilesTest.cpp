@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "app/RecordFormat.h"
-#include "app/Settings.h"
 #include "app/WorkoutFiles.h"
 #include "base/FileError.h"
 
 #include "fakes/RecordingScreen.h"
+#include "support/AtFlush.h"
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"
 
@@ -16,6 +16,8 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StrEq;
+using testing::ThrowsMessage;
 
 /// A program directory of its own.
 class WorkoutFiles : public testing::Test {
@@ -52,6 +54,13 @@ TEST_F(WorkoutFiles, LeaveAnEmptyListWhenThereAreNone) {
   LoadWorkoutNames(state, screen);
   EXPECT_THAT(state.WorkoutNames, IsEmpty());
   EXPECT_EQ(state.NumberOfWorkouts, 0);
+}
+
+TEST_F(WorkoutFiles, AreNotSavedWhereTheirFolderCannotBeMade) {
+  state.WorkoutFileName = "Monday.RPV";
+  const UnreadableFile unwritable(folder.Path(), std::filesystem::perms::owner_exec);
+  EXPECT_THAT([&] { SaveWorkout(state); },
+              ThrowsMessage<FileError>(StrEq("workouts/ could not be created: Permission denied")));
 }
 
 TEST_F(WorkoutFiles, LoadAndSelectTheFirstExercise) {
@@ -170,9 +179,22 @@ TEST_F(WorkoutFiles, DoNotReplaceWhatAnotherProcessHasWritten) {
   SaveWorkout(other);
   const Bytes grown = GetFile("workouts/Monday.RPV");
 
-  EXPECT_THROW(SaveWorkout(state), FileError);
+  EXPECT_THAT([&] { SaveWorkout(state); },
+              ThrowsMessage<FileError>(StrEq("workouts/Monday.RPV could not be written: "
+                                             "Another program has changed it meanwhile")));
 
   EXPECT_EQ(GetFile("workouts/Monday.RPV"), grown);
+}
+
+TEST_F(WorkoutFiles, DoNotReplaceWhatAnotherWritesDuringTheSave) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  const AtFlush synced([&] { PutWorkout("Monday.RPV", {"Synced"}); });
+
+  EXPECT_THROW(SaveWorkout(state), FileError);
+
+  EXPECT_EQ(DecodeWorkout(GetFile("workouts/Monday.RPV"))[0].ExerciseName.Text(), "Synced");
 }
 
 TEST_F(WorkoutFiles, DoNotReplaceWhatWasNotLoaded) {
@@ -183,7 +205,9 @@ TEST_F(WorkoutFiles, DoNotReplaceWhatWasNotLoaded) {
   LoadWorkout(state, screen);
   state.WorkoutFileName = "Tuesday.RPV";
 
-  EXPECT_THROW(SaveWorkout(state), FileError);
+  EXPECT_THAT([&] { SaveWorkout(state); },
+              ThrowsMessage<FileError>(StrEq("workouts/Tuesday.RPV could not be written: "
+                                             "It holds another workout, which was not loaded")));
 
   EXPECT_EQ(GetFile("workouts/Tuesday.RPV"), before);
 }
@@ -209,6 +233,53 @@ TEST_F(WorkoutFiles, AreNotChangedWhereTheyAreGoneOrNeverSeen) {
   EXPECT_FALSE(WorkoutChangedOnDisk(state));
   state.WorkoutFileName = "";
   EXPECT_FALSE(WorkoutChangedOnDisk(state));
+}
+
+TEST_F(WorkoutFiles, AreReadToTheirLastByte) {
+  Bytes file = EncodeWorkout({});
+  file.back() = 'x';
+  PutFile("workouts/Monday.RPV", file);
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state, screen);
+  SaveWorkout(state);
+  EXPECT_EQ(GetFile("workouts/Monday.RPV"), file);
+}
+
+/// Notes whether the program itself fills the list of workouts.
+class ScreenThatLooks : public RecordingScreen {
+ public:
+  explicit ScreenThatLooks(const ProgramState& state) : state_(state) {}
+  void ShowWorkoutNames() override { wasUpdating = state_.ScreenUpdating; }
+
+  bool wasUpdating = false;
+
+ private:
+  const ProgramState& state_;
+};
+
+TEST_F(WorkoutFiles, AreListedByTheProgramItself) {
+  ScreenThatLooks looking(state);
+  LoadWorkoutNames(state, looking);
+  EXPECT_TRUE(looking.wasUpdating);
+}
+
+TEST_F(WorkoutFiles, AreReplacedAndLoadedAgainFromAnyDirectory) {
+  PutWorkout("Monday.RPV", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  std::filesystem::current_path("/");
+  ReplaceWorkoutFile(state);
+  ASSERT_TRUE(state.KnownFile);
+  state.Workout[0].ExerciseName = "A";
+  state.NumberOfExercises = 1;
+  SaveWorkout(state);
+  ProgramState other = state;
+  other.Workout[0].SetValue1[0] = 60;
+  SaveWorkout(other);
+  std::filesystem::current_path("/");
+
+  ReloadChangedWorkout(state, screen);
+
+  EXPECT_EQ(state.Workout[0].SetValue1[0], 60);
 }
 
 TEST_F(WorkoutFiles, AreLoadedAgainOnlyWhenTheyAreChanged) {
@@ -246,153 +317,55 @@ TEST_F(WorkoutFiles, AreToldToBeOthersWhenTheirRowsAre) {
   EXPECT_NO_THROW(ReloadChangedWorkout(state, screen));
 }
 
-/// A loaded file with two exercises in use and one behind a blank name.
-class DamagedWorkout : public WorkoutFiles {
+/// Two exercises, of which the second is the current one; another program changes them.
+class ChangedWorkout : public WorkoutFiles {
  protected:
-  static constexpr const char* kDamage =
-      "Monday.RPV seems to be damaged: it holds numbers that no workout can have.";
-
-  DamagedWorkout() {
-    for (const int slot : {0, 1, 3}) workout[slot].ExerciseName = "Squat";
+  ChangedWorkout() {
+    PutWorkout("Monday.RPV", {"A", "B"});
     state.WorkoutFileName = "Monday.RPV";
+    LoadWorkout(state, screen);
+    for (const int slot : {0, 1}) {
+      state.Workout[slot].NumberOfSets = 1;
+      state.Workout[slot].NumberOfMusicFiles = 1;
+      state.Workout[slot].MusicFile[0] = "/a.mp3";
+    }
+    SaveWorkout(state);
+    state.CurrentExercise = 1;
   }
 
-  void Load() {
-    PutFile("workouts/Monday.RPV", EncodeWorkout(workout));
-    screen.messages.clear();
-    screen.calls.clear();
-    EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kLoaded);
+  void Change(const std::function<void(ExerciseSlots&)>& change) {
+    ProgramState other = state;
+    change(other.Workout);
+    SaveWorkout(other);
   }
-
-  ExerciseSlots workout;
 };
 
-TEST_F(DamagedWorkout, IsToldOnceItIsShown) {
-  for (const std::int16_t count : std::initializer_list<std::int16_t>{-7293, -1, 18, 32767}) {
-    workout[1].NumberOfSets = count;
-    Load();
-    EXPECT_THAT(screen.messages, ElementsAre(kDamage)) << count;
-    EXPECT_THAT(screen.titles, testing::Each("Repvolta"));
-    EXPECT_THAT(screen.calls, ElementsAre("workout screen", "exercise screen", "message"));
-  }
-  workout[1].NumberOfSets = 0;
-  for (const std::int16_t count : std::initializer_list<std::int16_t>{-32768, -1, 13}) {
-    workout[0].NumberOfMusicFiles = count;
-    Load();
-    EXPECT_THAT(screen.messages, ElementsAre(kDamage)) << count;
-  }
+TEST_F(ChangedWorkout, HasOtherRowsWhereSetsWereAdded) {
+  Change([](ExerciseSlots& workout) { workout[0].NumberOfSets = 2; });
+  EXPECT_THROW(ReloadChangedWorkout(state, screen), WorkoutReplaced);
 }
 
-TEST_F(DamagedWorkout, IsToldOnceForAllItsExercises) {
-  for (const int slot : {0, 1}) workout[slot].NumberOfSets = workout[slot].NumberOfMusicFiles = -1;
-  Load();
-  EXPECT_THAT(screen.messages, ElementsAre(kDamage));
+TEST_F(ChangedWorkout, HasOtherRowsWhereTheMusicThatIsShownIsAnother) {
+  Change([](ExerciseSlots& workout) { workout[1].MusicFile[0] = "/b.mp3"; });
+  EXPECT_THROW(ReloadChangedWorkout(state, screen), WorkoutReplaced);
 }
 
-TEST_F(DamagedWorkout, IsNoneWhereEverySlotIsUsed) {
-  for (const int slot : {0, 1}) {
-    workout[slot].NumberOfSets = 17;
-    workout[slot].NumberOfMusicFiles = 12;
-  }
-  Load();
-  EXPECT_THAT(screen.messages, IsEmpty());
+TEST_F(ChangedWorkout, HasTheSameRowsWhereTheMusicOfAnotherExerciseIsAnother) {
+  Change([](ExerciseSlots& workout) { workout[0].MusicFile[0] = "/b.mp3"; });
+  EXPECT_NO_THROW(ReloadChangedWorkout(state, screen));
+  EXPECT_EQ(state.Workout[0].MusicFile[0].Text(), "/b.mp3");
 }
 
-TEST_F(DamagedWorkout, IsNoneForASlotThatIsNotInUse) {
-  workout[2].NumberOfSets = workout[3].NumberOfSets = -1;
-  Load();
-  EXPECT_THAT(screen.messages, IsEmpty());
+TEST_F(ChangedWorkout, MayClaimMoreMusicThanThereAreSlots) {
+  Change([](ExerciseSlots& workout) { workout[1].NumberOfMusicFiles = 32767; });
+  EXPECT_THROW(ReloadChangedWorkout(state, screen), WorkoutReplaced);
 }
 
-TEST_F(DamagedWorkout, LeavesTheFileAsItIs) {
-  workout[0].NumberOfSets = -1;
-  Load();
-  EXPECT_EQ(GetFile("workouts/Monday.RPV"), EncodeWorkout(workout));
-}
-
-/// Cannot show the workout.
-class ScreenThatThrows : public RecordingScreen {
- public:
-  void UpdateWorkoutScreen() override { throw std::overflow_error("The number is too large"); }
-};
-
-TEST_F(DamagedWorkout, IsAllThatIsToldWhereItCannotBeShown) {
-  workout[0].NumberOfSets = -1;
-  PutFile("workouts/Monday.RPV", EncodeWorkout(workout));
-  ScreenThatThrows throwing;
-  EXPECT_EQ(LoadWorkout(state, throwing), WorkoutLoad::kLoaded);
-  EXPECT_THAT(throwing.messages, ElementsAre(kDamage));
-
-  workout[0].NumberOfSets = 1;
-  PutFile("workouts/Monday.RPV", EncodeWorkout(workout));
-  EXPECT_THROW(LoadWorkout(state, throwing), std::overflow_error);
-}
-
-TEST_F(DamagedWorkout, IsToldWhenAnotherProgramDamagedIt) {
-  Load();
-  workout[1].NumberOfSets = -1;
-  PutFile("workouts/other", EncodeWorkout(workout));
-  std::filesystem::rename("workouts/other", "workouts/Monday.RPV");
-  try {
-    ReloadChangedWorkout(state, screen);
-    FAIL() << "nothing was told";
-  } catch (const WorkoutReplaced& told) {
-    EXPECT_EQ(told.what(),
-              "Monday.RPV was changed by another program and has been loaded again.\r" +
-                  std::string(kDamage));
-  }
-}
-
-class SettingsFile : public WorkoutFiles {};
-
-TEST_F(SettingsFile, HasDefaultsWhenItIsMissing) {
-  state.Settings.MusicPath = "/music";
-  LoadSettings(state);
-  EXPECT_TRUE(state.Settings.MusicPath.IsBlank());
-  EXPECT_EQ(state.Settings.VoiceVolume, 70);
-  EXPECT_EQ(state.Settings.DefaultExerciseTime, 0);
-  EXPECT_EQ(state.Settings.IncludeWeightValues, kFalse);
-}
-
-TEST_F(SettingsFile, GivesBackWhatWasSaved) {
-  state.Settings.MusicPath = "/Musik/Übung";
-  state.Settings.AudioFormat = "3";
-  const SettingsRecord saved = state.Settings;
-  SaveSettings(state);
-  state.Settings = {};
-
-  LoadSettings(state);
-
-  EXPECT_EQ(state.Settings, saved);
-}
-
-TEST_F(SettingsFile, IsKeptWhenItCouldNotBeRead) {
-  state.Settings.MusicPath = "/music";
-  SaveSettings(state);
-  const Bytes before = GetFile("settings.dat");
-  {
-    const UnreadableFile unreadable("settings.dat");
-    EXPECT_THROW(LoadSettings(state), FileError);
-  }
-  state.Settings = {};
-
-  EXPECT_THROW(SaveSettings(state), FileError);
-  EXPECT_EQ(GetFile("settings.dat"), before);
-
-  LoadSettings(state);
-  SaveSettings(state);
-  EXPECT_EQ(GetFile("settings.dat"), before);
-}
-
-TEST_F(SettingsFile, IsSavedInTheProgramDirectory) {
-  std::filesystem::current_path("/");
-  SaveSettings(state);
-  EXPECT_TRUE(std::filesystem::exists(folder.Path() + "settings.dat"));
-}
-
-TEST_F(SettingsFile, IsNotSavedWhereTheDirectoryIsGone) {
-  state.ProgramDirectory = folder.Path() + "gone/";
-  EXPECT_THROW(SaveSettings(state), FileError);
+TEST_F(ChangedWorkout, KeepsTheCurrentExerciseInUse) {
+  state.CurrentExercise = 2;
+  Change([](ExerciseSlots& workout) { workout[0].SetValue1[0] = 1; });
+  EXPECT_THROW(ReloadChangedWorkout(state, screen), WorkoutReplaced);
+  EXPECT_EQ(state.CurrentExercise, 0);
 }
 
 }  // namespace

@@ -77,6 +77,14 @@ TEST(CountLines, CountsWhatForEachLineGives) {
   }
 }
 
+TEST(CountLines, CountsMoreBlankLinesInARowThanAByteHolds) {
+  TemporaryFolder folder;
+  for (const std::size_t count : {255U, 256U, 1000U}) {
+    PutFile("list.txt", std::string(count, '\n'));
+    EXPECT_EQ(CountLines("list.txt"), count);
+  }
+}
+
 TEST(LinesAt, GivesWhatForEachLineGives) {
   std::mt19937 random(2);
   for (int round = 0; round < 200; ++round) {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "base/FileError.h"
-
 #include "clips/ClipLists.h"
+
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -48,6 +48,16 @@ TEST(ReadNameList, NamesTheClipAfterTheExercise) {
   EXPECT_EQ(Read(ReadNameList, " Bench Press \n\nPush Up\r\nT-Bar Row"),
             "exercise/Bench Press.WAV=Bench Press;exercise/Push Up.WAV=Push Up;"
             "exercise/T-Bar Row.WAV=T-Bar Row;");
+}
+
+TEST(ReadNameList, ReadsALongList) {
+  TemporaryFolder folder;
+  std::string names;
+  for (int i = 0; i < 20000; ++i) names += "Exercise " + std::to_string(i) + "\n";
+  PutFile("list", names);
+  const std::vector<ClipWords> clips = ReadNameList("list");
+  ASSERT_EQ(clips.size(), 20000U);
+  EXPECT_EQ(clips.back().words, "Exercise 19999");
 }
 
 TEST(ReadNameList, ReplacesWhatNoFileNameHas) {

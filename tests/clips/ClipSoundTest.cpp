@@ -81,6 +81,35 @@ TEST(TrimToWord, KeepsAQuietEnd) {
              0.3);
 }
 
+TEST(TrimToWord, KeepsAQuietEndBeforeALoudBackground) {
+  ExpectWord(
+      TrimToWord(Recording().Noise(0.5, 0.02F).Tone(0.2, 0.5F).Tone(0.1, 0.035F).Noise(0.5, 0.02F)),
+      0.3);
+}
+
+TEST(TrimToWord, CutsAnEndThatIsTooQuietToBeHeard) {
+  ExpectWord(TrimToWord(Recording().Silence(0.2).Tone(0.2, 0.5F).Tone(0.1, 0.004F).Silence(0.2)),
+             0.2);
+}
+
+TEST(TrimToWord, FadesTheBackgroundInAndWithin20MillisecondsOut) {
+  const Sound clip = TrimToWord(Recording().Noise(0.5, 0.01F).Tone(0.3, 0.5F).Noise(0.7, 0.01F));
+  const std::span<const float> samples = clip.samples;
+  const auto behind = samples.last(kBehind);
+  const auto loudest = [](std::span<const float> part) {
+    return Peak({16000, {part.begin(), part.end()}});
+  };
+  EXPECT_GT(loudest(samples.subspan(kBefore - 40, 40)), 0.005F);
+  EXPECT_LT(loudest(samples.first(16)), 0.0011F);
+  EXPECT_GT(loudest(behind.first(80)), 0.005F);
+  EXPECT_GT(loudest(behind.subspan(240, 40)), 0.0005F);
+  EXPECT_EQ(loudest(behind.subspan(320)), 0.0F);
+}
+
+TEST(TrimToWord, TakesAQuietRecording) {
+  ExpectWord(TrimToWord(Recording().Silence(0.5).Tone(0.3, 0.002F).Silence(0.5)), 0.3);
+}
+
 TEST(TrimToWord, ConvertsTheRate) {
   const Sound clip = TrimToWord(Recording(44100).Silence(0.5).Tone(0.3, 0.5F).Silence(0.5));
   EXPECT_EQ(clip.rate, 16000U);
@@ -96,6 +125,7 @@ TEST(TrimToWord, RemovesAnOffset) {
 TEST(TrimToWord, GivesNothingForSilence) {
   EXPECT_TRUE(TrimToWord(Recording()).samples.empty());
   EXPECT_TRUE(TrimToWord(Recording().Silence(1)).samples.empty());
+  EXPECT_TRUE(TrimToWord(Recording().Noise(1, 5e-5F)).samples.empty());
 }
 
 TEST(TrimToWord, TakesAnythingShort) {

@@ -7,11 +7,11 @@
 
 #include "base/FileNames.h"
 #include "base/WholeFile.h"
-#include "platform/QtChildProcesses.h"
-#include "platform/WavReader.h"
-
 #include "clips/ClipLists.h"
 #include "clips/ClipSound.h"
+#include "platform/QtChildProcesses.h"
+#include "sound/WavReader.h"
+
 #include "support/ProgramsBeside.h"
 
 namespace repvolta {

@@ -4,11 +4,11 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "platform/SpeechSynthesizer.h"
-#include "platform/WavReader.h"
-
 #include "clips/ClipSound.h"
 #include "clips/VoiceCommand.h"
+#include "sound/WavReader.h"
+#include "speech/SpeechSynthesizer.h"
+
 #include "support/TemporaryFolder.h"
 #include "support/WavBytes.h"
 
@@ -17,9 +17,18 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
+
+constexpr const char* kUsage =
+    "usage: repvolta-voice make WORDS FOLDER [NAMES ...]\n"
+    "       repvolta-voice convert RECORDING CLIP\n"
+    "\n"
+    "make     speaks the clips of the word list WORDS (a line: clip name, words) into\n"
+    "         FOLDER, and those of the exercise name lists NAMES (a line: a name) into\n"
+    "         FOLDER/exercise\n"
+    "convert  makes a clip of a WAV recording of any format: silence trimmed, 16 kHz,\n"
+    "         16 bit, mono, as loud as the other clips\n";
 
 /// An engine that says a tone, and "silence" as silence.
 class ToneEngine : public SpeechEngine {
@@ -29,7 +38,7 @@ class ToneEngine : public SpeechEngine {
   Sound Speak(const std::string& text, const EngineVoice& voice, double slowness) override {
     if (text == "trouble") throw SpeechError("flite crashed");
     spoken.push_back(voice.id + ": " + text);
-    const float level = text == "silence" ? 0.0F : 0.2F;
+    const float level = text == "silence" ? 0.0F : 0.05F;
     Sound sound{8000, std::vector<float>(static_cast<std::size_t>(4000 * slowness))};
     for (std::size_t i = 0; i < sound.samples.size(); ++i) {
       sound.samples[i] = level * std::sin(0.3F * static_cast<float>(i));
@@ -92,8 +101,12 @@ TEST_F(VoiceCommand, MakesTheClipsOfTheLists) {
   EXPECT_EQ(output_.str(), "5 clips made in out/voice\n");
   ExpectClip("out/voice/300.wav");
   ExpectClip("out/voice/exercise/Squat.WAV");
-  // Half a second, as the engine says it at its own pace, and what a clip has around its word.
-  EXPECT_NEAR(static_cast<double>(ReadWav(GetFile("out/voice/300.wav")).samples.size()) / 16000,
+}
+
+TEST_F(VoiceCommand, MakesClipsOfTheEnginesOwnSpeed) {
+  PutFile("words", "set set\n");
+  Run({"make", "words", "voice"});
+  EXPECT_NEAR(static_cast<double>(ReadWav(GetFile("voice/set.wav")).samples.size()) / 16000,
               0.5 + 0.07, 0.01);
 }
 
@@ -105,6 +118,17 @@ TEST_F(VoiceCommand, MakesClipsWithoutNameLists) {
 
 TEST_F(VoiceCommand, ReportsAMissingWordList) {
   ExpectFailure({"make", "gone", "voice"}, "gone could not be read: No such file or directory");
+}
+
+TEST_F(VoiceCommand, ShowsNoControlCharactersOfNames) {
+  ExpectFailure({"make", "go\x1B[2Jne\n", "voice"},
+                "go?[2Jne? could not be read: No such file or directory");
+}
+
+TEST_F(VoiceCommand, ShowsNoControlCharactersOfTheFolder) {
+  PutFile("words", "set set\n");
+  EXPECT_EQ(Run({"make", "words", "voi\x1B[2Jce"}), 0);
+  EXPECT_EQ(output_.str(), "1 clips made in voi?[2Jce\n");
 }
 
 TEST_F(VoiceCommand, ReportsAMissingVoice) {
@@ -150,6 +174,19 @@ TEST_F(VoiceCommand, ConvertsARecordingOfAnotherFormat) {
               20000 / 44100.0 + 0.07, 0.01);
 }
 
+TEST_F(VoiceCommand, ConvertsALongRecording) {
+  constexpr int kSamples = 500000;
+  WavBytes recording;
+  recording.Format(1, 16000, 16).Text("data").U32(2 * kSamples);
+  for (int i = 0; i < kSamples; ++i) {
+    const int level = i / 10 % 2 == 0 ? 3000 : -3000;
+    recording.U16(static_cast<std::uint16_t>(i < kSamples - 16000 ? 0 : level));
+  }
+  PutFile("recording.wav", recording.Get());
+  EXPECT_EQ(Run({"convert", "recording.wav", "set.wav"}), 0);
+  ExpectClip("set.wav");
+}
+
 TEST_F(VoiceCommand, ConvertsAFileOntoItself) {
   WavBytes recording;
   recording.Format(1, 16000, 8).Text("data").U32(8000);
@@ -184,11 +221,13 @@ TEST_F(VoiceCommand, ShowsItsUsageWhenItIsNotCalledRightly) {
                                              {"convert", "a.wav"},
                                              {"convert", "a.wav", "b.wav", "c.wav"},
                                              {"speak", "a", "b"},
+                                             {"--help", "make"},
                                              {"--make", "a", "b"}}) {
     errors_.str("");
     EXPECT_EQ(Run(arguments), 2);
-    EXPECT_THAT(errors_.str(), StartsWith("repvolta-voice: "));
-    EXPECT_THAT(errors_.str(), HasSubstr("usage: repvolta-voice make"));
+    EXPECT_EQ(errors_.str(), std::string("repvolta-voice: ") +
+                                 (arguments.empty() ? "nothing to do" : "not called rightly") +
+                                 "\n" + kUsage);
   }
   EXPECT_THAT(output_.str(), IsEmpty());
 }
@@ -203,15 +242,7 @@ TEST_F(VoiceCommand, SaysWhatIsWrongWithTheCall) {
 
 TEST_F(VoiceCommand, ShowsItsUsageWhenAsked) {
   EXPECT_EQ(Run({"--help"}), 0);
-  EXPECT_EQ(output_.str(),
-            "usage: repvolta-voice make WORDS FOLDER [NAMES ...]\n"
-            "       repvolta-voice convert RECORDING CLIP\n"
-            "\n"
-            "make     speaks the clips of the word list WORDS (a line: clip name, words) into\n"
-            "         FOLDER, and those of the exercise name lists NAMES (a line: a name) into\n"
-            "         FOLDER/exercise\n"
-            "convert  makes a clip of a WAV recording of any format: silence trimmed, 16 kHz,\n"
-            "         16 bit, mono, as loud as the other clips\n");
+  EXPECT_EQ(output_.str(), kUsage);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "app/RecordFormat.h"
-#include "platform/WavFormat.h"
+#include "sound/WavFormat.h"
 
 #include "e2e/PortableProgram.h"
 

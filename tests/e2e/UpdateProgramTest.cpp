@@ -270,6 +270,23 @@ TEST_F(UpdateProgram, WarnsOfADamagedWorkoutAndUpdatesIt) {
   EXPECT_TRUE(fs::exists("player/B/B.M3U"));
 }
 
+TEST_F(UpdateProgram, WarnsOfAWorkoutFileOfAnotherSizeAndUpdatesIt) {
+  PutFile("program/workouts/A.RPV", "");
+  AddWorkout("B", "Squat");
+  fs::resize_file("program/workouts/B.RPV", 300000);
+
+  const ProgramRun run = Update();
+
+  EXPECT_EQ(run.status, 0) << run.output;
+  const std::vector<std::string> lines = Lines(run.output);
+  EXPECT_THAT(lines, Contains("WARNING: A.RPV has 0 bytes instead of 266240; what is missing was "
+                              "filled up with blanks."));
+  EXPECT_THAT(lines, Contains("WARNING: B.RPV has 300000 bytes instead of 266240; what is too much "
+                              "was ignored."));
+  EXPECT_TRUE(fs::exists("player/B/RV001-Instructions.mp3"));
+  EXPECT_THAT(Lines(Update().output), Not(Contains(StartsWith("WARNING: "))));
+}
+
 TEST_F(UpdateProgram, GoesOnWhenAWorkoutCannotBeRead) {
   AddWorkout("A", "Squat");
   fs::create_symlink("gone", "program/workouts/B.RPV");

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "base/Clock.h"
-#include "base/RandomNumbers.h"
 #include "platform/ChildProcess.h"
-#include "platform/SpeechSynthesizer.h"
+#include "platform/Clock.h"
+#include "platform/RandomNumbers.h"
+#include "speech/SpeechSynthesizer.h"
 
 #include "support/ClipBytes.h"
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "ui/Dialogs.h"
-#include "ui/ProgressWindows.h"
+#include "editing/Dialogs.h"
+#include "editing/ProgressWindows.h"
 
 namespace repvolta {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/MainScreen.h"
+#include "editing/MainScreen.h"
 
 namespace repvolta {
 

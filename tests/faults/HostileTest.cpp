@@ -140,7 +140,9 @@ TEST_F(Hostile, MusicNamesAreCopiedAsTheyAre) {
     // Bytes that are no UTF-8 cannot be kept in a workout.
     EXPECT_TRUE(run.status == 0 || run.status == 1) << name << run.errors;
     EXPECT_EQ(GetTextFile(song), content);
-    EXPECT_TRUE(run.status == 1 || fs::exists("player/Monday/RV004-" + name + ".mp3")) << name;
+    // Blanks at its ends are no part of a copy's name.
+    const std::string copy = "RV004-" + std::string(TrimBlanks(name + ".mp3"));
+    EXPECT_TRUE(run.status == 1 || fs::exists("player/Monday/" + copy)) << name;
     EXPECT_FALSE(fs::exists("pwned") || fs::exists("program/pwned")) << name;
   }
 }

@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <string>
 
+#include "app/ProgramDirectory.h"
 #include "app/Settings.h"
-#include "app/StartUp.h"
 #include "app/WorkoutFiles.h"
-#include "platform/ProgramDirectory.h"
+#include "editing/StartUp.h"
 #include "update/RandomMusicList.h"
 
 #include "fakes/FakeServices.h"

@@ -213,6 +213,14 @@ EXPORTED int fchmod(int descriptor, mode_t mode) noexcept {
   if (Fails(kMode, DescriptorPath(descriptor).Text())) return -1;
   return static_cast<int>(syscall(SYS_fchmod, descriptor, mode));
 }
+EXPORTED int fchmodat(int folder, const char* path, mode_t mode, int flags) noexcept {
+  if (Fails(kMode, path)) return -1;
+  return Real<int(int, const char*, mode_t, int)>("fchmodat")(folder, path, mode, flags);
+}
+EXPORTED int fchown(int descriptor, uid_t user, gid_t group) noexcept {
+  if (Fails(kMode, DescriptorPath(descriptor).Text())) return -1;
+  return static_cast<int>(syscall(SYS_fchown, descriptor, user, group));
+}
 EXPORTED int utimensat(int folder, const char* path, const timespec times[2], int flags) noexcept {
   if (Fails(kMode, path)) return -1;
   return static_cast<int>(syscall(SYS_utimensat, folder, path, times, flags));

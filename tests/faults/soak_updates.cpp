@@ -12,11 +12,11 @@
 
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
-#include "base/RandomNumbers.h"
-#include "platform/EngineSpeech.h"
+#include "editing/UpdateCommands.h"
 #include "platform/QtChildProcesses.h"
+#include "platform/RandomNumbers.h"
+#include "speech/EngineSpeech.h"
 #include "update/RandomMusicList.h"
-#include "update/UpdateCommands.h"
 
 #include "fakes/RecordingScreen.h"
 

@@ -2,10 +2,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/File.h"
 #include "instruction/MergeWAVfiles.h"
 
 #include "fakes/RecordingScreen.h"
 #include "support/ClipBytes.h"
+#include "support/FailingClose.h"
 #include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"
@@ -19,19 +21,37 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
+void Put32(Bytes& file, std::size_t offset, std::uint32_t value) {
+  StoreLittleEndian(std::span(file).subspan(offset), value);
+}
+
 class MergeWAV : public testing::Test {
  protected:
-  std::uint32_t TargetNumber(std::size_t offset) {
-    return LoadLittleEndian<std::uint32_t>(
-        std::span(target_ = GetFile("target.wav")).subspan(offset));
+  static std::uint32_t TargetNumber(std::uint64_t offset) {
+    Bytes number(4);
+    File::Open("target.wav", File::Access::kRead).ReadAt(offset, number);
+    return LoadLittleEndian<std::uint32_t>(number);
+  }
+
+  /// Joins two clips that make a file of `size` bytes, most of them a hole.
+  void JoinTo(std::uint64_t size) {
+    constexpr std::uint64_t kSamples = 100;
+    PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+    std::filesystem::resize_file("target.wav", size - kSamples);
+    PutFile("source.wav", ClipBytes(Bytes(kSamples, 's')));
+    MergeWAVfiles("target.wav", "source.wav", screen);
+    ASSERT_EQ(std::filesystem::file_size("target.wav"), size);
   }
 
   TemporaryFolder folder;
   RecordingScreen screen;
-
- private:
-  Bytes target_;
 };
+
+/// The greatest file whose length without the first 8 bytes is a number of 32 bits.
+constexpr std::uint64_t kGreatestRiff = (std::uint64_t{1} << 32) - 1 + 8;
+
+/// The same without the 47 bytes that do not count as samples.
+constexpr std::uint64_t kGreatestData = (std::uint64_t{1} << 32) - 1 + 47;
 
 TEST_F(MergeWAV, AppendsTheSamplesOverTheLastByte) {
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
@@ -50,6 +70,17 @@ TEST_F(MergeWAV, AppendsTheSamplesOverTheLastByte) {
   EXPECT_EQ(TargetNumber(16), 18U);
   EXPECT_EQ(TargetNumber(42), 299U);
   EXPECT_THAT(screen.log, IsEmpty());
+}
+
+TEST_F(MergeWAV, TellsWhenTheCloseCallsTheTargetUnwritten) {
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+
+  const FailingClose unwritten("target.wav");
+  MergeWAVfiles("target.wav", "source.wav", screen);
+
+  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+                                      "Input/output error"));
 }
 
 TEST_F(MergeWAV, LeavesTheSourceAlone) {
@@ -116,25 +147,92 @@ TEST_F(MergeWAV, LogsOnlyTheSourceWhenBothAreMissing) {
   EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav NOT FOUND."));
 }
 
-TEST_F(MergeWAV, SaysThatASourceIsTooShortAndChangesNothing) {
-  const Bytes target = ClipBytes(Bytes(200, 't'));
-  PutFile("target.wav", target);
+TEST_F(MergeWAV, SaysThatASourceIsTooShort) {
   for (const std::size_t size : {0, 1, 44, 45}) {
+    PutFile("target.wav", ClipBytes(Bytes(200, 't')));
     PutFile("source.wav", Bytes(size, 's'));
     MergeWAVfiles("target.wav", "source.wav", screen);
-    EXPECT_EQ(GetFile("target.wav"), target) << size;
   }
   EXPECT_THAT(screen.log, AllOf(SizeIs(4), Each("ERROR: source.wav could not be joined to "
                                                 "target.wav: It is too short for a WAV file")));
 }
 
-TEST_F(MergeWAV, SaysThatATargetIsTooShortAndChangesNothing) {
+TEST_F(MergeWAV, WritesOnlyTheNumbersOfTheHeaderForASourceThatIsTooShort) {
+  Bytes expected = ClipBytes(Bytes(200, 't'));
+  Put32(expected, 4, 238);
+  Put32(expected, 16, 18);
+  Put32(expected, 42, 199);
+  for (const std::size_t size : {0, 1, 44, 45}) {
+    Bytes target = ClipBytes(Bytes(200, 't'));
+    for (const std::size_t offset : {4, 16, 42}) Put32(target, offset, 77);
+    PutFile("target.wav", target);
+    PutFile("source.wav", Bytes(size, 's'));
+    MergeWAVfiles("target.wav", "source.wav", screen);
+    EXPECT_EQ(GetFile("target.wav"), expected) << size;
+  }
+}
+
+TEST_F(MergeWAV, SaysThatATargetIsTooShort) {
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));
-  PutFile("target.wav", Bytes(45, 't'));
-  MergeWAVfiles("target.wav", "source.wav", screen);
-  EXPECT_EQ(GetFile("target.wav"), Bytes(45, 't'));
-  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
-                                      "target.wav is too short for a WAV file"));
+  for (const std::size_t size : {0, 1, 45}) {
+    PutFile("target.wav", Bytes(size, 't'));
+    MergeWAVfiles("target.wav", "source.wav", screen);
+  }
+  EXPECT_THAT(screen.log, AllOf(SizeIs(3), Each("ERROR: source.wav could not be joined to "
+                                                "target.wav: target.wav is too short for a WAV "
+                                                "file")));
+}
+
+TEST_F(MergeWAV, JoinsToATargetThatIsTooShortAsToAnyOther) {
+  Bytes source = ClipBytes(Bytes(100, 's'));
+  source[45] = 'h';
+  PutFile("source.wav", source);
+  for (const std::size_t size : {1, 2, 20, 44, 45}) {
+    PutFile("target.wav", Bytes(size, 't'));
+    MergeWAVfiles("target.wav", "source.wav", screen);
+    const std::string text = std::string(size - 1, 't') + "h" + std::string(100, 's');
+    const auto bytes = AsBytes(text);
+    Bytes expected(bytes.begin(), bytes.end());
+    Put32(expected, 4, static_cast<std::uint32_t>(size + 100 - 8));
+    Put32(expected, 16, 18);
+    Put32(expected, 42, static_cast<std::uint32_t>(size + 100 - 47));
+    EXPECT_EQ(GetFile("target.wav"), expected) << size;
+  }
+}
+
+TEST_F(MergeWAV, WritesTheNumbersOfTheHeaderAlsoWhereNoneIs) {
+  Bytes expected(46);
+  Put32(expected, 4, 0xFFFFFFF8U);
+  Put32(expected, 16, 18);
+  Put32(expected, 42, 0xFFFFFFD1U);
+  for (const std::size_t size : {0, 45, 146}) {
+    PutFile("source.wav", Bytes(size, 's'));
+    PutFile("target.wav", Bytes());
+    MergeWAVfiles("target.wav", "source.wav", screen);
+    EXPECT_EQ(GetFile("target.wav"), expected) << "an empty target has no last byte; " << size;
+  }
+}
+
+TEST_F(MergeWAV, WritesTheGreatestRiffSize) {
+  JoinTo(kGreatestRiff);
+  EXPECT_EQ(TargetNumber(4), 0xFFFFFFFFU);
+}
+
+TEST_F(MergeWAV, LeavesARiffSizeThatIsTooGreatAsItWas) {
+  JoinTo(kGreatestRiff + 1);
+  EXPECT_EQ(TargetNumber(4), 238U);
+  EXPECT_EQ(TargetNumber(16), 18U);
+  EXPECT_EQ(TargetNumber(42), 0xFFFFFFFFU - 38);
+}
+
+TEST_F(MergeWAV, WritesTheGreatestDataSize) {
+  JoinTo(kGreatestData);
+  EXPECT_EQ(TargetNumber(42), 0xFFFFFFFFU);
+}
+
+TEST_F(MergeWAV, LeavesADataSizeThatIsTooGreatAsItWas) {
+  JoinTo(kGreatestData + 1);
+  EXPECT_EQ(TargetNumber(42), 200U);
 }
 
 TEST_F(MergeWAV, SaysWhyAClipCouldNotBeJoined) {

@@ -14,9 +14,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const char* const kClips[] = {"1",       "2",    "5",   "8",     "10",         "50",     "60",
-                              "set",     "sets", "for", "reps",  "kilograms",  "pounds", "level",
-                              "minutes", "kph",  "mph", "miles", "kilometers", "point"};
+const char* const kClips[] = {"1",   "2",    "5",   "8",    "10",        "50",    "60",
+                              "set", "sets", "for", "reps", "kilograms", "level", "minutes"};
 
 /// Every clip holds its own number as samples, so that a joined file tells its clips.
 class VoiceInstruction : public ProgramFixture {
@@ -47,7 +46,7 @@ class VoiceInstruction : public ProgramFixture {
   }
 };
 
-TEST_F(VoiceInstruction, SaysWeightsAndRepetitions) {
+TEST_F(VoiceInstruction, JoinsTheClipsOfItsWords) {
   ExerciseRecord& exercise = AddExercise("Squat");
   AddSet(exercise, 50, 10);
   AddSet(exercise, 60, 8);
@@ -69,41 +68,7 @@ TEST_F(VoiceInstruction, TakesOnlyTrueForTheSetting) {
   EXPECT_THAT(Speak(), ElementsAre("name", "1", "set"));
 }
 
-TEST_F(VoiceInstruction, SaysPoundsForAnyUnitsButZero) {
-  ExerciseRecord& exercise = AddExercise("Squat");
-  AddSet(exercise, 50, 1);
-  exercise.Units = 1;
-  EXPECT_THAT(Speak(), ElementsAre("name", "1", "set", "50", "pounds", "for", "1", "reps"));
-}
-
-TEST_F(VoiceInstruction, SaysLevelAndMinutes) {
-  ExerciseRecord& exercise = AddExercise("Squat");
-  exercise.SetType = kLevelAndTime;
-  AddSet(exercise, 5, 1);
-  EXPECT_THAT(Speak(), ElementsAre("name", "1", "set", "level", "5", "for", "1", "minutes"));
-}
-
-TEST_F(VoiceInstruction, SaysSpeedBeforeDistanceWithTheOtherUnits) {
-  ExerciseRecord& exercise = AddExercise("Squat");
-  exercise.SetType = kDistanceAndSpeed;
-  AddSet(exercise, 5, 10);
-
-  exercise.Units = kTrue;
-  EXPECT_THAT(Speak(), ElementsAre("name", "1", "set", "10", "kph", "for", "5", "kilometers"));
-  exercise.Units = kFalse;
-  EXPECT_THAT(Speak(), ElementsAre("name", "1", "set", "10", "mph", "for", "5", "miles"));
-  exercise.Units = 1;
-  EXPECT_THAT(Speak(), ElementsAre("name", "1", "set", "10", "mph", "for", "5", "miles"));
-}
-
-TEST_F(VoiceInstruction, SaysNoValuesOfUserDefinedSets) {
-  ExerciseRecord& exercise = AddExercise("Squat");
-  exercise.SetType = kUserDefined;
-  AddSet(exercise, 5, 10);
-  EXPECT_THAT(Speak(), ElementsAre("name", "1", "set"));
-}
-
-TEST_F(VoiceInstruction, SaysSetsWithoutANumberWhenThereAreNone) {
+TEST_F(VoiceInstruction, NeedsNoClipForZero) {
   AddExercise("Squat");
   EXPECT_THAT(Speak(), ElementsAre("name", "sets"));
 }
@@ -177,10 +142,28 @@ TEST_F(VoiceInstruction, MakesTheFolderOfNameClips) {
   EXPECT_TRUE(std::filesystem::exists("voice/exercise/Squat.WAV"));
 }
 
-TEST_F(VoiceInstruction, RefusesWhatLiesOutsideTheSlots) {
-  AddExercise("Squat").NumberOfSets = 18;
+TEST_F(VoiceInstruction, SaysTheSetsThatExistBeforeItRefusesMore) {
+  ExerciseRecord& exercise = AddExercise("Squat");
+  exercise.SetType = kLevelAndTime;
+  for (int set = 0; set < 17; ++set) AddSet(exercise, 5, 1);
+  exercise.NumberOfSets = 18;
+
   EXPECT_THROW(GenerateHumanVoiceInstruction(program, 0, "temp.wav"), std::out_of_range);
+
+  EXPECT_THAT(screen.log, ElementsAre("ERROR: voice/18.wav NOT FOUND."));
+  EXPECT_EQ(Clips().size(), std::size_t{1 + 1 + 17 * 5 + 1});
+}
+
+TEST_F(VoiceInstruction, GoesOnAfterMissingClipsAndNamesThemInOrder) {
+  AddSet(AddExercise("Squat"), 47, 10);
+  EXPECT_THAT(Speak(), ElementsAre("name", "1", "set", "kilograms", "for", "10", "reps"));
+  EXPECT_THAT(screen.log,
+              ElementsAre("ERROR: voice/40.wav NOT FOUND.", "ERROR: voice/7.wav NOT FOUND."));
+}
+
+TEST_F(VoiceInstruction, RefusesAnIndexOutsideTheSlots) {
   EXPECT_THROW(GenerateHumanVoiceInstruction(program, 52, "temp.wav"), std::out_of_range);
+  EXPECT_THROW(GenerateHumanVoiceInstruction(program, -1, "temp.wav"), std::out_of_range);
 }
 
 }  // namespace

@@ -51,6 +51,8 @@ TEST(RemoveLeadingData, KnowsNothingOfAFileThatDividesByZeroWithoutItsTag) {
   mp3.RemoveLeadingData(RepvoltaMP3::FileTimes::kKept);
   EXPECT_EQ(GetFile("song.mp3").size(), 60U);
   EXPECT_FALSE(mp3.HasID3v2());
+  EXPECT_EQ(mp3.Info().fileLength, 0);
+  EXPECT_EQ(mp3.FileName(), "");
 }
 
 TEST(RemoveLeadingData, KeepsTheTimesOfAFileThatDividesByZeroWithoutItsTag) {

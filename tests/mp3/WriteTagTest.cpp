@@ -4,6 +4,7 @@
 #include "mp3/RepvoltaMP3v2.h"
 #include "mp3/TagError.h"
 
+#include "support/FailingClose.h"
 #include "support/FullDisk.h"
 #include "support/Mp3Bytes.h"
 #include "support/TemporaryFolder.h"
@@ -64,6 +65,16 @@ TEST(WriteTag, AddsAtLeast2048BytesToAnUntaggedFile) {
   }
 }
 
+TEST(WriteTag, FailsWhereTheCloseCallsTheTagUnwritten) {
+  TemporaryFolder folder;
+  PutFile("song.mp3", WithTitle(Mp3Bytes().Frames(2), "old"));
+  cMP3ID3v2 tag;
+  tag.SetFileName("song.mp3");
+  tag.SetTitle("new");
+  const FailingClose unwritten("song.mp3");
+  EXPECT_THROW(tag.WriteTag(), TagError);
+}
+
 TEST(WriteTag, AlwaysRoundsUpPastTheNextStep) {
   const Mp3Bytes audio = Mp3Bytes().Frame();
   EXPECT_EQ(SizeField(WithTitle(audio, TitleForTagOf(2047))), 2048U);
@@ -93,7 +104,7 @@ TEST(WriteTag, GrowsATagOfExactlyItsSize) {
 
 TEST(WriteTag, OverlapsTheOldTagWhenItGrowsBeyondTheRoom) {
   const Mp3Bytes audio = Mp3Bytes().Frames(2);
-  const Bytes first = WithTitle(audio, TitleForTagOf(2047));
+  const Bytes first = WithTitle(audio, TitleForTagOf(2044));
   const Bytes second = WithTitle(first, TitleForTagOf(3000));
   ASSERT_EQ(second.size(), 4096 + audio.Size());
   EXPECT_EQ(Bytes(second.begin() + 4096, second.end()), Bytes(audio));
@@ -139,20 +150,32 @@ TEST(WriteTag, LeavesNoOldFrameReadableBehindTheNew) {
   }
 }
 
-TEST(WriteTag, LeavesNoOldFrameReadableBehindATagThatGrewOverTheOld) {
-  TemporaryFolder folder;
-  // The new tag ends just where the second frame of the old one starts.
-  const Id3v2Bytes old = Id3v2Bytes().Text("TIT2", "a").Text("TALB", "b").ClaimSize(2048);
-  PutFile("untagged.mp3", Mp3Bytes().Frame());
-  cMP3ID3v2 tag;
-  tag.SetFileName("untagged.mp3");
-  tag.SetTitle(TitleForTagOf(2048 + 22));
-  PutFile("untagged.mp3", Mp3Bytes().Id3v2(Id3v2Bytes(old).Padding(2004)).Frame());
+/// Audio behind a tag of the claimed size, whose only frame ends far behind it and so is not read.
+Mp3Bytes SongWithClaimedTag(std::uint32_t size) {
+  return Mp3Bytes()
+      .Id3v2(Id3v2Bytes().ClaimSize(size).Text("TALB", std::string(2100, 'b')))
+      .Frame();
+}
 
-  tag.WriteTag();
+TEST(WriteTag, LeavesWhatStandsBehindATagThatGrewOverTheOldAsItIs) {
+  constexpr std::size_t kRoom = 30;
+  const Mp3Bytes file = SongWithClaimedTag(2048 - kRoom);
+  for (const std::size_t size : {2018, 2019, 2046, 2047}) {
+    const Bytes tagged = WithTitle(file, TitleForTagOf(size));
+    ASSERT_EQ(tagged.size(), file.Size() + kRoom);
+    EXPECT_TRUE(std::ranges::equal(std::span(tagged).subspan(size),
+                                   std::span<const Byte>(file).subspan(size - kRoom)))
+        << size;
+  }
+}
 
-  EXPECT_EQ(Reread(GetFile("untagged.mp3")).Frames().Identifiers(),
-            std::vector<std::string>{"TIT2"});
+TEST(WriteTag, EndsTheFramesOfATagThatStaysWithTenZerosAndLeavesTheRest) {
+  const Mp3Bytes file = SongWithClaimedTag(500);
+  const Bytes tagged = WithTitle(file, TitleForTagOf(100));
+  ASSERT_EQ(tagged.size(), file.Size());
+  EXPECT_EQ(AsText(std::span(tagged).subspan(100, 10)), std::string(10, '\0'));
+  EXPECT_TRUE(
+      std::ranges::equal(std::span(tagged).subspan(110), std::span<const Byte>(file).subspan(110)));
 }
 
 TEST(WriteTag, TouchesNoAudioBehindATagItFills) {

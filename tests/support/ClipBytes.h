@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Bytes.h"
-#include "platform/WavFormat.h"
+#include "sound/WavFormat.h"
 
 namespace repvolta {
 

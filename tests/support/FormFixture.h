@@ -13,7 +13,6 @@
 
 #include "app/Exercises.h"
 #include "app/RecordFormat.h"
-#include "app/Settings.h"
 #include "app/WorkoutFiles.h"
 #include "ui/RepvoltaForm.h"
 #include "ui/RowList.h"
@@ -22,6 +21,7 @@
 #include "fakes/ScriptedDialogs.h"
 #include "support/Modal.h"
 #include "support/ProgramFixture.h"
+#include "support/SavedFiles.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -55,7 +55,8 @@ class FormFixture : public testing::Test {
                      .dialogs = dialogs,
                      .progress = progress,
                      .pleaseWait = pleaseWait,
-                     .openDocument = [this](const std::string& path) { opened.push_back(path); }});
+                     .openDocument = [this](const std::string& path) { opened.push_back(path); },
+                     .layoutFile = layoutFile});
     form->show();
   }
 
@@ -130,25 +131,6 @@ class FormFixture : public testing::Test {
 
   std::string Text(const char* label) { return Get<QLabel>(label).text().toStdString(); }
 
-  /// What is in a workout file now.
-  static ExerciseSlots Saved(const std::string& fileName = "Monday.RPV") {
-    return DecodeWorkout(GetFile("workouts/" + fileName));
-  }
-
-  static SettingsRecord SavedSettings() { return DecodeSettings(GetFile(kSettingsFile)); }
-
-  /// From now on no workout can be saved.
-  static void BlockWorkouts() {
-    std::filesystem::rename("workouts", "workouts before");
-    PutFile("workouts", "a file where the folder was");
-  }
-
-  /// From now on the settings cannot be saved.
-  static void BlockSettings() {
-    std::filesystem::remove(kSettingsFile);
-    PutFile(std::string(kSettingsFile) + "/in the way", "");
-  }
-
   TemporaryFolder folder;
   ProgramState state;
   FakeClock clock{kToday + 0.5};
@@ -159,6 +141,7 @@ class FormFixture : public testing::Test {
   RecordingProgress progress;
   RecordingPleaseWait pleaseWait;
   std::vector<std::string> opened;
+  std::string layoutFile;
   std::unique_ptr<RepvoltaForm> form;
 };
 

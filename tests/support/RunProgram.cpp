@@ -38,19 +38,20 @@ ProgramRun RunProgram(const std::string& program, const std::vector<std::string>
   return run;
 }
 
-ProgramRun RunOnDevice(const std::string& folder, const std::string& options,
-                       const std::vector<std::string>& commandLine) {
-  std::vector<std::string> arguments = {
-      "-Urm", "sh",   "-c", R"(mount -t tmpfs -o "$1" tmpfs "$0" && shift && exec "$@")",
-      folder, options};
+ProgramRun RunWithMounts(const std::string& mounts, const std::vector<std::string>& commandLine) {
+  std::vector<std::string> arguments = {"-Urm", "sh", "-c", mounts + " && exec \"$0\" \"$@\""};
   arguments.insert(arguments.end(), commandLine.begin(), commandLine.end());
   ProgramRun run = RunProgram("unshare", arguments);
   if (run.output.empty()) {
-    ADD_FAILURE() << commandLine.front() << " did not start with " << folder
-                  << " as a file system of its own; may this user mount one in a name space? "
-                  << run.errors;
+    ADD_FAILURE() << commandLine.front() << " did not start behind " << mounts
+                  << "; may this user mount in a name space? " << run.errors;
   }
   return run;
+}
+
+ProgramRun RunOnDevice(const std::string& folder, const std::string& options,
+                       const std::vector<std::string>& commandLine) {
+  return RunWithMounts("mount -t tmpfs -o " + options + " tmpfs " + folder, commandLine);
 }
 
 std::vector<std::string> Lines(const std::string& text) {

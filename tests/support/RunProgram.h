@@ -21,9 +21,12 @@ ProgramRun RunProgram(const std::string& program, const std::vector<std::string>
                       const Environment& environment = {},
                       const std::function<void(long)>& started = {});
 
-/// The same where a tmpfs with these mount options lies in place of a folder, in a name space of
-/// its own, in which its owner may also take it away. Fails the test, and says why, when the
-/// program does not start there.
+/// The same in a name space of its own, after a line of the shell that mounts something there, as
+/// its owner may. Fails the test, and says why, when the program does not start.
+ProgramRun RunWithMounts(const std::string& mounts, const std::vector<std::string>& commandLine);
+
+/// The same where a tmpfs with these mount options lies in place of a folder; its owner may also
+/// take it away.
 ProgramRun RunOnDevice(const std::string& folder, const std::string& options,
                        const std::vector<std::string>& commandLine);
 

@@ -2,10 +2,12 @@
 // "arguments" of the current directory. The first word of the text says what it does:
 //   crash, hang, fail   instead of speaking     mute     speaks, but writes no file
 //   silence, nothing    a file without a sound  garbage  a file that is no WAV
+//   flood               a sound, and more behind it than anybody would speak
 // Any other text is a tone of a tenth of a second a letter, half of full scale.
 
 #include <cmath>
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -17,6 +19,7 @@
 namespace {
 
 constexpr unsigned kRate = 8000;
+constexpr std::uintmax_t kTooMuch = 64 * 1024 * 1024 + 1;  // bytes
 
 struct Task {
   std::string text;
@@ -87,6 +90,8 @@ int Speak(const Task& task) {
     const bool silent = word == "silence";
     const std::size_t letters = word == "nothing" ? 0 : task.text.size() - 1;
     WriteSound(task.sound, letters * kRate / 10, silent ? 0 : 16384);
+    // Of which the disk keeps only the beginning.
+    if (word == "flood") std::filesystem::resize_file(task.sound, kTooMuch);
   }
   return 0;
 }

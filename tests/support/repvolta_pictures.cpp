@@ -7,9 +7,10 @@
 #include <QTabWidget>
 
 #include "app/Settings.h"
-#include "app/StartUp.h"
 #include "app/WorkoutFiles.h"
-#include "base/Clock.h"
+#include "base/Days.h"
+#include "editing/StartUp.h"
+#include "platform/Clock.h"
 #include "ui/AboutForm.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"

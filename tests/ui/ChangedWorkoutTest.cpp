@@ -1,4 +1,4 @@
-#include "platform/UpdateLock.h"
+#include "update/UpdateLock.h"
 
 #include "support/FormFixture.h"
 
@@ -75,6 +75,22 @@ TEST_F(ChangedWorkout, KeepsNoChoiceOfSettingsFromBeingSaved) {
   Click("IncludeWeightValuesCheck");
   EXPECT_EQ(SavedSettings().IncludeWeightValues, kTrue);
   EXPECT_THAT(dialogs.asked, IsEmpty());
+}
+
+TEST_F(ChangedWorkout, KeepsNoButtonOfTheSettingsFromItsWork) {
+  OpenTab(2);
+  ChangeElsewhere([](ExerciseRecord& exercise) { exercise.NumberOfSets = 2; });
+  dialogs.answers = {"", ""};
+  for (const char* button : {"AboutButton", "MusicPathButton", "OutputPathButton"}) Click(button);
+  EXPECT_THAT(dialogs.asked, ElementsAre("about", "directory", "directory"));
+}
+
+TEST_F(ChangedWorkout, KeepsNoMusicFromBeingListed) {
+  OpenTab(2);
+  ChangeElsewhere([](ExerciseRecord& exercise) { exercise.NumberOfSets = 2; });
+  Click("CompileMusicList");
+  EXPECT_THAT(dialogs.asked,
+              ElementsAre("message|Repvolta|The random music list has been compiled."));
 }
 
 TEST_F(ChangedWorkout, IsLeftForAnotherOne) {

@@ -158,6 +158,15 @@ TEST_F(ExerciseScreen, MoreMusicThanSlotsShowsNoRowOfAnotherExercise) {
   EXPECT_THAT(Rows("SetList1"), IsEmpty());
 }
 
+TEST_F(ExerciseScreen, AnOddDateKeepsNothingElseFromBeingShown) {
+  AddExercise("Squat").NumberOfSets = 2;
+  Exercise().SetFrequency1[0] = Exercise().SetFrequency2[0] = Exercise().SetFrequency2[1] = 1;
+  Exercise().NextUpdate1[0] = 1e300;
+  Exercise().NextUpdate2[1] = 0;
+  form->UpdateExerciseScreen();
+  EXPECT_THAT(Rows("NextUpdateList"), ElementsAre("Never,  0", "N/A, Due"));
+}
+
 TEST_F(ExerciseScreen, TheFramesAreHiddenWithoutExercises) {
   const std::vector<const char*> frames = {"SetButtonsFrame", "MusicButtonsFrame",
                                            "MusicListFrame",  "ExerciseSettingFrame",

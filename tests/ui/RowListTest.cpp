@@ -135,5 +135,36 @@ TEST_F(Rows, TheHintIsHeardToo) {
   EXPECT_EQ(list.accessibleDescription(), "Add another.");
 }
 
+/// What a list with the rows a, b and c selects when it is filled with others while `selected` is
+/// kept.
+int KeptIn(int selected, const QStringList& rows) {
+  RowList list;
+  list.SetRows({"a", "b", "c"});
+  list.SelectRow(selected);
+  {
+    const KeptRow kept(list);
+    list.SetRows(rows);
+    list.SelectRow(0);
+  }
+  return list.SelectedRow();
+}
+
+TEST(KeptRow, IsTheSameRowWhereItHasTheSameText) {
+  EXPECT_EQ(KeptIn(1, {"a", "b", "c"}), 1);
+  EXPECT_EQ(KeptIn(1, {"b", "b"}), 1);
+}
+
+TEST(KeptRow, IsElsewhereWhereTheTextIs) {
+  EXPECT_EQ(KeptIn(1, {"x", "a", "b"}), 2);
+  EXPECT_EQ(KeptIn(2, {"a", "c"}), 1);
+}
+
+TEST(KeptRow, IsNoneWithoutTheText) {
+  EXPECT_EQ(KeptIn(1, {"a", "B"}), -1);
+  EXPECT_EQ(KeptIn(1, {}), -1);
+}
+
+TEST(KeptRow, IsNoneWhenNoneWasSelected) { EXPECT_EQ(KeptIn(-1, {"a", "b"}), -1); }
+
 }  // namespace
 }  // namespace repvolta

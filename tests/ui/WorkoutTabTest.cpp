@@ -1,3 +1,4 @@
+#include "support/Accessibility.h"
 #include "support/FormFixture.h"
 
 namespace repvolta {
@@ -59,6 +60,50 @@ TEST_F(WorkoutScreen, ShowingIsNoChoice) {
   form->UpdateWorkoutScreen();
   EXPECT_EQ(state.Workout, before);
   EXPECT_FALSE(state.ScreenUpdating);
+}
+
+TEST_F(WorkoutScreen, AFileOfAnotherSizeIsToldByALineWithoutABox) {
+  auto& line = Get<QLabel>("WorkoutFileLabel");
+  EXPECT_FALSE(line.isVisible());
+  const std::vector<std::pair<std::size_t, std::string>> files = {
+      {0, "0 bytes instead of 266240; what is missing was filled up with blanks."},
+      {300000, "300000 bytes instead of 266240; what is too much was ignored."}};
+  for (const auto& [size, text] : files) {
+    PutFile("workouts/Monday.RPV", std::string(size, ' '));
+    Load("Monday.RPV");
+    EXPECT_TRUE(line.isVisible());
+    EXPECT_EQ(line.text().toStdString(), "Monday.RPV has " + text);
+    EXPECT_EQ(HeardName(line), "Monday.RPV has " + text);
+  }
+  EXPECT_THAT(dialogs.asked, IsEmpty());
+}
+
+TEST_F(WorkoutScreen, TheLineGoesWithTheNextSave) {
+  PutFile("workouts/Monday.RPV", "");
+  Load("Monday.RPV");
+  dialogs.answers = {"Squat"};
+  Click("AddExerciseButton");
+  EXPECT_FALSE(Get<QLabel>("WorkoutFileLabel").isVisible());
+}
+
+TEST_F(WorkoutScreen, TheLineGoesAlsoWhenTheSaveShowsOnlyTheExercise) {
+  AddExercise("Squat");
+  Bytes half = GetFile("workouts/Monday.RPV");
+  half.resize(6000);
+  PutFile("workouts/Monday.RPV", half);
+  Load("Monday.RPV");
+  OpenTab(1);
+  EXPECT_FALSE(Get<QLabel>("WorkoutFileLabel").isHidden());
+  Click("UnitsSelection_1");
+  EXPECT_TRUE(Get<QLabel>("WorkoutFileLabel").isHidden());
+}
+
+TEST_F(WorkoutScreen, TheLineGoesWithItsWorkout) {
+  ListWorkouts({"Tuesday"});
+  PutFile("workouts/Monday.RPV", "");
+  Load("Monday.RPV");
+  Load("Tuesday.RPV");
+  EXPECT_FALSE(Get<QLabel>("WorkoutFileLabel").isVisible());
 }
 
 TEST_F(WorkoutScreen, AnEmptyListSaysWhatToDo) {

@@ -6,6 +6,7 @@
 #include "update/OutputFolder.h"
 
 #include "support/TemporaryFolder.h"
+#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -25,7 +26,7 @@ class OutputDirectory : public testing::Test {
 };
 
 /// Why the folder is not deleted; empty when it is.
-std::string Refusal(OutputFolder& output, const std::vector<std::string>& keep = {}) {
+std::string Refusal(OutputFolder& output, const Keepsakes& keep = {}) {
   try {
     output.Clear(keep);
   } catch (const std::runtime_error& error) {
@@ -46,7 +47,7 @@ TEST_F(OutputDirectory, IsDeletedWithAllThatIsInIt) {
   fs::permissions("player/Monday/deep/er", fs::perms::owner_read | fs::perms::owner_exec);
   OutputFolder output = Monday();
 
-  output.Clear({Full("music"), folder.Path(), ""});
+  output.Clear({.folders = {Full("music"), folder.Path(), ""}});
   EXPECT_FALSE(fs::exists("player/Monday"));
 
   output.Create();
@@ -90,7 +91,7 @@ TEST_F(OutputDirectory, IsNotDeletedWhenItIsOrHoldsAFolderToKeep) {
   PutFile("player/Monday/music/song.mp3", "song");
   for (const char* keep : {"player/Monday", "player/Monday/music", "player/Monday/music/gone"}) {
     OutputFolder output = Monday();
-    EXPECT_THAT(Refusal(output, {Full(keep)}), HasSubstr("lies there")) << keep;
+    EXPECT_THAT(Refusal(output, {.folders = {Full(keep)}}), HasSubstr("lies there")) << keep;
   }
   EXPECT_TRUE(fs::exists("player/Monday/music/song.mp3"));
 }
@@ -99,21 +100,118 @@ TEST_F(OutputDirectory, IsNotDeletedWhenALinkedFolderToKeepLiesInIt) {
   PutFile("player/Monday/song.mp3", "song");
   fs::create_directory_symlink(Full("player/Monday"), "music");
   OutputFolder output = Monday();
-  EXPECT_THAT(Refusal(output, {Full("music")}), HasSubstr("lies there"));
+  EXPECT_THAT(Refusal(output, {.folders = {Full("music")}}), HasSubstr("lies there"));
 }
 
 TEST_F(OutputDirectory, IsDeletedBesideAFolderToKeep) {
   PutFile("player/Monday/old.mp3", "");
   fs::create_directories("player/Monday music");
   OutputFolder output = Monday();
-  EXPECT_EQ(Refusal(output, {Full("player/Monday music"), Full("player")}), "");
+  EXPECT_EQ(Refusal(output, {.folders = {Full("player/Monday music"), Full("player")}}), "");
+}
+
+TEST_F(OutputDirectory, IsNotDeletedWhenASongLiesInIt) {
+  PutFile("player/Monday/lead.mp3", "song");
+  PutFile("player/Monday/disc 2/RV02-end.mp3", "song");
+  fs::create_directory_symlink(Full("player"), "music");
+  for (const char* song : {"player/Monday/lead.mp3", "player/Monday/disc 2/RV02-end.mp3",
+                           "music/Monday/lead.mp3", "player/../player/Monday/lead.mp3"}) {
+    OutputFolder output = Monday();
+    EXPECT_EQ(Refusal(output, {.songs = {Full("gone.mp3"), Full(song)}}),
+              Full("player/Monday is not deleted: ") + Full(song) + " lies there");
+  }
+  EXPECT_EQ(GetTextFile("player/Monday/lead.mp3"), "song");
+}
+
+TEST_F(OutputDirectory, IsNotDeletedWhenASongLeadsIntoIt) {
+  PutFile("player/Monday/lead.mp3", "song");
+  fs::create_symlink(Full("player/Monday/lead.mp3"), "other name.mp3");
+  OutputFolder output = Monday();
+  EXPECT_THAT(Refusal(output, {.songs = {Full("other name.mp3")}}), HasSubstr("lies there"));
+}
+
+TEST_F(OutputDirectory, IsNotDeletedWhenAListedSongLiesInIt) {
+  PutFile("player/Monday/Lead.mp3", "song");
+  for (const std::string& list : {Full("player/Monday/Lead.mp3"),
+                                  "/gone.mp3\r\n " + Full("player/Monday/Lead.mp3") + " \r\n"}) {
+    PutFile("list", list);
+    OutputFolder output = Monday();
+    EXPECT_EQ(Refusal(output, {.songList = "list"}),
+              Full("player/Monday is not deleted: ") + Full("player/Monday/Lead.mp3 lies there"));
+  }
+}
+
+TEST_F(OutputDirectory, IsNotDeletedWhenAListedSongHasItsNameInAnotherCase) {
+  PutFile("player/Monday/lead.mp3", "song");
+  // As on a disk without case, both names open the same song.
+  fs::create_symlink(Full("player/Monday/lead.mp3"), "LEAD.MP3");
+  PutFile("list", Full("LEAD.MP3\n"));
+  OutputFolder output = Monday();
+  EXPECT_THAT(Refusal(output, {.songList = "list"}), HasSubstr("lies there"));
+}
+
+TEST_F(OutputDirectory, IsDeletedBesideListedSongs) {
+  PutFile("player/Monday/lead.mp3", "a copy of the person's own");
+  PutFile("player/lead.mp3", "song");
+  PutFile("player/Monday music/lead.mp3", "song");
+  PutFile("list", Full("player/lead.mp3\n") + Full("player/Monday music/lead.mp3\n\n"));
+  OutputFolder output = Monday();
+  EXPECT_EQ(Refusal(output, {.songs = {Full("player/lead.mp3")}, .songList = "list"}), "");
+  EXPECT_FALSE(fs::exists("player/Monday"));
+}
+
+TEST_F(OutputDirectory, IsDeletedWithSongsThatAnUpdateBroughtOrThatAreGone) {
+  PutFile("player/Monday/RV002-lead.mp3", "a copy");
+  PutFile("player/Monday/RV1002-lead.mp3", "a copy");
+  PutFile("player/Monday/Monday.M3U", "RV002-lead.mp3");
+  PutFile("player/Monday/cover.jpg", "");
+  PutFile("list", Full("player/Monday/RV002-lead.mp3\n") + Full("player/Monday/gone.mp3\n"));
+  OutputFolder output = Monday();
+  EXPECT_EQ(Refusal(output, {.songs = {Full("player/Monday/RV1002-lead.mp3"),
+                                       Full("player/Monday/gone.mp3")},
+                             .songList = "list"}),
+            "");
+  EXPECT_FALSE(fs::exists("player/Monday"));
+}
+
+TEST_F(OutputDirectory, IsNotDeletedWhenTheListOfSongsCannotBeRead) {
+  PutFile("player/Monday/lead.mp3", "song");
+  PutFile("list", "");
+  const UnreadableFile unreadable("list");
+  OutputFolder output = Monday();
+  EXPECT_EQ(Refusal(output, {.songList = "list"}), "list could not be read: Permission denied");
+  EXPECT_TRUE(fs::exists("player/Monday/lead.mp3"));
+}
+
+TEST_F(OutputDirectory, IsDeletedWithoutAListOfSongs) {
+  PutFile("player/Monday/lead.mp3", "song");
+  OutputFolder output = Monday();
+  EXPECT_EQ(Refusal(output, {.songList = "gone"}), "");
+}
+
+TEST_F(OutputDirectory, IsNotDeletedWhenASongLiesInAFolderThatCannotBeListed) {
+  PutFile("player/Monday/closed/lead.mp3", "song");
+  const UnreadableFile unreadable("player/Monday/closed", fs::perms::owner_exec);
+  OutputFolder output = Monday();
+  EXPECT_THAT(Refusal(output, {.songs = {Full("player/Monday/closed/lead.mp3")}}),
+              HasSubstr("lies there"));
+}
+
+TEST(IsNumberedName, AsksForThreeDigitsBetweenItsMarks) {
+  for (const char* name : {"RV001-Song.mp3", "RV1000-", "RV123456-x"}) {
+    EXPECT_TRUE(IsNumberedName(name)) << name;
+  }
+  for (const char* name : {"", "RV", "RV01-Song.mp3", "RV001", "RV001 Song.mp3", "rv001-Song.mp3",
+                           "RV-001-Song.mp3", "RVxxx-Song.mp3", "01 RV001-Song.mp3"}) {
+    EXPECT_FALSE(IsNumberedName(name)) << name;
+  }
 }
 
 TEST_F(OutputDirectory, OnlyGainsNewFilesWhereItIsNotOurs) {
   PutFile("player/Monday/RV001-Song.mp3", "theirs");
   PutFile("song.mp3", "ours");
   OutputFolder output = Monday();
-  Refusal(output, {Full("player/Monday")});
+  Refusal(output, {.folders = {Full("player/Monday")}});
 
   EXPECT_THROW(output.CopyInto("song.mp3", output.Path() + "RV001-Song.mp3"), FileError);
   output.CopyInto("song.mp3", output.Path() + "RV002-Song.mp3");

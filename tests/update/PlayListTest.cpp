@@ -5,6 +5,7 @@
 #include "base/FileError.h"
 #include "update/PlayList.h"
 
+#include "support/FailingClose.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -31,6 +32,12 @@ TEST(AddToPlaylistFile, WritesThroughNoLink) {
   std::filesystem::create_symlink("precious", "Monday.M3U");
   EXPECT_THROW(AddToPlaylistFile("/a.mp3", "Monday.M3U"), FileError);
   EXPECT_EQ(GetTextFile("precious"), "old");
+}
+
+TEST(AddToPlaylistFile, FailsWhereTheCloseCallsTheLineUnwritten) {
+  TemporaryFolder folder;
+  const FailingClose unwritten("Monday.M3U");
+  EXPECT_THROW(AddToPlaylistFile("/a.mp3", "Monday.M3U"), FileError);
 }
 
 TEST(AddToPlaylistFile, FailsWhereThereIsNoFolder) {

@@ -134,6 +134,15 @@ TEST_F(Draw, CountsTheEndsOfTheRangeIn) {
   EXPECT_EQ(GetRandomMusicFile(3, 10, 10, random), Path("10.mp3"));
 }
 
+TEST_F(Draw, TakesNoSongThatIsTooLongForAnyRange) {
+  // All of it is the sound of one frame, of 4000 bytes a second.
+  fs::resize_file("10.mp3", std::uintmax_t{4000} * 32768 + 100);
+  ScriptedNumbers random({0.0});
+  EXPECT_EQ(GetRandomMusicFile(3, 0, 32767, random), "");
+  fs::resize_file("10.mp3", std::uintmax_t{4000} * 32767 + 100);
+  EXPECT_EQ(GetRandomMusicFile(3, 0, 32767, random), Path("10.mp3"));
+}
+
 TEST_F(Draw, FindsTheOnlyFittingSongOfThreeNearlyAlways) {
   TimerSeededNumbers random;
   for (int i = 0; i < 20; ++i) EXPECT_EQ(GetRandomMusicFile(3, 15, 25, random), Path("20.mp3"));

@@ -132,6 +132,21 @@ TEST_F(RandomMusic, IsFoundByItsOwnBytes) {
   EXPECT_THAT(PlayList(), testing::EndsWith("RV002-caf\xE9.mp3\r\n"));
 }
 
+TEST_F(RandomMusic, IsCopiedFromAPathThatIsTooLongForItsField) {
+  const std::string path =
+      Full("music/" + std::string(200, 'a') + "/" + std::string(100, 'b') + "/song.mp3");
+  PutFile(path, SongBytes(10));
+  PutFile("musiclist.txt", path + "\n");
+  CountRandomMusicFiles(state);
+  const ExerciseRecord& exercise = AddRandom(5);
+
+  Update();
+
+  EXPECT_TRUE(fs::exists("player/Monday/RV002-song.mp3"));
+  EXPECT_THAT(screen.log, Not(Contains(StartsWith("ERROR"))));
+  EXPECT_EQ(exercise.MusicFile[0].Text(), path.substr(0, 256));
+}
+
 TEST_F(RandomMusic, IsSavedWithTheWorkout) {
   ListSongs({200});
   AddRandom(100);

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -108,6 +109,17 @@ TEST_F(UpdateDriver, LeavesOutMissingMusicAndItsNumber) {
   EXPECT_THAT(screen.log, Contains("ERROR: File not found. " + Full("music/gone.mp3")));
 }
 
+TEST_F(UpdateDriver, TrimsTheNameOfASong) {
+  PutFile("music/ lead.mp3", SongBytes(3));
+  AddSong(AddNamed("Squat"), Full("music/ lead.mp3"));
+
+  Update();
+
+  EXPECT_THAT(PlayerFiles(), ElementsAre("Monday.M3U", "RV001-Instructions.mp3", "RV002-lead.mp3"));
+  EXPECT_THAT(PlayList(), testing::EndsWith("/RV002-lead.mp3\r\n"));
+  EXPECT_THAT(screen.log, Contains("RV002-lead.mp3  TAG modified OK"));
+}
+
 TEST_F(UpdateDriver, TakesAFolderOrADanglingLinkForAMissingFile) {
   ExerciseRecord& exercise = AddNamed("Squat");
   fs::create_directories("music/folder.mp3");
@@ -149,6 +161,22 @@ TEST_F(UpdateDriver, KeepsTheWavFileWithoutAnEncoder) {
                                    "sucessfully."));
   EXPECT_TRUE(fs::exists("temp.wav"));
   EXPECT_THAT(processes.started, IsEmpty());
+}
+
+TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhereItMakesNone) {
+  PutFile("temp.wav", "kept without an encoder");
+  PutFile("temp.mp3", "not of this run either");
+  Update();
+  EXPECT_EQ(GetTextFile("temp.wav"), "kept without an encoder");
+  EXPECT_EQ(GetTextFile("temp.mp3"), "not of this run either");
+}
+
+TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhenItIsStoppedAtOnce) {
+  PutFile("temp.wav", "kept without an encoder");
+  AddNamed("Squat");
+  screen.stopRequested = [] { return true; };
+  EXPECT_THROW(Update(), UpdateStopped);
+  EXPECT_EQ(GetTextFile("temp.wav"), "kept without an encoder");
 }
 
 TEST_F(UpdateDriver, SaysSoWhenTheEncoderWritesNothing) {
@@ -281,6 +309,40 @@ TEST_F(UpdateDriver, TouchesNoFileOfAFolderThatHoldsTheMusic) {
   EXPECT_EQ(GetFile("player/Monday/Song.mp3"), SongBytes(3));
   EXPECT_EQ(GetTextFile("player/Monday/RV001-Instructions.mp3"), "theirs");
   EXPECT_EQ(GetTextFile("player/Monday/Monday.M3U"), "theirs too");
+}
+
+TEST_F(UpdateDriver, ErasesNoMusicWhereTheMusicIsTheOutputPath) {
+  state.Settings.MusicPath = state.Settings.OutputPath;
+  PutFile("player/Monday/lead.mp3", SongBytes(3));
+  AddSong(AddNamed("Squat"), Full("player/Monday/lead.mp3"));
+
+  Update();
+
+  EXPECT_EQ(GetFile("player/Monday/lead.mp3"), SongBytes(3));
+  EXPECT_THAT(screen.log, Contains("ERROR: " + Full("player/Monday is not deleted: ") +
+                                   Full("player/Monday/lead.mp3 lies there")));
+  EXPECT_TRUE(fs::exists("player/Monday/RV002-lead.mp3"));
+  EXPECT_EQ(screen.log.back(), "UPDATE COMPLETE.");
+}
+
+TEST_F(UpdateDriver, ErasesNoSongOfTheMusicList) {
+  PutFile("player/Monday/lead.mp3", SongBytes(3));
+  PutFile("musiclist.txt", Full("player/Monday/lead.mp3\n"));
+  Update();
+  EXPECT_EQ(GetFile("player/Monday/lead.mp3"), SongBytes(3));
+}
+
+TEST_F(UpdateDriver, ErasesNeitherTheHomeFolderNorTheProgramDirectory) {
+  PutFile("player/Monday/diary.txt", "mine");
+  const std::string before = std::getenv("HOME") == nullptr ? "" : std::getenv("HOME");
+  setenv("HOME", Full("player/Monday").c_str(), 1);
+  Update();
+  setenv("HOME", before.c_str(), 1);
+  EXPECT_EQ(GetTextFile("player/Monday/diary.txt"), "mine");
+
+  state.ProgramDirectory = Full("player/Monday/");
+  Update();
+  EXPECT_EQ(GetTextFile(Full("player/Monday/diary.txt")), "mine");
 }
 
 TEST_F(UpdateDriver, ShowsTheProgressWindowAndLeavesItOpen) {

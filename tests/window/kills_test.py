@@ -239,10 +239,11 @@ class Kills(WindowTest):
                 for path in self.home.music.iterdir()}
 
     def files(self):
-        """All but what updates put on the player, the layout of the window and the clip."""
+        """All but what updates put on the player, the layout of the windows and the clip."""
         folders = (self.player, self.home.folder / ".config", self.home.folder / "temporary")
         return {str(path.relative_to(self.home.folder)) for path in self.home.folder.rglob("*")
-                if path != self.clip and not any(path.is_relative_to(other) for other in folders)}
+                if path != self.clip and not path.name.startswith(("window.ini", "QtProject"))
+                and not any(path.is_relative_to(other) for other in folders)}
 
 
 if __name__ == "__main__":

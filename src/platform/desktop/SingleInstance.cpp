@@ -27,14 +27,10 @@ QString ServerName(const std::string& programDirectory) {
 }  // namespace
 
 SingleInstance::SingleInstance(const std::string& programDirectory)
-    : directory_(open(programDirectory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
+    : directory_(OpenDescriptor(programDirectory, O_RDONLY | O_DIRECTORY)),
       serverName_(ServerName(programDirectory)) {
   // A file system without locks must not keep the program from starting.
   isFirst_ = TryLock(directory_) != EWOULDBLOCK;
-}
-
-SingleInstance::~SingleInstance() {
-  if (directory_ >= 0) close(directory_);
 }
 
 void SingleInstance::OnLaterStart(std::function<void()> raise) {

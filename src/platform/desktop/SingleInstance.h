@@ -5,6 +5,8 @@
 #include <functional>
 #include <string>
 
+#include "base/Descriptor.h"
+
 namespace repvolta {
 
 /// Keeps two windows from writing the same program directory. The hold on the directory ends with
@@ -13,7 +15,6 @@ class SingleInstance {
  public:
   /// Takes hold of the directory, unless a running program has it.
   explicit SingleInstance(const std::string& programDirectory);
-  ~SingleInstance();
   SingleInstance(const SingleInstance&) = delete;
   SingleInstance& operator=(const SingleInstance&) = delete;
 
@@ -28,7 +29,7 @@ class SingleInstance {
   bool RaiseFirst(std::chrono::milliseconds limit = std::chrono::seconds(2)) const;
 
  private:
-  int directory_ = -1;
+  Descriptor directory_;
   bool isFirst_ = true;
   QString serverName_;
   QLocalServer server_;

@@ -1,0 +1,75 @@
+#include "app/ProgramDirectory.h"
+
+#include <QStandardPaths>
+#include <filesystem>
+#include <system_error>
+
+#include "base/File.h"
+#include "base/FileError.h"
+#include "base/FileNames.h"
+#include "base/Folder.h"
+#include "base/WholeFile.h"
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kSharedData = "../share/repvolta/";
+constexpr const char* kEncoderLink = "lame.exe";
+
+std::string UserDataFolder() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  return folder.toStdString() + "/repvolta/";
+}
+
+/// All or nothing: half a clip would count as the user's own at the next start.
+void CopyWhole(const std::string& source, const std::string& target) {
+  const File shared = File::Open(source, File::Access::kRead);
+  WholeFileWriter writer(target);
+  writer.AppendRest(shared, 0);
+  writer.Commit();
+}
+
+/// Copies what `target` lacks, folder by folder; both end in a separator.
+void CopyMissing(const std::string& source, const std::string& target) {
+  MakeFolders(target);
+  const int error = ForEachEntry(source, [&](std::string_view name, EntryType /*type*/) {
+    const std::string shared = source + std::string(name);
+    const std::string copy = target + std::string(name);
+    if (FolderExists(shared)) {
+      CopyMissing(shared + "/", copy + "/");
+    } else if (!IsTaken(copy)) {
+      CopyWhole(shared, copy);
+    }
+  });
+  if (error != 0) throw FileError(source, "could not be read", error);
+}
+
+}  // namespace
+
+std::string FindProgramDirectory(const std::string& executable) {
+  const std::string beside = FolderOf(executable);
+  return FolderExists(beside + "voice") ? beside : UserDataFolder();
+}
+
+void FillProgramDirectory(const std::string& programDirectory, const std::string& executable) {
+  const std::string beside = FolderOf(executable);
+  if (programDirectory == beside) return;
+  MakeFolders(programDirectory);
+  const std::string shared = beside + kSharedData;
+  if (FolderExists(shared)) CopyMissing(shared, programDirectory);
+}
+
+void LinkEncoder(const std::string& programDirectory) {
+  const std::string link = programDirectory + kEncoderLink;
+  const QString encoder = QStandardPaths::findExecutable("lame");
+  std::error_code unknown;
+  const bool isMissing = fs::status(link, unknown).type() == fs::file_type::not_found;
+  if (!isMissing || encoder.isEmpty()) return;
+  std::error_code readOnly;
+  fs::remove(link, readOnly);
+  fs::create_symlink(encoder.toStdString(), link, readOnly);
+}
+
+}  // namespace repvolta

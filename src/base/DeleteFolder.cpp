@@ -1,0 +1,151 @@
+#include <exception>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+#include "base/FileError.h"
+#include "base/FileNames.h"
+#include "base/Folder.h"
+
+namespace repvolta {
+namespace {
+
+constexpr const char* kFailure = "could not be deleted";
+constexpr unsigned kOwnersRights = 0700;
+
+/// An entry of an opened folder; the folder itself where the name is empty.
+struct Entry {
+  const Descriptor& folder;
+  std::string name;
+  std::string path;
+};
+
+struct statx LookAt(const Entry& entry) {
+  constexpr int kFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_EMPTY_PATH;
+  constexpr unsigned kWanted = STATX_TYPE | STATX_MODE | STATX_MNT_ID;
+  struct statx status {};
+  const int result = Uninterrupted(
+      [&] { return statx(entry.folder.Number(), entry.name.c_str(), kFlags, kWanted, &status); });
+  if (result != 0) throw FileError(entry.path, kFailure, errno);
+  return status;
+}
+
+/// What is mounted a second time has the device of the first, so the mounts tell more.
+bool IsInOneMount(const struct statx& a, const struct statx& b) {
+  if ((a.stx_mask & b.stx_mask & STATX_MNT_ID) != 0) return a.stx_mnt_id == b.stx_mnt_id;
+  return a.stx_dev_major == b.stx_dev_major && a.stx_dev_minor == b.stx_dev_minor;
+}
+
+void Unlink(const Entry& entry, int flags) {
+  const int result =
+      Uninterrupted([&] { return unlinkat(entry.folder.Number(), entry.name.c_str(), flags); });
+  if (result != 0 && errno != ENOENT) throw FileError(entry.path, kFailure, errno);
+}
+
+/// Deletes folders within one mounted file system. Every entry is reached from the opened folder
+/// that it lies in: a link that comes in its way meanwhile leads nowhere.
+class Deletion {
+ public:
+  explicit Deletion(const struct statx& place) : place_(place) {}
+
+  void Delete(const Entry& entry, EntryType type) {
+    Try([&] {
+      if (type == EntryType::kFolder) {
+        DeleteFolder(entry);
+      } else {
+        Unlink(entry, 0);
+      }
+    });
+  }
+
+  /// Throws the first failure.
+  void ThrowFailure() const {
+    if (failure_) std::rethrow_exception(failure_);
+  }
+
+ private:
+  template <class Statement>
+  void Try(Statement statement) {
+    try {
+      statement();
+    } catch (const FileError&) {
+      if (!failure_) failure_ = std::current_exception();
+    }
+  }
+
+  void DeleteFolder(const Entry& folder) {
+    Empty(folder, Open(folder));
+    Unlink(folder, AT_REMOVEDIR);
+  }
+
+  Descriptor Open(const Entry& folder) const {
+    const struct statx status = LookAt(folder);
+    if (!S_ISDIR(status.stx_mode)) throw FileError(folder.path, kFailure, ENOTDIR);
+    if (!IsInOneMount(status, place_)) {
+      throw FileError(folder.path, kFailure, "Another file system is mounted there");
+    }
+    if ((status.stx_mode & kOwnersRights) != kOwnersRights) {
+      // Where this fails, what follows fails as well and says why.
+      [[maybe_unused]] const int unneeded =
+          fchmodat(folder.folder.Number(), folder.name.c_str(),
+                   (status.stx_mode & 07777U) | kOwnersRights, AT_SYMLINK_NOFOLLOW);
+    }
+    return OpenIn(folder.folder, folder.name, folder.path);
+  }
+
+  static Descriptor OpenIn(const Descriptor& place, const std::string& name,
+                           const std::string& path) {
+    constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+    Descriptor opened(Uninterrupted([&] { return openat(place.Number(), name.c_str(), kFlags); }));
+    if (!opened.IsOpen()) throw FileError(path, kFailure, errno);
+    return opened;
+  }
+
+  void Empty(const Entry& folder, const Descriptor& opened) {
+    struct Found {
+      std::string name;
+      EntryType type;
+    };
+    // Read to the end first: what is deleted meanwhile makes some file systems leave out others.
+    std::vector<Found> all;
+    const int error =
+        ForEachEntry(OpenIn(opened, ".", folder.path), [&](std::string_view name, EntryType type) {
+          all.push_back({std::string(name), type});
+        });
+    for (const auto& [name, type] : all) {
+      Delete({opened, name, std::string(folder.path).append("/").append(name)}, type);
+    }
+    if (error != 0) throw FileError(folder.path, kFailure, error);
+  }
+
+  struct statx place_;
+  std::exception_ptr failure_;
+};
+
+/// The folder that it lies in.
+Descriptor OpenPlaceOf(const std::string& folder) {
+  const std::string place = FolderOf(folder).empty() ? "." : FolderOf(folder);
+  Descriptor opened = OpenDescriptor(place, O_PATH | O_DIRECTORY);
+  if (!opened.IsOpen()) throw FileError(folder, kFailure, errno);
+  return opened;
+}
+
+}  // namespace
+
+bool IsMountPoint(const std::string& path) {
+  const std::string folder = WithoutSeparator(path);
+  const Descriptor opened = OpenPlaceOf(folder);
+  return !IsInOneMount(LookAt({opened, FileName(folder), folder}), LookAt({opened, "", folder}));
+}
+
+void DeleteFolder(const std::string& path) {
+  if (!IsTaken(path)) return;
+  const std::string folder = WithoutSeparator(path);
+  const Descriptor opened = OpenPlaceOf(folder);
+  Deletion deletion(LookAt({opened, "", folder}));
+  deletion.Delete({opened, FileName(folder), folder}, EntryType::kFolder);
+  deletion.ThrowFailure();
+}
+
+}  // namespace repvolta

@@ -1,0 +1,67 @@
+#include "editing/Editor.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "app/Settings.h"
+#include "app/WorkoutFiles.h"
+
+namespace repvolta {
+namespace {
+
+template <class Save>
+void SaveOrSay(Save save) {
+  try {
+    save();
+  } catch (const FileError& error) {
+    throw UnsavedChange(error);
+  }
+}
+
+void ShowOrTell(const Editor& editor, const char* failure, const std::function<void()>& show) {
+  try {
+    show();
+  } catch (const std::exception& error) {
+    editor.dialogs.ShowMessage(std::string(failure) + "\r" + error.what());
+  }
+}
+
+}  // namespace
+
+UnsavedChange::UnsavedChange(const FileError& error)
+    : FileError(error),
+      text_(std::string(error.what()) + "\rThe change is shown, but it is not saved.") {}
+
+void SaveChangedWorkout(const Editor& editor) {
+  SaveOrSay([&] { SaveWorkout(editor.State()); });
+}
+
+void SaveChangedSettings(const Editor& editor) {
+  const SettingsRecord ours = editor.State().Settings;
+  SaveOrSay([&] { SaveSettings(editor.State()); });
+  if (editor.State().Settings != ours) editor.screen.UpdateSettingsScreen();
+}
+
+void ShowWorkout(const Editor& editor) {
+  ShowOrTell(editor, "The workout cannot be shown as a whole.",
+             [&] { editor.screen.UpdateWorkoutScreen(); });
+}
+
+void ShowExercise(const Editor& editor) {
+  ShowOrTell(editor, "The exercise cannot be shown as a whole.",
+             [&] { editor.screen.UpdateExerciseScreen(); });
+}
+
+void SaveAndShow(const Editor& editor, const std::function<void()>& show) {
+  try {
+    SaveChangedWorkout(editor);
+  } catch (const FileError&) {
+    show();
+    throw;
+  }
+  show();
+}
+
+int RowAfterRemoval(int removed, int rowsLeft) { return std::min(removed, rowsLeft - 1); }
+
+}  // namespace repvolta

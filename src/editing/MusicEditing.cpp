@@ -1,0 +1,117 @@
+#include "editing/MusicEditing.h"
+
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "app/Exercises.h"
+#include "app/PathField.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "mp3/GetPlayTime.h"
+
+namespace repvolta {
+namespace {
+
+constexpr int kSecondsPerMinute = 60;
+
+void Keep(const Editor& editor) {
+  SaveAndShow(editor, [&] { ShowExercise(editor); });
+}
+
+void KeepAndSelect(const Editor& editor, int row) {
+  SaveAndShow(editor, [&] {
+    ShowExercise(editor);
+    editor.screen.SelectMusic(row);
+  });
+}
+
+/// Makes a change of the current exercise and sums its play times. When either throws, the exercise
+/// is as it was.
+template <class Change>
+void ChangeMusic(Editor& editor, Change change) {
+  const ExerciseRecord before = editor.Exercise();
+  try {
+    change(editor.Exercise());
+    CalculateExerciseMusicTime(editor.State());
+  } catch (...) {
+    editor.Exercise() = before;
+    throw;
+  }
+}
+
+}  // namespace
+
+void AddMusicFileButton_Click(Editor& editor) {
+  ProgramState& state = editor.State();
+  const std::int16_t count = editor.Exercise().NumberOfMusicFiles;
+  if (count >= MaxMusicFiles) {
+    editor.dialogs.ShowMessage("Cannot add any more music files");
+    return;
+  }
+  const std::string path = editor.dialogs.SelectMusicFile(state.Settings.MusicPath.Trimmed());
+  if (path.empty()) return;
+  MakeProgramDirectoryCurrent(state);
+  ChangeMusic(editor, [&](ExerciseRecord& exercise) {
+    exercise.MusicFile[count] = PathField(path);
+    exercise.MusicFilePlayTime[count] = GetPlayTime(path);
+    ++exercise.NumberOfMusicFiles;
+  });
+  KeepAndSelect(editor, count);
+}
+
+void MoveMusicFileUpListButton_Click(Editor& editor, int row) {
+  ExerciseRecord& exercise = editor.Exercise();
+  if (exercise.NumberOfMusicFiles == 0 || row <= 0) return;
+  if (!editor.dialogs.Confirm("Are you SURE you want to move the music file up the list?:\r" +
+                                  exercise.MusicFile[row].Trimmed(),
+                              "Move Music File")) {
+    return;
+  }
+  // The play times stay where they are: this is meant.
+  std::swap(exercise.MusicFile[row - 1], exercise.MusicFile[row]);
+  KeepAndSelect(editor, row - 1);
+}
+
+void RemoveMusicFileButton_Click(Editor& editor, int row) {
+  const std::int16_t count = editor.Exercise().NumberOfMusicFiles;
+  if (count == 0 || row < 0) return;
+  if (!editor.dialogs.Confirm("Are you SURE you want to remove the music file:\r" +
+                                  editor.Exercise().MusicFile[row].Trimmed(),
+                              "Remove Music File")) {
+    return;
+  }
+  ChangeMusic(editor, [&](ExerciseRecord& exercise) {
+    // The play times stay where they are, so the total can count the removed file and leave out the
+    // last one: this is meant.
+    RemoveItem(exercise.MusicFile, row, count);
+    --exercise.NumberOfMusicFiles;
+  });
+  KeepAndSelect(editor, RowAfterRemoval(row, count - 1));
+}
+
+void RandomMusicCheckBox_Click(Editor& editor, CheckBox box) {
+  if (editor.State().ScreenUpdating) return;
+  editor.Exercise().RandomMusic = box == CheckBox::kTicked ? kTrue : kFalse;
+  SaveChangedWorkout(editor);
+}
+
+void SetExerciseTimeButton_Click(Editor& editor) {
+  constexpr const char* kTitle = "Set Target Exercise Time";
+  const std::string answer =
+      editor.dialogs.AskText("Enter the Target Exercise time in minutes", kTitle);
+  if (TrimBlanks(answer).empty()) return;
+  const double seconds = LeadingNumber(answer) * kSecondsPerMinute;
+  if (!(seconds > 0)) return;
+  constexpr std::int16_t kLongest = std::numeric_limits<std::int16_t>::max();
+  if (std::nearbyint(seconds) > kLongest) {
+    editor.dialogs.ShowMessage("This time is too long. The longest target time is " +
+                                   FormatTime(kLongest) + " (minutes and seconds).",
+                               kTitle);
+    return;
+  }
+  editor.Exercise().TargetExerciseTime = RoundToInt16(seconds);
+  Keep(editor);
+}
+
+}  // namespace repvolta

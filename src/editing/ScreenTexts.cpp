@@ -1,0 +1,72 @@
+#include "editing/ScreenTexts.h"
+
+#include <QDate>
+#include <QLocale>
+#include <array>
+#include <cmath>
+#include <stdexcept>
+
+#include "base/Numbers.h"
+
+namespace repvolta {
+namespace {
+
+/// Of 30 December 1899.
+constexpr qint64 kJulianDayOfDateZero = 2415019;
+
+/// One odd date is to keep nothing else from being shown.
+std::string DaysOrNever(float frequency, double nextUpdate, double now) {
+  try {
+    return DaysText(frequency, nextUpdate, now);
+  } catch (const std::overflow_error&) {
+    return "Never";
+  }
+}
+
+}  // namespace
+
+FieldNames FieldNamesOf(const ExerciseRecord& exercise) {
+  switch (exercise.SetType) {
+    case kWeightAndReps:
+      return {"Weight", "Reps"};
+    case kLevelAndTime:
+      return {"Level", "Time"};
+    case kDistanceAndSpeed:
+      return {"Distance", "Speed"};
+    case kUserDefined:
+      return {exercise.UserField1Name.Text(), exercise.UserField2Name.Text()};
+    default:
+      return {};
+  }
+}
+
+std::string SummaryLine(const ExerciseRecord& exercise) {
+  std::array<char, 16> sets;
+  // Always fits.
+  static_cast<void>(std::snprintf(sets.data(), sets.size(), "%02d", exercise.NumberOfSets));
+  return std::string(sets.data()) + " sets, " + FormatTime(exercise.TargetExerciseTime) +
+         " Exercise, " + FormatTime(exercise.TotalMusicTime) + " Music" +
+         (exercise.RandomMusic == kTrue ? ", Random Music" : "");
+}
+
+std::string DaysText(float frequency, double nextUpdate, double now) {
+  if (!(frequency > 0)) return "N/A";
+  const double days = std::nearbyint(nextUpdate + static_cast<double>(frequency) - now);
+  // However long ago: only days to come are kept as a number.
+  return days < 0 ? "Due" : StandardNumberText(RoundToInt16(days));
+}
+
+std::string NextUpdateText(const ExerciseRecord& exercise, int set, double now) {
+  return DaysOrNever(exercise.SetFrequency1[set], exercise.NextUpdate1[set], now) + ", " +
+         DaysOrNever(exercise.SetFrequency2[set], exercise.NextUpdate2[set], now);
+}
+
+std::string DateText(double date) {
+  constexpr double kLimit = 1e7;  // days; more years than a calendar shows
+  if (!(std::abs(date) < kLimit)) throw std::overflow_error("There is no such date");
+  const QDate day =
+      QDate::fromJulianDay(kJulianDayOfDateZero + static_cast<qint64>(std::floor(date)));
+  return QLocale().toString(day, QLocale::ShortFormat).toStdString();
+}
+
+}  // namespace repvolta

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "editing/Editor.h"
+
+namespace repvolta {
+
+// A double click on the lists of sets asks for a new number. `row` is the selected one; -1: none.
+// An empty answer and a negative number change nothing. Each change is shown and saved; when that
+// fails: docs/decisions/0001-errors.md. All throw std::overflow_error when the number is too large;
+// then nothing is changed.
+
+void SetList1_DblClick(Editor& editor, int row);
+void SetList2_DblClick(Editor& editor, int row);
+void SetListInc1_DblClick(Editor& editor, int row);
+void SetListInc2_DblClick(Editor& editor, int row);
+
+// These set the next update date to the new frequency behind today. The first growth then comes
+// after twice the frequency, which is meant.
+void FreqList1_DblClick(Editor& editor, int row);
+void FreqList2_DblClick(Editor& editor, int row);
+
+/// Shows both next update dates of the set.
+void NextUpdateList_DblClick(Editor& editor, int row);
+
+}  // namespace repvolta

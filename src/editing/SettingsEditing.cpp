@@ -1,0 +1,105 @@
+#include "editing/SettingsEditing.h"
+
+#include "app/PathField.h"
+#include "app/ScreenUpdate.h"
+#include "app/WorkoutFiles.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+#include "update/RandomMusicList.h"
+
+namespace repvolta {
+namespace {
+
+Flag FlagOf(CheckBox box) { return box == CheckBox::kTicked ? kTrue : kFalse; }
+
+}  // namespace
+
+void MusicPathButton_Click(Editor& editor) {
+  const std::string path = editor.dialogs.SelectDirectory();
+  if (path.empty()) return;
+  editor.State().Settings.MusicPath = PathField(path);
+  editor.screen.ShowPaths();
+  SaveChangedSettings(editor);
+  editor.dialogs.ShowMessage(
+      "You have changed the music path. The random music file list must now be recompiled as "
+      "well.");
+  CompileMusicList_Click(editor);
+}
+
+void OutputPathButton_Click(Editor& editor) {
+  const std::string path = editor.dialogs.SelectDirectory();
+  if (path.empty()) return;
+  editor.State().Settings.OutputPath = PathField(path);
+  editor.screen.ShowPaths();
+  SaveChangedSettings(editor);
+}
+
+void ExerciseTimeButton_Click(Editor& editor) {
+  const std::string answer =
+      editor.dialogs.AskText("Enter the default Exercise time", "Set Default Exercise Time");
+  if (TrimBlanks(answer).empty()) return;
+  editor.State().Settings.DefaultExerciseTime = RoundToInt16(LeadingNumber(answer));
+  editor.screen.ShowDefaultExerciseTime();
+  SaveChangedSettings(editor);
+  // This is no change of the workout: that it cannot be saved is told as it is.
+  SaveWorkout(editor.State());
+}
+
+void CompileMusicList_Click(Editor& editor) {
+  ProgramState& state = editor.State();
+  MakeProgramDirectoryCurrent(state);
+  const std::string path = state.Settings.MusicPath.Trimmed();
+  if (path.empty()) {
+    editor.dialogs.ShowMessage(
+        "No music path has been defined, cannot compile random music file list.");
+    return;
+  }
+  {
+    const WhileWaiting waiting(editor.pleaseWait);
+    CompileMusicList(path, editor.runEvents);
+  }
+  editor.dialogs.ShowMessage("The random music list has been compiled.");
+  CountRandomMusicFiles(state);
+  editor.screen.UpdateSettingsScreen();
+}
+
+void RateSldr_Change(Editor& editor, int value) {
+  if (editor.State().ScreenUpdating) return;
+  editor.State().Settings.VoiceRate = CheckedInt16(value);
+  SaveChangedSettings(editor);
+}
+
+void VolumeSldr_Change(Editor& editor, int value) {
+  if (editor.State().ScreenUpdating) return;
+  editor.State().Settings.VoiceVolume = CheckedInt16(value);
+  SaveChangedSettings(editor);
+}
+
+void VoiceCB_Click(Editor& editor, int index) {
+  ProgramState& state = editor.State();
+  if (state.ScreenUpdating) return;
+  state.Voice.Voice = state.Settings.VoiceIndex = CheckedInt16(index);
+  SaveChangedSettings(editor);
+}
+
+void FormatCB_Change(Editor& editor, int index) {
+  ProgramState& state = editor.State();
+  if (state.ScreenUpdating) return;
+  state.Voice.Format = CheckedInt16(index);
+  state.Settings.AudioFormat = std::to_string(index);
+  SaveChangedSettings(editor);
+}
+
+void IncludeWeightValuesCheck_Click(Editor& editor, CheckBox box) {
+  if (editor.State().ScreenUpdating) return;
+  editor.State().Settings.IncludeWeightValues = FlagOf(box);
+  SaveChangedSettings(editor);
+}
+
+void AutoLoadPLaylistCheckbox_Click(Editor& editor, CheckBox box) {
+  if (editor.State().ScreenUpdating) return;
+  editor.State().Settings.AutoLoadPlaylist = FlagOf(box);
+  SaveChangedSettings(editor);
+}
+
+}  // namespace repvolta

@@ -1,0 +1,143 @@
+#include "editing/WorkoutEditing.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+
+#include "app/Exercises.h"
+#include "app/ScreenUpdate.h"
+#include "app/WorkoutFiles.h"
+#include "base/File.h"
+#include "base/FileError.h"
+#include "base/FileNames.h"
+#include "base/Numbers.h"
+#include "base/Text.h"
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kNone = -1;
+
+int IndexOf(const ProgramState& state, const std::string& name) {
+  const auto& names = state.WorkoutNames;
+  const auto found = std::find(names.begin(), names.end(), name);
+  return found == names.end() ? kNone : static_cast<int>(found - names.begin());
+}
+
+/// Puts the workout that was loaded before back, in memory and on the screen, unless it is told to
+/// let the new one stand.
+class PreviousWorkout {
+ public:
+  explicit PreviousWorkout(Editor& editor)
+      : editor_(editor), state_(editor.State()), selected_(editor.screen.SelectedWorkout()) {}
+  ~PreviousWorkout() {
+    if (!restores_) return;
+    editor_.State() = state_;
+    editor_.screen.ShowWorkoutNames();
+    editor_.screen.SelectWorkout(selected_);
+  }
+  PreviousWorkout(const PreviousWorkout&) = delete;
+  PreviousWorkout& operator=(const PreviousWorkout&) = delete;
+
+  void LetNewOneStand() { restores_ = false; }
+
+ private:
+  Editor& editor_;
+  const ProgramState state_;
+  const int selected_;
+  bool restores_ = true;
+};
+
+void ListNewWorkout(Editor& editor, const std::string& name) {
+  ProgramState& state = editor.State();
+  const ScreenUpdate updating(state);
+  editor.screen.ShowTab(WindowTab::kWorkout);
+  state.WorkoutFileName = name + std::string(kWorkoutExtension);
+  state.WorkoutNames.push_back(state.WorkoutFileName);
+  state.NumberOfWorkouts = CheckedInt16(static_cast<std::int64_t>(state.WorkoutNames.size()));
+  editor.screen.ShowWorkoutNames();
+  editor.screen.SelectWorkout(state.NumberOfWorkouts - 1);
+  state.CurrentExercise = 0;
+  state.NumberOfExercises = 0;
+}
+
+void InitialiseWorkout(Editor& editor) {
+  ProgramState& state = editor.State();
+  for (int i = 0; i < MaxExercises; ++i) {
+    InitialiseExercise(state.Workout[i], state.Settings, editor.program.clock);
+  }
+}
+
+/// Unlike RemoveFile, leaves a file that is read-only.
+void DeleteWorkoutFile(const std::string& path) {
+  constexpr const char* kFailure = "could not be deleted";
+  if (!FileExists(path)) throw FileError(path, kFailure, ENOENT);
+  constexpr auto kWritable =
+      fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  if ((fs::status(path).permissions() & kWritable) == fs::perms::none) {
+    throw FileError(path, kFailure, "it is read-only");
+  }
+  RemoveFile(path);
+}
+
+}  // namespace
+
+void CreateNewWorkoutButton_Click(Editor& editor) {
+  const std::string name(
+      TrimBlanks(editor.dialogs.AskText("Enter a name for the new Workout", "New Workout")));
+  if (name.empty()) return;
+  if (!IsFileName(name) || !IsFileName(name + std::string(kWorkoutExtension))) {
+    editor.dialogs.ShowMessage(
+        "A workout cannot have this name, because a file cannot have it: it contains a character "
+        "such as \"/\", or it is too long.",
+        "New Workout");
+    return;
+  }
+  PreviousWorkout previous(editor);
+  ListNewWorkout(editor, name);
+  InitialiseWorkout(editor);
+  // An empty workout takes the place of one that has this name already: this is meant.
+  ReplaceWorkoutFile(editor.State());
+  SaveWorkout(editor.State());
+  previous.LetNewOneStand();
+  LoadWorkout(editor.State(), editor.screen);
+}
+
+void DeleteSelectedWorkoutButton_Click(Editor& editor) {
+  ProgramState& state = editor.State();
+  if (TrimBlanks(state.WorkoutFileName).empty()) return;
+  if (!editor.dialogs.Confirm("Are you SURE you want to delete workout\r" + state.WorkoutFileName,
+                              "Delete Workout")) {
+    return;
+  }
+  // The name alone, in the current directory and not in the workout folder: this is meant.
+  DeleteWorkoutFile(ExistingName(state.WorkoutFileName));
+  LoadWorkoutNames(state, editor.screen);
+  state.WorkoutFileName.clear();
+}
+
+void WorkoutDropBox_Click(Editor& editor, const std::string& name) {
+  ProgramState& state = editor.State();
+  if (TrimBlanks(name).empty()) {
+    state.WorkoutFileName = name;
+    return;
+  }
+  const std::string before = state.WorkoutFileName;
+  state.WorkoutFileName = name;
+  editor.screen.EnableWorkoutControls();
+  // What is in memory must not be saved under the name of a file that was not loaded.
+  const auto goBack = [&] {
+    state.WorkoutFileName = before;
+    editor.screen.SelectWorkout(IndexOf(state, before));
+  };
+  try {
+    if (LoadWorkout(state, editor.screen) != WorkoutLoad::kLoaded) goBack();
+  } catch (const FileError&) {
+    goBack();
+    throw;
+  }
+}
+
+}  // namespace repvolta

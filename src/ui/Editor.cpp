@@ -1,9 +1,0 @@
-#include "ui/Editor.h"
-
-#include <algorithm>
-
-namespace repvolta {
-
-int RowAfterRemoval(int removed, int rowsLeft) { return std::min(removed, rowsLeft - 1); }
-
-}  // namespace repvolta

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "app/Records.h"
+
+namespace repvolta {
+
+/// True when no output path is set: blank, or a text that fills its whole field, as one that was
+/// never assigned does.
+bool IsOutputPathMissing(const SettingsRecord& settings);
+
+}  // namespace repvolta

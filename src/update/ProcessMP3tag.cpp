@@ -1,0 +1,96 @@
+#include "update/ProcessMP3tag.h"
+
+#include "base/File.h"
+#include "base/FileError.h"
+#include "base/FileNames.h"
+#include "base/Product.h"
+#include "base/Text.h"
+#include "mp3/Id3v2Reader.h"
+#include "mp3/RepvoltaMP3.h"
+#include "mp3/RepvoltaMP3v2.h"
+
+namespace repvolta {
+namespace {
+
+constexpr std::size_t kNameCharactersInTitle = 6;
+
+/// False when there was an old tag that could not be cut off.
+bool RemoveOldTag(const std::string& path) {
+  RepvoltaMP3 mp3;
+  mp3.SetFileName(path);
+  if (!mp3.HasID3v2()) return true;
+  try {
+    mp3.RemoveLeadingData(RepvoltaMP3::FileTimes::kKept);
+    return true;
+  } catch (const FileError&) {
+    return !mp3.HasID3v2();
+  }
+}
+
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
+  const auto startsCharacter = [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  };
+  std::size_t end = 0;
+  while (end < text.size() && (count > 0 || !startsCharacter(text[end]))) {
+    if (startsCharacter(text[end])) --count;
+    ++end;
+  }
+  return text.substr(0, end);
+}
+
+std::string TitleOf(const std::string& path, std::string_view title) {
+  const std::string baseName = BaseName(path);
+  std::string text(FirstCharacters(baseName, kNameCharactersInTitle));
+  text.append(" ").append(title);
+  return std::string(TrimBlanks(text));
+}
+
+void SetFrames(cMP3ID3v2& tag, const std::string& path, std::string_view title,
+               std::string_view workoutFileName) {
+  tag.SetArtist(kProductName);
+  tag.SetAlbum(TrimBlanks(workoutFileName));
+  tag.SetTitle(TitleOf(path, title));
+  tag.SetTrack("0");
+  tag.SetUserUrl(kProductAddress);
+}
+
+}  // namespace
+
+void ProcessMP3tag(const std::string& path, std::string_view title,
+                   std::string_view workoutFileName, ProgressLog& log) {
+  const bool removed = RemoveOldTag(path);
+  cMP3ID3v2 tag;
+  tag.SetFileName(path);
+  if (!removed || tag.HasTag()) {
+    log.AddLineToUpdateList("ERROR:" + FileName(path) + " - MP3v2 TAG could not be removed.");
+  }
+  SetFrames(tag, path, title, workoutFileName);
+  tag.WriteTag();
+  LogTagged(path, log);
+}
+
+std::optional<TaggedCopy> PlanTaggedCopy(const std::string& source, const std::string& path,
+                                         std::string_view title, std::string_view workoutFileName) {
+  try {
+    RepvoltaMP3 mp3;
+    mp3.SetFileName(source);
+    TaggedCopy copy;
+    if (mp3.HasID3v2()) copy.audioOffset = static_cast<std::uint64_t>(mp3.Info().headerOffset);
+    if (HasId3v2Behind(File::Open(source, File::Access::kRead), copy.audioOffset)) {
+      return std::nullopt;
+    }
+    cMP3ID3v2 tag;
+    SetFrames(tag, path, title, workoutFileName);
+    copy.tag = tag.NewTag();
+    return copy;
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
+}
+
+void LogTagged(const std::string& path, ProgressLog& log) {
+  log.AddLineToUpdateList(FileName(path) + "  TAG modified OK");
+}
+
+}  // namespace repvolta

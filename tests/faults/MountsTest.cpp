@@ -1,0 +1,122 @@
+#include <filesystem>
+#include <gmock/gmock.h>
+
+#include "app/Settings.h"
+
+#include "faults/FaultWorld.h"
+
+namespace repvolta {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::Contains;
+using testing::HasSubstr;
+using testing::Not;
+
+/// One folder has two names, because it is mounted a second time.
+class Mounts : public FaultWorld {
+ protected:
+  Mounts() { Reset(); }
+
+  void SetMusicPath(const std::string& path) {
+    state.Settings.MusicPath = Full(path);
+    SaveSettings(state);
+    fs::current_path(folder.Path());
+  }
+
+  /// Updates where `source` is mounted at `target`, too.
+  static ProgramRun UpdateMounted(const std::string& source, const std::string& target) {
+    return RunWithMounts("mount --bind " + source + " " + target,
+                         {"program/repvolta-update", "Monday"});
+  }
+
+  /// All that was in the folder is as it was; files may have been added.
+  static void ExpectOnlyAdded(const Entries& before, const std::string& root) {
+    const Entries now = Look(root);
+    for (const auto& [path, entry] : before) {
+      EXPECT_TRUE(now.contains(path) && now.at(path) == entry) << path << " is not as it was";
+    }
+  }
+};
+
+TEST_F(Mounts, InTheFolderAreNeitherEmptiedNorGivenOtherRights) {
+  fs::create_directory("player/Monday/photos");
+  fs::permissions("precious", fs::perms::owner_read | fs::perms::owner_exec);
+  const Entries before = Look(".");
+
+  const ProgramRun run = UpdateMounted("precious", "player/Monday/photos");
+
+  EXPECT_TRUE(Look(".").at("precious") == before.at("precious"));
+  EXPECT_EQ(GetTextFile("precious/diary.txt"), "mine");
+  EXPECT_THAT(Lines(run.output),
+              Contains("ERROR: " + Full("player/Monday/photos could not be deleted: Another file "
+                                        "system is mounted there")));
+  EXPECT_FALSE(fs::exists("player/Monday/deep"));
+  EXPECT_TRUE(fs::is_regular_file("player/Monday/RV002-drawn.mp3"));
+}
+
+TEST_F(Mounts, InPlaceOfTheFolderOnlyGainFiles) {
+  PutFile("music/RV002-drawn.mp3", "not an update's");
+  const Entries before = Look("music");
+
+  const ProgramRun run = UpdateMounted("music", "player/Monday");
+
+  ExpectOnlyAdded(before, "music");
+  EXPECT_THAT(Lines(run.output), Contains("ERROR: " + Full("player/Monday is not deleted: another "
+                                                           "file system is mounted there")));
+  EXPECT_EQ(run.status, 1);
+}
+
+TEST_F(Mounts, OfAFolderToKeepKeepItUnderItsOtherName) {
+  SetMusicPath("music/Monday");
+  PutFile("music/Monday/notes.txt", "mine");
+  const Entries before = Look("music");
+
+  const ProgramRun run = UpdateMounted("music", "player");
+
+  ExpectOnlyAdded(before, "music");
+  EXPECT_THAT(run.output, HasSubstr("is not deleted: " + Full("music/Monday lies there")));
+}
+
+TEST_F(Mounts, OfTheWayToAFolderToKeepKeepIt) {
+  SetMusicPath("music/Monday/by year");
+  PutFile("music/Monday/notes.txt", "mine");
+  const Entries before = Look("music");
+
+  const ProgramRun run = UpdateMounted("music", "player");
+
+  ExpectOnlyAdded(before, "music");
+  EXPECT_THAT(run.output, HasSubstr("is not deleted: " + Full("music/Monday/by year lies there")));
+}
+
+TEST_F(Mounts, OfAPartOfTheFolderKeepTheWhole) {
+  SetMusicPath("archive");
+  fs::create_directory("archive");
+  const Entries before = Look("player/Monday");
+
+  const ProgramRun run = UpdateMounted("player/Monday/deep", "archive");
+
+  ExpectOnlyAdded(before, "player/Monday");
+  EXPECT_THAT(run.output, HasSubstr("is not deleted: " + Full("archive lies there")));
+}
+
+TEST_F(Mounts, OfSongsKeepThemUnderTheirOtherName) {
+  PutFile("music/Monday/listed.mp3", "mine");
+  PutFile("program/musiclist.txt", Full("music/Monday/listed.mp3\n"));
+  const Entries before = Look("music");
+
+  const ProgramRun run = UpdateMounted("music", "player");
+
+  ExpectOnlyAdded(before, "music");
+  EXPECT_THAT(run.output, HasSubstr("is not deleted: " + Full("music/Monday/listed.mp3 lies")));
+}
+
+TEST_F(Mounts, BesideTheFolderKeepNothing) {
+  fs::create_directory("music/Tuesday");
+  const ProgramRun run = UpdateMounted("music/Tuesday", "precious");
+  EXPECT_EQ(run.status, 0) << run.output;
+  EXPECT_THAT(run.output, Not(HasSubstr("ERROR")));
+}
+
+}  // namespace
+}  // namespace repvolta

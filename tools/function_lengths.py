@@ -1,0 +1,54 @@
+"""How long the functions of a C++ source are: for sources as clang-format leaves them."""
+
+import re
+
+# What holds no code, and preprocessor lines: blanks take their place, so that lines stay where they are.
+NO_CODE = re.compile(
+    r'R"([^(\s]*)\(.*?\)\1"'
+    r'|"(?:\\.|[^"\\\n])*"'
+    r"|(?<![0-9A-Fa-f])'(?:\\.|[^'\\\n])*'"
+    r"|//[^\n]*|/\*.*?\*/"
+    r"|^[ \t]*#(?:\\\n|[^\n])*", re.DOTALL | re.MULTILINE)
+SCOPE = re.compile(r"\b(?:namespace|class|struct|union|enum)\b|\bextern\s*$")
+
+
+def blanked(text):
+    return NO_CODE.sub(lambda match: re.sub(r"[^\n]", " ", match[0]), text)
+
+
+def is_function(head):
+    """Whether a block behind that text is a function's: it has parameters and is no first value."""
+    return "(" in head and not head.rstrip().endswith("=")
+
+
+def function_lengths(text):
+    """Pairs of the first line of a function and how many lines it has, from there to its last brace.
+    What is defined within a function is part of it."""
+    code = blanked(text)
+    inner = 0  # the depth in a block that is no scope, as a function
+    head_start, function = 0, False
+    for match in re.finditer(r"[{};]", code):
+        sign, place = match[0], match.start()
+        head = code[head_start:place]
+        if sign == "{" and inner == 0 and SCOPE.search(head) and not is_function(head):
+            head_start = place + 1
+        elif sign == "{":
+            function = is_function(head) if inner == 0 else function
+            inner += 1
+        elif sign == "}" and inner > 0:
+            inner -= 1
+            # A member's first value in braces is followed by the next one or by the body.
+            goes_on = re.match(r"\s*[,{)]", code[place + 1:])
+            if inner == 0 and not goes_on:
+                if function:
+                    first = head_start + len(head_of(code, head_start))
+                    yield code.count("\n", 0, first) + 1, code.count("\n", first, place) + 1
+                head_start = place + 1
+        elif inner == 0:
+            head_start = place + 1
+
+
+def head_of(code, start):
+    """The blanks, and the words for access, that stand before a declaration."""
+    return re.match(r"(?:\s|\b(?:public|private|protected|signals|public slots|private slots)\s*:)*",
+                    code[start:])[0]

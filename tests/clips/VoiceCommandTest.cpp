@@ -17,6 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
@@ -230,14 +231,6 @@ TEST_F(VoiceCommand, ShowsItsUsageWhenItIsNotCalledRightly) {
                                  "\n" + kUsage);
   }
   EXPECT_THAT(output_.str(), IsEmpty());
-}
-
-TEST_F(VoiceCommand, SaysWhatIsWrongWithTheCall) {
-  Run({});
-  EXPECT_THAT(errors_.str(), StartsWith("repvolta-voice: nothing to do\nusage: "));
-  errors_.str("");
-  Run({"--help", "me"});
-  EXPECT_THAT(errors_.str(), StartsWith("repvolta-voice: not called rightly\nusage: "));
 }
 
 TEST_F(VoiceCommand, ShowsItsUsageWhenAsked) {

@@ -10,6 +10,7 @@
 #include "support/FailingClose.h"
 #include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
+#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -256,6 +257,24 @@ TEST_F(MergeWAV, SaysWhyAClipCouldNotBeJoined) {
   MergeWAVfiles("target.wav", "source.wav", run);
   EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
                                    "File too large"));
+}
+
+TEST_F(MergeWAV, SaysOnceThatNothingCanBeWritten) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  const FullDisk full(0);
+  MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+                                      "File too large"));
+}
+
+TEST_F(MergeWAV, SaysWhyAClipThatIsThereCannotBeRead) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  const UnreadableFile unreadable("source.wav");
+  MergeWAVfiles("target.wav", "source.wav", screen);
+  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+                                      "Permission denied"));
 }
 
 TEST_F(MergeWAV, TakesAFolderForNoFile) {

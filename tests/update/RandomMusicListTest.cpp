@@ -47,6 +47,13 @@ TEST(CompileMusicList, ListsTheMusicBelowTheFolderByFullPath) {
                                          folder.Path() + "music/sub/deep er/B.MP3"));
 }
 
+TEST(CompileMusicList, ListsAFileThatIsNamedByTheEndingAlone) {
+  TemporaryFolder folder;
+  PutFile("music/.mp3", "");
+  CompileMusicList(folder.Path() + "music");
+  EXPECT_THAT(ListedLines(), ElementsAre(folder.Path() + "music/.mp3"));
+}
+
 TEST(CompileMusicList, FollowsNoLinksToFolders) {
   TemporaryFolder folder;
   PutFile("music/a.mp3", "");

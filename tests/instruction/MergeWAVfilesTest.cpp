@@ -133,13 +133,13 @@ TEST_F(MergeWAV, JoinsSoundsOfAnotherFormatAsTheyAre) {
   source.resize(source.size() + 100, 's');
   PutFile("source.wav", source);
 
-  MergeWAVfiles("target.wav", "source.wav", screen);
+  MergeWAVfiles("target.wav", "source.wav", run);
 
   const Bytes joined = GetFile("target.wav");
   ASSERT_EQ(joined.size(), 346U);
   EXPECT_EQ(TargetNumber(24), 16000U);
   EXPECT_EQ(AsText(std::span(joined).subspan(246)), std::string(100, 's'));
-  EXPECT_THAT(screen.log, IsEmpty());
+  EXPECT_THAT(run.log, IsEmpty());
 }
 
 TEST_F(MergeWAV, LogsAMissingSourceAndChangesNothing) {
@@ -263,8 +263,8 @@ TEST_F(MergeWAV, SaysOnceThatNothingCanBeWritten) {
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));
   const FullDisk full(0);
-  MergeWAVfiles("target.wav", "source.wav", screen);
-  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+  MergeWAVfiles("target.wav", "source.wav", run);
+  EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
                                       "File too large"));
 }
 
@@ -272,8 +272,8 @@ TEST_F(MergeWAV, SaysWhyAClipThatIsThereCannotBeRead) {
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));
   const UnreadableFile unreadable("source.wav");
-  MergeWAVfiles("target.wav", "source.wav", screen);
-  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+  MergeWAVfiles("target.wav", "source.wav", run);
+  EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
                                       "Permission denied"));
 }
 

@@ -176,7 +176,7 @@ TEST_F(UpdateDriver, TagsNoWavFile) {
   AddNamed("Squat");
   Update();
   EXPECT_EQ(GetFile("player/Monday/RV001-Instructions.WAV"), GetFile("temp.wav"));
-  EXPECT_THAT(screen.log, Not(Contains(testing::HasSubstr("TAG"))));
+  EXPECT_THAT(run.log, Not(Contains(testing::HasSubstr("TAG"))));
 }
 
 TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhereItMakesNone) {
@@ -211,8 +211,8 @@ TEST_F(UpdateDriver, EndsEachStepWithItsLineAlsoBehindAnError) {
   fs::remove("player");
   AddNamed("Squat");
   Update();
-  EXPECT_THAT(screen.log, Contains("Created directory " + Full("player/Monday/")));
-  EXPECT_THAT(screen.log,
+  EXPECT_THAT(run.log, Contains("Created directory " + Full("player/Monday/")));
+  EXPECT_THAT(run.log,
               Contains("RV001-Instructions.mp3 MP3 Instruction file created sucessfully."));
   EXPECT_FALSE(fs::exists("player"));
 }

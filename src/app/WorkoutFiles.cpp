@@ -9,13 +9,14 @@
 #include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "base/WholeFile.h"
 
 namespace repvolta {
 namespace {
 
 std::string WorkoutPath(const ProgramState& state, const std::string& directory = "") {
-  return ExistingName(directory + std::string(kWorkoutFolder) + state.WorkoutFileName);
+  return ExistingName(directory + kWorkoutFolder + state.WorkoutFileName);
 }
 
 bool IsFileKnown(const ProgramState& state) {
@@ -72,8 +73,8 @@ void ReadWorkout(ProgramState& state, const std::string& path) {
 }  // namespace
 
 void LoadWorkoutNames(ProgramState& state) {
-  MakeFolder(std::string(kWorkoutFolder));
-  state.WorkoutNames = ListFiles(std::string(kWorkoutFolder), kWorkoutExtension);
+  MakeFolder(kWorkoutFolder);
+  state.WorkoutNames = ListFiles(kWorkoutFolder, kWorkoutExtension);
   state.NumberOfWorkouts = CheckedInt16(static_cast<std::int64_t>(state.WorkoutNames.size()));
 }
 

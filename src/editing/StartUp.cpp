@@ -7,6 +7,7 @@
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "editing/LoadedWorkout.h"
 #include "editing/MusicListing.h"
 #include "update/RandomMusicList.h"

@@ -10,6 +10,7 @@
 #include "base/FileError.h"
 #include "base/FileNames.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
 

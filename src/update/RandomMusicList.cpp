@@ -9,6 +9,7 @@
 #include "base/File.h"
 #include "base/Lines.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "mp3/GetPlayTime.h"
 

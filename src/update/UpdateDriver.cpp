@@ -9,6 +9,7 @@
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "instruction/TextInstruction.h"
 #include "instruction/VoiceInstruction.h"
@@ -24,10 +25,6 @@
 namespace repvolta {
 namespace {
 
-// Both lie in the program directory, which is current.
-constexpr const char* kTempWav = "temp.wav";
-constexpr const char* kTempMp3 = "temp.mp3";
-
 /// One run for the workout in memory.
 class WorkoutUpdate {
  public:
@@ -39,7 +36,7 @@ class WorkoutUpdate {
         steps_(log, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
-        playList_(folder_.Path() + workoutName_ + ".M3U") {}  // quirk 51
+        playList_(folder_.Path() + workoutName_ + kPlayListExtension) {}  // quirk 51
 
   /// Returns the path of the play list.
   std::string Run() {
@@ -60,8 +57,8 @@ class WorkoutUpdate {
   /// Removes the working files that this run has made. Throws FileError.
   void RemoveWorkingFiles() {
     if (workingFiles_ == WorkingFiles::kNotMade) return;
-    RemoveFile(kTempWav);
-    RemoveFile(kTempMp3);
+    RemoveFile(kWorkingWav);
+    RemoveFile(kWorkingMp3);
   }
 
  private:
@@ -103,13 +100,13 @@ class WorkoutUpdate {
   void ProduceInstruction(std::int16_t exercise) {
     steps_.Run([&] {
       workingFiles_ = WorkingFiles::kMade;
-      GenerateHumanVoiceInstruction(state_, exercise, kTempWav, program_.speech, log_);
+      GenerateHumanVoiceInstruction(state_, exercise, kWorkingWav, program_.speech, log_);
     });
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
     const std::string path = NumberedPath("Instructions");
     Encoding encoding = Encoding::kNoEncoder;
     steps_.Run([&] {
-      encoding = EncodeMP3file(program_.processes, kTempWav, kTempMp3);
+      encoding = EncodeMP3file(program_.processes, kWorkingWav, kWorkingMp3);
       if (encoding == Encoding::kNoEncoder) workingFiles_ = WorkingFiles::kStay;
     });
     if (encoding == Encoding::kEncoderRun) {
@@ -120,9 +117,9 @@ class WorkoutUpdate {
   }
 
   void KeepMp3(const std::string& path) {
-    steps_.Run([&] { folder_.CopyInto(kTempMp3, path); });
-    steps_.Run([&] { RemoveFile(kTempWav); });
-    steps_.Run([&] { RemoveFile(kTempMp3); });
+    steps_.Run([&] { folder_.CopyInto(kWorkingMp3, path); });
+    steps_.Run([&] { RemoveFile(kWorkingWav); });
+    steps_.Run([&] { RemoveFile(kWorkingMp3); });
     // Quirks 47 and 48.
     steps_.Log(FileName(path) + " MP3 Instruction file created sucessfully.");
     Tag(path);
@@ -132,7 +129,7 @@ class WorkoutUpdate {
   /// Without an encoder the instruction stays a WAV file, and the working file stays too
   /// (quirk 50).
   void KeepWav(const std::string& path) {
-    steps_.Run([&] { folder_.CopyInto(kTempWav, path); });
+    steps_.Run([&] { folder_.CopyInto(kWorkingWav, path); });
     steps_.Log(FileName(path) + " WAV Instruction file created sucessfully.");
     List(path);
   }
@@ -225,7 +222,7 @@ class WorkoutUpdate {
   void Finish() {
     // Once more, for what could not be deleted at its time.
     if (workingFiles_ == WorkingFiles::kMade) {
-      for (const char* file : {kTempWav, kTempMp3}) steps_.Run([&] { RemoveFile(file); });
+      for (const char* file : {kWorkingWav, kWorkingMp3}) steps_.Run([&] { RemoveFile(file); });
     }
     steps_.Run([&] { folder_.FlushToDevice(); });
     steps_.Log("");

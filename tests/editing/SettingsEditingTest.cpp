@@ -1,6 +1,7 @@
 #include <QLineEdit>
 #include <QSlider>
 
+#include "base/ProgramFiles.h"
 #include "update/RandomMusicList.h"
 
 #include "support/FormFixture.h"

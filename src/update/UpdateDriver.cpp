@@ -153,13 +153,14 @@ class WorkoutUpdate {
     }
     const std::string path(TrimBlanks(NumberedPath(TrimBlanks(FileName(source)))));
     const auto plan = PlanTaggedCopy(source, path, text_, state_.WorkoutFileName);
-    bool isTagged = false;
+    bool isCopied = false;
     steps_.Run([&] {
       CopyOrSayWhy(source, path, plan ? CopyStart{plan->tag, plan->audioOffset} : CopyStart{});
-      isTagged = plan.has_value();
+      isCopied = true;
     });
-    if (!WaitFor(path)) return;
-    if (isTagged) {
+    // A copy that failed never shows: it is left out like a song that is missing.
+    if (!isCopied || !WaitFor(path)) return;
+    if (plan) {
       steps_.Run([&] { OutputFolder::StartFlush(path); });
       LogTagged(path, log_);
     } else {

@@ -11,6 +11,8 @@
 #include "update/UpdateDriver.h"
 #include "update/UpdateFixture.h"
 
+#include "support/HiddenFile.h"
+
 namespace repvolta {
 namespace {
 
@@ -272,12 +274,10 @@ TEST_F(UpdateDriver, SaysOnceWhatKeptAFileFromBeingCopied) {
 TEST_F(UpdateDriver, WaitsForACopyAsLongAsThePersonLikes) {
   PutFile("music/Song.mp3", SongBytes(3));
   AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
-  PutFolderInTheWay("player/Monday/RV002-Song.mp3");
+  const HiddenFile notYet("RV002-Song.mp3");
   int waits = 0;
   run.keepWaiting = [&] {
-    if (++waits < 5) return true;
-    fs::remove_all("player/Monday/RV002-Song.mp3");
-    PutFile("player/Monday/RV002-Song.mp3", SongBytes(3));
+    if (++waits == 5) HiddenFile::Show();
     return true;
   };
 
@@ -285,6 +285,23 @@ TEST_F(UpdateDriver, WaitsForACopyAsLongAsThePersonLikes) {
 
   EXPECT_EQ(waits, 5);
   EXPECT_THAT(run.log, Contains("RV002-Song.mp3  TAG modified OK"));
+}
+
+TEST_F(UpdateDriver, DoesNotWaitForACopyThatFailed) {
+  PutFile("music/Song.mp3", SongBytes(3));
+  AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
+  PutFolderInTheWay("player/Monday/RV002-Song.mp3");
+  bool hasWaited = false;
+  run.keepWaiting = [&] {
+    hasWaited = true;
+    return false;
+  };
+
+  Update();
+
+  EXPECT_FALSE(hasWaited);
+  EXPECT_THAT(run.log, Contains("UPDATE COMPLETE."));
+  EXPECT_EQ(PlayList(), Full("player/Monday/RV001-Instructions.mp3") + "\r\n");
 }
 
 TEST_F(UpdateDriver, EndsAtTheNextStepWhenItIsStopped) {

@@ -22,6 +22,7 @@ struct VoiceState {
 /// A workout file as it was when it was last loaded or saved.
 struct KnownWorkoutFile {
   std::string name;  // WorkoutFileName
+  std::string file;  // its name in the folder, which may differ in case
   FileStamp stamp;
 };
 

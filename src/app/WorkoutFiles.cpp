@@ -15,12 +15,22 @@
 namespace repvolta {
 namespace {
 
-std::string WorkoutPath(const ProgramState& state, const std::string& directory = "") {
-  return ExistingName(directory + kWorkoutFolder + state.WorkoutFileName);
-}
-
 bool IsFileKnown(const ProgramState& state) {
   return state.KnownFile && state.KnownFile->name == state.WorkoutFileName;
+}
+
+/// The folder is searched for a name in another case only when the file is not where it was last
+/// found.
+std::string WorkoutPath(const ProgramState& state, const std::string& directory = "") {
+  const std::string folder = directory + kWorkoutFolder;
+  if (IsFileKnown(state) && FileIsReachable(folder + state.KnownFile->file)) {
+    return folder + state.KnownFile->file;
+  }
+  return ExistingName(folder + state.WorkoutFileName);
+}
+
+void Remember(ProgramState& state, const std::string& path, const std::optional<FileStamp>& stamp) {
+  if (stamp) state.KnownFile = {state.WorkoutFileName, FileName(path), *stamp};
 }
 
 bool IsOtherThanKnown(const ProgramState& state, const std::string& path) {
@@ -38,10 +48,6 @@ void ExpectKnown(const ProgramState& state, const std::string& path) {
   if (!IsFileKnown(state) && FileExists(path)) {
     throw FileError(path, kFailure, "It holds another workout, which was not loaded");
   }
-}
-
-void RememberPlaced(ProgramState& state, const WholeFileWriter& writer) {
-  if (const auto stamp = writer.Placed()) state.KnownFile = {state.WorkoutFileName, *stamp};
 }
 
 void MakeWorkoutFolder() {
@@ -66,7 +72,7 @@ void ReadWorkout(ProgramState& state, const std::string& path) {
   const std::optional<FileStamp> stamp = StampOf(path);
   state.Workout = DecodeWorkout(ReadWholeFile(path, kWorkoutFileSize));
   state.KnownFile.reset();
-  if (stamp) state.KnownFile = {state.WorkoutFileName, *stamp};
+  Remember(state, path, stamp);
   state.NumberOfExercises = CountExercises(state.Workout);
 }
 
@@ -99,16 +105,16 @@ void SaveWorkout(ProgramState& state) {
     // Another program may have been waited for, which has changed the file meanwhile.
     writer.Commit([&] { ExpectKnown(state, path); });
   } catch (const FileError&) {
-    RememberPlaced(state, writer);
+    Remember(state, path, writer.Placed());
     throw;
   }
-  RememberPlaced(state, writer);
+  Remember(state, path, writer.Placed());
 }
 
 void ReplaceWorkoutFile(ProgramState& state) {
   state.KnownFile.reset();
-  const auto stamp = StampOf(WorkoutPath(state, state.ProgramDirectory));
-  if (stamp) state.KnownFile = {state.WorkoutFileName, *stamp};
+  const std::string path = WorkoutPath(state, state.ProgramDirectory);
+  Remember(state, path, StampOf(path));
 }
 
 bool WorkoutChangedOnDisk(const ProgramState& state) {

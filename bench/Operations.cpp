@@ -91,7 +91,7 @@ std::vector<std::string> SixtyClips(const std::string& clipFolder) {
   constexpr std::size_t kClips = 60;
   std::vector<std::string> all;
   for (const std::string& name : ListFiles(clipFolder, ".wav")) {
-    all.push_back(clipFolder + "/" + name);
+    all.push_back(std::string(clipFolder).append("/").append(name));
   }
   std::vector<std::string> clips;
   for (std::size_t i = 0; i < kClips; ++i) clips.push_back(all[i % all.size()]);

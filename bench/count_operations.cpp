@@ -1,6 +1,7 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -33,7 +34,7 @@ Figures ReadFigures(const char* path) {
   for (std::string line; std::getline(file, line);) {
     const std::size_t colon = line.find(':');
     if (colon != std::string::npos) {
-      figures[line.substr(0, colon)] = std::atol(line.c_str() + colon + 1);
+      figures[line.substr(0, colon)] = std::strtol(line.c_str() + colon + 1, nullptr, 10);
     }
   }
   return figures;

@@ -2,17 +2,17 @@
 #include <memory>
 
 #include "app/Exercises.h"
-#include "app/Program.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
 #include "base/FileNames.h"
-#include "editing/UpdateCommands.h"
+#include "base/ProgramFiles.h"
 #include "instruction/Clips.h"
 #include "instruction/VoiceInstruction.h"
 #include "platform/QtChildProcesses.h"
 #include "speech/EngineSpeech.h"
 #include "update/Encoder.h"
 #include "update/ProcessMP3tag.h"
+#include "update/UpdateDriver.h"
 
 #include "Operations.h"
 #include "Suite.h"
@@ -27,16 +27,9 @@ using Files = std::vector<std::string>;
 constexpr const char* kSpokenName = "A name of my own";
 
 /// Drops what it is told: what a window or a terminal does with it is not measured.
-class NoScreen : public UserInterface {
+class NobodyWatching : public ProgressLog, public UpdateHost {
  public:
   void AddLineToUpdateList(std::string_view /*line*/) override {}
-  void ShowMessage(std::string_view /*text*/, std::string_view /*title*/) override {}
-  void ShowWorkoutNames() override {}
-  void UpdateWorkoutScreen() override {}
-  void UpdateExerciseScreen() override {}
-  void ShowUpdateForm() override {}
-  void HideUpdateForm() override {}
-  void OpenPlayList(const std::string& /*path*/) override {}
   bool KeepWaiting() override { return false; }
   bool StopRequested() override { return false; }
 };
@@ -69,7 +62,7 @@ class Workout {
     fs::create_directory("limit");
   }
 
-  void Update() { UpdateSelectedWorkout(program_); }
+  void Update() { UpdateCurrentWorkout(program_, nobody_, nobody_); }
 
   void Encode() { EncodeMP3file(processes_, "instruction0.wav", "temp.mp3"); }
 
@@ -104,7 +97,7 @@ class Workout {
                                       kSpokenName};
     for (int i = 0; i < MaxExercises; ++i) {
       ExerciseRecord& exercise = state_.Workout[i];
-      InitialiseExercise(exercise, state_.Settings, clock_);
+      InitialiseExercise(exercise, state_.Settings, clock_.Today());
       exercise.ExerciseName = kNames[i];
       exercise.NumberOfSets = MaxSets;
       for (int set = 0; set < MaxSets; ++set) {
@@ -123,7 +116,8 @@ class Workout {
 
   void MakeInstructions() {
     for (std::int16_t i = 0; i < MaxExercises; ++i) {
-      GenerateHumanVoiceInstruction(program_, i, "instruction" + std::to_string(i) + ".wav");
+      GenerateHumanVoiceInstruction(state_, i, "instruction" + std::to_string(i) + ".wav", speech_,
+                                    nobody_);
     }
   }
 
@@ -131,12 +125,12 @@ class Workout {
   Files songs_;
   std::vector<TaggedCopy> plans_;
   ProgramState state_;
-  NoScreen screen_;
+  NobodyWatching nobody_;
   SystemClock clock_;
   TimerSeededNumbers random_;
   QtChildProcesses processes_;
   EngineSpeech speech_{InstalledEngines(processes_)};
-  Program program_{state_, screen_, clock_, random_, processes_, speech_};
+  Program program_{state_, clock_, random_, processes_, speech_};
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "app/ProgramState.h"
 #include "base/Lines.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "update/RandomMusicList.h"
 
@@ -62,8 +63,8 @@ void CompareLines(const std::string& text, const std::vector<std::string>& expec
 }
 
 void Draw(FuzzInput& input, const std::vector<std::string>& lines) {
-  std::vector<double> numbers;
-  for (int i = 0; i < 4; ++i) numbers.push_back(input.TakeNumber() / 65536.0);
+  std::vector<double> numbers(4);
+  for (double& number : numbers) number = input.TakeNumber() / 65536.0;
   ScriptedNumbers random(numbers);
   const auto minimum = static_cast<std::int16_t>(input.TakeByte());
   const auto maximum = static_cast<std::int16_t>(input.TakeByte());

@@ -4,6 +4,7 @@
 
 #include "app/ProgramState.h"
 #include "base/Lines.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "update/RandomMusicList.h"
 
@@ -28,6 +29,20 @@ bool IsMusic(const std::string& name) {
   return end == ".mp3";
 }
 
+/// The name at the start of the input, which goes off it. No name leads out of its folder.
+std::string TakeName(std::span<const Byte>& names) {
+  const auto end = std::ranges::find(names, Byte{0});
+  std::string name(names.begin(), end);
+  names = end == names.end() ? std::span<const Byte>() : std::span(end + 1, names.end());
+  std::ranges::replace(name, '/', '_');
+  return name;
+}
+
+bool CanBeMade(const std::string& name, const fs::path& path) {
+  if (name.empty() || name == "." || name == ".." || name.size() > kLongestName) return false;
+  return !fs::exists(path) && path.native().size() <= 2000;
+}
+
 /// Makes what the input names: a file, or, where the name begins with "=", a folder, in which the
 /// further names are made. Returns the paths that the list must have.
 std::multiset<std::string> MakeMusic(std::span<const Byte> names, fs::path folder) {
@@ -35,13 +50,9 @@ std::multiset<std::string> MakeMusic(std::span<const Byte> names, fs::path folde
   bool lineBreakAbove = false;
   std::size_t count = 0;
   while (!names.empty() && count++ < kMostNames) {
-    const auto end = std::ranges::find(names, Byte{0});
-    std::string name(names.begin(), end);
-    names = end == names.end() ? std::span<const Byte>() : std::span(end + 1, names.end());
-    std::ranges::replace(name, '/', '_');
-    if (name.empty() || name == "." || name == ".." || name.size() > kLongestName) continue;
+    const std::string name = TakeName(names);
     const fs::path path = folder / name;
-    if (fs::exists(path) || path.native().size() > 2000) continue;
+    if (!CanBeMade(name, path)) continue;
     const bool breaks = lineBreakAbove || name.find_first_of("\r\n") != std::string::npos;
     if (name.starts_with('=')) {
       fs::create_directory(path);

@@ -26,6 +26,15 @@ std::size_t DigitsFrom(std::string_view text, std::size_t at) {
   return end - at;
 }
 
+/// The characters of an exponent at that place; 0 when there is none.
+std::size_t ExponentByRule(std::string_view text, std::size_t at) {
+  if (at >= text.size() || (text[at] != 'e' && text[at] != 'E')) return 0;
+  std::size_t digits = at + 1;
+  if (digits < text.size() && (text[digits] == '-' || text[digits] == '+')) ++digits;
+  const std::size_t count = DigitsFrom(text, digits);
+  return count > 0 ? digits + count - at : 0;
+}
+
 /// The characters of the number at the start of a trimmed text; 0 when there is none.
 std::size_t LengthByRule(std::string_view text) {
   std::size_t at = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
@@ -37,13 +46,7 @@ std::size_t LengthByRule(std::string_view text) {
     if (whole + decimals > 0) at += 1 + decimals;
   }
   if (whole + decimals == 0) return 0;
-  if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
-    std::size_t digits = at + 1;
-    if (digits < text.size() && (text[digits] == '-' || text[digits] == '+')) ++digits;
-    const std::size_t count = DigitsFrom(text, digits);
-    if (count > 0) at = digits + count;
-  }
-  return at;
+  return at + ExponentByRule(text, at);
 }
 
 double NumberByRule(std::string_view text) {

@@ -5,7 +5,6 @@
 #include "app/WorkoutFiles.h"
 #include "base/Text.h"
 
-#include "fakes/RecordingScreen.h"
 #include "support/Cost.h"
 #include "support/Fuzz.h"
 
@@ -46,23 +45,22 @@ void RequireSameTexts(const ExerciseRecord& a, const ExerciseRecord& b) {
   for (const auto& path : a.MusicFile) Require(IsUtf8(path.Text()), "texts are UTF-8");
 }
 
-std::unique_ptr<ProgramState> Load(const FuzzFolder& folder, RecordingScreen& screen) {
+std::unique_ptr<ProgramState> Load(const FuzzFolder& folder) {
   auto state = std::make_unique<ProgramState>();
   state->ProgramDirectory = folder.Path();
   state->WorkoutFileName = "Monday.RPV";
-  Require(LoadWorkout(*state, screen) == WorkoutLoad::kLoaded, "a file of any content is loaded");
+  Require(LoadWorkout(*state) == WorkoutLoad::kLoaded, "a file of any content is loaded");
   Require(state->NumberOfExercises >= 0 && state->NumberOfExercises <= MaxExercises, "the count");
   return state;
 }
 
 void LoadSaveLoad(const FuzzFolder& folder, std::span<const Byte> file) {
-  RecordingScreen screen;
-  const auto first = Load(folder, screen);
+  const auto first = Load(folder);
   SaveWorkout(*first);
   const Bytes saved = GetFile(kFile);
   Require(saved.size() == kWorkoutFileSize, "a saved file has its size");
   RequireNumbersKept(file, saved);
-  const auto second = Load(folder, screen);
+  const auto second = Load(folder);
   Require(first->NumberOfExercises == second->NumberOfExercises, "the count is kept");
   for (int i = 0; i < static_cast<int>(kExerciseSlots); ++i) {
     RequireSameTexts(first->Workout[i], second->Workout[i]);
@@ -77,10 +75,9 @@ void LoadSaveLoad(const FuzzFolder& folder, std::span<const Byte> file) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace repvolta;
   static const FuzzFolder folder;
-  static RecordingScreen noScreen;
   static const bool made = [] {
     ProgramState state;
-    LoadWorkoutNames(state, noScreen);
+    LoadWorkoutNames(state);
     return true;
   }();
   static_cast<void>(made);

@@ -8,7 +8,6 @@
 #include "editing/StartUp.h"
 #include "platform/QtChildProcesses.h"
 #include "platform/desktop/DesktopAudioOutputs.h"
-#include "platform/desktop/DesktopDocuments.h"
 #include "platform/desktop/SingleInstance.h"
 #include "speech/EngineSpeech.h"
 #include "ui/MessageBox.h"
@@ -17,7 +16,6 @@
 #include "ui/RepvoltaForm.h"
 #include "ui/UpdateForm.h"
 #include "ui/WindowLayout.h"
-#include "update/RandomMusicList.h"
 
 // The desktop program.
 
@@ -73,21 +71,12 @@ class Desktop {
 
   int Run(SingleInstance& instance) {
     instance.OnLaterStart([this] { Raise(form_); });
-    Form_Load(state_, form_,
-              {.speech = speech_,
-               .outputs = outputs_,
-               .compileMusicList = [this] { ListMusic(); },
-               .countRandomMusicFiles = [this] { CountRandomMusicFiles(state_); }});
+    Form_Load(form_.GetEditor(), outputs_);
     form_.show();
     return QApplication::exec();
   }
 
  private:
-  void ListMusic() {
-    const WhileWaiting waiting(pleaseWait_);
-    CompileMusicList(state_.Settings.MusicPath.Trimmed(), [this] { RunEvents(); });
-  }
-
   void RunEvents() {
     if (window_) window_->RunEvents();
   }
@@ -100,20 +89,11 @@ class Desktop {
   QtChildProcesses processes_{[this] { RunEvents(); }};
   EngineSpeech speech_{InstalledEngines(processes_)};
   DesktopAudioOutputs outputs_;
-  DesktopDocuments documents_;
   QtDialogs dialogs_;
   UpdateForm progress_;
   RandomMusicMessage pleaseWait_;
-  RepvoltaForm form_{{.state = state_,
-                      .clock = clock_,
-                      .random = random_,
-                      .processes = processes_,
-                      .speech = speech_,
-                      .dialogs = dialogs_,
-                      .progress = progress_,
-                      .pleaseWait = pleaseWait_,
-                      .openDocument = [this](const std::string& path) { documents_.Open(path); },
-                      .layoutFile = layoutFile_}};
+  Program program_{state_, clock_, random_, processes_, speech_};
+  RepvoltaForm form_{program_, dialogs_, progress_, pleaseWait_, layoutFile_};
 };
 
 int Run() {

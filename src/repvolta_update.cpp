@@ -7,17 +7,18 @@
 #include <string>
 #include <vector>
 
-#include "app/Program.h"
 #include "app/ProgramDirectory.h"
 #include "app/Settings.h"
 #include "app/Voice.h"
 #include "app/WorkoutDamage.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "platform/QtChildProcesses.h"
 #include "speech/EngineSpeech.h"
 #include "update/OutputPath.h"
+#include "update/Program.h"
 #include "update/RandomMusicList.h"
 #include "update/Steps.h"
 #include "update/UpdateDriver.h"
@@ -43,9 +44,8 @@ class CannotStart : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Prints the progress lines to standard output as they come. There is nobody to show boxes to:
-/// what they would say is logged.
-class Console : public UserInterface {
+/// Prints the progress lines to standard output as they come.
+class Console : public ProgressLog, public UpdateHost {
  public:
   bool SawError() const { return sawError_; }
   bool LostLine() const { return lostLine_; }
@@ -59,14 +59,6 @@ class Console : public UserInterface {
     std::cout.clear();
   }
 
-  void ShowMessage(std::string_view /*text*/, std::string_view /*title*/) override {}
-
-  void ShowWorkoutNames() override {}
-  void UpdateWorkoutScreen() override {}
-  void UpdateExerciseScreen() override {}
-  void ShowUpdateForm() override {}
-  void HideUpdateForm() override {}
-  void OpenPlayList(const std::string& /*path*/) override {}
   bool KeepWaiting() override { return false; }
   bool StopRequested() override { return stopSignal != 0; }
 
@@ -105,29 +97,29 @@ std::vector<std::string> ChosenWorkouts(const ProgramState& state,
 }
 
 /// Says what is wrong with the file that was loaded.
-void WarnOfFile(const Program& program) {
-  for (const std::string& warning : {OddSizeOf(program.state), DamageOf(program.state)}) {
-    if (!warning.empty()) program.screen.AddLineToUpdateList("WARNING: " + warning);
+void WarnOfFile(const ProgramState& state, ProgressLog& log) {
+  for (const std::string& warning : {OddSizeOf(state), DamageOf(state)}) {
+    if (!warning.empty()) log.AddLineToUpdateList("WARNING: " + warning);
   }
 }
 
-void UpdateWorkout(Program& program, const std::string& name) {
+void UpdateWorkout(Program& program, const std::string& name, Console& console) {
   program.state.WorkoutFileName = name;
   std::string failure = name + " could not be loaded";
   try {
-    if (LoadWorkout(program.state, program.screen) == WorkoutLoad::kLoaded) {
-      WarnOfFile(program);
-      UpdateCurrentWorkout(program);
+    if (LoadWorkout(program.state) == WorkoutLoad::kLoaded) {
+      WarnOfFile(program.state, console);
+      UpdateCurrentWorkout(program, console, console);
       return;
     }
   } catch (const std::exception& error) {
     failure = error.what();
   }
-  program.screen.AddLineToUpdateList("ERROR: " + failure);
+  console.AddLineToUpdateList("ERROR: " + failure);
 }
 
 /// Reads the settings, the list of workouts and the count of random music. Throws CannotStart.
-void Load(ProgramState& state, UserInterface& screen, const std::string& executable) {
+void Load(ProgramState& state, const std::string& executable) {
   state.ProgramDirectory = FindProgramDirectory(executable);
   const std::string settings = state.ProgramDirectory + kSettingsFile;
   if (!FileExists(settings)) {
@@ -140,24 +132,24 @@ void Load(ProgramState& state, UserInterface& screen, const std::string& executa
     throw CannotStart("no Output file path has been specified");
   }
   SetUpVoice(state);
-  LoadWorkoutNames(state, screen);
+  LoadWorkoutNames(state);
   CountRandomMusicFiles(state);
 }
 
 int Run(const std::string& executable, const std::vector<std::string>& arguments) {
   const std::vector<std::string> operands = Operands(arguments);
   ProgramState state;
-  Console console;
-  Load(state, console, executable);
+  Load(state, executable);
   const std::vector<std::string> workouts = ChosenWorkouts(state, operands);
   const UpdateLock lock(state.ProgramDirectory);
 
+  Console console;
   SystemClock clock;
   TimerSeededNumbers random;
-  QtChildProcesses processes([&console] { Steps(console).CheckStop(); });
+  QtChildProcesses processes([&console] { Steps(console, console).CheckStop(); });
   EngineSpeech speech(InstalledEngines(processes));
-  Program program{state, console, clock, random, processes, speech};
-  for (const std::string& workout : workouts) UpdateWorkout(program, workout);
+  Program program{state, clock, random, processes, speech};
+  for (const std::string& workout : workouts) UpdateWorkout(program, workout, console);
   if (console.LostLine()) {
     std::cerr << "repvolta-update: The progress lines could not be written\n";
     return kDoneWithErrors;

@@ -12,9 +12,11 @@
 #include "base/File.h"
 #include "base/FileNames.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "base/WholeFile.h"
 #include "mp3/GetPlayTime.h"
 #include "mp3/RepvoltaMP3v2.h"
+#include "platform/Clock.h"
 #include "platform/QtChildProcesses.h"
 #include "sound/WavFormat.h"
 #include "update/RandomMusicList.h"
@@ -87,7 +89,7 @@ class WorkoutMaker {
     state_.NumberOfExercises = 0;
     state_.WorkoutFileName = name + std::string(kWorkoutExtension);
     for (int i = 0; i < MaxExercises; ++i) {
-      InitialiseExercise(state_.Workout[i], state_.Settings, clock_);
+      InitialiseExercise(state_.Workout[i], state_.Settings, clock_.Today());
     }
     return *this;
   }

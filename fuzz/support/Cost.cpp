@@ -73,7 +73,8 @@ LinearCost::~LinearCost() {
 
 }  // namespace repvolta
 
-// The linker puts this in the place of pread (--wrap).
+// The linker puts this in the place of pread (--wrap), and gives the names.
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
 extern "C" ssize_t __real_pread(int descriptor, void* buffer, std::size_t count, off_t offset);
 
 extern "C" ssize_t __wrap_pread(int descriptor, void* buffer, std::size_t count, off_t offset) {
@@ -82,3 +83,4 @@ extern "C" ssize_t __wrap_pread(int descriptor, void* buffer, std::size_t count,
   if (result > 0) repvolta::cost.bytesRead += static_cast<std::uint64_t>(result);
   return result;
 }
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)

@@ -4,8 +4,7 @@
 
 namespace repvolta {
 
-void InitialiseExercise(ExerciseRecord& exercise, const SettingsRecord& settings,
-                        const Clock& clock) {
+void InitialiseExercise(ExerciseRecord& exercise, const SettingsRecord& settings, double today) {
   const std::int16_t targetTime = CheckedInt16(std::int64_t{settings.DefaultExerciseTime} * 60);
   for (int i = 0; i < MaxMusicFiles; ++i) {
     exercise.MusicFile[i] = {};
@@ -19,7 +18,7 @@ void InitialiseExercise(ExerciseRecord& exercise, const SettingsRecord& settings
     exercise.SetValue1[i] = exercise.SetValue2[i] = 0;
     exercise.SetIncrement1[i] = exercise.SetIncrement2[i] = 0;
     exercise.SetFrequency1[i] = exercise.SetFrequency2[i] = 0;
-    exercise.NextUpdate1[i] = exercise.NextUpdate2[i] = clock.Today();
+    exercise.NextUpdate1[i] = exercise.NextUpdate2[i] = today;
   }
   exercise.SetType = kWeightAndReps;
   exercise.UserField1Name = "User1";

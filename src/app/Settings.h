@@ -4,9 +4,6 @@
 
 namespace repvolta {
 
-/// In the program directory.
-inline constexpr const char* kSettingsFile = "settings.dat";
-
 /// Fills the settings from the file in the current directory, or with the defaults when there is
 /// none. Throws FileError when it cannot be read; the settings are then as they were, and are not
 /// saved.

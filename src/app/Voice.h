@@ -4,9 +4,8 @@
 
 namespace repvolta {
 
-/// Sets the speaking voice up from the settings, as it then stays until the next start but for a
-/// newly chosen voice: rate and volume are heard from the next start on, and the format always
-/// begins as SAFT16kHz16BitMono. Both are meant so.
+/// Sets the speaking voice up from the settings. A rate or volume that is chosen later is heard
+/// from the next start on (quirk 112); the format always begins as SAFT16kHz16BitMono (quirk 111).
 void SetUpVoice(ProgramState& state);
 
 }  // namespace repvolta

@@ -5,18 +5,18 @@
 #include <sys/stat.h>
 
 #include "app/RecordFormat.h"
-#include "app/ScreenUpdate.h"
-#include "app/WorkoutDamage.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/Folder.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "base/WholeFile.h"
 
 namespace repvolta {
 namespace {
 
 std::string WorkoutPath(const ProgramState& state, const std::string& directory = "") {
-  return ExistingName(directory + std::string(kWorkoutFolder) + state.WorkoutFileName);
+  return ExistingName(directory + kWorkoutFolder + state.WorkoutFileName);
 }
 
 bool IsFileKnown(const ProgramState& state) {
@@ -51,7 +51,8 @@ void MakeWorkoutFolder() {
   }
 }
 
-/// Counts the named exercises up to the first blank name; later names are never looked at.
+/// Counts the named exercises up to the first blank name; later names are never looked at
+/// (quirk 103).
 std::int16_t CountExercises(ExerciseSlots& workout) {
   for (std::int16_t i = 0; i < MaxExercises; ++i) {
     workout[i].ExerciseName = workout[i].ExerciseName.Trimmed();
@@ -69,61 +70,21 @@ void ReadWorkout(ProgramState& state, const std::string& path) {
   state.NumberOfExercises = CountExercises(state.Workout);
 }
 
-/// What keeps a damaged workout from being shown as a whole is not told: that it is damaged says
-/// more.
-void ShowLoaded(const ProgramState& state, UserInterface& screen) {
-  try {
-    screen.UpdateWorkoutScreen();
-    screen.UpdateExerciseScreen();
-  } catch (const std::exception&) {
-    if (DamageOf(state).empty()) throw;
-  }
-}
-
-/// What the lists of the window have rows for.
-std::vector<std::string> RowsOf(const ProgramState& state) {
-  std::vector<std::string> rows;
-  for (int i = 0; i < state.NumberOfExercises; ++i) {
-    const ExerciseRecord& exercise = state.Workout[i];
-    rows.push_back(exercise.ExerciseName.Text() + "/" + std::to_string(exercise.NumberOfSets));
-    if (i != state.CurrentExercise) continue;
-    const int files = std::min<int>(exercise.NumberOfMusicFiles, MaxMusicFiles);
-    for (int j = 0; j < files; ++j) rows.push_back(exercise.MusicFile[j].Text());
-  }
-  return rows;
-}
-
 }  // namespace
 
-void LoadWorkoutNames(ProgramState& state, UserInterface& screen) {
-  const ScreenUpdate updating(state);
-  MakeWorkoutFolder();
-  state.WorkoutNames = ListFiles(std::string(kWorkoutFolder), kWorkoutExtension);
+void LoadWorkoutNames(ProgramState& state) {
+  MakeFolder(kWorkoutFolder);
+  state.WorkoutNames = ListFiles(kWorkoutFolder, kWorkoutExtension);
   state.NumberOfWorkouts = CheckedInt16(static_cast<std::int64_t>(state.WorkoutNames.size()));
-  screen.ShowWorkoutNames();
 }
 
-WorkoutLoad LoadUnshownWorkout(ProgramState& state, UserInterface& screen) {
+WorkoutLoad LoadWorkout(ProgramState& state) {
   if (TrimBlanks(state.WorkoutFileName).empty()) return WorkoutLoad::kNoName;
   const std::string path = WorkoutPath(state);
-  if (!FileExists(path)) {
-    screen.ShowMessage("Error: Workout file not found");
-    return WorkoutLoad::kNotFound;
-  }
+  if (!FileExists(path)) return WorkoutLoad::kNotFound;
   ReadWorkout(state, path);
   state.CurrentExercise = 0;
   return WorkoutLoad::kLoaded;
-}
-
-void ShowLoadedWorkout(const ProgramState& state, UserInterface& screen) {
-  ShowLoaded(state, screen);
-  if (const std::string damage = DamageOf(state); !damage.empty()) screen.ShowMessage(damage);
-}
-
-WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen) {
-  const WorkoutLoad load = LoadUnshownWorkout(state, screen);
-  if (load == WorkoutLoad::kLoaded) ShowLoadedWorkout(state, screen);
-  return load;
 }
 
 void SaveWorkout(ProgramState& state) {
@@ -154,17 +115,9 @@ bool WorkoutChangedOnDisk(const ProgramState& state) {
   return IsOtherThanKnown(state, WorkoutPath(state, state.ProgramDirectory));
 }
 
-void ReloadChangedWorkout(ProgramState& state, UserInterface& screen) {
-  if (!WorkoutChangedOnDisk(state)) return;
-  const std::vector<std::string> rows = RowsOf(state);
+void ReadWorkoutAgain(ProgramState& state) {
   ReadWorkout(state, WorkoutPath(state, state.ProgramDirectory));
   if (state.CurrentExercise >= state.NumberOfExercises) state.CurrentExercise = 0;
-  ShowLoaded(state, screen);
-  if (RowsOf(state) == rows) return;
-  const std::string damage = DamageOf(state);
-  throw WorkoutReplaced(state.WorkoutFileName +
-                        " was changed by another program and has been loaded again." +
-                        (damage.empty() ? "" : "\r" + damage));
 }
 
 }  // namespace repvolta

@@ -1,31 +1,19 @@
 #pragma once
 
-#include <stdexcept>
-#include <string>
-#include <string_view>
-
-#include "app/Program.h"
+#include "app/ProgramState.h"
 
 namespace repvolta {
 
-inline constexpr std::string_view kWorkoutFolder = "workouts/";
-inline constexpr std::string_view kWorkoutExtension = ".RPV";
-
-/// Refills WorkoutDropBox and its count from the workout folder, in name order; the folder is made
+/// Fills WorkoutNames and their count from the workout folder, in name order; the folder is made
 /// when it is missing. Throws FileError.
-void LoadWorkoutNames(ProgramState& state, UserInterface& screen);
+void LoadWorkoutNames(ProgramState& state);
 
 enum class WorkoutLoad { kLoaded, kNoName, kNotFound };
 
-/// Reads the file named by WorkoutFileName into Workout, selects its first exercise and refreshes
-/// both tabs. Says so when there is no such file, or when what was loaded is damaged. Throws
-/// FileError when it cannot be read. Where it is not loaded, the workout in memory is as it was.
-WorkoutLoad LoadWorkout(ProgramState& state, UserInterface& screen);
-
-/// The two halves of LoadWorkout: whoever goes on with a workout that cannot be shown must know
-/// that it was loaded. The first refreshes nothing; the second throws what the refresh throws.
-WorkoutLoad LoadUnshownWorkout(ProgramState& state, UserInterface& screen);
-void ShowLoadedWorkout(const ProgramState& state, UserInterface& screen);
+/// Reads the file named by WorkoutFileName into Workout and makes its first exercise the current
+/// one. Throws FileError when it cannot be read. Where it is not loaded, the workout in memory is
+/// as it was.
+WorkoutLoad LoadWorkout(ProgramState& state);
 
 /// Makes the program directory current and writes Workout to the file named by WorkoutFileName, all
 /// or nothing; without a name it writes nothing. Throws FileError, also when the file holds what
@@ -40,15 +28,8 @@ void ReplaceWorkoutFile(ProgramState& state);
 /// SaveWorkout: it is then to be loaded again before it is shown or edited. False when it is gone.
 bool WorkoutChangedOnDisk(const ProgramState& state);
 
-/// The rows that the person saw and selected are no longer those of the workout.
-class WorkoutReplaced : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-/// Loads the workout in memory again when another process has changed its file, and refreshes both
-/// tabs; the current exercise stays. Throws FileError; or WorkoutReplaced when not only values have
-/// grown but exercises, sets or the music of the current exercise are others.
-void ReloadChangedWorkout(ProgramState& state, UserInterface& screen);
+/// Reads the file of the workout in memory again, whatever it holds now; the current exercise stays
+/// where there is still one of its number. Throws FileError.
+void ReadWorkoutAgain(ProgramState& state);
 
 }  // namespace repvolta

@@ -8,11 +8,12 @@ namespace repvolta {
 
 /// The decimal number at the start of a text: blanks, an optional sign, digits with an optional
 /// point, an optional exponent; what follows is ignored. 0 when there is none: "nan", "inf" and
-/// "0x10" start with no other number. Too large for a double: infinity. Same in every locale.
+/// "0x10" start with no other number. Too large for a double: infinity. Same in every locale
+/// (quirk 22).
 double LeadingNumber(std::string_view text);
 
 /// A number as the instruction sentence shows it: at most 7 significant digits, no trailing zeros,
-/// nothing before the point when the magnitude is below 1 (".5", "-.25").
+/// nothing before the point when the magnitude is below 1 (".5", "-.25"; quirk 4).
 std::string NumberText(float value);
 std::string NumberText(std::int16_t value);
 
@@ -20,13 +21,13 @@ std::string NumberText(std::int16_t value);
 std::string ListNumberText(float value);
 
 /// The standard conversion of a whole number: a blank stands where a minus sign would ("5" is "
-/// 5").
+/// 5"; quirk 20).
 std::string StandardNumberText(std::int32_t value);
 
 /// Seconds as minutes and seconds with at least two digits each: "05:20", "546:07".
 std::string FormatTime(std::int16_t seconds);
 
-/// The nearest whole number, halves to even. Throws std::overflow_error outside 16 bits.
+/// The nearest whole number, halves to even (quirk 21). Throws std::overflow_error outside 16 bits.
 std::int16_t RoundToInt16(double value);
 
 /// `value` as a 16-bit number. Throws std::overflow_error when it does not fit.

@@ -34,6 +34,9 @@ class Dialogs {
 
   /// AboutForm.
   virtual void ShowAbout() = 0;
+
+  /// Opens a document with the program that the desktop has for it, and does not wait for its end.
+  virtual void OpenDocument(const std::string& path) = 0;
 };
 
 }  // namespace repvolta

@@ -3,11 +3,13 @@
 #include <functional>
 #include <string>
 
-#include "app/Program.h"
+#include "app/ProgressLog.h"
 #include "base/FileError.h"
 #include "editing/Dialogs.h"
 #include "editing/MainScreen.h"
 #include "editing/ProgressWindows.h"
+#include "update/Program.h"
+#include "update/UpdateHost.h"
 
 namespace repvolta {
 
@@ -16,8 +18,11 @@ enum class CheckBox { kUnticked, kTicked };
 /// What the editing commands work with.
 struct Editor {
   Program& program;
+  ProgressLog& log;
+  UpdateHost& host;
   MainScreen& screen;
   Dialogs& dialogs;
+  ProgressWindow& progress;
   PleaseWait& pleaseWait;
   /// Lets the windows live during long work; throws UpdateStopped when the person ends the program.
   std::function<void()> runEvents;
@@ -26,7 +31,7 @@ struct Editor {
   ExerciseRecord& Exercise() const { return State().Workout[State().CurrentExercise]; }
 };
 
-/// A change that is in memory, and could not be saved: the file is as it was. The text says so.
+/// A change that is in memory, and could not be saved. The text says so.
 class UnsavedChange : public FileError {
  public:
   explicit UnsavedChange(const FileError& error);

@@ -31,13 +31,15 @@ void AddExerciseButton_Click(Editor& editor) {
   ProgramState& state = editor.State();
   if (!HasWorkout(state)) return;
   if (state.NumberOfExercises >= MaxExercises) {
+    // Quirk 101.
     editor.dialogs.ShowMessage("Maxmimum number of Exercises reached. Cannot add any more.");
     return;
   }
   const std::string name = editor.dialogs.SelectExercise();
   // A name of blanks would mark the slot as not used.
   if (TrimBlanks(name).empty()) return;
-  InitialiseExercise(state.Workout[state.NumberOfExercises], state.Settings, editor.program.clock);
+  InitialiseExercise(state.Workout[state.NumberOfExercises], state.Settings,
+                     editor.program.clock.Today());
   state.CurrentExercise = state.NumberOfExercises;
   ++state.NumberOfExercises;
   editor.Exercise().ExerciseName = name;

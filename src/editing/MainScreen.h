@@ -3,19 +3,21 @@
 #include <string>
 #include <vector>
 
-#include "app/UserInterface.h"
-
 namespace repvolta {
 
 enum class WindowTab { kWorkout, kExercise, kSettings };
 
-/// The main window as the start-up and the editing commands see it, beyond what an update asks for.
-/// Nothing that these calls change in a control counts as a choice of the person.
-class MainScreen : public UserInterface {
+/// The main window as the start-up and the commands see it. Nothing that these calls change in a
+/// control counts as a choice of the person.
+class MainScreen {
  public:
-  /// SelectDirectory. Empty when it was cancelled.
-  virtual std::string SelectDirectory() = 0;
+  virtual ~MainScreen() = default;
 
+  /// Refills WorkoutDropBox from the state's WorkoutNames; nothing is selected then.
+  virtual void ShowWorkoutNames() = 0;
+
+  virtual void UpdateWorkoutScreen() = 0;
+  virtual void UpdateExerciseScreen() = 0;
   virtual void UpdateSettingsScreen() = 0;
 
   /// Shows MusicPath and OutputPath of the settings.

@@ -15,8 +15,8 @@ FieldNames FieldNamesOf(const ExerciseRecord& exercise);
 std::string SummaryLine(const ExerciseRecord& exercise);
 
 /// The days from `now` to the next growth of a value: " 5", "N/A" when it does not grow, "Due" when
-/// the day has passed. " 0" can stand on a day when an update does not let it grow yet; this is
-/// meant. Throws std::overflow_error when the day is too far off for 16 bits, or none.
+/// the day has passed. " 0" can stand on a day when an update does not let it grow yet
+/// (quirk 32). Throws std::overflow_error when the day is too far off for 16 bits, or none.
 std::string DaysText(float frequency, double nextUpdate, double now);
 
 /// The days of both values: " 5, N/A"; "Never" for a day that is too far off.

@@ -5,6 +5,7 @@
 #include "app/WorkoutFiles.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "editing/MusicListing.h"
 #include "update/RandomMusicList.h"
 
 namespace repvolta {
@@ -48,16 +49,12 @@ void ExerciseTimeButton_Click(Editor& editor) {
 void CompileMusicList_Click(Editor& editor) {
   ProgramState& state = editor.State();
   MakeProgramDirectoryCurrent(state);
-  const std::string path = state.Settings.MusicPath.Trimmed();
-  if (path.empty()) {
+  if (state.Settings.MusicPath.IsBlank()) {
     editor.dialogs.ShowMessage(
         "No music path has been defined, cannot compile random music file list.");
     return;
   }
-  {
-    const WhileWaiting waiting(editor.pleaseWait);
-    CompileMusicList(path, editor.runEvents);
-  }
+  ListMusic(editor);
   editor.dialogs.ShowMessage("The random music list has been compiled.");
   CountRandomMusicFiles(state);
   editor.screen.UpdateSettingsScreen();

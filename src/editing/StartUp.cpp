@@ -4,10 +4,13 @@
 #include "app/ScreenUpdate.h"
 #include "app/Settings.h"
 #include "app/Voice.h"
-#include "app/WorkoutFiles.h"
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
+#include "editing/LoadedWorkout.h"
+#include "editing/MusicListing.h"
+#include "update/RandomMusicList.h"
 
 namespace repvolta {
 namespace {
@@ -16,12 +19,12 @@ constexpr int kNone = -1;
 
 /// One step of the start: a failure is told, and the start goes on without the step. Returns
 /// whether it was done.
-bool Try(UserInterface& screen, const std::function<void()>& step) {
+bool Try(const Editor& editor, const std::function<void()>& step) {
   try {
     step();
     return true;
   } catch (const std::exception& error) {
-    screen.ShowMessage(error.what());
+    editor.dialogs.ShowMessage(error.what());
     return false;
   }
 }
@@ -31,7 +34,9 @@ void ClampLastWorkoutIndex(ProgramState& state) {
   if (index < 0 || index > state.NumberOfWorkouts - 1) index = 0;
 }
 
-void LoadLastWorkout(ProgramState& state, MainScreen& screen) {
+void LoadLastWorkout(const Editor& editor) {
+  ProgramState& state = editor.State();
+  MainScreen& screen = editor.screen;
   if (state.NumberOfWorkouts < 1) {
     screen.EnableWorkoutControls();
     return;
@@ -41,7 +46,7 @@ void LoadLastWorkout(ProgramState& state, MainScreen& screen) {
   screen.EnableWorkoutControls();
   screen.SelectWorkout(index);
   try {
-    LoadWorkout(state, screen);
+    LoadAndShowWorkout(editor);
   } catch (const FileError&) {
     // What could not be read is not to be edited: an empty workout would take its place.
     state.WorkoutFileName.clear();
@@ -51,89 +56,96 @@ void LoadLastWorkout(ProgramState& state, MainScreen& screen) {
   }
 }
 
-void SetUpSpeech(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
-  Try(screen, [&] { screen.ShowVoices(services.speech.VoiceNames()); });
-  screen.ShowAudioOutputs(services.outputs.Names());
-  SetUpVoice(state);
-  screen.ShowFormats();
+void SetUpSpeech(const Editor& editor, AudioOutputs& outputs) {
+  Try(editor, [&] { editor.screen.ShowVoices(editor.program.speech.VoiceNames()); });
+  editor.screen.ShowAudioOutputs(outputs.Names());
+  SetUpVoice(editor.State());
+  editor.screen.ShowFormats();
 }
 
 /// Message, picker: the folder that the person chose; none when its path cannot be kept, which is
 /// told.
-FixedText<256> AskForFolder(MainScreen& screen, std::string_view text, std::string_view title) {
-  screen.ShowMessage(text, title);
-  const std::string folder = screen.SelectDirectory();
+FixedText<256> AskForFolder(const Editor& editor, std::string_view text, std::string_view title) {
+  editor.dialogs.ShowMessage(text, title);
+  const std::string folder = editor.dialogs.SelectDirectory();
   FixedText<256> path;
-  Try(screen, [&] { path = PathField(folder); });
+  Try(editor, [&] { path = PathField(folder); });
   return path;
 }
 
-void AskForMusic(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
-  state.Settings.MusicPath =
-      AskForFolder(screen,
+void CountMusic(const Editor& editor) {
+  Try(editor, [&] { CountRandomMusicFiles(editor.State()); });
+}
+
+void AskForMusic(const Editor& editor) {
+  editor.State().Settings.MusicPath =
+      AskForFolder(editor,
                    "Repvolta needs to know where your MP3 music files are loacted.\r"
                    "These are the music files Repvolta will use to create your workout.\r"
                    "Press ENTER to select where your files are located",
                    "Find your music files");
-  screen.ShowPaths();
-  Try(screen, [&] {
-    services.compileMusicList();
-    screen.ShowMessage("The random music list has been compiled.");
+  editor.screen.ShowPaths();
+  Try(editor, [&] {
+    ListMusic(editor);
+    editor.dialogs.ShowMessage("The random music list has been compiled.");
   });
-  Try(screen, services.countRandomMusicFiles);
+  CountMusic(editor);
 }
 
-void AskForOutput(ProgramState& state, MainScreen& screen) {
-  state.Settings.OutputPath = AskForFolder(
-      screen,
+void AskForOutput(const Editor& editor) {
+  editor.State().Settings.OutputPath = AskForFolder(
+      editor,
       "Repvolta now needs to know what directory you want to store your Exercise files "
       "in.\r"
       "It is recommended you create a new directory just for this purpose.\r"
       "Press ENTER to select a directory.",
       "Select your output directory");
-  screen.ShowPaths();
+  editor.screen.ShowPaths();
 }
 
 }  // namespace
 
-void Form_Load(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
+void Form_Load(const Editor& editor, AudioOutputs& outputs) {
+  ProgramState& state = editor.State();
   MakeProgramDirectoryCurrent(state);
   bool isSetUp = false;
   // Until it is known whether there are settings, none may be saved in their place.
-  state.SettingsAreUnread = !Try(screen, [&] { isSetUp = FirstRunSetup(state, screen, services); });
-  screen.ShowTab(WindowTab::kWorkout);
-  Try(screen, [&] { LoadWorkoutNames(state, screen); });
-  if (!isSetUp && !state.SettingsAreUnread) Try(screen, [&] { LoadSettings(state); });
+  state.SettingsAreUnread = !Try(editor, [&] { isSetUp = FirstRunSetup(editor); });
+  editor.screen.ShowTab(WindowTab::kWorkout);
+  Try(editor, [&] { ListWorkouts(editor); });
+  if (!isSetUp && !state.SettingsAreUnread) Try(editor, [&] { LoadSettings(state); });
   const ScreenUpdate updating(state);
   ClampLastWorkoutIndex(state);
-  Try(screen, [&] { LoadLastWorkout(state, screen); });
-  SetUpSpeech(state, screen, services);
-  Try(screen, services.countRandomMusicFiles);
-  screen.UpdateSettingsScreen();
+  Try(editor, [&] { LoadLastWorkout(editor); });
+  SetUpSpeech(editor, outputs);
+  CountMusic(editor);
+  editor.screen.UpdateSettingsScreen();
 }
 
-bool FirstRunSetup(ProgramState& state, MainScreen& screen, const StartUpServices& services) {
+bool FirstRunSetup(const Editor& editor) {
   if (FileExists(kSettingsFile)) return false;
-  // The slips in these texts are meant.
-  screen.ShowMessage(
+  // The slips in these texts are quirk 120.
+  editor.dialogs.ShowMessage(
       "This is the first time the program has been executed, so lets set up some simple stuff "
       "first to get started.\rPress ENETER to begin.",
       "Welcome to Repvolta");
-  AskForMusic(state, screen, services);
-  AskForOutput(state, screen);
-  state.Settings.DefaultExerciseTime = 5;
-  state.Settings.IncludeWeightValues = kTrue;
-  state.Settings.VoiceVolume = 100;
-  Try(screen, [&] { SaveSettings(state); });
+  AskForMusic(editor);
+  AskForOutput(editor);
+  SettingsRecord& settings = editor.State().Settings;
+  settings.DefaultExerciseTime = 5;
+  settings.IncludeWeightValues = kTrue;
+  settings.VoiceVolume = 100;
+  Try(editor, [&] { SaveSettings(editor.State()); });
   return true;
 }
 
-void ExitButton_Click(ProgramState& state, MainScreen& screen) {
-  Try(screen, [&] {
+void ExitButton_Click(const Editor& editor) {
+  Try(editor, [&] {
+    ProgramState& state = editor.State();
     MakeProgramDirectoryCurrent(state);
     // Before the selection is stored: it counts also where it is that of the start.
     ReloadChangedSettings(state);
-    state.Settings.LastWorkoutIndex = CheckedInt16(screen.SelectedWorkout());
+    state.Settings.LastWorkoutIndex = CheckedInt16(editor.screen.SelectedWorkout());
     SaveSettings(state);
   });
 }

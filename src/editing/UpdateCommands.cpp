@@ -1,70 +1,86 @@
 #include "editing/UpdateCommands.h"
 
-#include "app/WorkoutFiles.h"
-#include "base/FileError.h"
+#include <optional>
+#include <string>
+#include <vector>
+
 #include "base/Text.h"
+#include "editing/LoadedWorkout.h"
 #include "update/OutputPath.h"
+#include "update/Steps.h"
 #include "update/UpdateDriver.h"
 #include "update/UpdateLock.h"
 
 namespace repvolta {
 namespace {
 
-bool CanUpdate(Program& program) {
-  MakeProgramDirectoryCurrent(program.state);
-  if (TrimBlanks(program.state.WorkoutFileName).empty()) return false;
-  if (!IsOutputPathMissing(program.state.Settings)) return true;
-  program.screen.ShowMessage("Cannot perform update, no Output file path has been specified.");
+bool CanUpdate(const Editor& editor) {
+  MakeProgramDirectoryCurrent(editor.State());
+  if (TrimBlanks(editor.State().WorkoutFileName).empty()) return false;
+  if (!IsOutputPathMissing(editor.State().Settings)) return true;
+  editor.dialogs.ShowMessage("Cannot perform update, no Output file path has been specified.");
   return false;
 }
 
+/// What the window adds to an update. What goes wrong here is a line of the update, too.
+void UpdateAndShow(const Editor& editor) {
+  const auto playList = UpdateCurrentWorkout(editor.program, editor.log, editor.host);
+  if (!playList) return;
+  if (editor.State().UpdatingAllWorkouts) editor.progress.Hide();
+  Steps steps(editor.log, editor.host);
+  steps.Run([&] { editor.screen.UpdateExerciseScreen(); });
+  if (editor.State().Settings.AutoLoadPlaylist == kTrue) {
+    steps.Run([&] { editor.dialogs.OpenDocument(*playList); });
+  }
+}
+
 /// kNotFound also when it could not be read, which is told.
-WorkoutLoad LoadOrTell(Program& program) {
+WorkoutLoad LoadOrTell(const Editor& editor) {
   try {
-    return LoadUnshownWorkout(program.state, program.screen);
+    return LoadOrSayNotFound(editor);
   } catch (const std::exception& error) {
-    program.screen.ShowMessage(error.what());
+    editor.dialogs.ShowMessage(error.what());
     return WorkoutLoad::kNotFound;
   }
 }
 
-void ShowOrTell(Program& program) {
+void ShowOrTell(const Editor& editor) {
   try {
-    ShowLoadedWorkout(program.state, program.screen);
+    ShowLoadedWorkout(editor);
   } catch (const std::exception& error) {
-    program.screen.ShowMessage(program.state.WorkoutFileName +
+    editor.dialogs.ShowMessage(editor.State().WorkoutFileName +
                                " cannot be shown as a whole, but is updated all the same.\r" +
                                error.what());
   }
 }
 
-void LoadAndUpdate(Program& program, const std::string& name) {
-  program.state.WorkoutFileName = name;
-  const WorkoutLoad load = LoadOrTell(program);
+void LoadAndUpdate(const Editor& editor, const std::string& name) {
+  editor.State().WorkoutFileName = name;
+  const WorkoutLoad load = LoadOrTell(editor);
   // The workout before must not be saved under this one's name.
   if (load == WorkoutLoad::kNotFound) return;
-  if (load == WorkoutLoad::kLoaded) ShowOrTell(program);
-  UpdateCurrentWorkout(program);
+  if (load == WorkoutLoad::kLoaded) ShowOrTell(editor);
+  UpdateAndShow(editor);
 }
 
 }  // namespace
 
-void UpdateSelectedWorkout(Program& program) {
-  if (!CanUpdate(program)) return;
-  const UpdateLock lock(program.state.ProgramDirectory);
-  program.state.UpdatingAllWorkouts = false;
-  UpdateCurrentWorkout(program);
+void UpdateSelectedWorkoutButton_Click(const Editor& editor) {
+  if (!CanUpdate(editor)) return;
+  const UpdateLock lock(editor.State().ProgramDirectory);
+  editor.State().UpdatingAllWorkouts = false;
+  UpdateAndShow(editor);
 }
 
-void UpdateAllWorkouts(Program& program) {
-  if (!CanUpdate(program)) return;
-  const UpdateLock lock(program.state.ProgramDirectory);
-  program.state.UpdatingAllWorkouts = true;
-  const std::vector<std::string> names = program.state.WorkoutNames;
-  for (const std::string& name : names) LoadAndUpdate(program, name);
-  // One pass more than there are workouts: the command ends with no workout's name. Meant so.
-  LoadAndUpdate(program, "");
-  program.screen.ShowMessage("Update COMPLETED on all Workouts");
+void UpdateAllWorkoutsButton_Click(const Editor& editor) {
+  if (!CanUpdate(editor)) return;
+  const UpdateLock lock(editor.State().ProgramDirectory);
+  editor.State().UpdatingAllWorkouts = true;
+  const std::vector<std::string> names = editor.State().WorkoutNames;
+  for (const std::string& name : names) LoadAndUpdate(editor, name);
+  // One pass more than there are workouts: the command ends with no workout's name (quirk 56).
+  LoadAndUpdate(editor, "");
+  editor.dialogs.ShowMessage("Update COMPLETED on all Workouts");
 }
 
 }  // namespace repvolta

@@ -6,12 +6,13 @@
 
 #include "app/Exercises.h"
 #include "app/ScreenUpdate.h"
-#include "app/WorkoutFiles.h"
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
+#include "editing/LoadedWorkout.h"
 
 namespace repvolta {
 namespace {
@@ -66,7 +67,7 @@ void ListNewWorkout(Editor& editor, const std::string& name) {
 void InitialiseWorkout(Editor& editor) {
   ProgramState& state = editor.State();
   for (int i = 0; i < MaxExercises; ++i) {
-    InitialiseExercise(state.Workout[i], state.Settings, editor.program.clock);
+    InitialiseExercise(state.Workout[i], state.Settings, editor.program.clock.Today());
   }
 }
 
@@ -98,11 +99,11 @@ void CreateNewWorkoutButton_Click(Editor& editor) {
   PreviousWorkout previous(editor);
   ListNewWorkout(editor, name);
   InitialiseWorkout(editor);
-  // An empty workout takes the place of one that has this name already: this is meant.
+  // An empty workout takes the place of one that has this name already (quirk 104).
   ReplaceWorkoutFile(editor.State());
   SaveWorkout(editor.State());
   previous.LetNewOneStand();
-  LoadWorkout(editor.State(), editor.screen);
+  LoadAndShowWorkout(editor);
 }
 
 void DeleteSelectedWorkoutButton_Click(Editor& editor) {
@@ -112,9 +113,9 @@ void DeleteSelectedWorkoutButton_Click(Editor& editor) {
                               "Delete Workout")) {
     return;
   }
-  // The name alone, in the current directory and not in the workout folder: this is meant.
+  // The name alone, in the current directory and not in the workout folder (quirk 105).
   DeleteWorkoutFile(ExistingName(state.WorkoutFileName));
-  LoadWorkoutNames(state, editor.screen);
+  ListWorkouts(editor);
   state.WorkoutFileName.clear();
 }
 
@@ -133,7 +134,7 @@ void WorkoutDropBox_Click(Editor& editor, const std::string& name) {
     editor.screen.SelectWorkout(IndexOf(state, before));
   };
   try {
-    if (LoadWorkout(state, editor.screen) != WorkoutLoad::kLoaded) goBack();
+    if (LoadAndShowWorkout(editor) != WorkoutLoad::kLoaded) goBack();
   } catch (const FileError&) {
     goBack();
     throw;

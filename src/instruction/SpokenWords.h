@@ -25,7 +25,7 @@ struct NumberWords {
 };
 
 /// Says up to 9999 and one decimal digit. Zero, negative values and values that are no numbers have
-/// no words.
+/// no words (quirk 17).
 NumberWords WordsOfNumber(float value);
 
 /// What is heard of an exercise, in this order. Where a set cannot be said, the clips end before

@@ -5,53 +5,61 @@
 #include "base/File.h"
 #include "base/FileNames.h"
 #include "base/Folder.h"
+#include "base/ProgramFiles.h"
 #include "instruction/Clips.h"
 #include "instruction/SpokenWords.h"
 
 namespace repvolta {
 namespace {
 
-/// Copies the clip of the exercise's name over the target; makes it first where there is none.
-void BeginWithName(Program& program, const std::string& name, const std::string& target) {
-  const std::string clip =
-      ExistingName(std::string(kNameClipFolder) + AsFileName(name, kNameClipExtension));
+std::string NameClip(const std::string& name) {
+  return ExistingName(kNameClipFolder + AsFileName(name, kNameClipExtension));
+}
+
+/// Copies the clip of the exercise's name over the target; lets it be made first where there is
+/// none, once and for good (quirk 13).
+template <class Make>
+void BeginWithName(const std::string& clip, const std::string& target, ProgressLog& log,
+                   Make makeClip) {
   const bool isNew = !FileExists(clip);
   if (isNew) {
-    MakeFolders(std::string(kNameClipFolder));
-    SpeakToFile(program, name, clip);
+    MakeFolders(kNameClipFolder);
+    makeClip();
   }
   CopyFileOver(clip, target);
   if (isNew) {
-    program.screen.AddLineToUpdateList("WARNING: Exercise Instruction file NOT FOUND - " + clip +
-                                       "    Computer voice file created.");
+    log.AddLineToUpdateList("WARNING: Exercise Instruction file NOT FOUND - " + clip +
+                            "    Computer voice file created.");
   }
 }
 
 }  // namespace
 
-void SpeakToFile(Program& program, const std::string& text, const std::string& file) {
-  const VoiceState& voice = program.state.Voice;
-  program.speech.SpeakToFile({.text = text,
-                              .file = file,
-                              .voice = voice.Voice,
-                              .rate = voice.Rate,
-                              .volume = voice.Volume,
-                              .format = voice.Format});
+void SpeakToFile(const VoiceState& voice, SpeechSynthesizer& speech, const std::string& text,
+                 const std::string& file) {
+  speech.SpeakToFile({.text = text,
+                      .file = file,
+                      .voice = voice.Voice,
+                      .rate = voice.Rate,
+                      .volume = voice.Volume,
+                      .format = voice.Format});
 }
 
-void GenerateHumanVoiceInstruction(Program& program, std::int16_t exerciseIndex,
-                                   const std::string& target) {
-  const ExerciseRecord& exercise = program.state.Workout[exerciseIndex];
+void GenerateHumanVoiceInstruction(const ProgramState& state, std::int16_t exerciseIndex,
+                                   const std::string& target, SpeechSynthesizer& speech,
+                                   ProgressLog& log) {
+  const ExerciseRecord& exercise = state.Workout[exerciseIndex];
   // What an earlier exercise left must not be heard as this one's instruction.
   RemoveFile(target);
   const SpokenInstruction said = ClipsOfInstruction(
       exercise,
-      program.state.Settings.IncludeWeightValues == kTrue ? SetValues::kSaid : SetValues::kLeftOut);
+      state.Settings.IncludeWeightValues == kTrue ? SetValues::kSaid : SetValues::kLeftOut);
   for (const Clip& clip : said.clips) {
     if (clip.kind == Clip::Kind::kName) {
-      BeginWithName(program, clip.text, target);
+      const std::string file = NameClip(clip.text);
+      BeginWithName(file, target, log, [&] { SpeakToFile(state.Voice, speech, clip.text, file); });
     } else {
-      AppendClip(target, clip.text, program.screen);
+      AppendClip(target, clip.text, log);
     }
   }
   if (!said.failure.empty()) throw std::out_of_range(said.failure);

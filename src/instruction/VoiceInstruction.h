@@ -3,19 +3,23 @@
 #include <cstdint>
 #include <string>
 
-#include "app/Program.h"
+#include "app/ProgramState.h"
+#include "app/ProgressLog.h"
+#include "speech/SpeechSynthesizer.h"
 
 namespace repvolta {
 
 /// Speaks `text` into the WAV file `file` with the voice, rate, volume and format that are set.
 /// Throws SpeechError or FileError.
-void SpeakToFile(Program& program, const std::string& text, const std::string& file);
+void SpeakToFile(const VoiceState& voice, SpeechSynthesizer& speech, const std::string& text,
+                 const std::string& file);
 
 /// Leaves the spoken instruction of an exercise in the WAV file `target`, joined from recorded
 /// clips. A name without a recording is spoken by the synthesiser once, and kept as its clip.
 /// Throws SpeechError or FileError when there is no clip of the name and none can be made, and
 /// std::out_of_range for an index outside the slots or more sets than slots.
-void GenerateHumanVoiceInstruction(Program& program, std::int16_t exerciseIndex,
-                                   const std::string& target);
+void GenerateHumanVoiceInstruction(const ProgramState& state, std::int16_t exerciseIndex,
+                                   const std::string& target, SpeechSynthesizer& speech,
+                                   ProgressLog& log);
 
 }  // namespace repvolta

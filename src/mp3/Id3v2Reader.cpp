@@ -94,7 +94,7 @@ std::optional<FrameHeader> NextFrame(const File& file, const FrameArea& area,
   return FrameHeader{AsText(identifier), size};
 }
 
-/// The data without its zero bytes: so without the encoding and the terminators.
+/// The data without its zero bytes: so without the encoding and the terminators (quirk 63).
 std::string ReadFrameText(const File& file, std::uint64_t offset, std::uint32_t size) {
   std::string data(size, '\0');
   data.resize(file.ReadAt(offset, {reinterpret_cast<Byte*>(data.data()), data.size()}));
@@ -138,8 +138,8 @@ Id3v2Frames ReadId3v2Frames(const File& file, const Id3v2Place& place) {
     const auto header = NextFrame(file, area, layout);
     if (!header) break;
     const std::uint64_t data = area.start + layout.headerSize;
-    const auto size = static_cast<std::uint32_t>(
-        std::min<std::uint64_t>(header->size, fileEnd - data));
+    const auto size =
+        static_cast<std::uint32_t>(std::min<std::uint64_t>(header->size, fileEnd - data));
     if (size <= kMostBytesHeld - held) {
       held += size;
       const bool isVersion2 = place.version == 2;

@@ -8,15 +8,20 @@
 
 namespace repvolta {
 
+/// Where a program is looked for that is given by its name alone. The current directory may be any
+/// folder of the user, so what lies there is started only where that is meant.
+enum class ProgramPlace { kPath, kCurrentDirectoryThenPath };
+
 /// A program to start in the current directory, without a shell.
 struct ChildCommand {
-  /// A path; or a name without a folder, looked for in the current directory, then on the PATH.
+  /// A path; or a name without a folder, looked for in `place`.
   std::string program;
   std::vector<std::string> arguments;
   /// The file that it reads as standard input; empty: its input is closed.
   std::string inputFile = {};
   /// It is killed when it runs longer; nothing: it may run as long as it likes.
   std::optional<std::chrono::milliseconds> limit = std::nullopt;
+  ProgramPlace place = ProgramPlace::kPath;
 };
 
 enum class ChildEnd { kNotStarted, kExited, kCrashed, kKilledAtLimit };

@@ -24,13 +24,16 @@ bool IsProgram(const std::string& path) {
 }
 
 /// The path to start; "" when there is no such program.
-std::string FindProgram(const std::string& name) {
+std::string FindProgram(const std::string& name, ProgramPlace place) {
   if (name.empty()) return "";
   if (name.find('/') != std::string::npos) return IsProgram(name) ? name : "";
-  if (IsProgram("./" + name)) return "./" + name;
+  if (place == ProgramPlace::kCurrentDirectoryThenPath && IsProgram("./" + name)) {
+    return "./" + name;
+  }
   const char* path = std::getenv("PATH");
   std::istringstream folders(path == nullptr ? "" : path);
   for (std::string folder; std::getline(folders, folder, ':');) {
+    // To a shell this is the current directory.
     if (folder.empty()) continue;
     std::string program = folder.append("/").append(name);
     if (IsProgram(program)) return program;
@@ -58,7 +61,7 @@ class Child {
   ~Child() { Kill(); }
 
   bool Start() {
-    const std::string program = FindProgram(command_.program);
+    const std::string program = FindProgram(command_.program, command_.place);
     if (program.empty()) return false;
     QStringList arguments;
     for (const std::string& argument : command_.arguments) arguments << Text(argument);

@@ -146,7 +146,7 @@ void ExerciseTab::ShowContent(Content content) {
 void ExerciseTab::UpdateExerciseScreen() {
   ProgramState& state = editor_.State();
   if (state.NumberOfExercises < 1) return;
-  // 5 passes, although it is one beyond the last usable exercise: this is meant.
+  // 5 passes, although it is one beyond the last usable exercise (quirk 102).
   if (state.CurrentExercise > MaxExercises) {
     editor_.dialogs.ShowMessage(
         "Cannot update exercise screen. Current exercise number exceeds MaxExercises");
@@ -173,7 +173,7 @@ void ExerciseTab::ShowExercise(const ExerciseRecord& exercise) {
   ShowFieldNames(exercise);
   ShowChoices(exercise);
   ShowSets(exercise);
-  // The random music check box stays as it is: this is meant.
+  // The random music check box stays as it is (quirk 45).
 }
 
 void ExerciseTab::ShowMusic(const ExerciseRecord& exercise) {

@@ -1,8 +1,10 @@
 #include "ui/QtDialogs.h"
 
+#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QUrl>
 
 #include "app/ExerciseTypes.h"
 #include "base/FileError.h"
@@ -67,5 +69,9 @@ std::string QtDialogs::SelectMusicFile(const std::string& startFolder) {
 }
 
 void QtDialogs::ShowAbout() { AboutForm(owner_).exec(); }
+
+void QtDialogs::OpenDocument(const std::string& path) {
+  QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(path.c_str())));
+}
 
 }  // namespace repvolta

@@ -21,6 +21,7 @@ class QtDialogs : public Dialogs {
   std::string SelectDirectory() override;
   std::string SelectMusicFile(const std::string& startFolder) override;
   void ShowAbout() override;
+  void OpenDocument(const std::string& path) override;
 
  private:
   QPointer<QWidget> owner_;

@@ -12,6 +12,7 @@
 #include "app/ScreenUpdate.h"
 #include "app/WorkoutFiles.h"
 #include "base/Text.h"
+#include "editing/LoadedWorkout.h"
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
@@ -31,13 +32,19 @@ constexpr int kMoment = 50;  // milliseconds
 
 }  // namespace
 
-RepvoltaForm::RepvoltaForm(const FormServices& services)
-    : program_{services.state,     *this,          services.clock, services.random,
-               services.processes, services.speech},
-      services_(services),
-      editor_{program_, *this, services.dialogs, services.pleaseWait, [this] { RunEvents(); }},
+RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& progress,
+                           PleaseWait& pleaseWait, std::string layoutFile)
+    : editor_{.program = program,
+              .log = *this,
+              .host = *this,
+              .screen = *this,
+              .dialogs = dialogs,
+              .progress = progress,
+              .pleaseWait = pleaseWait,
+              .runEvents = [this] { RunEvents(); }},
+      layoutFile_(std::move(layoutFile)),
       handlers_(
-          services.dialogs, [this] { ReloadWorkout(); },
+          dialogs, [this] { ReloadWorkout(); },
           [this](Handlers::Outcome outcome) { AfterHandler(outcome); }),
       ui_(std::make_unique<Ui::RepvoltaForm>()) {
   ui_->setupUi(this);
@@ -46,7 +53,7 @@ RepvoltaForm::RepvoltaForm(const FormServices& services)
   ConnectButtons();
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
-  RestoreWindowLayout(*this, services_.layoutFile);
+  RestoreWindowLayout(*this, layoutFile_);
   RepvoltaForm::EnableWorkoutControls();
 }
 
@@ -69,18 +76,18 @@ void RepvoltaForm::AddTabs() {
   connect(workoutTab_, &WorkoutTab::ExerciseOpened, this,
           [this] { ui_->SSTab1->setCurrentWidget(ui_->ExercisePage); });
   connect(ui_->SSTab1, &QTabWidget::currentChanged, this, [this] {
-    if (services_.state.ScreenUpdating) return;
+    if (editor_.State().ScreenUpdating) return;
     handlers_.Run("The exercise cannot be shown as a whole.", [this] { SSTab1_Click(); });
   });
 }
 
 void RepvoltaForm::ConnectButtons() {
   handlers_.OnClick(ui_->UpdateSelectedWorkoutButton, "The workout could not be updated.",
-                    [this] { UpdateSelectedWorkout(program_); });
+                    [this] { UpdateSelectedWorkoutButton_Click(editor_); });
   handlers_.OnClick(ui_->UpdateAllWorkoutsButton, "The workouts could not be updated.",
-                    [this] { UpdateAllWorkouts(program_); });
+                    [this] { UpdateAllWorkoutsButton_Click(editor_); });
   handlers_.OnClickApart(ui_->AboutButton, "The box could not be shown.",
-                         [this] { services_.dialogs.ShowAbout(); });
+                         [this] { editor_.dialogs.ShowAbout(); });
   connect(ui_->ExitButton, &QPushButton::clicked, this, &RepvoltaForm::Exit);
   AddKey(this, Qt::Key_F1, ui_->AboutButton);
   AddKey(this, QKeySequence(Qt::CTRL | Qt::Key_Q), ui_->ExitButton);
@@ -94,11 +101,11 @@ void RepvoltaForm::ConnectButtons() {
 void RepvoltaForm::ReloadWorkout() {
   const KeptRow exercise = workoutTab_->KeepSelection();
   const KeptRow music = exerciseTab_->KeepSelection();
-  ReloadChangedWorkout(services_.state, *this);
+  ReloadChangedWorkout(editor_);
 }
 
 void RepvoltaForm::SSTab1_Click() {
-  ProgramState& state = services_.state;
+  ProgramState& state = editor_.State();
   state.CurrentExercise = static_cast<std::int16_t>(std::max(0, workoutTab_->SelectedExercise()));
   ShowExerciseFrames();
   UpdateExerciseScreen();
@@ -106,7 +113,7 @@ void RepvoltaForm::SSTab1_Click() {
 }
 
 void RepvoltaForm::ShowExerciseFrames() {
-  exerciseTab_->ShowContent(services_.state.NumberOfExercises >= 1
+  exerciseTab_->ShowContent(editor_.State().NumberOfExercises >= 1
                                 ? ExerciseTab::Content::kExercise
                                 : ExerciseTab::Content::kNoExercise);
 }
@@ -136,7 +143,7 @@ void RepvoltaForm::ShowWhatIsInMemory() {
   // A command that changes the list of exercises makes its exercise the current one, whose row is
   // then selected; after all else the person's choice stays.
   const int row = workoutTab_->SelectedExercise();
-  const bool isChoice = services_.state.CurrentExercise == workoutTab_->ShownExercise();
+  const bool isChoice = editor_.State().CurrentExercise == workoutTab_->ShownExercise();
   ShowExerciseFrames();
   const auto refresh = [](const std::function<void()>& show) {
     try {
@@ -152,15 +159,15 @@ void RepvoltaForm::ShowWhatIsInMemory() {
 void RepvoltaForm::Exit() {
   if (stopRequested_) return;
   stopRequested_ = true;
-  ExitButton_Click(services_.state, *this);
-  SaveWindowLayout(*this, services_.layoutFile);
+  ExitButton_Click(editor_);
+  SaveWindowLayout(*this, layoutFile_);
   if (!handlers_.AreRunning()) End();
 }
 
 void RepvoltaForm::End() {
   if (ended_) return;
   ended_ = true;
-  services_.progress.Hide();
+  editor_.progress.Hide();
   hide();
   emit Ended();
 }
@@ -202,21 +209,11 @@ bool RepvoltaForm::KeepWaiting() {
 bool RepvoltaForm::StopRequested() { return stopRequested_; }
 
 void RepvoltaForm::AddLineToUpdateList(std::string_view line) {
-  services_.progress.AddLine(line);
+  editor_.progress.AddLine(line);
   LetEventsRun();
 }
 
-void RepvoltaForm::ShowMessage(std::string_view text, std::string_view title) {
-  services_.dialogs.ShowMessage(text, title);
-}
-
-void RepvoltaForm::ShowUpdateForm() { services_.progress.Show(); }
-
-void RepvoltaForm::HideUpdateForm() { services_.progress.Hide(); }
-
-void RepvoltaForm::OpenPlayList(const std::string& path) { services_.openDocument(path); }
-
-std::string RepvoltaForm::SelectDirectory() { return services_.dialogs.SelectDirectory(); }
+void RepvoltaForm::UpdateBegins() { editor_.progress.Show(); }
 
 void RepvoltaForm::ShowWorkoutNames() { workoutTab_->ShowWorkoutNames(); }
 
@@ -251,11 +248,11 @@ void RepvoltaForm::ShowFormats() { settingsTab_->ShowFormats(); }
 void RepvoltaForm::ShowTab(WindowTab tab) { ui_->SSTab1->setCurrentIndex(static_cast<int>(tab)); }
 
 void RepvoltaForm::EnableWorkoutControls() {
-  const bool hasWorkout = !TrimBlanks(services_.state.WorkoutFileName).empty();
+  const bool hasWorkout = !TrimBlanks(editor_.State().WorkoutFileName).empty();
   workoutTab_->EnableEditing(hasWorkout);
   workoutTab_->ShowOddSize();
   if (!hasWorkout && ui_->SSTab1->currentWidget() == ui_->ExercisePage) {
-    const ScreenUpdate updating(services_.state);
+    const ScreenUpdate updating(editor_.State());
     ShowTab(WindowTab::kWorkout);
   }
   ui_->SSTab1->setTabEnabled(static_cast<int>(WindowTab::kExercise), hasWorkout);

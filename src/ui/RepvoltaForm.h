@@ -6,7 +6,6 @@
 #include <memory>
 #include <string>
 
-#include "app/Program.h"
 #include "editing/Editor.h"
 #include "editing/MainScreen.h"
 #include "ui/Handlers.h"
@@ -21,47 +20,32 @@ class ExerciseTab;
 class SettingsTab;
 class WorkoutTab;
 
-/// What the main window works with; all of it outlives the window.
-struct FormServices {
-  ProgramState& state;
-  const Clock& clock;
-  RandomNumbers& random;
-  ChildProcesses& processes;
-  SpeechSynthesizer& speech;
-  Dialogs& dialogs;
-  ProgressWindow& progress;
-  PleaseWait& pleaseWait;
-  std::function<void(const std::string& path)> openDocument;
-  std::string layoutFile = {};  // see WindowLayoutFile
-};
-
 /// The main window. The start-up fills it before it is shown. Closing it ends the program.
-class RepvoltaForm : public QDialog, public MainScreen {
+class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, public UpdateHost {
   Q_OBJECT
 
  public:
-  explicit RepvoltaForm(const FormServices& services);
+  /// `layoutFile` keeps the size of the window; see ui/WindowLayout.h. All else outlives the
+  /// window.
+  RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& progress, PleaseWait& pleaseWait,
+               std::string layoutFile);
   ~RepvoltaForm() override;
 
-  /// The state and the services, with this window as the screen.
-  Program& GetProgram() { return program_; }
+  /// What the commands work with, with this window as the screen.
+  const Editor& GetEditor() const { return editor_; }
 
   /// Lets the windows live while something else is waited for. Throws UpdateStopped when the person
   /// has ended the program meanwhile.
   void RunEvents();
 
   void AddLineToUpdateList(std::string_view line) override;
-  void ShowMessage(std::string_view text, std::string_view title) override;
   void ShowWorkoutNames() override;
   void UpdateWorkoutScreen() override;
   void UpdateExerciseScreen() override;
-  void ShowUpdateForm() override;
-  void HideUpdateForm() override;
-  void OpenPlayList(const std::string& path) override;
+  void UpdateBegins() override;
   bool KeepWaiting() override;
   bool StopRequested() override;
 
-  std::string SelectDirectory() override;
   void UpdateSettingsScreen() override;
   void ShowPaths() override;
   void ShowDefaultExerciseTime() override;
@@ -99,9 +83,8 @@ class RepvoltaForm : public QDialog, public MainScreen {
   void LetEventsRun();
   void SetBusy(bool busy);
 
-  Program program_;
-  FormServices services_;
   Editor editor_;
+  std::string layoutFile_;
   Handlers handlers_;
   std::unique_ptr<Ui::RepvoltaForm> ui_;
   WorkoutTab* workoutTab_ = nullptr;

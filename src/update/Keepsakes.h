@@ -18,7 +18,7 @@ struct Keepsakes {
 bool IsNumberedName(std::string_view name);
 
 /// The first of them that is the folder, or lies in it, under whatever name: a folder is known by
-/// its device and its number there. What is mounted in the folder does not lie in it. Nothing when
+/// its device and its number there, and what is mounted in it is not looked into. Nothing when
 /// there is none. Throws FileError when that cannot be known.
 std::optional<std::string> FindKeepsake(const std::string& folder, const Keepsakes& keep);
 

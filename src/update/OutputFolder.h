@@ -17,7 +17,8 @@ class OutputFolder {
   /// With the separator at its end.
   const std::string& Path() const { return path_; }
 
-  /// Deletes the folder with all that is in it, read-only files too, but not what is mounted in it.
+  /// Deletes the folder with all that is in it (quirk 46), read-only files too, but not what is
+  /// mounted in it.
   /// It must lie right in the output path, be no link and no mounted file system, and neither be
   /// nor hold what is to be kept; else throws std::runtime_error, of which FileError is one, and
   /// nothing is deleted: from then on no file in it is replaced, and nothing is written where it

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/Program.h"
+#include "update/Program.h"
 #include "update/Steps.h"
 
 namespace repvolta {

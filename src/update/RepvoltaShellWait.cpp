@@ -9,6 +9,7 @@ void ShellWait(ChildProcesses& processes, std::string_view commandLine, int /*wi
   std::istringstream words{std::string(commandLine)};
   ChildCommand command;
   words >> command.program;
+  command.place = ProgramPlace::kCurrentDirectoryThenPath;
   for (std::string word; words >> word;) command.arguments.push_back(word);
   processes.Run(command);
 }

@@ -4,7 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "app/UserInterface.h"
+#include "app/ProgressLog.h"
+#include "update/UpdateHost.h"
 
 namespace repvolta {
 
@@ -16,11 +17,11 @@ struct UpdateStopped {};
 /// update goes on with the next.
 class Steps {
  public:
-  explicit Steps(UserInterface& screen) : screen_(screen) {}
+  Steps(ProgressLog& log, UpdateHost& host) : log_(log), host_(host) {}
 
   /// Throws UpdateStopped when the program is to end.
   void CheckStop() const {
-    if (screen_.StopRequested()) throw UpdateStopped();
+    if (host_.StopRequested()) throw UpdateStopped();
   }
 
   /// Runs one step, unless the program is to end: then throws UpdateStopped. Returns why it failed.
@@ -45,10 +46,11 @@ class Steps {
     if (failure) Log("ERROR: " + *failure);
   }
 
-  void Log(std::string_view line) { screen_.AddLineToUpdateList(line); }
+  void Log(std::string_view line) { log_.AddLineToUpdateList(line); }
 
  private:
-  UserInterface& screen_;
+  ProgressLog& log_;
+  UpdateHost& host_;
 };
 
 }  // namespace repvolta

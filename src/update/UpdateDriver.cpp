@@ -9,6 +9,7 @@
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "instruction/TextInstruction.h"
 #include "instruction/VoiceInstruction.h"
@@ -24,25 +25,25 @@
 namespace repvolta {
 namespace {
 
-// Both lie in the program directory, which is current.
-constexpr const char* kTempWav = "temp.wav";
-constexpr const char* kTempMp3 = "temp.mp3";
-
 /// One run for the workout in memory.
 class WorkoutUpdate {
  public:
-  explicit WorkoutUpdate(Program& program)
+  WorkoutUpdate(Program& program, ProgressLog& log, UpdateHost& host)
       : program_(program),
         state_(program.state),
-        steps_(program.screen),
+        log_(log),
+        host_(host),
+        steps_(log, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
-        playList_(folder_.Path() + workoutName_ + ".M3U") {}
+        playList_(folder_.Path() + workoutName_ + kPlayListExtension) {}  // quirk 51
 
-  void Run() {
+  /// Returns the path of the play list.
+  std::string Run() {
     Prepare();
     GrowWorkout(program_, steps_);
     drawn_ = DrawRandomMusic(program_, steps_);
+    // Quirk 34.
     steps_.Run([&] { SaveWorkout(state_); });
     for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
       text_.clear();
@@ -50,13 +51,14 @@ class WorkoutUpdate {
       CopyMusic(i);
     }
     Finish();
+    return playList_;
   }
 
   /// Removes the working files that this run has made. Throws FileError.
   void RemoveWorkingFiles() {
     if (workingFiles_ == WorkingFiles::kNotMade) return;
-    RemoveFile(kTempWav);
-    RemoveFile(kTempMp3);
+    RemoveFile(kWorkingWav);
+    RemoveFile(kWorkingMp3);
   }
 
  private:
@@ -68,10 +70,11 @@ class WorkoutUpdate {
     // The list is cleared when the window is shown: what fails before is logged behind that.
     const auto clearing = steps_.Try([&] { folder_.Clear(WhatToKeep()); });
     const auto creation = steps_.Try([&] { folder_.Create(); });
-    program_.screen.ShowUpdateForm();
+    host_.UpdateBegins();
     steps_.Log("Updating Workout " + FileName(state_.WorkoutFileName));
     steps_.LogFailure(clearing);
     steps_.LogFailure(creation);
+    // Quirk 47.
     steps_.Log("Created directory " + folder_.Path());
   }
 
@@ -97,13 +100,13 @@ class WorkoutUpdate {
   void ProduceInstruction(std::int16_t exercise) {
     steps_.Run([&] {
       workingFiles_ = WorkingFiles::kMade;
-      GenerateHumanVoiceInstruction(program_, exercise, kTempWav);
+      GenerateHumanVoiceInstruction(state_, exercise, kWorkingWav, program_.speech, log_);
     });
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
     const std::string path = NumberedPath("Instructions");
     Encoding encoding = Encoding::kNoEncoder;
     steps_.Run([&] {
-      encoding = EncodeMP3file(program_.processes, kTempWav, kTempMp3);
+      encoding = EncodeMP3file(program_.processes, kWorkingWav, kWorkingMp3);
       if (encoding == Encoding::kNoEncoder) workingFiles_ = WorkingFiles::kStay;
     });
     if (encoding == Encoding::kEncoderRun) {
@@ -114,17 +117,19 @@ class WorkoutUpdate {
   }
 
   void KeepMp3(const std::string& path) {
-    steps_.Run([&] { folder_.CopyInto(kTempMp3, path); });
-    steps_.Run([&] { RemoveFile(kTempWav); });
-    steps_.Run([&] { RemoveFile(kTempMp3); });
+    steps_.Run([&] { folder_.CopyInto(kWorkingMp3, path); });
+    steps_.Run([&] { RemoveFile(kWorkingWav); });
+    steps_.Run([&] { RemoveFile(kWorkingMp3); });
+    // Quirks 47 and 48.
     steps_.Log(FileName(path) + " MP3 Instruction file created sucessfully.");
     Tag(path);
     List(path);
   }
 
-  /// Without an encoder the instruction stays a WAV file, and the working file stays too.
+  /// Without an encoder the instruction stays a WAV file, and the working file stays too
+  /// (quirk 50).
   void KeepWav(const std::string& path) {
-    steps_.Run([&] { folder_.CopyInto(kTempWav, path); });
+    steps_.Run([&] { folder_.CopyInto(kWorkingWav, path); });
     steps_.Log(FileName(path) + " WAV Instruction file created sucessfully.");
     List(path);
   }
@@ -143,7 +148,7 @@ class WorkoutUpdate {
 
   void CopySong(const std::string& source) {
     if (!FileIsReachable(source)) {
-      steps_.Log("ERROR: File not found. " + source);
+      steps_.Log("ERROR: File not found. " + source);  // quirk 52
       return;
     }
     const std::string path(TrimBlanks(NumberedPath(TrimBlanks(FileName(source)))));
@@ -156,7 +161,7 @@ class WorkoutUpdate {
     if (!WaitFor(path)) return;
     if (isTagged) {
       steps_.Run([&] { OutputFolder::StartFlush(path); });
-      LogTagged(path, program_.screen);
+      LogTagged(path, log_);
     } else {
       Tag(path);
     }
@@ -188,14 +193,14 @@ class WorkoutUpdate {
   bool Appears(const std::string& path) {
     while (!FileExists(path)) {
       steps_.CheckStop();
-      if (!program_.screen.KeepWaiting()) return false;
+      if (!host_.KeepWaiting()) return false;
     }
     return true;
   }
 
   void Tag(const std::string& path) {
     if (!MayChange(path)) return;
-    steps_.Run([&] { ProcessMP3tag(path, text_, state_.WorkoutFileName, program_.screen); });
+    steps_.Run([&] { ProcessMP3tag(path, text_, state_.WorkoutFileName, log_); });
   }
 
   /// Appends the file that was made last to the play list and goes on to the next number.
@@ -217,40 +222,38 @@ class WorkoutUpdate {
   void Finish() {
     // Once more, for what could not be deleted at its time.
     if (workingFiles_ == WorkingFiles::kMade) {
-      for (const char* file : {kTempWav, kTempMp3}) steps_.Run([&] { RemoveFile(file); });
+      for (const char* file : {kWorkingWav, kWorkingMp3}) steps_.Run([&] { RemoveFile(file); });
     }
     steps_.Run([&] { folder_.FlushToDevice(); });
     steps_.Log("");
     steps_.Log("UPDATE COMPLETE.");
-    if (state_.UpdatingAllWorkouts) program_.screen.HideUpdateForm();
-    steps_.Run([&] { program_.screen.UpdateExerciseScreen(); });
-    if (state_.Settings.AutoLoadPlaylist == kTrue) {
-      steps_.Run([&] { program_.screen.OpenPlayList(playList_); });
-    }
   }
 
   Program& program_;
   ProgramState& state_;
+  ProgressLog& log_;
+  UpdateHost& host_;
   Steps steps_;
   std::string workoutName_;
   OutputFolder folder_;
   std::string playList_;
   DrawnSongs drawn_;
-  std::string text_;  // the sentence of the exercise at hand
+  std::string text_;  // the sentence of the exercise at hand, for its music too (quirk 53)
   int counter_ = 1;
   WorkingFiles workingFiles_ = WorkingFiles::kNotMade;
 };
 
 }  // namespace
 
-void UpdateCurrentWorkout(Program& program) {
+std::optional<std::string> UpdateCurrentWorkout(Program& program, ProgressLog& log,
+                                                UpdateHost& host) {
   ProgramState& state = program.state;
   state.WorkoutFileName = TrimBlanks(state.WorkoutFileName);
-  if (state.WorkoutFileName.empty()) return;
+  if (state.WorkoutFileName.empty()) return std::nullopt;
   state.Settings.OutputPath = state.Settings.OutputPath.Trimmed();
-  WorkoutUpdate update(program);
+  WorkoutUpdate update(program, log, host);
   try {
-    update.Run();
+    return update.Run();
   } catch (const UpdateStopped&) {
     update.RemoveWorkingFiles();
     throw;

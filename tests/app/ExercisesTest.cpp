@@ -3,8 +3,6 @@
 
 #include "app/Exercises.h"
 
-#include "fakes/FakeServices.h"
-
 namespace repvolta {
 namespace {
 
@@ -22,7 +20,7 @@ TEST(InitialiseExercise, SetsTheValuesOfANewExercise) {
   SettingsRecord settings;
   settings.DefaultExerciseTime = 5;
 
-  InitialiseExercise(exercise, settings, FakeClock(39166.75));
+  InitialiseExercise(exercise, settings, 39166);
 
   ExerciseRecord expected;
   expected.TargetExerciseTime = 300;
@@ -37,7 +35,7 @@ TEST(InitialiseExercise, KeepsTheSlotsAboveTheLimits) {
   exercise.MusicFile[10] = "/music/kept.mp3";
   exercise.SetValue1[3] = 7;
 
-  InitialiseExercise(exercise, {}, FakeClock(39166));
+  InitialiseExercise(exercise, {}, 39166);
 
   EXPECT_EQ(exercise.MusicFile[10].Text(), "/music/kept.mp3");
   EXPECT_EQ(exercise.SetValue1[3], 7);
@@ -50,7 +48,7 @@ TEST(InitialiseExercise, ChangesNothingWhenTheDefaultTimeDoesNotFit) {
   SettingsRecord settings;
   settings.DefaultExerciseTime = 547;
 
-  EXPECT_THROW(InitialiseExercise(exercise, settings, FakeClock(39166)), std::overflow_error);
+  EXPECT_THROW(InitialiseExercise(exercise, settings, 39166), std::overflow_error);
 
   EXPECT_EQ(exercise, before);
 }

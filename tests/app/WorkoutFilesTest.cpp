@@ -6,7 +6,6 @@
 #include "app/WorkoutFiles.h"
 #include "base/FileError.h"
 
-#include "fakes/RecordingScreen.h"
 #include "support/AtFlush.h"
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"
@@ -33,7 +32,6 @@ class WorkoutFiles : public testing::Test {
 
   TemporaryFolder folder;
   ProgramState state;
-  RecordingScreen screen;
 };
 
 TEST_F(WorkoutFiles, AreListedInNameOrderWithTheirExtension) {
@@ -41,17 +39,16 @@ TEST_F(WorkoutFiles, AreListedInNameOrderWithTheirExtension) {
   PutWorkout("Monday.RPV", {});
   PutFile("workouts/notes.txt", "");
 
-  LoadWorkoutNames(state, screen);
+  LoadWorkoutNames(state);
 
   EXPECT_THAT(state.WorkoutNames, ElementsAre("Monday.RPV", "tuesday.rpv"));
   EXPECT_EQ(state.NumberOfWorkouts, 2);
-  EXPECT_THAT(screen.calls, ElementsAre("names"));
   EXPECT_FALSE(state.ScreenUpdating);
 }
 
 TEST_F(WorkoutFiles, LeaveAnEmptyListWhenThereAreNone) {
   state.NumberOfWorkouts = 3;
-  LoadWorkoutNames(state, screen);
+  LoadWorkoutNames(state);
   EXPECT_THAT(state.WorkoutNames, IsEmpty());
   EXPECT_EQ(state.NumberOfWorkouts, 0);
 }
@@ -68,32 +65,31 @@ TEST_F(WorkoutFiles, LoadAndSelectTheFirstExercise) {
   state.WorkoutFileName = "Monday.RPV";
   state.CurrentExercise = 4;
 
-  EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kLoaded);
+  EXPECT_EQ(LoadWorkout(state), WorkoutLoad::kLoaded);
 
   EXPECT_EQ(state.NumberOfExercises, 2);
   EXPECT_EQ(state.CurrentExercise, 0);
   EXPECT_EQ(state.Workout[0].ExerciseName.Text(), "Squat");
-  EXPECT_THAT(screen.calls, ElementsAre("workout screen", "exercise screen"));
 }
 
 TEST_F(WorkoutFiles, EndAtTheFirstBlankName) {
   PutWorkout("Monday.RPV", {"A", "B", " ", "D", "E"});
   state.WorkoutFileName = "Monday.RPV";
-  LoadWorkout(state, screen);
+  LoadWorkout(state);
   EXPECT_EQ(state.NumberOfExercises, 2);
 }
 
 TEST_F(WorkoutFiles, CountNoMoreThanTheLimit) {
   PutWorkout("Monday.RPV", {"A", "B", "C", "D", "E", "F"});
   state.WorkoutFileName = "Monday.RPV";
-  LoadWorkout(state, screen);
+  LoadWorkout(state);
   EXPECT_EQ(state.NumberOfExercises, 5);
 }
 
 TEST_F(WorkoutFiles, AreFoundWithoutRegardToCase) {
   PutWorkout("monday.rpv", {"A"});
   state.WorkoutFileName = "Monday.RPV";
-  EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kLoaded);
+  EXPECT_EQ(LoadWorkout(state), WorkoutLoad::kLoaded);
 }
 
 TEST_F(WorkoutFiles, ChangeNothingWhenOneIsMissing) {
@@ -101,17 +97,15 @@ TEST_F(WorkoutFiles, ChangeNothingWhenOneIsMissing) {
   state.NumberOfExercises = 1;
   state.WorkoutFileName = "Gone.RPV";
 
-  EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kNotFound);
+  EXPECT_EQ(LoadWorkout(state), WorkoutLoad::kNotFound);
 
-  EXPECT_THAT(screen.messages, ElementsAre("Error: Workout file not found"));
   EXPECT_EQ(state.Workout[0].ExerciseName.Text(), "Kept");
   EXPECT_EQ(state.NumberOfExercises, 1);
 }
 
 TEST_F(WorkoutFiles, DoNothingWithoutAName) {
   state.WorkoutFileName = "  ";
-  EXPECT_EQ(LoadWorkout(state, screen), WorkoutLoad::kNoName);
-  EXPECT_THAT(screen.calls, IsEmpty());
+  EXPECT_EQ(LoadWorkout(state), WorkoutLoad::kNoName);
 
   SaveWorkout(state);
   EXPECT_FALSE(std::filesystem::exists("workouts"));
@@ -141,14 +135,14 @@ TEST_F(WorkoutFiles, ReplaceAFileOfAnotherCaseAndAddNone) {
   state.WorkoutFileName = "Monday.RPV";
   ReplaceWorkoutFile(state);
   SaveWorkout(state);
-  LoadWorkoutNames(state, screen);
+  LoadWorkoutNames(state);
   EXPECT_THAT(state.WorkoutNames, ElementsAre("monday.rpv"));
 }
 
 TEST_F(WorkoutFiles, AreKnownToBeUnchangedAfterLoadingAndSaving) {
   PutWorkout("Monday.RPV", {"A"});
   state.WorkoutFileName = "Monday.RPV";
-  LoadWorkout(state, screen);
+  LoadWorkout(state);
   EXPECT_FALSE(WorkoutChangedOnDisk(state));
   SaveWorkout(state);
   SaveWorkout(state);
@@ -158,7 +152,7 @@ TEST_F(WorkoutFiles, AreKnownToBeUnchangedAfterLoadingAndSaving) {
 TEST_F(WorkoutFiles, AreKnownToBeChangedByAnotherProcess) {
   PutWorkout("Monday.RPV", {"A"});
   state.WorkoutFileName = "Monday.RPV";
-  LoadWorkout(state, screen);
+  LoadWorkout(state);
   ProgramState other = state;
 
   SaveWorkout(other);
@@ -166,14 +160,14 @@ TEST_F(WorkoutFiles, AreKnownToBeChangedByAnotherProcess) {
   EXPECT_TRUE(WorkoutChangedOnDisk(state));
 
   std::filesystem::current_path(folder.Path());
-  LoadWorkout(state, screen);
+  LoadWorkout(state);
   EXPECT_FALSE(WorkoutChangedOnDisk(state));
 }
 
 TEST_F(WorkoutFiles, DoNotReplaceWhatAnotherProcessHasWritten) {
   PutWorkout("Monday.RPV", {"A"});
   state.WorkoutFileName = "Monday.RPV";
-  LoadWorkout(state, screen);
+  LoadWorkout(state);
   ProgramState other = state;
   other.Workout[0].ExerciseName = "Grown";
   SaveWorkout(other);
@@ -189,7 +183,7 @@ TEST_F(WorkoutFiles, DoNotReplaceWhatAnotherProcessHasWritten) {
 TEST_F(WorkoutFiles, DoNotReplaceWhatAnotherWritesDuringTheSave) {
   PutWorkout("Monday.RPV", {"A"});
   state.WorkoutFileName = "Monday.RPV";
-  LoadWorkout(state, screen);
+  LoadWorkout(state);
   const AtFlush synced([&] { PutWorkout("Monday.RPV", {"Synced"}); });
 
   EXPECT_THROW(SaveWorkout(state), FileError);
@@ -202,7 +196,7 @@ TEST_F(WorkoutFiles, DoNotReplaceWhatWasNotLoaded) {
   PutWorkout("Tuesday.RPV", {"B"});
   const Bytes before = GetFile("workouts/Tuesday.RPV");
   state.WorkoutFileName = "Monday.RPV";
-  LoadWorkout(state, screen);
+  LoadWorkout(state);
   state.WorkoutFileName = "Tuesday.RPV";
 
   EXPECT_THAT([&] { SaveWorkout(state); },
@@ -224,7 +218,7 @@ TEST_F(WorkoutFiles, AreNotChangedWhereTheyAreGoneOrNeverSeen) {
   PutWorkout("Monday.RPV", {"A"});
   state.WorkoutFileName = "Monday.RPV";
   EXPECT_FALSE(WorkoutChangedOnDisk(state));
-  LoadWorkout(state, screen);
+  LoadWorkout(state);
   std::filesystem::remove("workouts/Monday.RPV");
   EXPECT_FALSE(WorkoutChangedOnDisk(state));
   SaveWorkout(state);
@@ -240,27 +234,9 @@ TEST_F(WorkoutFiles, AreReadToTheirLastByte) {
   file.back() = 'x';
   PutFile("workouts/Monday.RPV", file);
   state.WorkoutFileName = "Monday.RPV";
-  LoadWorkout(state, screen);
+  LoadWorkout(state);
   SaveWorkout(state);
   EXPECT_EQ(GetFile("workouts/Monday.RPV"), file);
-}
-
-/// Notes whether the program itself fills the list of workouts.
-class ScreenThatLooks : public RecordingScreen {
- public:
-  explicit ScreenThatLooks(const ProgramState& state) : state_(state) {}
-  void ShowWorkoutNames() override { wasUpdating = state_.ScreenUpdating; }
-
-  bool wasUpdating = false;
-
- private:
-  const ProgramState& state_;
-};
-
-TEST_F(WorkoutFiles, AreListedByTheProgramItself) {
-  ScreenThatLooks looking(state);
-  LoadWorkoutNames(state, looking);
-  EXPECT_TRUE(looking.wasUpdating);
 }
 
 TEST_F(WorkoutFiles, AreReplacedAndLoadedAgainFromAnyDirectory) {
@@ -277,95 +253,9 @@ TEST_F(WorkoutFiles, AreReplacedAndLoadedAgainFromAnyDirectory) {
   SaveWorkout(other);
   std::filesystem::current_path("/");
 
-  ReloadChangedWorkout(state, screen);
+  ReadWorkoutAgain(state);
 
   EXPECT_EQ(state.Workout[0].SetValue1[0], 60);
-}
-
-TEST_F(WorkoutFiles, AreLoadedAgainOnlyWhenTheyAreChanged) {
-  PutWorkout("Monday.RPV", {"A", "B"});
-  state.WorkoutFileName = "Monday.RPV";
-  LoadWorkout(state, screen);
-  state.CurrentExercise = 1;
-  ProgramState other = state;
-  screen.calls.clear();
-  ReloadChangedWorkout(state, screen);
-  EXPECT_THAT(screen.calls, IsEmpty());
-
-  other.Workout[1].SetValue1[0] = 52.5F;
-  SaveWorkout(other);
-  ReloadChangedWorkout(state, screen);
-
-  EXPECT_EQ(state.Workout[1].SetValue1[0], 52.5F);
-  EXPECT_EQ(state.CurrentExercise, 1);
-  EXPECT_THAT(screen.calls, ElementsAre("workout screen", "exercise screen"));
-}
-
-TEST_F(WorkoutFiles, AreToldToBeOthersWhenTheirRowsAre) {
-  PutWorkout("Monday.RPV", {"A", "B"});
-  state.WorkoutFileName = "Monday.RPV";
-  LoadWorkout(state, screen);
-  state.CurrentExercise = 1;
-  ProgramState other = state;
-  other.Workout[1].ExerciseName = "";
-  SaveWorkout(other);
-
-  EXPECT_THROW(ReloadChangedWorkout(state, screen), WorkoutReplaced);
-
-  EXPECT_EQ(state.NumberOfExercises, 1);
-  EXPECT_EQ(state.CurrentExercise, 0);
-  EXPECT_NO_THROW(ReloadChangedWorkout(state, screen));
-}
-
-/// Two exercises, of which the second is the current one; another program changes them.
-class ChangedWorkout : public WorkoutFiles {
- protected:
-  ChangedWorkout() {
-    PutWorkout("Monday.RPV", {"A", "B"});
-    state.WorkoutFileName = "Monday.RPV";
-    LoadWorkout(state, screen);
-    for (const int slot : {0, 1}) {
-      state.Workout[slot].NumberOfSets = 1;
-      state.Workout[slot].NumberOfMusicFiles = 1;
-      state.Workout[slot].MusicFile[0] = "/a.mp3";
-    }
-    SaveWorkout(state);
-    state.CurrentExercise = 1;
-  }
-
-  void Change(const std::function<void(ExerciseSlots&)>& change) {
-    ProgramState other = state;
-    change(other.Workout);
-    SaveWorkout(other);
-  }
-};
-
-TEST_F(ChangedWorkout, HasOtherRowsWhereSetsWereAdded) {
-  Change([](ExerciseSlots& workout) { workout[0].NumberOfSets = 2; });
-  EXPECT_THROW(ReloadChangedWorkout(state, screen), WorkoutReplaced);
-}
-
-TEST_F(ChangedWorkout, HasOtherRowsWhereTheMusicThatIsShownIsAnother) {
-  Change([](ExerciseSlots& workout) { workout[1].MusicFile[0] = "/b.mp3"; });
-  EXPECT_THROW(ReloadChangedWorkout(state, screen), WorkoutReplaced);
-}
-
-TEST_F(ChangedWorkout, HasTheSameRowsWhereTheMusicOfAnotherExerciseIsAnother) {
-  Change([](ExerciseSlots& workout) { workout[0].MusicFile[0] = "/b.mp3"; });
-  EXPECT_NO_THROW(ReloadChangedWorkout(state, screen));
-  EXPECT_EQ(state.Workout[0].MusicFile[0].Text(), "/b.mp3");
-}
-
-TEST_F(ChangedWorkout, MayClaimMoreMusicThanThereAreSlots) {
-  Change([](ExerciseSlots& workout) { workout[1].NumberOfMusicFiles = 32767; });
-  EXPECT_THROW(ReloadChangedWorkout(state, screen), WorkoutReplaced);
-}
-
-TEST_F(ChangedWorkout, KeepsTheCurrentExerciseInUse) {
-  state.CurrentExercise = 2;
-  Change([](ExerciseSlots& workout) { workout[0].SetValue1[0] = 1; });
-  EXPECT_THROW(ReloadChangedWorkout(state, screen), WorkoutReplaced);
-  EXPECT_EQ(state.CurrentExercise, 0);
 }
 
 }  // namespace

@@ -179,6 +179,15 @@ class Mounted : public testing::Test {
   TemporaryFolder folder;
 };
 
+TEST_F(Mounted, FoldersAreTold) {
+  EXPECT_FALSE(IsMountPoint("Monday/mounted"));
+  MountedLooks() = [](struct statx& status) { ++status.stx_mnt_id; };
+  EXPECT_TRUE(IsMountPoint("Monday/mounted/"));
+  EXPECT_FALSE(IsMountPoint("Monday"));
+  EXPECT_EQ(FailureOf([] { IsMountPoint("gone/Monday"); }),
+            "gone/Monday could not be deleted: No such file or directory");
+}
+
 TEST_F(Mounted, FoldersOfOneDeviceAreLeftAlone) {
   MountedLooks() = [](struct statx& status) { ++status.stx_mnt_id; };
   ExpectLeft("Monday", "Monday/mounted");

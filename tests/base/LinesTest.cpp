@@ -92,7 +92,9 @@ TEST(LinesAt, GivesWhatForEachLineGives) {
     const std::vector<std::string> all = LinesOf(list);
     std::vector<std::int64_t> numbers;
     for (std::size_t i = 0; i < all.size() + 2; ++i) {
-      if (random() % 4 == 0) numbers.insert(numbers.end(), 1 + random() % 2, i);
+      if (random() % 4 == 0) {
+        numbers.insert(numbers.end(), 1 + random() % 2, static_cast<std::int64_t>(i));
+      }
     }
     std::vector<std::string> expected;
     for (const std::int64_t number : numbers) {

@@ -44,7 +44,7 @@ class SetEditing : public FormFixture {
             exercise.SetIncrement2[set], exercise.SetFrequency1[set], exercise.SetFrequency2[set]};
   }
 
-  static void ExpectNumbers(int set, std::vector<float> expected) {
+  static void ExpectNumbers(int set, const std::vector<float>& expected) {
     EXPECT_EQ(NumbersOf(Saved()[0], set), expected) << "set " << set;
   }
 

@@ -1,6 +1,7 @@
 #include <QLineEdit>
 #include <QSlider>
 
+#include "base/ProgramFiles.h"
 #include "update/RandomMusicList.h"
 
 #include "support/FormFixture.h"
@@ -344,6 +345,18 @@ TEST_F(SettingsEditing, AVoiceThatIsNoMoreIsNotReplacedByAnother) {
   form->ShowVoices({"rms"});
   EXPECT_EQ(Get<QComboBox>("VoiceCB").currentIndex(), -1);
   EXPECT_EQ(state.Settings.VoiceIndex, 7);
+}
+
+TEST_F(SettingsEditing, AChosenAudioOutputChangesNothing) {
+  form->ShowAudioOutputs({"Loudspeaker", "Headphones"});
+  state.Settings.VoiceVolume = 33;  // which a save would store
+  const SettingsRecord before = state.Settings;
+  const Bytes file = GetFile("settings.dat");
+  QComboBox& box = Get<QComboBox>("AudioOutputCB");
+  box.setCurrentIndex(1);
+  emit box.activated(1);
+  EXPECT_EQ(state.Settings, before);
+  EXPECT_EQ(GetFile("settings.dat"), file);
 }
 
 TEST_F(SettingsEditing, WithoutAudioOutputsTheBoxSaysSo) {

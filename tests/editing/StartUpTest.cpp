@@ -8,10 +8,8 @@
 #include "base/FileError.h"
 #include "editing/StartUp.h"
 
-#include "fakes/FakeServices.h"
-#include "fakes/ScriptedMainScreen.h"
-#include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"
+#include "support/WindowlessFixture.h"
 
 namespace repvolta {
 namespace {
@@ -27,10 +25,8 @@ class FakeOutputs : public AudioOutputs {
 };
 
 /// The start in a program directory of its own.
-class StartUp : public testing::Test {
+class StartUp : public WindowlessFixture {
  protected:
-  StartUp() { state.ProgramDirectory = folder.Path(); }
-
   void PutSettings(const SettingsRecord& settings) {
     PutFile("settings.dat", EncodeSettings(settings));
   }
@@ -52,19 +48,13 @@ class StartUp : public testing::Test {
     PutWorkout("Tuesday.RPV", "Rowing");
   }
 
-  void Load() { Form_Load(state, screen, services); }
+  void Load() { Form_Load(editor, outputs); }
   void RunSetUp(std::deque<std::string> folders) {
-    screen.folders = std::move(folders);
-    FirstRunSetup(state, screen, services);
+    window.folders = std::move(folders);
+    FirstRunSetup(editor);
   }
 
-  TemporaryFolder folder;
-  ProgramState state;
-  ScriptedMainScreen screen;
-  FakeSpeech speech;
   FakeOutputs outputs;
-  StartUpServices services{speech, outputs, [this] { screen.calls.emplace_back("compile"); },
-                           [this] { screen.calls.emplace_back("count"); }};
 };
 
 TEST_F(StartUp, FillsTheWindowInOrder) {
@@ -73,9 +63,9 @@ TEST_F(StartUp, FillsTheWindowInOrder) {
 
   Load();
 
-  EXPECT_THAT(screen.calls, ElementsAre("tab 0", "workout names", "enable", "workout 1",
+  EXPECT_THAT(window.calls, ElementsAre("tab 0", "workout names", "enable", "workout 1",
                                         "workout screen", "exercise screen", "voices",
-                                        "audio outputs", "formats", "count", "settings screen"));
+                                        "audio outputs", "formats", "settings screen"));
   EXPECT_FALSE(state.ScreenUpdating);
 }
 
@@ -89,7 +79,14 @@ TEST_F(StartUp, EntersTheProgramDirectory) {
 TEST_F(StartUp, DoesNotRunWhereTheProgramDirectoryIsGone) {
   state.ProgramDirectory = folder.Path() + "gone/";
   EXPECT_THROW(Load(), FileError);
-  EXPECT_THAT(screen.calls, IsEmpty());
+  EXPECT_THAT(window.calls, IsEmpty());
+}
+
+TEST_F(StartUp, CountsTheRandomMusic) {
+  PutLastWorkout(0);
+  PutFile("musiclist.txt", "a.mp3\nb.mp3\n");
+  Load();
+  EXPECT_EQ(state.RandomMusicFiles, 2);
 }
 
 TEST_F(StartUp, LoadsTheLastWorkout) {
@@ -117,8 +114,8 @@ TEST_F(StartUp, LoadsNothingWithoutWorkouts) {
 
   EXPECT_EQ(state.WorkoutFileName, "");
   EXPECT_EQ(state.Settings.LastWorkoutIndex, 0);
-  EXPECT_THAT(screen.calls, ElementsAre("tab 0", "workout names", "enable", "voices",
-                                        "audio outputs", "formats", "count", "settings screen"));
+  EXPECT_THAT(window.calls, ElementsAre("tab 0", "workout names", "enable", "voices",
+                                        "audio outputs", "formats", "settings screen"));
 }
 
 TEST_F(StartUp, SetsTheVoiceUpFromTheSettings) {
@@ -131,8 +128,8 @@ TEST_F(StartUp, SetsTheVoiceUpFromTheSettings) {
 
   Load();
 
-  EXPECT_THAT(screen.voices, ElementsAre("first", "second"));
-  EXPECT_THAT(screen.outputs, ElementsAre("Speakers"));
+  EXPECT_THAT(window.voices, ElementsAre("first", "second"));
+  EXPECT_THAT(window.outputs, ElementsAre("Speakers"));
   EXPECT_EQ(state.Voice.Voice, 1);
   EXPECT_EQ(state.Voice.Rate, -3);
   EXPECT_EQ(state.Voice.Volume, 40);
@@ -153,7 +150,7 @@ TEST_F(StartUp, TakesAGarbledWorkoutAsAnEmptyOne) {
   Load();
   EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
   EXPECT_EQ(state.NumberOfExercises, 0);
-  EXPECT_EQ(screen.calls.back(), "settings screen");
+  EXPECT_EQ(window.calls.back(), "settings screen");
 }
 
 TEST_F(StartUp, TellsOfADamagedWorkoutAndGoesOn) {
@@ -164,9 +161,9 @@ TEST_F(StartUp, TellsOfADamagedWorkoutAndGoesOn) {
   PutLastWorkout(0);
   Load();
   EXPECT_THAT(
-      screen.messages,
+      window.messages,
       ElementsAre("Monday.RPV seems to be damaged: it holds numbers that no workout can have."));
-  EXPECT_EQ(screen.calls.back(), "settings screen");
+  EXPECT_EQ(window.calls.back(), "settings screen");
 }
 
 TEST_F(StartUp, LetsNobodyEditAWorkoutThatCouldNotBeRead) {
@@ -181,29 +178,32 @@ TEST_F(StartUp, LetsNobodyEditAWorkoutThatCouldNotBeRead) {
 
   EXPECT_EQ(state.WorkoutFileName, "");
   EXPECT_EQ(GetFile("workouts/Tuesday.RPV"), before);
-  EXPECT_THAT(screen.messages,
+  EXPECT_THAT(window.messages,
               ElementsAre("workouts/Tuesday.RPV could not be read: Permission denied"));
 }
 
 TEST_F(StartUp, TellsWhatKeepsTheMusicFromBeingCounted) {
   PutLastWorkout(0);
-  services.countRandomMusicFiles = [] { throw FileError("musiclist.txt", "is", "broken"); };
-  Load();
-  EXPECT_THAT(screen.messages, ElementsAre("musiclist.txt is: broken"));
-  EXPECT_EQ(screen.calls.back(), "settings screen");
+  PutFile("musiclist.txt", "a.mp3");
+  {
+    const UnreadableFile unreadable("musiclist.txt");
+    Load();
+  }
+  EXPECT_THAT(window.messages, ElementsAre("musiclist.txt could not be read: Permission denied"));
+  EXPECT_EQ(window.calls.back(), "settings screen");
 }
 
 TEST_F(StartUp, GoesOnWhereNothingCanBeWritten) {
   PutLastWorkout(0);
   PutFile("workouts", "a file in the way");
   Load();
-  EXPECT_EQ(screen.calls.back(), "settings screen");
+  EXPECT_EQ(window.calls.back(), "settings screen");
 }
 
 TEST_F(StartUp, RunsTheSetUpFirstWhenThereAreNoSettings) {
-  screen.folders = {"/music", "/player"};
+  window.folders = {"/music", "/player"};
   Load();
-  EXPECT_EQ(screen.calls.front(), "message: Welcome to Repvolta");
+  EXPECT_EQ(window.calls.front(), "message: Welcome to Repvolta");
   EXPECT_EQ(state.Settings.MusicPath.Text(), "/music");
   EXPECT_EQ(state.Settings.OutputPath.Text(), "/player");
 }
@@ -213,9 +213,9 @@ class FirstRun : public StartUp {};
 TEST_F(FirstRun, AsksInOrder) {
   RunSetUp({"/music", "/player"});
 
-  EXPECT_THAT(screen.calls,
+  EXPECT_THAT(window.calls,
               ElementsAre("message: Welcome to Repvolta", "message: Find your music files",
-                          "select directory", "paths", "compile", "message: Repvolta", "count",
+                          "select directory", "paths", "please wait", "message: Repvolta",
                           "message: Select your output directory", "select directory", "paths"));
 }
 
@@ -223,7 +223,7 @@ TEST_F(FirstRun, AsksLetterForLetter) {
   RunSetUp({"/music", "/player"});
 
   EXPECT_THAT(
-      screen.messages,
+      window.messages,
       ElementsAre("This is the first time the program has been executed, so lets set up some "
                   "simple stuff first to get started.\rPress ENETER to begin.",
                   "Repvolta needs to know where your MP3 music files are loacted.\rThese are the "
@@ -248,10 +248,10 @@ TEST_F(FirstRun, WritesTheFoldersAndTheDefaults) {
 }
 
 TEST_F(FirstRun, CompilesTheMusicOfTheChosenFolder) {
-  std::string compiled;
-  services.compileMusicList = [&] { compiled = state.Settings.MusicPath.Text(); };
-  RunSetUp({"/music", "/player"});
-  EXPECT_EQ(compiled, "/music");
+  PutFile("music/a.mp3", "");
+  RunSetUp({folder.Path() + "music", "/player"});
+  EXPECT_EQ(GetTextFile("musiclist.txt"), folder.Path() + "music/a.mp3\n");
+  EXPECT_EQ(state.RandomMusicFiles, 1);
 }
 
 TEST_F(FirstRun, TakesCancelledPickersAsNoFolders) {
@@ -263,7 +263,7 @@ TEST_F(FirstRun, TakesCancelledPickersAsNoFolders) {
 
 TEST_F(FirstRun, TellsOfAFolderWhosePathCannotBeKeptAndTakesNone) {
   RunSetUp({"/" + std::string(256, 'm'), "/player"});
-  EXPECT_THAT(screen.messages, Contains(HasSubstr("The path cannot be kept")));
+  EXPECT_THAT(window.messages, Contains(HasSubstr("The path cannot be kept")));
   const SettingsRecord settings = DecodeSettings(GetFile("settings.dat"));
   EXPECT_TRUE(settings.MusicPath.IsBlank());
   EXPECT_EQ(settings.OutputPath.Text(), "/player");
@@ -272,49 +272,49 @@ TEST_F(FirstRun, TellsOfAFolderWhosePathCannotBeKeptAndTakesNone) {
 TEST_F(FirstRun, DoesNothingWhenThereAreSettings) {
   PutLastWorkout(0);
   RunSetUp({});
-  EXPECT_THAT(screen.calls, IsEmpty());
+  EXPECT_THAT(window.calls, IsEmpty());
 }
 
 TEST_F(FirstRun, KeepsTheAnswersInMemoryWhenTheyCannotBeSaved) {
-  screen.folders = {"/music", "/player"};
+  window.folders = {"/music", "/player"};
   std::filesystem::create_directory(".settings.dat.new");
   PutFile(".settings.dat.new/kept", "x");
 
   Load();
 
-  EXPECT_THAT(screen.messages, Contains(HasSubstr("settings.dat could not be written")));
+  EXPECT_THAT(window.messages, Contains(HasSubstr("settings.dat could not be written")));
   EXPECT_EQ(state.Settings.OutputPath.Text(), "/player");
   std::filesystem::remove_all(".settings.dat.new");
-  ExitButton_Click(state, screen);
+  ExitButton_Click(editor);
   EXPECT_EQ(DecodeSettings(GetFile("settings.dat")).OutputPath.Text(), "/player");
 }
 
 TEST_F(FirstRun, LeavesNoSettingsWhenItIsInterrupted) {
-  screen.folders = {"/music"};  // The second picker never answers.
-  EXPECT_THROW(FirstRunSetup(state, screen, services), std::out_of_range);
+  window.folders = {"/music"};  // The second picker never answers.
+  EXPECT_THROW(FirstRunSetup(editor), std::out_of_range);
   EXPECT_FALSE(std::filesystem::exists("settings.dat"));
 }
 
 TEST_F(FirstRun, SaysWhyTheMusicCouldNotBeListed) {
-  services.compileMusicList = [] { throw FileError("musiclist.txt", "could not be", "x"); };
+  PutFile("musiclist.txt/in the way", "");
 
   RunSetUp({"/music", "/player"});
 
-  EXPECT_THAT(screen.messages, Contains("musiclist.txt could not be: x"));
-  EXPECT_THAT(screen.messages, testing::Not(Contains("The random music list has been compiled.")));
+  EXPECT_THAT(window.messages, Contains(HasSubstr("musiclist.txt could not be written")));
+  EXPECT_THAT(window.messages, testing::Not(Contains("The random music list has been compiled.")));
   EXPECT_TRUE(std::filesystem::exists("settings.dat"));
 }
 
 class Exit : public StartUp {};
 
 TEST_F(Exit, StoresTheSelectedWorkout) {
-  screen.selectedWorkout = 4;
-  ExitButton_Click(state, screen);
+  window.selectedWorkout = 4;
+  ExitButton_Click(editor);
   EXPECT_EQ(DecodeSettings(GetFile("settings.dat")).LastWorkoutIndex, 4);
 }
 
 TEST_F(Exit, StoresThatNoWorkoutIsSelected) {
-  ExitButton_Click(state, screen);
+  ExitButton_Click(editor);
   EXPECT_EQ(DecodeSettings(GetFile("settings.dat")).LastWorkoutIndex, -1);
 }
 
@@ -327,9 +327,9 @@ TEST_F(Exit, KeepsTheSettingsThatCameInMeanwhile) {
   other.Settings.LastWorkoutIndex = 0;
   SaveSettings(other);
   std::filesystem::current_path("/");
-  screen.selectedWorkout = 1;
+  window.selectedWorkout = 1;
 
-  ExitButton_Click(state, screen);
+  ExitButton_Click(editor);
 
   const SettingsRecord saved = DecodeSettings(GetFile(folder.Path() + "settings.dat"));
   EXPECT_EQ(saved.OutputPath.Text(), "/other");
@@ -338,8 +338,8 @@ TEST_F(Exit, KeepsTheSettingsThatCameInMeanwhile) {
 
 TEST_F(Exit, SaysWhyTheSettingsCouldNotBeSaved) {
   std::filesystem::create_directory("settings.dat");
-  ExitButton_Click(state, screen);
-  EXPECT_THAT(screen.messages, ElementsAre(HasSubstr("settings.dat could not be")));
+  ExitButton_Click(editor);
+  EXPECT_THAT(window.messages, ElementsAre(HasSubstr("settings.dat could not be")));
 }
 
 }  // namespace

@@ -9,8 +9,8 @@
 #include "update/Steps.h"
 #include "update/UpdateLock.h"
 
-#include "support/ProgramFixture.h"
 #include "support/UnreadableFile.h"
+#include "support/WindowlessFixture.h"
 
 namespace repvolta {
 namespace {
@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class UpdateCommands : public ProgramFixture {
+class UpdateCommands : public WindowlessFixture {
  protected:
   UpdateCommands() {
     fs::create_directory("player");
@@ -42,39 +42,39 @@ class UpdateCommands : public ProgramFixture {
 TEST_F(UpdateCommands, UpdateTheSelectedWorkoutFromAnyDirectory) {
   state.UpdatingAllWorkouts = true;
   fs::current_path("/");
-  UpdateSelectedWorkout(program);
+  UpdateSelectedWorkoutButton_Click(editor);
   EXPECT_TRUE(fs::exists(folder.Path() + "player/Monday"));
   EXPECT_FALSE(state.UpdatingAllWorkouts);
 }
 
 TEST_F(UpdateCommands, DoNothingWhileAnotherUpdateRuns) {
   const UpdateLock other(state.ProgramDirectory);
-  EXPECT_THROW(UpdateSelectedWorkout(program), UpdateRunning);
-  EXPECT_THROW(UpdateAllWorkouts(program), UpdateRunning);
+  EXPECT_THROW(UpdateSelectedWorkoutButton_Click(editor), UpdateRunning);
+  EXPECT_THROW(UpdateAllWorkoutsButton_Click(editor), UpdateRunning);
   EXPECT_TRUE(fs::is_empty("player"));
-  EXPECT_THAT(screen.calls, IsEmpty());
+  EXPECT_THAT(window.calls, IsEmpty());
 }
 
 TEST_F(UpdateCommands, DoNothingWithoutAWorkout) {
   state.WorkoutFileName = " ";
   state.Settings.OutputPath = "";
-  UpdateSelectedWorkout(program);
-  UpdateAllWorkouts(program);
-  EXPECT_THAT(screen.calls, IsEmpty());
+  UpdateSelectedWorkoutButton_Click(editor);
+  UpdateAllWorkoutsButton_Click(editor);
+  EXPECT_THAT(window.calls, IsEmpty());
 }
 
 TEST_F(UpdateCommands, AskForAnOutputPath) {
   for (const std::string& path :
        {std::string(), std::string("   "), std::string(256, '\0'), std::string(256, 'x')}) {
-    screen.messages.clear();
+    window.messages.clear();
     state.Settings.OutputPath = path;
-    UpdateSelectedWorkout(program);
-    UpdateAllWorkouts(program);
-    EXPECT_THAT(screen.messages,
+    UpdateSelectedWorkoutButton_Click(editor);
+    UpdateAllWorkoutsButton_Click(editor);
+    EXPECT_THAT(window.messages,
                 ElementsAre("Cannot perform update, no Output file path has been specified.",
                             "Cannot perform update, no Output file path has been specified."));
   }
-  EXPECT_THAT(screen.titles, testing::Each("Repvolta"));
+  EXPECT_THAT(window.calls, testing::Each("message: Repvolta"));
   EXPECT_TRUE(fs::is_empty("player"));
 }
 
@@ -84,19 +84,54 @@ TEST_F(UpdateCommands, TakeAPathThatJustFits) {
   EXPECT_FALSE(IsOutputPathMissing(settings));
 }
 
+TEST_F(UpdateCommands, LeaveTheProgressWindowAndShowTheExercise) {
+  UpdateSelectedWorkoutButton_Click(editor);
+  EXPECT_THAT(window.calls, ElementsAre("show", "line", "line", "line", "line", "exercise screen"));
+}
+
+TEST_F(UpdateCommands, HideTheProgressWindowOfEachWorkoutBeforeTheExerciseIsShown) {
+  state.WorkoutNames = {"Monday.RPV"};
+  AddWorkout("Monday.RPV", "");
+  state.WorkoutNames.pop_back();
+  UpdateAllWorkoutsButton_Click(editor);
+  EXPECT_THAT(window.calls,
+              ElementsAre("workout screen", "exercise screen", "show", "line", "line", "line",
+                          "line", "hide", "exercise screen", "message: Repvolta"));
+}
+
+TEST_F(UpdateCommands, OpenThePlayListWhenTheSettingAsksForIt) {
+  UpdateSelectedWorkoutButton_Click(editor);
+  EXPECT_THAT(window.opened, IsEmpty());
+  state.Settings.AutoLoadPlaylist = kTrue;
+  UpdateSelectedWorkoutButton_Click(editor);
+  EXPECT_THAT(window.opened, ElementsAre(folder.Path() + "player/Monday/Monday.M3U"));
+}
+
+/// Cannot show the exercise.
+class WindowWithoutExercise : public RecordingWindow {
+ public:
+  void UpdateExerciseScreen() override { throw FileError("label", "is", "narrow"); }
+};
+
+TEST_F(UpdateCommands, LogWhatKeepsTheExerciseFromBeingShown) {
+  WindowWithoutExercise narrow;
+  UpdateSelectedWorkoutButton_Click(narrow.EditorOf(program));
+  EXPECT_EQ(narrow.log.back(), "ERROR: label is: narrow");
+}
+
 TEST_F(UpdateCommands, UpdateAllWorkoutsInTheOrderOfTheList) {
   AddWorkout("C.RPV", "Squat");
   AddWorkout("A.RPV", "Rowing");
   AddWorkout("B.RPV", "Plank");
 
-  UpdateAllWorkouts(program);
+  UpdateAllWorkoutsButton_Click(editor);
 
   for (const char* name : {"A", "B", "C"}) {
     EXPECT_TRUE(fs::exists(std::string("player/") + name + "/" + name + ".M3U")) << name;
   }
-  EXPECT_EQ(std::count(screen.calls.begin(), screen.calls.end(), "show"), 3);
-  EXPECT_EQ(std::count(screen.calls.begin(), screen.calls.end(), "hide"), 3);
-  EXPECT_THAT(screen.messages, ElementsAre("Update COMPLETED on all Workouts"));
+  EXPECT_EQ(std::count(window.calls.begin(), window.calls.end(), "show"), 3);
+  EXPECT_EQ(std::count(window.calls.begin(), window.calls.end(), "hide"), 3);
+  EXPECT_THAT(window.messages, ElementsAre("Update COMPLETED on all Workouts"));
   EXPECT_EQ(state.WorkoutFileName, "");
   EXPECT_EQ(state.Workout[0].ExerciseName.Text(), "Plank");
   EXPECT_TRUE(state.UpdatingAllWorkouts);
@@ -110,9 +145,9 @@ TEST_F(UpdateCommands, TellOfADamagedWorkoutAndGoOn) {
   damaged[0].NumberOfSets = -1;
   PutFile("workouts/A.RPV", EncodeWorkout(damaged));
 
-  UpdateAllWorkouts(program);
+  UpdateAllWorkoutsButton_Click(editor);
 
-  EXPECT_THAT(screen.messages,
+  EXPECT_THAT(window.messages,
               ElementsAre("A.RPV seems to be damaged: it holds numbers that no workout can have.",
                           "Update COMPLETED on all Workouts"));
   EXPECT_TRUE(fs::exists("player/B/B.M3U"));
@@ -123,9 +158,9 @@ TEST_F(UpdateCommands, PassOverAWorkoutThatIsGone) {
   AddWorkout("B.RPV", "Plank");
   fs::remove("workouts/B.RPV");
 
-  UpdateAllWorkouts(program);
+  UpdateAllWorkoutsButton_Click(editor);
 
-  EXPECT_THAT(screen.messages,
+  EXPECT_THAT(window.messages,
               ElementsAre("Error: Workout file not found", "Update COMPLETED on all Workouts"));
   EXPECT_FALSE(fs::exists("workouts/B.RPV"));
   EXPECT_EQ(SavedExercise("A.RPV"), "Rowing");
@@ -136,18 +171,18 @@ TEST_F(UpdateCommands, TellOfAWorkoutThatCannotBeReadAndGoOn) {
   AddWorkout("B.RPV", "Plank");
   const UnreadableFile unreadable("workouts/A.RPV");
 
-  UpdateAllWorkouts(program);
+  UpdateAllWorkoutsButton_Click(editor);
 
-  EXPECT_THAT(screen.messages, ElementsAre("workouts/A.RPV could not be read: Permission denied",
+  EXPECT_THAT(window.messages, ElementsAre("workouts/A.RPV could not be read: Permission denied",
                                            "Update COMPLETED on all Workouts"));
   EXPECT_FALSE(fs::exists("player/A"));
   EXPECT_TRUE(fs::exists("player/B/B.M3U"));
 }
 
 /// Cannot show a workout whose first exercise has a certain name.
-class ScreenThatCannotShow : public RecordingScreen {
+class WindowThatCannotShow : public RecordingWindow {
  public:
-  ScreenThatCannotShow(const ProgramState& state, std::string exercise)
+  WindowThatCannotShow(const ProgramState& state, std::string exercise)
       : state_(state), exercise_(std::move(exercise)) {}
 
   void UpdateWorkoutScreen() override {
@@ -163,10 +198,9 @@ class ScreenThatCannotShow : public RecordingScreen {
 TEST_F(UpdateCommands, UpdateAWorkoutThatCannotBeShownAndGoOn) {
   AddWorkout("A.RPV", "Rowing");
   AddWorkout("B.RPV", "Plank");
-  ScreenThatCannotShow narrow(state, "Rowing");
-  Program shown{state, narrow, clock, random, processes, speech};
+  WindowThatCannotShow narrow(state, "Rowing");
 
-  UpdateAllWorkouts(shown);
+  UpdateAllWorkoutsButton_Click(narrow.EditorOf(program));
 
   EXPECT_THAT(narrow.messages,
               ElementsAre("A.RPV cannot be shown as a whole, but is updated all the same.\r"
@@ -179,16 +213,15 @@ TEST_F(UpdateCommands, UpdateAWorkoutThatCannotBeShownAndGoOn) {
 }
 
 /// The person ends the program while a workout is shown.
-class ScreenThatStops : public RecordingScreen {
+class WindowThatStops : public RecordingWindow {
  public:
   void UpdateWorkoutScreen() override { throw UpdateStopped(); }
 };
 
 TEST_F(UpdateCommands, EndWhereThePersonEndsTheProgram) {
   AddWorkout("A.RPV", "Rowing");
-  ScreenThatStops stopping;
-  Program ending{state, stopping, clock, random, processes, speech};
-  EXPECT_THROW(UpdateAllWorkouts(ending), UpdateStopped);
+  WindowThatStops stopping;
+  EXPECT_THROW(UpdateAllWorkoutsButton_Click(stopping.EditorOf(program)), UpdateStopped);
   EXPECT_THAT(stopping.messages, IsEmpty());
 }
 

@@ -278,7 +278,7 @@ TEST_F(WorkoutEditing, AWorkoutThatIsNoFileIsToldAndTheOneBeforeStaysChosen) {
 TEST_F(WorkoutEditing, GarbageIsToldAndCanBeLeftAgain) {
   AddExercise("Squat");
   PutFile("workouts/Tuesday.RPV", Bytes(kWorkoutFileSize, 0x7F));
-  LoadWorkoutNames(state, *form);
+  repvolta::ListWorkouts(form->GetEditor());
   form->SelectWorkout(0);
   Choose(1);
   EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|Tuesday.RPV seems to be damaged: it "
@@ -291,7 +291,7 @@ TEST_F(WorkoutEditing, GarbageIsToldAndCanBeLeftAgain) {
 
 TEST_F(WorkoutEditing, AChosenWorkoutCanBeEditedBeforeItIsLoaded) {
   PutFile("workouts/Tuesday.RPV", Bytes(kWorkoutFileSize, 0x7F));
-  LoadWorkoutNames(state, *form);
+  repvolta::ListWorkouts(form->GetEditor());
   state.WorkoutFileName = "";
   form->EnableWorkoutControls();
   bool enabled = false;
@@ -309,7 +309,7 @@ TEST_F(WorkoutEditing, TimesThatCannotBeAddedUpAreToldWhenTheWorkoutIsChosen) {
     workout[slot].TotalMusicTime = 32767;
   }
   PutFile("workouts/Tuesday.RPV", EncodeWorkout(workout));
-  LoadWorkoutNames(state, *form);
+  repvolta::ListWorkouts(form->GetEditor());
   form->SelectWorkout(0);
   Choose(1);
   EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|The workout cannot be shown as a "
@@ -330,7 +330,7 @@ TEST_F(WorkoutEditing, TheKeyForANewWorkoutWorksFromAnywhereInTheTab) {
 
 TEST_F(WorkoutEditing, AnEmptyFolderLeavesTheBoxEmptyAndSaysWhatToDo) {
   fs::remove("workouts/Monday.RPV");
-  LoadWorkoutNames(state, *form);
+  repvolta::ListWorkouts(form->GetEditor());
   EXPECT_EQ(Box().count(), 0);
   EXPECT_EQ(state.NumberOfWorkouts, 0);
   EXPECT_EQ(Box().placeholderText(), "No workouts yet: create one.");
@@ -338,7 +338,7 @@ TEST_F(WorkoutEditing, AnEmptyFolderLeavesTheBoxEmptyAndSaysWhatToDo) {
 
 TEST_F(WorkoutEditing, TwoThousandWorkoutsAreListed) {
   for (int i = 0; i < 2000; ++i) PutFile("workouts/W" + std::to_string(i) + ".RPV", "");
-  LoadWorkoutNames(state, *form);
+  repvolta::ListWorkouts(form->GetEditor());
   EXPECT_EQ(Box().count(), 2001);
 }
 

@@ -48,7 +48,10 @@ class ScriptedDialogs : public Dialogs {
 
   void ShowAbout() override { asked.emplace_back("about"); }
 
+  void OpenDocument(const std::string& path) override { opened.push_back(path); }
+
   std::vector<std::string> asked;
+  std::vector<std::string> opened;
   std::deque<std::string> answers;
   std::function<void()> whenAsked;
 

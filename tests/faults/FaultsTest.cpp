@@ -179,6 +179,23 @@ TEST_F(EngineFaults, LeaveTheOldOrTheNewFileWhenSaving) {
   });
 }
 
+TEST_F(EngineFaults, OfACloseThatSaysNothingWasWrittenAreTold) {
+  int told = 0;
+  for (int number = 1;; ++number) {
+    PutFile("workouts/Monday.RPV", oldWorkout);
+    const Fault fault{.group = "close", .number = number, .failure = "EIO"};
+    const FaultyRun faulty = RunStep("save", fault);
+    if (!faulty.hit) break;
+    if (!Where(fault, faulty).ends_with("/.Monday.RPV.new")) continue;
+    ++told;
+    EXPECT_EQ(faulty.run.errors,
+              "engine_steps: workouts/Monday.RPV could not be written: Input/output error\n");
+    EXPECT_TRUE(GetFile("workouts/Monday.RPV") == oldWorkout);
+    ExpectNoWorkingFiles(".");
+  }
+  EXPECT_EQ(told, 1);
+}
+
 /// The system's reason for a failure stands in a message.
 bool IsReasonTold(const ProgramRun& run) {
   const std::string told = run.output + run.errors;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -88,7 +89,7 @@ const std::vector<std::string> kNames = {"$(touch pwned)",
 TEST_F(Hostile, ExerciseNamesStartNoShellAndMakeNoFilesElsewhere) {
   for (std::string name : kNames) {
     Reset();
-    name = name.substr(0, 40);
+    name.resize(std::min<std::size_t>(name.size(), 40));
     state.Workout[0].ExerciseName = name + "/../../../precious/x";
     state.Workout[1].ExerciseName = name;
     SaveMonday();
@@ -140,7 +141,9 @@ TEST_F(Hostile, MusicNamesAreCopiedAsTheyAre) {
     // Bytes that are no UTF-8 cannot be kept in a workout.
     EXPECT_TRUE(run.status == 0 || run.status == 1) << name << run.errors;
     EXPECT_EQ(GetTextFile(song), content);
-    EXPECT_TRUE(run.status == 1 || fs::exists("player/Monday/RV004-" + name + ".mp3")) << name;
+    // Blanks at its ends are no part of a copy's name.
+    const std::string copy = "RV004-" + std::string(TrimBlanks(name + ".mp3"));
+    EXPECT_TRUE(run.status == 1 || fs::exists("player/Monday/" + copy)) << name;
     EXPECT_FALSE(fs::exists("pwned") || fs::exists("program/pwned")) << name;
   }
 }

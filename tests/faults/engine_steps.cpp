@@ -12,8 +12,7 @@
 #include "update/RandomMusicList.h"
 
 #include "fakes/FakeServices.h"
-#include "fakes/RecordingScreen.h"
-#include "fakes/ScriptedMainScreen.h"
+#include "fakes/RecordingWindow.h"
 
 namespace repvolta {
 namespace {
@@ -28,19 +27,22 @@ class NoOutputs : public AudioOutputs {
 /// What a person does: starts, answers the set-up where it comes, adds an exercise, and exits.
 void StartEditAndExit(ProgramState& state) {
   const std::filesystem::path world = std::filesystem::current_path().parent_path();
-  ScriptedMainScreen screen;
+  RecordingWindow screen;
   screen.folders = {world / "music", world / "player"};
   screen.selectedWorkout = 0;
   FakeSpeech speech;
   NoOutputs outputs;
-  Form_Load(state, screen,
-            {speech, outputs, [&] { CompileMusicList(state.Settings.MusicPath.Trimmed()); },
-             [&] { CountRandomMusicFiles(state); }});
+  SystemClock clock;
+  ScriptedNumbers random;
+  FakeProcesses processes;
+  Program program{state, clock, random, processes, speech};
+  const Editor editor = screen.EditorOf(program);
+  Form_Load(editor, outputs);
   if (!state.WorkoutFileName.empty()) {
     state.Workout[4].ExerciseName = "Added";
     SaveWorkout(state);
   }
-  ExitButton_Click(state, screen);
+  ExitButton_Click(editor);
   for (const std::string& message : screen.messages) std::printf("%s\n", message.c_str());
 }
 
@@ -59,12 +61,11 @@ void SaveEdit(ProgramState& state, int number) {
 
 int Run(const std::string& step) {
   ProgramState state;
-  RecordingScreen screen;
   state.ProgramDirectory = std::filesystem::current_path().string() + "/";
   state.WorkoutFileName = "Monday.RPV";
   if (step == "load") {
     LoadSettings(state);
-    LoadWorkout(state, screen);
+    LoadWorkout(state);
     CountRandomMusicFiles(state);
     std::printf("%s %d %d\n", state.Settings.MusicPath.Text().c_str(), state.NumberOfExercises,
                 state.RandomMusicFiles);
@@ -75,7 +76,7 @@ int Run(const std::string& step) {
     SaveWorkout(state);
     SaveSettings(state);
   } else if (step == "edit") {
-    LoadWorkout(state, screen);
+    LoadWorkout(state);
     const int before = static_cast<int>(state.Workout[0].SetValue1[0]);
     state.Workout = {};
     for (int i = 1; i <= kEdits; ++i) SaveEdit(state, before + i);
@@ -83,7 +84,7 @@ int Run(const std::string& step) {
     state.WorkoutFileName.clear();
     StartEditAndExit(state);
   } else if (step == "list") {
-    LoadWorkoutNames(state, screen);
+    LoadWorkoutNames(state);
     for (const std::string& name : state.WorkoutNames) std::printf("%s\n", name.c_str());
   } else if (step == "compile") {
     CompileMusicList(std::filesystem::current_path().parent_path() / "music");

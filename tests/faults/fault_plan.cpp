@@ -64,7 +64,7 @@ void ReadPlan(std::string_view text) {
   const std::size_t second = text.find(':', first + 1);
   const auto group = std::find(std::begin(kGroups), std::end(kGroups), text.substr(0, first));
   plan.group = static_cast<int>(group - std::begin(kGroups));
-  plan.first = std::atoi(text.data() + first + 1);
+  plan.first = static_cast<int>(std::strtol(text.data() + first + 1, nullptr, 10));
   plan.allBehind = text.substr(first, second - first).ends_with('+');
   plan.error = ErrorNamed(text.substr(second + 1));
 }

@@ -82,6 +82,8 @@ int StatusAt(int folder, const char* path, void* status, int flags) {
 
 }  // namespace
 
+// Names and parameters are those of the C library.
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp,readability-function-size)
 #define EXPORTED extern "C" __attribute__((visibility("default")))
 
 EXPORTED int open(const char* path, int flags, ...) {
@@ -213,6 +215,14 @@ EXPORTED int fchmod(int descriptor, mode_t mode) noexcept {
   if (Fails(kMode, DescriptorPath(descriptor).Text())) return -1;
   return static_cast<int>(syscall(SYS_fchmod, descriptor, mode));
 }
+EXPORTED int fchmodat(int folder, const char* path, mode_t mode, int flags) noexcept {
+  if (Fails(kMode, path)) return -1;
+  return Real<int(int, const char*, mode_t, int)>("fchmodat")(folder, path, mode, flags);
+}
+EXPORTED int fchown(int descriptor, uid_t user, gid_t group) noexcept {
+  if (Fails(kMode, DescriptorPath(descriptor).Text())) return -1;
+  return static_cast<int>(syscall(SYS_fchown, descriptor, user, group));
+}
 EXPORTED int utimensat(int folder, const char* path, const timespec times[2], int flags) noexcept {
   if (Fails(kMode, path)) return -1;
   return static_cast<int>(syscall(SYS_utimensat, folder, path, times, flags));
@@ -285,3 +295,4 @@ EXPORTED int execve(const char* path, char* const arguments[], char* const envir
 EXPORTED int execv(const char* path, char* const arguments[]) noexcept {
   return execve(path, arguments, environ);
 }
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp,readability-function-size)

@@ -18,7 +18,7 @@
 #include "speech/EngineSpeech.h"
 #include "update/RandomMusicList.h"
 
-#include "fakes/RecordingScreen.h"
+#include "fakes/RecordingWindow.h"
 
 namespace repvolta {
 namespace {
@@ -48,32 +48,32 @@ class Updates {
   Updates() {
     state_.ProgramDirectory = fs::current_path().string() + "/";
     LoadSettings(state_);
-    LoadWorkoutNames(state_, screen_);
+    LoadWorkoutNames(state_);
     CountRandomMusicFiles(state_);
   }
 
   /// False when a line was an error.
   bool Run() {
     state_.WorkoutFileName = state_.WorkoutNames.at(0);
-    UpdateAllWorkouts(program_);
+    UpdateAllWorkoutsButton_Click(editor_);
     const bool isRight =
         screen_.log.size() > 1 && screen_.log.back() == "UPDATE COMPLETE." &&
         std::none_of(screen_.log.begin(), screen_.log.end(),
                      [](const std::string& line) { return line.starts_with("ERROR"); });
     screen_.calls.clear();
     screen_.messages.clear();
-    screen_.titles.clear();
     return isRight;
   }
 
  private:
   ProgramState state_;
-  RecordingScreen screen_;
+  RecordingWindow screen_;
   SystemClock clock_;
   TimerSeededNumbers random_;
   QtChildProcesses processes_;
   EngineSpeech speech_{InstalledEngines(processes_)};
-  Program program_{state_, screen_, clock_, random_, processes_, speech_};
+  Program program_{state_, clock_, random_, processes_, speech_};
+  Editor editor_ = screen_.EditorOf(program_);
 };
 
 int Soak(int runs) {

@@ -5,11 +5,12 @@
 #include "base/File.h"
 #include "instruction/MergeWAVfiles.h"
 
-#include "fakes/RecordingScreen.h"
+#include "fakes/RecordingRun.h"
 #include "support/ClipBytes.h"
 #include "support/FailingClose.h"
 #include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
+#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -38,12 +39,12 @@ class MergeWAV : public testing::Test {
     PutFile("target.wav", ClipBytes(Bytes(200, 't')));
     std::filesystem::resize_file("target.wav", size - kSamples);
     PutFile("source.wav", ClipBytes(Bytes(kSamples, 's')));
-    MergeWAVfiles("target.wav", "source.wav", screen);
+    MergeWAVfiles("target.wav", "source.wav", run);
     ASSERT_EQ(std::filesystem::file_size("target.wav"), size);
   }
 
   TemporaryFolder folder;
-  RecordingScreen screen;
+  RecordingRun run;
 };
 
 /// The greatest file whose length without the first 8 bytes is a number of 32 bits.
@@ -58,7 +59,7 @@ TEST_F(MergeWAV, AppendsTheSamplesOverTheLastByte) {
   source[45] = 'h';
   PutFile("source.wav", source);
 
-  MergeWAVfiles("target.wav", "source.wav", screen);
+  MergeWAVfiles("target.wav", "source.wav", run);
 
   const Bytes joined = GetFile("target.wav");
   ASSERT_EQ(joined.size(), 346U);
@@ -68,7 +69,7 @@ TEST_F(MergeWAV, AppendsTheSamplesOverTheLastByte) {
   EXPECT_EQ(TargetNumber(4), 338U);
   EXPECT_EQ(TargetNumber(16), 18U);
   EXPECT_EQ(TargetNumber(42), 299U);
-  EXPECT_THAT(screen.log, IsEmpty());
+  EXPECT_THAT(run.log, IsEmpty());
 }
 
 TEST_F(MergeWAV, TellsWhenTheCloseCallsTheTargetUnwritten) {
@@ -76,31 +77,31 @@ TEST_F(MergeWAV, TellsWhenTheCloseCallsTheTargetUnwritten) {
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
 
   const FailingClose unwritten("target.wav");
-  MergeWAVfiles("target.wav", "source.wav", screen);
+  MergeWAVfiles("target.wav", "source.wav", run);
 
-  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
-                                      "Input/output error"));
+  EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+                                   "Input/output error"));
 }
 
 TEST_F(MergeWAV, LeavesTheSourceAlone) {
   const Bytes source = ClipBytes(Bytes(100, 's'));
   PutFile("source.wav", source);
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
-  MergeWAVfiles("target.wav", "source.wav", screen);
+  MergeWAVfiles("target.wav", "source.wav", run);
   EXPECT_EQ(GetFile("source.wav"), source);
 }
 
 TEST_F(MergeWAV, WritesADataSizeOfMinusOneForTwoEmptyClips) {
   PutFile("source.wav", ClipBytes({}));
   PutFile("target.wav", ClipBytes({}));
-  MergeWAVfiles("target.wav", "source.wav", screen);
+  MergeWAVfiles("target.wav", "source.wav", run);
   EXPECT_EQ(TargetNumber(42), 0xFFFFFFFFU);
 }
 
 TEST_F(MergeWAV, JoinsAFileToItselfOnce) {
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
   const FullDisk endsWhatRunsOn(1024 * 1024);
-  MergeWAVfiles("target.wav", "target.wav", screen);
+  MergeWAVfiles("target.wav", "target.wav", run);
   EXPECT_EQ(GetFile("target.wav").size(), 446U);
 }
 
@@ -109,7 +110,7 @@ TEST_F(MergeWAV, WritesTheFormatSizeWhateverItWas) {
   target[16] = 16;
   PutFile("target.wav", target);
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));
-  MergeWAVfiles("target.wav", "source.wav", screen);
+  MergeWAVfiles("target.wav", "source.wav", run);
   EXPECT_EQ(TargetNumber(16), 18U);
 }
 
@@ -119,41 +120,56 @@ TEST_F(MergeWAV, LeavesTheOtherHeaderFieldsAlone) {
   PutFile("target.wav", target);
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));
 
-  MergeWAVfiles("target.wav", "source.wav", screen);
+  MergeWAVfiles("target.wav", "source.wav", run);
 
   const Bytes joined = GetFile("target.wav");
   for (const std::size_t offset : {0, 8, 12, 20, 22, 24, 28, 32, 34, 36, 38})
     EXPECT_EQ(joined[offset], 'x') << offset;
 }
 
+TEST_F(MergeWAV, JoinsSoundsOfAnotherFormatAsTheyAre) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  Bytes source = WavHeader({.rate = 44100, .bits = 8, .channels = 2}, 100);
+  source.resize(source.size() + 100, 's');
+  PutFile("source.wav", source);
+
+  MergeWAVfiles("target.wav", "source.wav", run);
+
+  const Bytes joined = GetFile("target.wav");
+  ASSERT_EQ(joined.size(), 346U);
+  EXPECT_EQ(TargetNumber(24), 16000U);
+  EXPECT_EQ(AsText(std::span(joined).subspan(246)), std::string(100, 's'));
+  EXPECT_THAT(run.log, IsEmpty());
+}
+
 TEST_F(MergeWAV, LogsAMissingSourceAndChangesNothing) {
   const Bytes target = ClipBytes(Bytes(200, 't'));
   PutFile("target.wav", target);
-  MergeWAVfiles("target.wav", "voice/reps.wav", screen);
-  EXPECT_THAT(screen.log, ElementsAre("ERROR: voice/reps.wav NOT FOUND."));
+  MergeWAVfiles("target.wav", "voice/reps.wav", run);
+  EXPECT_THAT(run.log, ElementsAre("ERROR: voice/reps.wav NOT FOUND."));
   EXPECT_EQ(GetFile("target.wav"), target);
 }
 
 TEST_F(MergeWAV, LogsAMissingTargetAndMakesNone) {
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));
-  MergeWAVfiles("target.wav", "source.wav", screen);
-  EXPECT_THAT(screen.log, ElementsAre("ERROR: target.wav NOT FOUND."));
+  MergeWAVfiles("target.wav", "source.wav", run);
+  EXPECT_THAT(run.log, ElementsAre("ERROR: target.wav NOT FOUND."));
   EXPECT_FALSE(std::filesystem::exists("target.wav"));
 }
 
 TEST_F(MergeWAV, LogsOnlyTheSourceWhenBothAreMissing) {
-  MergeWAVfiles("target.wav", "source.wav", screen);
-  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav NOT FOUND."));
+  MergeWAVfiles("target.wav", "source.wav", run);
+  EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav NOT FOUND."));
 }
 
 TEST_F(MergeWAV, SaysThatASourceIsTooShort) {
   for (const std::size_t size : {0, 1, 44, 45}) {
     PutFile("target.wav", ClipBytes(Bytes(200, 't')));
     PutFile("source.wav", Bytes(size, 's'));
-    MergeWAVfiles("target.wav", "source.wav", screen);
+    MergeWAVfiles("target.wav", "source.wav", run);
   }
-  EXPECT_THAT(screen.log, AllOf(SizeIs(4), Each("ERROR: source.wav could not be joined to "
-                                                "target.wav: It is too short for a WAV file")));
+  EXPECT_THAT(run.log, AllOf(SizeIs(4), Each("ERROR: source.wav could not be joined to "
+                                             "target.wav: It is too short for a WAV file")));
 }
 
 TEST_F(MergeWAV, WritesOnlyTheNumbersOfTheHeaderForASourceThatIsTooShort) {
@@ -166,7 +182,7 @@ TEST_F(MergeWAV, WritesOnlyTheNumbersOfTheHeaderForASourceThatIsTooShort) {
     for (const std::size_t offset : {4, 16, 42}) Put32(target, offset, 77);
     PutFile("target.wav", target);
     PutFile("source.wav", Bytes(size, 's'));
-    MergeWAVfiles("target.wav", "source.wav", screen);
+    MergeWAVfiles("target.wav", "source.wav", run);
     EXPECT_EQ(GetFile("target.wav"), expected) << size;
   }
 }
@@ -175,11 +191,11 @@ TEST_F(MergeWAV, SaysThatATargetIsTooShort) {
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));
   for (const std::size_t size : {0, 1, 45}) {
     PutFile("target.wav", Bytes(size, 't'));
-    MergeWAVfiles("target.wav", "source.wav", screen);
+    MergeWAVfiles("target.wav", "source.wav", run);
   }
-  EXPECT_THAT(screen.log, AllOf(SizeIs(3), Each("ERROR: source.wav could not be joined to "
-                                                "target.wav: target.wav is too short for a WAV "
-                                                "file")));
+  EXPECT_THAT(run.log, AllOf(SizeIs(3), Each("ERROR: source.wav could not be joined to "
+                                             "target.wav: target.wav is too short for a WAV "
+                                             "file")));
 }
 
 TEST_F(MergeWAV, JoinsToATargetThatIsTooShortAsToAnyOther) {
@@ -188,7 +204,7 @@ TEST_F(MergeWAV, JoinsToATargetThatIsTooShortAsToAnyOther) {
   PutFile("source.wav", source);
   for (const std::size_t size : {1, 2, 20, 44, 45}) {
     PutFile("target.wav", Bytes(size, 't'));
-    MergeWAVfiles("target.wav", "source.wav", screen);
+    MergeWAVfiles("target.wav", "source.wav", run);
     const std::string text = std::string(size - 1, 't') + "h" + std::string(100, 's');
     const auto bytes = AsBytes(text);
     Bytes expected(bytes.begin(), bytes.end());
@@ -207,7 +223,7 @@ TEST_F(MergeWAV, WritesTheNumbersOfTheHeaderAlsoWhereNoneIs) {
   for (const std::size_t size : {0, 45, 146}) {
     PutFile("source.wav", Bytes(size, 's'));
     PutFile("target.wav", Bytes());
-    MergeWAVfiles("target.wav", "source.wav", screen);
+    MergeWAVfiles("target.wav", "source.wav", run);
     EXPECT_EQ(GetFile("target.wav"), expected) << "an empty target has no last byte; " << size;
   }
 }
@@ -238,22 +254,40 @@ TEST_F(MergeWAV, SaysWhyAClipCouldNotBeJoined) {
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
   PutFile("source.wav", ClipBytes(Bytes(100'000, 's')));
   const FullDisk full(50'000);
-  MergeWAVfiles("target.wav", "source.wav", screen);
-  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+  MergeWAVfiles("target.wav", "source.wav", run);
+  EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+                                   "File too large"));
+}
+
+TEST_F(MergeWAV, SaysOnceThatNothingCanBeWritten) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  const FullDisk full(0);
+  MergeWAVfiles("target.wav", "source.wav", run);
+  EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
                                       "File too large"));
+}
+
+TEST_F(MergeWAV, SaysWhyAClipThatIsThereCannotBeRead) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  const UnreadableFile unreadable("source.wav");
+  MergeWAVfiles("target.wav", "source.wav", run);
+  EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+                                      "Permission denied"));
 }
 
 TEST_F(MergeWAV, TakesAFolderForNoFile) {
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
   std::filesystem::create_directory("source.wav");
-  MergeWAVfiles("target.wav", "source.wav", screen);
-  EXPECT_THAT(screen.log, ElementsAre("ERROR: source.wav NOT FOUND."));
+  MergeWAVfiles("target.wav", "source.wav", run);
+  EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav NOT FOUND."));
 }
 
 TEST_F(MergeWAV, JoinsManyClips) {
   PutFile("target.wav", ClipBytes(Bytes(10, 't')));
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));
-  for (int i = 0; i < 60; ++i) MergeWAVfiles("target.wav", "source.wav", screen);
+  for (int i = 0; i < 60; ++i) MergeWAVfiles("target.wav", "source.wav", run);
   EXPECT_EQ(GetFile("target.wav").size(), 46U + 10 + 60 * 100);
   EXPECT_EQ(TargetNumber(42), 10U + 60 * 100 - 1);
 }

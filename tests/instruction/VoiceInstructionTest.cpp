@@ -41,7 +41,7 @@ class VoiceInstruction : public ProgramFixture {
   }
 
   std::vector<std::string> Speak() {
-    GenerateHumanVoiceInstruction(program, 0, "temp.wav");
+    GenerateHumanVoiceInstruction(state, 0, "temp.wav", speech, run);
     return Clips();
   }
 };
@@ -53,7 +53,7 @@ TEST_F(VoiceInstruction, JoinsTheClipsOfItsWords) {
 
   EXPECT_THAT(Speak(), ElementsAre("name", "2", "sets", "50", "kilograms", "for", "10", "reps",
                                    "60", "kilograms", "for", "8", "reps"));
-  EXPECT_THAT(screen.log, IsEmpty());
+  EXPECT_THAT(run.log, IsEmpty());
 }
 
 TEST_F(VoiceInstruction, SaysNoValuesWhenTheSettingIsOff) {
@@ -90,12 +90,12 @@ TEST_F(VoiceInstruction, ReplacesWhatTheTargetHeld) {
 TEST_F(VoiceInstruction, HasAMissingNameSpokenOnceAndKept) {
   AddExercise(" Goblet Squat ");
 
-  GenerateHumanVoiceInstruction(program, 0, "temp.wav");
-  GenerateHumanVoiceInstruction(program, 0, "temp.wav");
+  GenerateHumanVoiceInstruction(state, 0, "temp.wav", speech, run);
+  GenerateHumanVoiceInstruction(state, 0, "temp.wav", speech, run);
 
-  EXPECT_THAT(screen.log, ElementsAre("WARNING: Exercise Instruction file NOT FOUND - "
-                                      "voice/exercise/Goblet Squat.WAV    Computer voice file "
-                                      "created."));
+  EXPECT_THAT(run.log, ElementsAre("WARNING: Exercise Instruction file NOT FOUND - "
+                                   "voice/exercise/Goblet Squat.WAV    Computer voice file "
+                                   "created."));
   ASSERT_EQ(speech.requests.size(), 1U);
   EXPECT_EQ(speech.requests[0].text, "Goblet Squat");
   EXPECT_EQ(speech.requests[0].file, "voice/exercise/Goblet Squat.WAV");
@@ -104,7 +104,7 @@ TEST_F(VoiceInstruction, HasAMissingNameSpokenOnceAndKept) {
 
 TEST_F(VoiceInstruction, SpeaksWithTheVoiceThatIsSetUp) {
   state.Voice = {.Voice = 1, .Rate = -3, .Volume = 80, .Format = 35};
-  SpeakToFile(program, "Squat", "out.wav");
+  SpeakToFile(state.Voice, speech, "Squat", "out.wav");
   EXPECT_EQ(speech.requests[0].voice, 1);
   EXPECT_EQ(speech.requests[0].rate, -3);
   EXPECT_EQ(speech.requests[0].volume, 80);
@@ -119,7 +119,7 @@ TEST_F(VoiceInstruction, FindsANameClipOfAnotherCase) {
 
 TEST_F(VoiceInstruction, KeepsTheClipOfAHostileNameInItsFolder) {
   AddExercise("../../Clean/Jerk");
-  GenerateHumanVoiceInstruction(program, 0, "temp.wav");
+  GenerateHumanVoiceInstruction(state, 0, "temp.wav", speech, run);
   EXPECT_EQ(speech.requests[0].text, "../../Clean/Jerk");
   EXPECT_EQ(speech.requests[0].file, "voice/exercise/.._.._Clean_Jerk.WAV");
 }
@@ -129,16 +129,16 @@ TEST_F(VoiceInstruction, LeavesNoInstructionOfAnotherExerciseWhenSpeechFails) {
   PutFile("temp.wav", ClipBytes(Bytes(1000, 'x')));
   speech.fails = true;
 
-  EXPECT_THROW(GenerateHumanVoiceInstruction(program, 0, "temp.wav"), SpeechError);
+  EXPECT_THROW(GenerateHumanVoiceInstruction(state, 0, "temp.wav", speech, run), SpeechError);
 
   EXPECT_FALSE(std::filesystem::exists("temp.wav"));
-  EXPECT_THAT(screen.log, IsEmpty());
+  EXPECT_THAT(run.log, IsEmpty());
 }
 
 TEST_F(VoiceInstruction, MakesTheFolderOfNameClips) {
   std::filesystem::remove_all("voice/exercise");
   AddExercise("Squat");
-  GenerateHumanVoiceInstruction(program, 0, "temp.wav");
+  GenerateHumanVoiceInstruction(state, 0, "temp.wav", speech, run);
   EXPECT_TRUE(std::filesystem::exists("voice/exercise/Squat.WAV"));
 }
 
@@ -148,22 +148,24 @@ TEST_F(VoiceInstruction, SaysTheSetsThatExistBeforeItRefusesMore) {
   for (int set = 0; set < 17; ++set) AddSet(exercise, 5, 1);
   exercise.NumberOfSets = 18;
 
-  EXPECT_THROW(GenerateHumanVoiceInstruction(program, 0, "temp.wav"), std::out_of_range);
+  EXPECT_THROW(GenerateHumanVoiceInstruction(state, 0, "temp.wav", speech, run), std::out_of_range);
 
-  EXPECT_THAT(screen.log, ElementsAre("ERROR: voice/18.wav NOT FOUND."));
+  EXPECT_THAT(run.log, ElementsAre("ERROR: voice/18.wav NOT FOUND."));
   EXPECT_EQ(Clips().size(), std::size_t{1 + 1 + 17 * 5 + 1});
 }
 
 TEST_F(VoiceInstruction, GoesOnAfterMissingClipsAndNamesThemInOrder) {
   AddSet(AddExercise("Squat"), 47, 10);
   EXPECT_THAT(Speak(), ElementsAre("name", "1", "set", "kilograms", "for", "10", "reps"));
-  EXPECT_THAT(screen.log,
+  EXPECT_THAT(run.log,
               ElementsAre("ERROR: voice/40.wav NOT FOUND.", "ERROR: voice/7.wav NOT FOUND."));
 }
 
 TEST_F(VoiceInstruction, RefusesAnIndexOutsideTheSlots) {
-  EXPECT_THROW(GenerateHumanVoiceInstruction(program, 52, "temp.wav"), std::out_of_range);
-  EXPECT_THROW(GenerateHumanVoiceInstruction(program, -1, "temp.wav"), std::out_of_range);
+  EXPECT_THROW(GenerateHumanVoiceInstruction(state, 52, "temp.wav", speech, run),
+               std::out_of_range);
+  EXPECT_THROW(GenerateHumanVoiceInstruction(state, -1, "temp.wav", speech, run),
+               std::out_of_range);
 }
 
 }  // namespace

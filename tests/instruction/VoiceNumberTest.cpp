@@ -3,7 +3,7 @@
 
 #include "instruction/VoiceNumber.h"
 
-#include "fakes/RecordingScreen.h"
+#include "fakes/RecordingRun.h"
 #include "support/ClipBytes.h"
 #include "support/TemporaryFolder.h"
 
@@ -17,7 +17,7 @@ class VoiceNumber : public testing::Test {
   VoiceNumber() { PutFile("temp.wav", ClipBytes(Bytes(10, 't'))); }
 
   TemporaryFolder folder;
-  RecordingScreen screen;
+  RecordingRun run;
 };
 
 TEST_F(VoiceNumber, JoinsItsClipsInTheOrderOfItsWords) {
@@ -25,7 +25,7 @@ TEST_F(VoiceNumber, JoinsItsClipsInTheOrderOfItsWords) {
   PutFile("voice/7.wav", ClipBytes(Bytes(5, '7')));
   float value = 47;
 
-  GenerateVoiceNumber(value, "temp.wav", screen);
+  GenerateVoiceNumber(value, "temp.wav", run);
 
   // The last byte before each clip is its header's.
   const Bytes joined = GetFile("temp.wav");
@@ -36,7 +36,7 @@ TEST_F(VoiceNumber, JoinsItsClipsInTheOrderOfItsWords) {
 
 TEST_F(VoiceNumber, IsUsedUp) {
   float value = 62.3F;
-  GenerateVoiceNumber(value, "temp.wav", screen);
+  GenerateVoiceNumber(value, "temp.wav", run);
   EXPECT_EQ(value, 62.3F - 60 - 2);
 }
 
@@ -44,9 +44,9 @@ TEST_F(VoiceNumber, GoesOnAfterAMissingClip) {
   PutFile("voice/7.wav", ClipBytes(Bytes(20, '7')));
   float value = 47;
 
-  GenerateVoiceNumber(value, "temp.wav", screen);
+  GenerateVoiceNumber(value, "temp.wav", run);
 
-  EXPECT_THAT(screen.log, ElementsAre("ERROR: voice/40.wav NOT FOUND."));
+  EXPECT_THAT(run.log, ElementsAre("ERROR: voice/40.wav NOT FOUND."));
   EXPECT_EQ(GetFile("temp.wav").size(), 46U + 10 + 20);
 }
 
@@ -54,7 +54,7 @@ TEST_F(VoiceNumber, TakesClipsOfAnyCase) {
   PutFile("voice/POINT.WAV", ClipBytes(Bytes(20, 'p')));
   float value = 0.01F;
 
-  GenerateVoiceNumber(value, "temp.wav", screen);
+  GenerateVoiceNumber(value, "temp.wav", run);
 
   EXPECT_EQ(GetFile("temp.wav").size(), 46U + 10 + 20);
 }

@@ -112,15 +112,40 @@ TEST(QtChildProcesses, DoesNotStartWhenTheInputIsMissing) {
   EXPECT_EQ(QtChildProcesses().Run(command).end, ChildEnd::kNotStarted);
 }
 
-TEST(QtChildProcesses, FindsAProgramInTheCurrentDirectoryFirst) {
+TEST(QtChildProcesses, FindsAProgramInTheCurrentDirectoryFirstWhereThatIsMeant) {
   TemporaryFolder folder;
   PutProgram("lame.exe");
   PutProgram("elsewhere/lame.exe");
   Variable path("PATH", folder.Path() + "elsewhere");
 
-  const ChildResult result = QtChildProcesses().Run({.program = "lame.exe", .arguments = {"name"}});
+  const ChildResult result =
+      QtChildProcesses().Run({.program = "lame.exe",
+                              .arguments = {"name"},
+                              .place = ProgramPlace::kCurrentDirectoryThenPath});
 
   EXPECT_EQ(result.output, "./lame.exe\n");
+}
+
+TEST(QtChildProcesses, FindsAProgramOnThePathAlone) {
+  TemporaryFolder folder;
+  PutProgram("flite");
+  PutProgram("elsewhere/flite");
+  Variable path("PATH", ":" + folder.Path() + "elsewhere");
+
+  const ChildResult result = QtChildProcesses().Run({.program = "flite", .arguments = {"name"}});
+
+  EXPECT_EQ(result.output, folder.Path() + "elsewhere/flite\n");
+}
+
+TEST(QtChildProcesses, TakesNoEmptyPlaceOnThePathForTheCurrentDirectory) {
+  TemporaryFolder folder;
+  PutProgram("flite");
+  for (const char* empty : {"", ":", "::/nowhere:"}) {
+    Variable path("PATH", empty);
+    EXPECT_EQ(QtChildProcesses().Run({.program = "flite", .arguments = {}}).end,
+              ChildEnd::kNotStarted)
+        << empty;
+  }
 }
 
 TEST(QtChildProcesses, PassesOverWhatIsNoProgramOnItsWayThroughThePath) {

@@ -14,6 +14,7 @@
 #include "app/Exercises.h"
 #include "app/RecordFormat.h"
 #include "app/WorkoutFiles.h"
+#include "editing/LoadedWorkout.h"
 #include "ui/RepvoltaForm.h"
 #include "ui/RowList.h"
 
@@ -46,17 +47,7 @@ class FormFixture : public testing::Test {
 
   void OpenForm() {
     form.reset();
-    form = std::make_unique<RepvoltaForm>(
-        FormServices{.state = state,
-                     .clock = clock,
-                     .random = random,
-                     .processes = processes,
-                     .speech = speech,
-                     .dialogs = dialogs,
-                     .progress = progress,
-                     .pleaseWait = pleaseWait,
-                     .openDocument = [this](const std::string& path) { opened.push_back(path); },
-                     .layoutFile = layoutFile});
+    form = std::make_unique<RepvoltaForm>(program, dialogs, progress, pleaseWait, layoutFile);
     form->show();
   }
 
@@ -65,7 +56,7 @@ class FormFixture : public testing::Test {
     for (const std::string& name : names) {
       PutFile("workouts/" + name + ".RPV", EncodeWorkout({}));
     }
-    LoadWorkoutNames(state, *form);
+    repvolta::ListWorkouts(form->GetEditor());
   }
 
   /// Loads a listed workout without the window.
@@ -74,14 +65,14 @@ class FormFixture : public testing::Test {
     form->SelectWorkout(
         static_cast<int>(std::find(names.begin(), names.end(), fileName) - names.begin()));
     state.WorkoutFileName = fileName;
-    LoadWorkout(state, *form);
+    LoadAndShowWorkout(form->GetEditor());
     form->EnableWorkoutControls();
   }
 
   /// A new exercise of the loaded workout, saved and shown.
   ExerciseRecord& AddExercise(const std::string& name) {
     ExerciseRecord& exercise = state.Workout[state.NumberOfExercises++];
-    InitialiseExercise(exercise, state.Settings, clock);
+    InitialiseExercise(exercise, state.Settings, clock.Today());
     exercise.ExerciseName = name;
     Show();
     return exercise;
@@ -140,7 +131,7 @@ class FormFixture : public testing::Test {
   ScriptedDialogs dialogs;
   RecordingProgress progress;
   RecordingPleaseWait pleaseWait;
-  std::vector<std::string> opened;
+  Program program{state, clock, random, processes, speech};
   std::string layoutFile;
   std::unique_ptr<RepvoltaForm> form;
 };

@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "app/Program.h"
+#include "update/Program.h"
 
 #include "fakes/FakeServices.h"
-#include "fakes/RecordingScreen.h"
+#include "fakes/RecordingRun.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -27,12 +27,12 @@ class ProgramFixture : public testing::Test {
 
   TemporaryFolder folder;
   ProgramState state;
-  RecordingScreen screen;
+  RecordingRun run;
   FakeClock clock{kToday + 0.5};
   ScriptedNumbers random;
   FakeProcesses processes;
   FakeSpeech speech;
-  Program program{state, screen, clock, random, processes, speech};
+  Program program{state, clock, random, processes, speech};
 };
 
 /// Appends a set with these values.

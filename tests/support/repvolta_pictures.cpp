@@ -153,16 +153,9 @@ void TakeWindow(const Pictures& pictures) {
   QtDialogs dialogs;
   UpdateForm progress;
   RandomMusicMessage wait;
-  RepvoltaForm form({.state = state,
-                     .clock = SampleClock(),
-                     .random = random,
-                     .processes = processes,
-                     .speech = speech,
-                     .dialogs = dialogs,
-                     .progress = progress,
-                     .pleaseWait = wait,
-                     .openDocument = [](const std::string&) {}});
-  Form_Load(state, form, {speech, outputs, [] {}, [&] { state.RandomMusicFiles = 4321; }});
+  Program program{state, SampleClock(), random, processes, speech};
+  RepvoltaForm form(program, dialogs, progress, wait, "");
+  Form_Load(form.GetEditor(), outputs);
   form.findChild<QListWidget*>("ExerciseList")->setCurrentRow(0);
   auto& tabs = *form.findChild<QTabWidget*>("SSTab1");
   for (const char* name : {"Workout", "Exercise", "Settings"}) {

@@ -2,6 +2,7 @@
 #include <QSplitter>
 #include <QTimer>
 
+#include "base/ProgramFiles.h"
 #include "update/Steps.h"
 
 #include "support/FormFixture.h"
@@ -185,7 +186,7 @@ TEST_F(MainWindow, AfterUpdateAllTheSelectedWorkoutCanBeChosenAgain) {
 TEST_F(MainWindow, OpensThePlayListWhenTheSettingAsksForIt) {
   state.Settings.AutoLoadPlaylist = kTrue;
   Click("UpdateSelectedWorkoutButton");
-  EXPECT_THAT(opened, ElementsAre(folder.Path() + "player/Monday/Monday.M3U"));
+  EXPECT_THAT(dialogs.opened, ElementsAre(folder.Path() + "player/Monday/Monday.M3U"));
 }
 
 TEST_F(MainWindow, WhileAnUpdateRunsNothingElseCanBeDone) {

@@ -22,7 +22,7 @@ class UpdateAll : public FormFixture {
   void Fill(const std::string& fileName, const std::string& name, std::int16_t musicTime) {
     ExerciseSlots workout;
     for (int i = 0; i < MaxExercises; ++i) {
-      InitialiseExercise(workout[i], state.Settings, clock);
+      InitialiseExercise(workout[i], state.Settings, clock.Today());
       workout[i].ExerciseName = name;
       workout[i].TotalMusicTime = musicTime;
       workout[i].NumberOfSets = 1;

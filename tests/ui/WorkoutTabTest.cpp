@@ -93,9 +93,9 @@ TEST_F(WorkoutScreen, TheLineGoesAlsoWhenTheSaveShowsOnlyTheExercise) {
   PutFile("workouts/Monday.RPV", half);
   Load("Monday.RPV");
   OpenTab(1);
+  EXPECT_FALSE(Get<QLabel>("WorkoutFileLabel").isHidden());
   Click("UnitsSelection_1");
-  OpenTab(0);
-  EXPECT_FALSE(Get<QLabel>("WorkoutFileLabel").isVisible());
+  EXPECT_TRUE(Get<QLabel>("WorkoutFileLabel").isHidden());
 }
 
 TEST_F(WorkoutScreen, TheLineGoesWithItsWorkout) {

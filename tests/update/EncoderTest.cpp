@@ -22,6 +22,16 @@ TEST(EncodeMP3file, RunsTheEncoderOfTheCurrentDirectory) {
   EXPECT_THAT(processes.started, ElementsAre("lame.exe -V4 temp.wav temp.mp3"));
 }
 
+TEST(EncodeMP3file, LooksForTheEncoderInTheCurrentDirectory) {
+  TemporaryFolder folder;
+  FakeProcesses processes;
+  PutFile("lame.exe", "");
+  ProgramPlace place = ProgramPlace::kPath;
+  processes.run = [&](const ChildCommand& command) { place = command.place; };
+  EncodeMP3file(processes, "temp.wav", "temp.mp3");
+  EXPECT_EQ(place, ProgramPlace::kCurrentDirectoryThenPath);
+}
+
 TEST(EncodeMP3file, TrimsTheNames) {
   TemporaryFolder folder;
   FakeProcesses processes;

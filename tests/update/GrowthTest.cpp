@@ -52,6 +52,15 @@ TEST(Growth, IsOffWithoutAPositiveFrequency) {
   }
 }
 
+TEST(Growth, LeavesOutWhatStandsBehindTheLastSet) {
+  ExerciseRecord exercise = Growing(7, 8);
+  AddSet(exercise, 60, 8);
+  exercise.SetFrequency1[1] = 1;
+  exercise.NextUpdate1[1] = kToday - 8;
+  exercise.NumberOfSets = 1;
+  EXPECT_THAT(GrowthOn(exercise, kToday), ElementsAre(Grown(0, 1, 50, 52.5F)));
+}
+
 TEST(Growth, JudgesEachFieldOfEachSetByItself) {
   ExerciseRecord exercise = Growing(7, 8);
   AddSet(exercise, 60, 8);
@@ -129,7 +138,7 @@ class WorkoutGrowth : public ProgramFixture {
   }
 
   void Grow() {
-    Steps steps(screen);
+    Steps steps(run, run);
     GrowWorkout(program, steps);
   }
 };
@@ -147,9 +156,9 @@ TEST_F(WorkoutGrowth, GrowsAndTellsWhatIsDue) {
   EXPECT_EQ(waiting.SetValue1[0], 50);
   EXPECT_EQ(waiting.NextUpdate1[0], kToday - 7);
   EXPECT_EQ(dips.SetValue1[0], 52.5F);
-  EXPECT_THAT(screen.log, ElementsAre("Updated Field 1 in exercise - Squat",
-                                      "Updated Field 2 in exercise - Squat",
-                                      "Updated Field 1 in exercise -  Dips"));
+  EXPECT_THAT(run.log, ElementsAre("Updated Field 1 in exercise - Squat",
+                                   "Updated Field 2 in exercise - Squat",
+                                   "Updated Field 1 in exercise -  Dips"));
 }
 
 TEST_F(WorkoutGrowth, GrowsOnceADay) {
@@ -171,7 +180,7 @@ TEST_F(WorkoutGrowth, TellsThatAValueWouldOverflowBeforeItsUpdate) {
   ExerciseRecord& exercise = Add("Squat", Growing(1, 2));
   exercise.SetValue1[0] = exercise.SetIncrement1[0] = 3e38F;
   Grow();
-  EXPECT_THAT(screen.log,
+  EXPECT_THAT(run.log,
               ElementsAre("ERROR: The number is too large", "Updated Field 1 in exercise - Squat"));
 }
 
@@ -179,17 +188,17 @@ TEST_F(WorkoutGrowth, ReportsMoreSetsThanSlotsOnceAndGoesOnWithTheNextExercise) 
   Add("Squat", Growing(1, 2)).NumberOfSets = 32767;
   Add("Row", Growing(1, 2));
   Grow();
-  EXPECT_THAT(screen.log, ElementsAre("Updated Field 1 in exercise - Squat",
-                                      "ERROR: Number 17 is outside 0 to 16",
-                                      "Updated Field 1 in exercise - Row"));
+  EXPECT_THAT(run.log, ElementsAre("Updated Field 1 in exercise - Squat",
+                                   "ERROR: Number 17 is outside 0 to 16",
+                                   "Updated Field 1 in exercise - Row"));
 }
 
 TEST_F(WorkoutGrowth, EndsBetweenTwoValuesWhenTheProgramEnds) {
   ExerciseRecord& exercise = Add("Squat", Growing(1, 2));
   exercise.SetFrequency2[0] = 1;
-  screen.stopRequested = [&] { return !screen.log.empty(); };
+  run.stopRequested = [&] { return !run.log.empty(); };
   EXPECT_THROW(Grow(), UpdateStopped);
-  EXPECT_THAT(screen.log, ElementsAre("Updated Field 1 in exercise - Squat"));
+  EXPECT_THAT(run.log, ElementsAre("Updated Field 1 in exercise - Squat"));
 }
 
 }  // namespace

@@ -141,6 +141,15 @@ TEST_F(OutputDirectory, IsNotDeletedWhenAListedSongLiesInIt) {
   }
 }
 
+TEST_F(OutputDirectory, IsNotDeletedWhenAListedSongHasItsNameInAnotherCase) {
+  PutFile("player/Monday/lead.mp3", "song");
+  // As on a disk without case, both names open the same song.
+  fs::create_symlink(Full("player/Monday/lead.mp3"), "LEAD.MP3");
+  PutFile("list", Full("LEAD.MP3\n"));
+  OutputFolder output = Monday();
+  EXPECT_THAT(Refusal(output, {.songList = "list"}), HasSubstr("lies there"));
+}
+
 TEST_F(OutputDirectory, IsDeletedBesideListedSongs) {
   PutFile("player/Monday/lead.mp3", "a copy of the person's own");
   PutFile("player/lead.mp3", "song");
@@ -211,6 +220,29 @@ TEST_F(OutputDirectory, OnlyGainsNewFilesWhereItIsNotOurs) {
   EXPECT_EQ(GetTextFile("player/Monday/RV002-Song.mp3"), "ours");
   EXPECT_FALSE(output.MayChange(output.Path() + "RV001-Song.mp3"));
   EXPECT_TRUE(output.MayChange(output.Path() + "RV002-Song.mp3"));
+}
+
+/// Why a file may not be put there; empty when it may.
+std::string RefusalOf(OutputFolder& output, const std::string& path) {
+  try {
+    output.Claim(path);
+  } catch (const FileError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST_F(OutputDirectory, SaysWhyAFileIsNotPutThere) {
+  PutFile("player/Monday/RV001-Song.mp3", "theirs");
+  OutputFolder output = Monday();
+  Refusal(output, {.folders = {Full("player/Monday")}});
+  const std::string song = output.Path() + "RV001-Song.mp3";
+  EXPECT_EQ(RefusalOf(output, song), song + " could not be created: File exists");
+
+  OutputFolder outside(Full("player"), "..");
+  Refusal(outside);
+  EXPECT_EQ(RefusalOf(outside, "Song.mp3"),
+            "Song.mp3 could not be created: It does not lie in the output path");
 }
 
 TEST_F(OutputDirectory, CannotBeMadeWhereThereIsNoOutputPath) {

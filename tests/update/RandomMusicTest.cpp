@@ -45,8 +45,7 @@ TEST_F(RandomMusic, FillsUntilTheTargetIsPassed) {
   EXPECT_EQ(exercise.TotalMusicTime, 400);
   EXPECT_EQ(exercise.MusicFilePlayTime[1], 200);
   EXPECT_EQ(exercise.MusicFile[1].Text(), Full("music/200.mp3"));
-  EXPECT_THAT(screen.log,
-              Contains("Random music file found and added for Exercise - Squat").Times(2));
+  EXPECT_THAT(run.log, Contains("Random music file found and added for Exercise - Squat").Times(2));
   EXPECT_TRUE(fs::exists("player/Monday/RV003-200.mp3"));
 }
 
@@ -70,7 +69,7 @@ TEST_F(RandomMusic, RejectsSongsOfMoreThanTwiceTheTarget) {
   ExerciseRecord& exercise = AddRandom(100);
   Update();
   EXPECT_EQ(exercise.NumberOfMusicFiles, 0);
-  EXPECT_THAT(screen.log, Contains("ERROR: Unable to find random music for Exercise - Squat"));
+  EXPECT_THAT(run.log, Contains("ERROR: Unable to find random music for Exercise - Squat"));
 }
 
 TEST_F(RandomMusic, FailsOnceWithoutAList) {
@@ -78,7 +77,7 @@ TEST_F(RandomMusic, FailsOnceWithoutAList) {
   exercise.TotalMusicTime = 50;
   exercise.NumberOfMusicFiles = 1;
   Update();
-  EXPECT_THAT(screen.log,
+  EXPECT_THAT(run.log,
               Contains("ERROR: Unable to find random music for Exercise - Squat").Times(1));
   EXPECT_EQ(exercise.NumberOfMusicFiles, 0);
   EXPECT_EQ(exercise.TotalMusicTime, 0);
@@ -110,7 +109,7 @@ TEST_F(RandomMusic, IsDrawnOnlyForATrueFlag) {
   exercise.RandomMusic = 1;
   AddSong(exercise, Full("music/10.mp3"));
   Update();
-  EXPECT_THAT(screen.log, Not(Contains(StartsWith("Random music"))));
+  EXPECT_THAT(run.log, Not(Contains(StartsWith("Random music"))));
   EXPECT_EQ(exercise.NumberOfMusicFiles, 1);
 }
 
@@ -118,8 +117,8 @@ TEST_F(RandomMusic, ReportsATargetWhoseDoubleDoesNotFit) {
   ListSongs({10});
   AddRandom(16384);
   Update();
-  EXPECT_THAT(screen.log, Contains("ERROR: The number is too large"));
-  EXPECT_THAT(screen.log, Contains("ERROR: Unable to find random music for Exercise - Squat"));
+  EXPECT_THAT(run.log, Contains("ERROR: The number is too large"));
+  EXPECT_THAT(run.log, Contains("ERROR: Unable to find random music for Exercise - Squat"));
 }
 
 TEST_F(RandomMusic, IsFoundByItsOwnBytes) {
@@ -143,7 +142,7 @@ TEST_F(RandomMusic, IsCopiedFromAPathThatIsTooLongForItsField) {
   Update();
 
   EXPECT_TRUE(fs::exists("player/Monday/RV002-song.mp3"));
-  EXPECT_THAT(screen.log, Not(Contains(StartsWith("ERROR"))));
+  EXPECT_THAT(run.log, Not(Contains(StartsWith("ERROR"))));
   EXPECT_EQ(exercise.MusicFile[0].Text(), path.substr(0, 256));
 }
 

@@ -26,7 +26,7 @@ using UpdateDriver = UpdateFixture;
 TEST_F(UpdateDriver, DoesNothingWithoutAWorkout) {
   state.WorkoutFileName = "  ";
   Update();
-  EXPECT_THAT(screen.calls, IsEmpty());
+  EXPECT_THAT(run.calls, IsEmpty());
   EXPECT_TRUE(fs::is_empty("player"));
 }
 
@@ -34,9 +34,9 @@ TEST_F(UpdateDriver, MakesAnEmptyFolderForAWorkoutWithoutExercises) {
   PutFile("player/Monday/RV001-Old.mp3", "old");
   Update();
   EXPECT_THAT(PlayerFiles(), IsEmpty());
-  EXPECT_THAT(screen.log, ElementsAre("Updating Workout Monday.RPV",
-                                      "Created directory " + Full("player") + "/Monday/", "",
-                                      "UPDATE COMPLETE."));
+  EXPECT_THAT(run.log, ElementsAre("Updating Workout Monday.RPV",
+                                   "Created directory " + Full("player") + "/Monday/", "",
+                                   "UPDATE COMPLETE."));
 }
 
 TEST_F(UpdateDriver, WritesInstructionMusicAndPlayListInOrder) {
@@ -64,7 +64,7 @@ TEST_F(UpdateDriver, LogsEachStep) {
   Update();
 
   EXPECT_THAT(
-      screen.log,
+      run.log,
       ElementsAre("Updating Workout Monday.RPV", "Created directory " + Full("player/Monday/"),
                   "RV001-Instructions.mp3 MP3 Instruction file created sucessfully.",
                   "RV001-Instructions.mp3  TAG modified OK", "RV002-Song.mp3  TAG modified OK", "",
@@ -82,6 +82,14 @@ TEST_F(UpdateDriver, GivesMusicTheTagOfItsInstruction) {
   const std::string song = GetTextFile("player/Monday/RV002-Song.mp3");
   EXPECT_THAT(song, testing::HasSubstr("RV002- Squat - 1 set, 50kg for 10reps"));
   EXPECT_THAT(song, testing::HasSubstr("Monday.RPV"));
+  EXPECT_THAT(GetTextFile("player/Monday/RV001-Instructions.mp3"),
+              testing::HasSubstr("RV001- Squat - 1 set, 50kg for 10reps"));
+}
+
+TEST_F(UpdateDriver, HasTheValuesInTheTitleAlsoWhenTheyAreNotSaid) {
+  state.Settings.IncludeWeightValues = kFalse;
+  AddSet(AddNamed("Squat"), 50, 10);
+  Update();
   EXPECT_THAT(GetTextFile("player/Monday/RV001-Instructions.mp3"),
               testing::HasSubstr("RV001- Squat - 1 set, 50kg for 10reps"));
 }
@@ -106,7 +114,7 @@ TEST_F(UpdateDriver, LeavesOutMissingMusicAndItsNumber) {
 
   EXPECT_THAT(PlayerFiles(), ElementsAre("Monday.M3U", "RV001-Instructions.mp3", "RV002-Song.mp3",
                                          "RV003-Instructions.mp3"));
-  EXPECT_THAT(screen.log, Contains("ERROR: File not found. " + Full("music/gone.mp3")));
+  EXPECT_THAT(run.log, Contains("ERROR: File not found. " + Full("music/gone.mp3")));
 }
 
 TEST_F(UpdateDriver, TrimsTheNameOfASong) {
@@ -117,7 +125,7 @@ TEST_F(UpdateDriver, TrimsTheNameOfASong) {
 
   EXPECT_THAT(PlayerFiles(), ElementsAre("Monday.M3U", "RV001-Instructions.mp3", "RV002-lead.mp3"));
   EXPECT_THAT(PlayList(), testing::EndsWith("/RV002-lead.mp3\r\n"));
-  EXPECT_THAT(screen.log, Contains("RV002-lead.mp3  TAG modified OK"));
+  EXPECT_THAT(run.log, Contains("RV002-lead.mp3  TAG modified OK"));
 }
 
 TEST_F(UpdateDriver, TakesAFolderOrADanglingLinkForAMissingFile) {
@@ -129,8 +137,8 @@ TEST_F(UpdateDriver, TakesAFolderOrADanglingLinkForAMissingFile) {
 
   Update();
 
-  EXPECT_THAT(screen.log, Contains("ERROR: File not found. " + Full("music/folder.mp3")));
-  EXPECT_THAT(screen.log, Contains("ERROR: File not found. " + Full("music/link.mp3")));
+  EXPECT_THAT(run.log, Contains("ERROR: File not found. " + Full("music/folder.mp3")));
+  EXPECT_THAT(run.log, Contains("ERROR: File not found. " + Full("music/link.mp3")));
 }
 
 TEST_F(UpdateDriver, CountsBeyondThreeDigits) {
@@ -157,10 +165,18 @@ TEST_F(UpdateDriver, KeepsTheWavFileWithoutAnEncoder) {
 
   EXPECT_THAT(PlayerFiles(), ElementsAre("Monday.M3U", "RV001-Instructions.WAV"));
   EXPECT_EQ(PlayList(), Full("player/Monday/RV001-Instructions.WAV\r\n"));
-  EXPECT_THAT(screen.log, Contains("RV001-Instructions.WAV WAV Instruction file created "
-                                   "sucessfully."));
+  EXPECT_THAT(run.log, Contains("RV001-Instructions.WAV WAV Instruction file created "
+                                "sucessfully."));
   EXPECT_TRUE(fs::exists("temp.wav"));
   EXPECT_THAT(processes.started, IsEmpty());
+}
+
+TEST_F(UpdateDriver, TagsNoWavFile) {
+  fs::remove("lame.exe");
+  AddNamed("Squat");
+  Update();
+  EXPECT_EQ(GetFile("player/Monday/RV001-Instructions.WAV"), GetFile("temp.wav"));
+  EXPECT_THAT(run.log, Not(Contains(testing::HasSubstr("TAG"))));
 }
 
 TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhereItMakesNone) {
@@ -174,7 +190,7 @@ TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhereItMakesNone) {
 TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhenItIsStoppedAtOnce) {
   PutFile("temp.wav", "kept without an encoder");
   AddNamed("Squat");
-  screen.stopRequested = [] { return true; };
+  run.stopRequested = [] { return true; };
   EXPECT_THROW(Update(), UpdateStopped);
   EXPECT_EQ(GetTextFile("temp.wav"), "kept without an encoder");
 }
@@ -186,9 +202,19 @@ TEST_F(UpdateDriver, SaysSoWhenTheEncoderWritesNothing) {
 
   Update();
 
-  EXPECT_THAT(screen.log, Contains("ERROR: temp.mp3 could not be read: No such file or directory"));
+  EXPECT_THAT(run.log, Contains("ERROR: temp.mp3 could not be read: No such file or directory"));
   EXPECT_FALSE(fs::exists("player/Monday/RV001-Instructions.mp3"));
-  EXPECT_EQ(screen.log.back(), "UPDATE COMPLETE.");
+  EXPECT_EQ(run.log.back(), "UPDATE COMPLETE.");
+}
+
+TEST_F(UpdateDriver, EndsEachStepWithItsLineAlsoBehindAnError) {
+  fs::remove("player");
+  AddNamed("Squat");
+  Update();
+  EXPECT_THAT(run.log, Contains("Created directory " + Full("player/Monday/")));
+  EXPECT_THAT(run.log,
+              Contains("RV001-Instructions.mp3 MP3 Instruction file created sucessfully."));
+  EXPECT_FALSE(fs::exists("player"));
 }
 
 TEST_F(UpdateDriver, GoesOnWhenAnExerciseCannotBeSpoken) {
@@ -198,7 +224,7 @@ TEST_F(UpdateDriver, GoesOnWhenAnExerciseCannotBeSpoken) {
 
   Update();
 
-  EXPECT_THAT(screen.log, Contains("ERROR: There is no speech engine"));
+  EXPECT_THAT(run.log, Contains("ERROR: There is no speech engine"));
   EXPECT_TRUE(fs::exists("player/Monday/RV002-Instructions.mp3"));
 }
 
@@ -216,7 +242,7 @@ TEST_F(UpdateDriver, SavesWhatHasGrownBeforeItProducesSound) {
 
   Update();
 
-  EXPECT_THAT(screen.log, Contains("Updated Field 1 in exercise - Squat"));
+  EXPECT_THAT(run.log, Contains("Updated Field 1 in exercise - Squat"));
   EXPECT_EQ(GetFile("workouts/Monday.RPV"), EncodeWorkout(state.Workout));
 }
 
@@ -227,10 +253,9 @@ TEST_F(UpdateDriver, ReportsCountsBeyondTheSlotsOnceAnExercise) {
 
   Update();
 
-  EXPECT_EQ(std::count(screen.log.begin(), screen.log.end(), "ERROR: Number 12 is outside 0 to 11"),
-            1);
-  EXPECT_THAT(screen.log, Contains("ERROR: Number 17 is outside 0 to 16"));
-  EXPECT_EQ(screen.log.back(), "UPDATE COMPLETE.");
+  EXPECT_EQ(std::count(run.log.begin(), run.log.end(), "ERROR: Number 12 is outside 0 to 11"), 1);
+  EXPECT_THAT(run.log, Contains("ERROR: Number 17 is outside 0 to 16"));
+  EXPECT_EQ(run.log.back(), "UPDATE COMPLETE.");
 }
 
 TEST_F(UpdateDriver, SaysOnceWhatKeptAFileFromBeingCopied) {
@@ -240,7 +265,7 @@ TEST_F(UpdateDriver, SaysOnceWhatKeptAFileFromBeingCopied) {
 
   Update();
 
-  EXPECT_THAT(screen.log, Contains("ERROR: Song.mp3 could not be copied: Is a directory"));
+  EXPECT_THAT(run.log, Contains("ERROR: Song.mp3 could not be copied: Is a directory"));
   EXPECT_EQ(PlayList(), Full("player/Monday/RV001-Instructions.mp3\r\n"));
 }
 
@@ -249,7 +274,7 @@ TEST_F(UpdateDriver, WaitsForACopyAsLongAsThePersonLikes) {
   AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
   PutFolderInTheWay("player/Monday/RV002-Song.mp3");
   int waits = 0;
-  screen.keepWaiting = [&] {
+  run.keepWaiting = [&] {
     if (++waits < 5) return true;
     fs::remove_all("player/Monday/RV002-Song.mp3");
     PutFile("player/Monday/RV002-Song.mp3", SongBytes(3));
@@ -259,17 +284,17 @@ TEST_F(UpdateDriver, WaitsForACopyAsLongAsThePersonLikes) {
   Update();
 
   EXPECT_EQ(waits, 5);
-  EXPECT_THAT(screen.log, Contains("RV002-Song.mp3  TAG modified OK"));
+  EXPECT_THAT(run.log, Contains("RV002-Song.mp3  TAG modified OK"));
 }
 
 TEST_F(UpdateDriver, EndsAtTheNextStepWhenItIsStopped) {
   AddNamed("Squat");
   AddNamed("Rowing");
-  screen.stopRequested = [&] { return processes.started.size() == 1; };
+  run.stopRequested = [&] { return processes.started.size() == 1; };
 
   EXPECT_THROW(Update(), UpdateStopped);
 
-  EXPECT_THAT(screen.log, Not(Contains("UPDATE COMPLETE.")));
+  EXPECT_THAT(run.log, Not(Contains("UPDATE COMPLETE.")));
   EXPECT_EQ(processes.started.size(), 1U);
   EXPECT_FALSE(fs::exists("temp.wav"));
   EXPECT_FALSE(fs::exists("temp.mp3"));
@@ -278,9 +303,9 @@ TEST_F(UpdateDriver, EndsAtTheNextStepWhenItIsStopped) {
 TEST_F(UpdateDriver, ClearsTheListBeforeItLogsWhatFailedBefore) {
   state.WorkoutFileName = "...RPV";
   Update();
-  ASSERT_GE(screen.log.size(), 2U);
-  EXPECT_EQ(screen.log[0], "Updating Workout ...RPV");
-  EXPECT_THAT(screen.log[1], StartsWith("ERROR: " + Full("player") + "/.. is not deleted"));
+  ASSERT_GE(run.log.size(), 2U);
+  EXPECT_EQ(run.log[0], "Updating Workout ...RPV");
+  EXPECT_THAT(run.log[1], StartsWith("ERROR: " + Full("player") + "/.. is not deleted"));
 }
 
 TEST_F(UpdateDriver, WritesNothingOutsideTheOutputPath) {
@@ -319,10 +344,10 @@ TEST_F(UpdateDriver, ErasesNoMusicWhereTheMusicIsTheOutputPath) {
   Update();
 
   EXPECT_EQ(GetFile("player/Monday/lead.mp3"), SongBytes(3));
-  EXPECT_THAT(screen.log, Contains("ERROR: " + Full("player/Monday is not deleted: ") +
-                                   Full("player/Monday/lead.mp3 lies there")));
+  EXPECT_THAT(run.log, Contains("ERROR: " + Full("player/Monday is not deleted: ") +
+                                Full("player/Monday/lead.mp3 lies there")));
   EXPECT_TRUE(fs::exists("player/Monday/RV002-lead.mp3"));
-  EXPECT_EQ(screen.log.back(), "UPDATE COMPLETE.");
+  EXPECT_EQ(run.log.back(), "UPDATE COMPLETE.");
 }
 
 TEST_F(UpdateDriver, ErasesNoSongOfTheMusicList) {
@@ -347,22 +372,13 @@ TEST_F(UpdateDriver, ErasesNeitherTheHomeFolderNorTheProgramDirectory) {
 
 TEST_F(UpdateDriver, ShowsTheProgressWindowAndLeavesItOpen) {
   Update();
-  EXPECT_THAT(screen.calls, ElementsAre("show", "line", "line", "line", "line", "exercise screen"));
+  EXPECT_THAT(run.calls, ElementsAre("show", "line", "line", "line", "line"));
 }
 
-TEST_F(UpdateDriver, HidesTheProgressWindowWhenItUpdatesAll) {
-  state.UpdatingAllWorkouts = true;
-  Update();
-  EXPECT_THAT(screen.calls,
-              ElementsAre("show", "line", "line", "line", "line", "hide", "exercise screen"));
-}
-
-TEST_F(UpdateDriver, OpensThePlayListWhenTheSettingAsksForIt) {
-  Update();
-  EXPECT_THAT(screen.opened, IsEmpty());
-  state.Settings.AutoLoadPlaylist = kTrue;
-  Update();
-  EXPECT_THAT(screen.opened, ElementsAre(Full("player/Monday/Monday.M3U")));
+TEST_F(UpdateDriver, TellsWhereItsPlayListIs) {
+  EXPECT_EQ(UpdateCurrentWorkout(program, run, run), Full("player/Monday/Monday.M3U"));
+  state.WorkoutFileName = " ";
+  EXPECT_EQ(UpdateCurrentWorkout(program, run, run), std::nullopt);
 }
 
 }  // namespace

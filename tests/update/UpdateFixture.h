@@ -65,7 +65,7 @@ class UpdateFixture : public ProgramFixture {
 
   std::string PlayList() const { return GetTextFile("player/Monday/Monday.M3U"); }
 
-  void Update() { UpdateCurrentWorkout(program); }
+  void Update() { UpdateCurrentWorkout(program, run, run); }
 };
 
 }  // namespace repvolta

@@ -63,12 +63,13 @@ class Display:
     """An X server with a window manager, and an accessibility bus that is up before any program
     starts: one that finds no bus yet may never be heard of."""
 
-    def __init__(self):
+    def __init__(self, *options):
+        """Options are those of the server."""
         self.memory = tempfile.TemporaryDirectory(prefix="repvolta-display-")
         read, write = os.pipe()
         self.server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(write), "-screen", "0", "1400x1000x24",
-             "-fbdir", self.memory.name], pass_fds=[write], stderr=subprocess.DEVNULL)
+             "-fbdir", self.memory.name, *options], pass_fds=[write], stderr=subprocess.DEVNULL)
         atexit.register(self.close)
         os.close(write)
         with os.fdopen(read) as number:

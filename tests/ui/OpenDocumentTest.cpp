@@ -4,8 +4,7 @@
 #include <QUrl>
 #include <gtest/gtest.h>
 
-#include "platform/desktop/DesktopAudioOutputs.h"
-#include "platform/desktop/DesktopDocuments.h"
+#include "ui/QtDialogs.h"
 
 namespace repvolta {
 namespace {
@@ -24,18 +23,14 @@ class Desktop : public QObject {
   void Open(const QUrl& url) { opened << url; }
 };
 
-TEST(DesktopDocuments, AreOpenedByTheirFullPath) {
+TEST(OpenDocument, OpensItByItsFullPath) {
   const Desktop desktop;
-  EXPECT_TRUE(DesktopDocuments().Open("/player/Füße 1/#1 100%.M3U"));
+  QtDialogs().OpenDocument("/player/Füße 1/#1 100%.M3U");
   ASSERT_EQ(desktop.opened.size(), 1);
   EXPECT_EQ(desktop.opened.first().toLocalFile(), "/player/Füße 1/#1 100%.M3U");
-}
-
-TEST(DesktopAudioOutputs, HaveNamesIfThereAreAny) {
-  for (const std::string& name : DesktopAudioOutputs().Names()) EXPECT_NE(name, "");
 }
 
 }  // namespace
 }  // namespace repvolta
 
-#include "DesktopDocumentsTest.moc"
+#include "OpenDocumentTest.moc"

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/ProgramState.h"
-#include "app/UserInterface.h"
 #include "platform/ChildProcess.h"
 #include "platform/Clock.h"
 #include "platform/RandomNumbers.h"
@@ -12,7 +11,6 @@ namespace repvolta {
 /// The state and the services that the procedures work with; each main puts one together.
 struct Program {
   ProgramState& state;
-  UserInterface& screen;
   const Clock& clock;
   RandomNumbers& random;
   ChildProcesses& processes;

@@ -1,0 +1,76 @@
+#include "editing/LoadedWorkout.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "app/ScreenUpdate.h"
+#include "app/WorkoutDamage.h"
+
+namespace repvolta {
+namespace {
+
+/// What keeps a damaged workout from being shown as a whole is not told: that it is damaged says
+/// more.
+void ShowTabs(const Editor& editor) {
+  try {
+    editor.screen.UpdateWorkoutScreen();
+    editor.screen.UpdateExerciseScreen();
+  } catch (const std::exception&) {
+    if (DamageOf(editor.State()).empty()) throw;
+  }
+}
+
+/// What the lists of the window have rows for.
+std::vector<std::string> RowsOf(const ProgramState& state) {
+  std::vector<std::string> rows;
+  for (int i = 0; i < state.NumberOfExercises; ++i) {
+    const ExerciseRecord& exercise = state.Workout[i];
+    rows.push_back(exercise.ExerciseName.Text() + "/" + std::to_string(exercise.NumberOfSets));
+    if (i != state.CurrentExercise) continue;
+    const int files = std::min<int>(exercise.NumberOfMusicFiles, MaxMusicFiles);
+    for (int j = 0; j < files; ++j) rows.push_back(exercise.MusicFile[j].Text());
+  }
+  return rows;
+}
+
+}  // namespace
+
+void ListWorkouts(const Editor& editor) {
+  const ScreenUpdate updating(editor.State());
+  LoadWorkoutNames(editor.State());
+  editor.screen.ShowWorkoutNames();
+}
+
+WorkoutLoad LoadOrSayNotFound(const Editor& editor) {
+  const WorkoutLoad load = LoadWorkout(editor.State());
+  if (load == WorkoutLoad::kNotFound) editor.dialogs.ShowMessage("Error: Workout file not found");
+  return load;
+}
+
+void ShowLoadedWorkout(const Editor& editor) {
+  ShowTabs(editor);
+  const std::string damage = DamageOf(editor.State());
+  if (!damage.empty()) editor.dialogs.ShowMessage(damage);
+}
+
+WorkoutLoad LoadAndShowWorkout(const Editor& editor) {
+  const WorkoutLoad load = LoadOrSayNotFound(editor);
+  if (load == WorkoutLoad::kLoaded) ShowLoadedWorkout(editor);
+  return load;
+}
+
+void ReloadChangedWorkout(const Editor& editor) {
+  ProgramState& state = editor.State();
+  if (!WorkoutChangedOnDisk(state)) return;
+  const std::vector<std::string> rows = RowsOf(state);
+  ReadWorkoutAgain(state);
+  ShowTabs(editor);
+  if (RowsOf(state) == rows) return;
+  const std::string damage = DamageOf(state);
+  throw WorkoutReplaced(state.WorkoutFileName +
+                        " was changed by another program and has been loaded again." +
+                        (damage.empty() ? "" : "\r" + damage));
+}
+
+}  // namespace repvolta

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/ProgressLog.h"
+#include "update/UpdateHost.h"
+
+namespace repvolta {
+
+/// Records what an update tells and asks of whoever runs it.
+class RecordingRun : public ProgressLog, public UpdateHost {
+ public:
+  void AddLineToUpdateList(std::string_view line) override {
+    log.emplace_back(line);
+    calls.emplace_back("line");
+  }
+  void UpdateBegins() override {
+    calls.emplace_back("show");
+    log.clear();
+  }
+  bool KeepWaiting() override { return keepWaiting && keepWaiting(); }
+  bool StopRequested() override { return stopRequested && stopRequested(); }
+
+  std::vector<std::string> log;
+  std::vector<std::string> calls;
+  std::function<bool()> keepWaiting;
+  std::function<bool()> stopRequested;
+};
+
+}  // namespace repvolta

@@ -1,0 +1,219 @@
+"""Installs the package into a Debian tree of its own, and uses it there as an ordinary user does:
+first start, update, upgrade, removal; then the portable archive. Each test goes on where the one
+before has ended. tools/check-package runs them."""
+
+import os
+import pathlib
+import shutil
+import signal
+import sys
+import time
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+sys.path.insert(0, str(ROOT / "tests/window"))
+from display import Display, active_title, keys, type_text, wait_for  # noqa: E402
+from tree import DATA, HOME, Tree, run  # noqa: E402
+
+WORK = ROOT / "build/check-package"
+MAIN = "Repvolta - Exercise Management for your MP3 Player"
+
+
+def made(folder, pattern):
+    found = list((ROOT / "build/package" / folder).glob(pattern))
+    assert len(found) == 1, f"{len(found)} times {pattern}; make it with tools/package"
+    return found[0]
+
+
+def wait_for_window(title):
+    """Until the keyboard speaks to the window of that title."""
+    try:
+        wait_for(f"the window {title!r}", lambda: active_title() == title)
+    except AssertionError as error:
+        error.add_note(f"the keyboard is in {active_title()!r}")
+        raise
+
+
+def confirm(title):
+    """Presses Enter in that box until it goes: the first may come too early."""
+    wait_for_window(title)
+    for _ in range(30):
+        keys("Return")
+        try:
+            wait_for(f"the box {title!r} to go", lambda: active_title() != title, limit=1)
+            return
+        except AssertionError:
+            pass
+    raise AssertionError(f"the box {title!r} does not go")
+
+
+def pick(folder):
+    wait_for_window("Select Directory")
+    time.sleep(1)  # the picker reads the folder, and nothing of it can be asked from here
+    type_text(folder)
+    time.sleep(1)
+    keys("Return")
+
+
+def set_up():
+    """Answers the questions of a first start, up to the main window."""
+    confirm("Welcome to Repvolta")
+    confirm("Find your music files")
+    pick("Music")
+    confirm("Repvolta")
+    confirm("Select your output directory")
+    pick("Player")
+    wait_for_window(MAIN)
+
+
+def make_newer(package, newer):
+    """The package with a higher version, a changed clip and a list that is new."""
+    shutil.rmtree(newer.with_suffix(""), ignore_errors=True)
+    folder = newer.with_suffix("")
+    run("dpkg-deb", "--raw-extract", package, folder)
+    control = folder / "DEBIAN/control"
+    lines = control.read_text(encoding="utf-8").splitlines(keepends=True)
+    control.write_text("".join(
+        line.rstrip("\n") + "+newer\n" if line.startswith("Version: ") else line for line in lines),
+        encoding="utf-8")
+    (folder / "DEBIAN/md5sums").unlink()
+    shared = folder / "usr/share/repvolta"
+    shutil.copy(shared / "voice/1.wav", shared / "voice/2.wav")
+    (shared / "exercise/Logs.lst").write_text("Log Lift\n", encoding="utf-8")
+    run("dpkg-deb", "--root-owner-group", "--build", folder, newer)
+    shutil.rmtree(folder)
+
+
+class Package(unittest.TestCase):
+    maxDiff = 2000
+
+    @classmethod
+    def setUpClass(cls):
+        cls.package = made("debian", "repvolta_*.deb")
+        cls.archive = made("portable", "repvolta-*.tar.xz")
+        cls.tree = Tree(WORK)
+        # The user of the tree is none of this machine's.
+        cls.display = Display("-ac")
+        cls.tree.share_display()
+
+    def setUp(self):
+        print(f"\n== {self._testMethodName}", file=sys.stderr)
+
+    def run(self, result=None):
+        failed_before = len(result.failures) + len(result.errors)
+        super().run(result)
+        if len(result.failures) + len(result.errors) > failed_before:
+            self.display.picture(WORK / "failure.png")
+        return result
+
+    def start(self, *command):
+        program = self.tree.start(*command)
+        self.addCleanup(program.wait, 60)
+        self.addCleanup(program.kill)
+        return program
+
+    def assert_has(self, *names):
+        self.assertEqual([name for name in names if not self.tree.has(name)], [])
+
+    def assert_lacks(self, *names):
+        self.assertEqual([name for name in names if self.tree.has(name)], [])
+
+    def assert_same_folders(self, one, other):
+        self.assertEqual(self.tree.snapshot(one), self.tree.snapshot(other))
+
+    def test_1_is_installed_alone_without_what_it_recommends(self):
+        self.tree.put(self.package, "/tmp/repvolta.deb")
+        self.tree.as_root("apt-get", "update", "-qq")
+        self.tree.install("/tmp/repvolta.deb")
+        self.assert_has(*(f"/usr/bin/{name}" for name in
+                          ("repvolta", "repvolta-update", "repvolta-voice")),
+                        "/usr/share/applications/repvolta.desktop",
+                        "/usr/share/icons/hicolor/48x48/apps/repvolta.png")
+        # An update without settings.
+        self.tree.as_user("repvolta-update", status=2)
+        self.assert_lacks(DATA)
+
+    def test_2_fills_the_users_data_folder_and_waits_with_its_first_question(self):
+        program = self.start("QT_QPA_PLATFORM=offscreen", "repvolta")
+        wait_for("the link to the encoder", lambda: self.tree.has(DATA + "/lame.exe"))
+        time.sleep(2)  # in which it would go on, did it not wait
+        self.assertIsNone(program.poll())
+        program.terminate()
+        self.assertEqual(program.wait(60), -signal.SIGTERM)
+        self.assert_lacks(DATA + "/settings.dat")
+        self.assert_same_folders("/usr/share/repvolta/voice", DATA + "/voice")
+        self.assert_same_folders("/usr/share/repvolta/exercise", DATA + "/exercise")
+        self.assertEqual(os.readlink(self.tree.path(DATA + "/lame.exe")), "/usr/bin/lame")
+
+    def test_3_is_set_up_by_keyboard_at_the_first_start(self):
+        self.tree.put(ROOT / "build/release/bin/repvolta-sample", "/usr/local/bin/repvolta-sample")
+        self.tree.as_user("mkdir", "-p", HOME + "/sample/program")
+        self.tree.as_user("repvolta-sample", "make", HOME + "/sample")
+        self.tree.as_user("cp", "-r", HOME + "/sample/music", HOME + "/Music")
+        self.tree.as_user("mkdir", HOME + "/Player")
+        program = self.start("repvolta")
+        set_up()
+        keys("ctrl+n")
+        wait_for_window("New Workout")
+        type_text("Sunday")
+        keys("Return")
+        wait_for_window(MAIN)
+        keys("ctrl+q")
+        self.assertEqual(program.wait(60), 0)
+        self.assert_has(DATA + "/settings.dat", DATA + "/workouts/Sunday.RPV")
+        listed = self.tree.path(DATA + "/musiclist.txt").read_bytes().count(b"\n")
+        self.assertEqual(listed, len(list(self.tree.path(HOME + "/Music").rglob("*.mp3"))))
+
+    def test_4_updates_with_recorded_names_and_with_one_that_flite_speaks(self):
+        self.tree.as_user("cp", "-r", HOME + "/sample/program/workouts/.", DATA + "/workouts")
+        self.tree.as_user("repvolta-update", "Monday")
+        self.assert_has(HOME + "/Player/Monday/Monday.M3U",
+                        HOME + "/Player/Monday/RV001-Instructions.mp3")
+        self.assert_lacks(HOME + "/Player/Thursday")
+        self.tree.install("flite")
+        self.tree.as_user("repvolta-update")
+        self.assert_has(HOME + "/Player/Thursday/Thursday.M3U",
+                        DATA + "/voice/exercise/Dwarf Tossing.WAV")
+
+    def test_5_keeps_the_users_clips_lists_settings_and_workouts_in_an_upgrade(self):
+        self.tree.as_user("cp", DATA + "/voice/3.wav", DATA + "/voice/exercise/Squat.WAV")
+        self.tree.as_user("sh", "-c", f"echo 'My Own Lift' >>'{DATA}/exercise/Arms.lst'")
+        before = self.tree.snapshot(DATA)
+        make_newer(self.package, WORK / "newer.deb")
+        self.tree.put(WORK / "newer.deb", "/tmp/newer.deb")
+        self.tree.install("/tmp/newer.deb")
+        self.tree.as_user("repvolta-update", "Sunday")
+        after = self.tree.snapshot(DATA)
+        self.assertEqual(after.pop("exercise/Logs.lst", None), b"Log Lift\n")
+        self.assertEqual(sorted(after), sorted(before))
+        self.assertEqual([name for name in before if after[name] != before[name]], [])
+
+    def test_6_leaves_the_users_data_when_it_is_removed(self):
+        self.tree.as_root("apt-get", "purge", "-y", "-qq", "repvolta")
+        self.assert_lacks("/usr/bin/repvolta", "/usr/share/repvolta", "/usr/share/doc/repvolta")
+        self.assert_has(DATA + "/settings.dat", DATA + "/workouts/Monday.RPV",
+                        DATA + "/voice/exercise/Squat.WAV", HOME + "/Player/Monday/Monday.M3U")
+
+    def test_7_stays_in_its_folder_as_the_portable_archive(self):
+        shutil.rmtree(self.tree.path(DATA))
+        shutil.rmtree(self.tree.path(HOME + "/Player"))
+        self.tree.as_user("mkdir", HOME + "/stick", HOME + "/Player")
+        run("tar", "--extract", f"--file={self.archive}",
+            f"--directory={self.tree.path(HOME + '/stick')}")
+        self.tree.as_root("chown", "-R", "tester:tester", HOME + "/stick")
+        portable = f"{HOME}/stick/{self.archive.name.removesuffix('.tar.xz')}"
+        self.assert_has(portable + "/guide/README.md")
+        before = self.tree.snapshot(HOME, without=("stick",))
+        program = self.start(portable + "/repvolta")
+        set_up()
+        keys("ctrl+q")
+        self.assertEqual(program.wait(60), 0)
+        self.tree.as_user("cp", "-r", HOME + "/sample/program/workouts", portable)
+        self.tree.as_user(portable + "/repvolta-update", "Monday")
+        self.assert_has(HOME + "/Player/Monday/Monday.M3U", portable + "/settings.dat")
+        after = self.tree.snapshot(HOME, without=("stick", "Player/Monday"))
+        self.assertEqual(sorted(after), sorted(before))
+
+
+if __name__ == "__main__":
+    unittest.main(failfast=True, verbosity=0)

@@ -351,17 +351,6 @@ TEST(IsLinked, KnowsLinksOfBothKinds) {
   for (const char* name : {"link", "song", "other"}) EXPECT_TRUE(IsLinked(name)) << name;
 }
 
-TEST(WholeFileWriter, AppendsTheRestOfAFileInItsPlace) {
-  TemporaryFolder folder;
-  PutFile("song", "old tag, audio");
-  WholeFileWriter writer("song");
-  writer.Append("new tag, ");
-  writer.AppendRest(File::Open("song", File::Access::kRead), 9);
-  writer.Append("!");
-  writer.Commit();
-  EXPECT_EQ(GetTextFile("song"), "new tag, audio!");
-}
-
 TEST(WholeFileWriter, WritesMoreThanItHolds) {
   TemporaryFolder folder;
   WholeFileWriter writer("musiclist.txt");

@@ -111,6 +111,17 @@ TEST(WholeFileWriter, ChecksLastWhenTheNewFileIsReadyForItsPlace) {
   });
 }
 
+TEST(WholeFileWriter, AppendsTheRestOfAFileInItsPlace) {
+  TemporaryFolder folder;
+  PutFile("song", "old tag, audio");
+  WholeFileWriter writer("song");
+  writer.Append("new tag, ");
+  writer.AppendRest(File::Open("song", File::Access::kRead), 9);
+  writer.Append("!");
+  writer.Commit();
+  EXPECT_EQ(GetTextFile("song"), "new tag, audio!");
+}
+
 /// A group that this user is not in.
 constexpr gid_t kOtherGroup = 12345;
 

@@ -30,7 +30,7 @@ int Fail(const std::string& reason) {
   return kNotStarted;
 }
 
-/// The icon of the desktop's theme, else our own.
+/// The icon of the desktop's theme, or the program's own.
 QIcon ProgramIcon() {
   QIcon own;
   for (const int size : {16, 32, 48, 128, 256}) {
@@ -46,7 +46,7 @@ std::string PrepareProgramDirectory(const std::string& executable) {
   return directory;
 }
 
-/// Brings the window to the front, or the box that it waits for.
+/// Brings the window to the front, or the message box that blocks it.
 void Raise(QWidget& form) {
   QWidget* box = QApplication::activeModalWidget();
   QWidget& window = box ? *box : form;
@@ -82,7 +82,7 @@ class Desktop {
   }
 
   std::string layoutFile_;
-  RepvoltaForm* window_ = nullptr;  // once it is made
+  RepvoltaForm* window_ = nullptr;  // null until it is created
   ProgramState state_;
   SystemClock clock_;
   TimerSeededNumbers random_;
@@ -116,7 +116,8 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("repvolta");
   QApplication::setDesktopFileName("repvolta");
   QApplication::setWindowIcon(repvolta::ProgramIcon());
-  // The program ends by its Exit command: the boxes of the set-up are the last windows for a while.
+  // Only the Exit command ends the program. During the set-up, closing a message box closes the
+  // last window.
   QApplication::setQuitOnLastWindowClosed(false);
   try {
     return repvolta::Run();

@@ -38,13 +38,13 @@ volatile std::sig_atomic_t stopSignal = 0;
 
 void RequestStop(int signal) { stopSignal = signal; }
 
-/// What keeps the update from starting; nothing was changed.
+/// The reason why the update cannot start; nothing has been changed.
 class CannotStart : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Prints the progress lines to standard output as they come.
+/// Prints each progress line to standard output at once.
 class Console : public ProgressLog, public UpdateHost {
  public:
   bool SawError() const { return sawError_; }
@@ -54,7 +54,7 @@ class Console : public ProgressLog, public UpdateHost {
     if (line.starts_with("ERROR")) sawError_ = true;
     std::cout << ShownOnOneLine(line) << '\n' << std::flush;
     if (std::cout) return;
-    // A reader that went away wanted no more lines.
+    // A reader that closed the pipe wants no more lines.
     if (errno != EPIPE) lostLine_ = true;
     std::cout.clear();
   }
@@ -76,7 +76,7 @@ std::vector<std::string> Operands(const std::vector<std::string>& arguments) {
   return arguments;
 }
 
-/// The listed workout that an operand names, with or without ".RPV", in any case.
+/// The listed workout that an operand names, with or without ".RPV", ignoring case.
 std::string FindWorkout(const ProgramState& state, const std::string& operand) {
   for (const std::string& wanted : {operand, operand + std::string(kWorkoutExtension)}) {
     if (std::ranges::count(state.WorkoutNames, wanted) > 0) return wanted;
@@ -96,7 +96,7 @@ std::vector<std::string> ChosenWorkouts(const ProgramState& state,
   return chosen;
 }
 
-/// Says what is wrong with the file that was loaded.
+/// Logs what is wrong with the loaded file.
 void WarnOfFile(const ProgramState& state, ProgressLog& log) {
   for (const std::string& warning : {OddSizeOf(state), DamageOf(state)}) {
     if (!warning.empty()) log.AddLineToUpdateList("WARNING: " + warning);

@@ -9,7 +9,7 @@ namespace repvolta {
 /// without their extension. The program directory must be current.
 std::vector<std::string> ExerciseTypes();
 
-/// The exercise names of a type, line by line as they stand, as UTF-8. Throws FileError.
+/// The exercise names of a type, one for each line, unchanged but in UTF-8. Throws FileError.
 std::vector<std::string> ExerciseNames(const std::string& type);
 
 }  // namespace repvolta

@@ -6,8 +6,8 @@
 
 namespace repvolta {
 
-/// `text` for a field that holds a path. Throws std::length_error when it would not come back
-/// whole.
+/// `text` as a field that holds a path. Throws std::length_error when the field would cut or change
+/// it.
 FixedText<256> PathField(const std::string& text);
 
 }  // namespace repvolta

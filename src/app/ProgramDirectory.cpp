@@ -23,7 +23,7 @@ std::string UserDataFolder() {
   return folder.toStdString() + "/repvolta/";
 }
 
-/// All or nothing: half a clip would count as the user's own at the next start.
+/// All or nothing: the next start would keep half a clip as if it were the user's own.
 void CopyWhole(const std::string& source, const std::string& target) {
   const File shared = File::Open(source, File::Access::kRead);
   WholeFileWriter writer(target);
@@ -31,7 +31,7 @@ void CopyWhole(const std::string& source, const std::string& target) {
   writer.Commit();
 }
 
-/// Copies what `target` lacks, folder by folder; both end in a separator.
+/// Copies the files that `target` lacks, folder by folder; both paths end with a separator.
 void CopyMissing(const std::string& source, const std::string& target) {
   MakeFolders(target);
   const int error = ForEachEntry(source, [&](std::string_view name, EntryType /*type*/) {

@@ -10,8 +10,7 @@
 
 namespace repvolta {
 
-/// How SpeakToFile speaks: the voice as it was set up at the start, and the choices on the settings
-/// tab.
+/// How SpeakToFile speaks: set up from the settings at the start, then changed by the settings tab.
 struct VoiceState {
   std::int16_t Voice = 0;    // position in VoiceCB
   std::int16_t Rate = 0;     // -10 .. 10
@@ -19,26 +18,26 @@ struct VoiceState {
   std::int16_t Format = 14;  // position in FormatCB: SAFT16kHz16BitMono
 };
 
-/// A workout file as it was when it was last loaded or saved.
+/// A workout file at the time it was last loaded or saved.
 struct KnownWorkoutFile {
   std::string name;  // WorkoutFileName
   std::string file;  // its name in the folder, which may differ in case
   FileStamp stamp;
 };
 
-/// The settings as their file held them when it was last loaded or saved.
+/// The content of the settings file when it was last loaded or saved.
 struct KnownSettingsFile {
   SettingsRecord record;
   std::optional<FileStamp> stamp;  // none: there was no file
 };
 
-/// Everything that the program holds in memory, one for the whole run.
+/// Everything that the program holds in memory; one object for the whole run.
 struct ProgramState {
   ExerciseSlots Workout;
   SettingsRecord Settings;
   VoiceState Voice;
   KnownSettingsFile KnownSettings;
-  bool SettingsAreUnread = false;  // the file holds others, which could not be read
+  bool SettingsAreUnread = false;  // the file has settings that could not be read
 
   std::int16_t NumberOfExercises = 0;  // slots in use in Workout
   std::int16_t CurrentExercise = 0;    // the slot that the exercise tab shows
@@ -50,7 +49,7 @@ struct ProgramState {
 
   bool ScreenUpdating = false;       // the program itself fills the controls
   bool UpdatingAllWorkouts = false;  // not saved
-  std::string ProgramDirectory;      // with the separator at its end
+  std::string ProgramDirectory;      // ends with the separator
 };
 
 /// Makes the program directory the current one. Throws FileError.

@@ -4,7 +4,7 @@
 
 namespace repvolta {
 
-/// What an update tells the person who watches it, line by line.
+/// Receives the lines that an update shows to the person.
 class ProgressLog {
  public:
   virtual ~ProgressLog() = default;

@@ -50,8 +50,8 @@ class FieldWriter {
   Bytes bytes_;
 };
 
-/// Takes fields from a file's bytes. A field that the file does not hold whole keeps its initial
-/// bytes where the file ends.
+/// Reads fields from a file's bytes. In a field that runs past the end of the file, the missing
+/// bytes keep their initial values.
 class FieldReader {
  public:
   explicit FieldReader(std::span<const Byte> bytes) : rest_(bytes) {}
@@ -149,7 +149,7 @@ void VisitSettings(Visitor& visit, Records&... records) {
   visit(records.ReservedTexts...);
 }
 
-/// Takes a field over where it was changed.
+/// Takes over a field that was changed.
 struct FieldMerger {
   template <class Field>
   void operator()(const Field& base, const Field& ours, Field& theirs) const {

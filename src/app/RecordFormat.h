@@ -10,7 +10,7 @@ namespace repvolta {
 
 inline constexpr std::size_t kExerciseRecordSize = 5120;
 inline constexpr std::size_t kWorkoutFileSize = kExerciseSlots * kExerciseRecordSize;
-/// Without the characters of AudioFormat.
+/// Excluding the characters of AudioFormat.
 inline constexpr std::size_t kSettingsFileSize = 1320;
 /// The longest settings file: the length of AudioFormat has 16 bits.
 inline constexpr std::size_t kLongestSettingsFile = kSettingsFileSize + 0xFFFF;
@@ -18,15 +18,15 @@ inline constexpr std::size_t kLongestSettingsFile = kSettingsFileSize + 0xFFFF;
 /// kWorkoutFileSize bytes.
 Bytes EncodeWorkout(const ExerciseSlots& workout);
 
-/// Reads as far as the bytes go; what is missing is zeros and blanks, what is too much is ignored.
+/// Reads as far as the bytes go: missing bytes count as zeros and blanks, extra ones are ignored.
 ExerciseSlots DecodeWorkout(std::span<const Byte> file);
 
 Bytes EncodeSettings(const SettingsRecord& settings);
 
-/// Reads as far as the bytes go; what is missing is zeros and blanks.
+/// Reads as far as the bytes go: missing bytes count as zeros and blanks.
 SettingsRecord DecodeSettings(std::span<const Byte> file);
 
-/// `theirs` with each field of `ours` that is not as it was in `base`.
+/// `theirs`, with every field that differs between `base` and `ours` taken from `ours`.
 SettingsRecord MergeSettings(const SettingsRecord& base, const SettingsRecord& ours,
                              SettingsRecord theirs);
 

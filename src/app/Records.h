@@ -16,14 +16,13 @@ inline constexpr std::int16_t MaxExercises = 5;    // quirk 100
 inline constexpr std::int16_t MaxSets = 3;         // quirk 90
 inline constexpr std::int16_t MaxMusicFiles = 10;  // quirk 96
 
-/// A 16-bit flag. Tests for true compare with kTrue, so any other value counts as false there
-/// (quirk 19).
+/// A 16-bit flag. Only kTrue counts as true; every other value counts as false (quirk 19).
 using Flag = std::int16_t;
 inline constexpr Flag kTrue = -1;
 inline constexpr Flag kFalse = 0;
 
-/// A UTF-8 text as it comes back from a field of `Size` bytes: what does not fit is cut off, the
-/// padding is gone, leading blanks are kept.
+/// A UTF-8 text as it comes back from a field of `Size` bytes: cut to the size and without padding;
+/// leading blanks are kept.
 template <std::size_t Size>
 class FixedText {
  public:
@@ -67,7 +66,7 @@ class Slots {
   std::array<Item, Size> items_{};
 };
 
-/// Bytes that no operation uses; a file keeps what it had there.
+/// Bytes that the program does not use; they survive loading and saving.
 template <std::size_t Size, Byte Initial>
 struct Reserved {
   Reserved() { bytes.fill(Initial); }
@@ -76,7 +75,7 @@ struct Reserved {
   std::array<Byte, Size> bytes;
 };
 
-/// The limits above are those of the editing commands; the slots are those of the files.
+/// The slots in the files; the editing commands allow fewer, see the limits above.
 inline constexpr std::size_t kExerciseSlots = 52;
 inline constexpr std::size_t kSetSlots = 17;
 inline constexpr std::size_t kMusicSlots = 12;
@@ -84,7 +83,7 @@ inline constexpr std::size_t kMusicSlots = 12;
 using SetSingles = Slots<float, kSetSlots>;
 using SetDates = Slots<double, kSetSlots>;
 
-/// What the two values of a set are.
+/// The kind of the two values of a set.
 enum SetTypeNumber : std::int16_t {
   kWeightAndReps = 0,
   kLevelAndTime = 1,
@@ -120,7 +119,7 @@ struct ExerciseRecord {
   bool operator==(const ExerciseRecord&) const = default;
 };
 
-/// The workout in memory: the exercises in use come first.
+/// The workout in memory; exercises in use come first.
 using ExerciseSlots = Slots<ExerciseRecord, kExerciseSlots>;
 
 struct SettingsRecord {

@@ -4,7 +4,7 @@
 
 namespace repvolta {
 
-/// While it lives the program itself fills the controls, and their handlers do nothing.
+/// While this object exists, the program itself fills the controls, and their handlers do nothing.
 class ScreenUpdate {
  public:
   explicit ScreenUpdate(ProgramState& state) : state_(state), before_(state.ScreenUpdating) {

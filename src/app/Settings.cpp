@@ -11,14 +11,14 @@ namespace {
 
 constexpr int kTries = 3;
 
-/// Others came in while ours were being written.
+/// Another program saved settings while ours were being written.
 class SettingsCameIn : public FileError {
  public:
   SettingsCameIn()
       : FileError(kSettingsFile, "could not be written", "Another program goes on changing it") {}
 };
 
-/// The stamp of what the file holds, when that was neither loaded nor saved here.
+/// The stamp of the file if its content was neither loaded nor saved here.
 std::optional<FileStamp> StampOfOthers(const ProgramState& state) {
   const std::optional<FileStamp> stamp = StampOf(kSettingsFile);
   return stamp == state.KnownSettings.stamp ? std::nullopt : stamp;
@@ -47,7 +47,7 @@ void WriteSettings(ProgramState& state) {
 
 void LoadSettings(ProgramState& state) {
   state.SettingsAreUnread = true;
-  // Taken before the content: a change in between is then noticed, not lost.
+  // The stamp is taken before the content, so that a change in between is noticed later.
   const std::optional<FileStamp> stamp = StampOf(kSettingsFile);
   state.Settings = FileExists(kSettingsFile)
                        ? DecodeSettings(ReadWholeFile(kSettingsFile, kLongestSettingsFile))
@@ -62,7 +62,7 @@ void ReloadChangedSettings(ProgramState& state) {
   const Bytes file = ReadWholeFile(kSettingsFile, kLongestSettingsFile);
   state.KnownSettings.stamp = stamp;
   const SettingsRecord theirs = DecodeSettings(file);
-  // The blanks that half a file is filled up with are nobody's settings.
+  // Decoding fills up a truncated file with blanks, which are nobody's settings.
   if (file.size() < EncodeSettings(theirs).size()) return;
   state.Settings = MergeSettings(state.KnownSettings.record, state.Settings, theirs);
   state.KnownSettings.record = theirs;

@@ -4,19 +4,18 @@
 
 namespace repvolta {
 
-/// Fills the settings from the file in the current directory, or with the defaults when there is
-/// none. Throws FileError when it cannot be read; the settings are then as they were, and are not
-/// saved.
+/// Reads the settings from the file in the current directory; without a file they get their
+/// defaults. Throws FileError when the file cannot be read; the settings are then unchanged, and
+/// SaveSettings refuses to overwrite the file.
 void LoadSettings(ProgramState& state);
 
-/// Takes over what another program has put into the file in the current directory since it was
-/// loaded or saved here; what was changed here since then stays. Throws FileError when it cannot be
-/// read; the settings are then as they were.
+/// If another program has changed the file since it was loaded or saved here, takes over its
+/// settings, except for those that were changed here since then. Throws FileError, and changes
+/// nothing, when the file cannot be read.
 void ReloadChangedSettings(ProgramState& state);
 
-/// Makes the program directory current and writes the settings, all or nothing, with what
-/// ReloadChangedSettings takes over. Throws FileError, also when what the file holds could not be
-/// read, now or by LoadSettings: that is then kept.
+/// Makes the program directory current, calls ReloadChangedSettings and writes the settings, all or
+/// nothing. Throws FileError; a file that could not be read, now or by LoadSettings, is kept.
 void SaveSettings(ProgramState& state);
 
 }  // namespace repvolta

@@ -6,12 +6,12 @@
 
 namespace repvolta {
 
-/// That the workout in memory holds a count of sets or of music files that there are no slots for:
-/// it was read from a file that is none of ours, or no longer. Empty when it does not.
+/// Says that the workout in memory is damaged, when it has a count of sets or music files that
+/// exceeds the slots or is negative: its file is corrupt or not a workout file. Empty otherwise.
 std::string DamageOf(const ProgramState& state);
 
-/// That the workout in memory came from a file of another size than kWorkoutFileSize, and what was
-/// done about it. Empty when it did not, when it was saved since, and when there is none.
+/// Says that the workout's file had another size than kWorkoutFileSize when it was loaded, and what
+/// was done about it. Empty when the size was right, after a save, and without a workout.
 std::string OddSizeOf(const ProgramState& state);
 
 }  // namespace repvolta

@@ -39,7 +39,7 @@ bool IsOtherThanKnown(const ProgramState& state, const std::string& path) {
   return stamp && *stamp != state.KnownFile->stamp;
 }
 
-/// Throws FileError when the file holds what was not loaded or saved here.
+/// Throws FileError when the file's content was neither loaded nor saved here.
 void ExpectKnown(const ProgramState& state, const std::string& path) {
   constexpr const char* kFailure = "could not be written";
   if (IsOtherThanKnown(state, path)) {
@@ -68,7 +68,7 @@ std::int16_t CountExercises(ExerciseSlots& workout) {
 }
 
 void ReadWorkout(ProgramState& state, const std::string& path) {
-  // Taken before the content: a change in between is then noticed, not lost.
+  // The stamp is taken before the content, so that a change in between is noticed later.
   const std::optional<FileStamp> stamp = StampOf(path);
   state.Workout = DecodeWorkout(ReadWholeFile(path, kWorkoutFileSize));
   state.KnownFile.reset();
@@ -102,7 +102,8 @@ void SaveWorkout(ProgramState& state) {
   WholeFileWriter writer(path);
   writer.Append(EncodeWorkout(state.Workout));
   try {
-    // Another program may have been waited for, which has changed the file meanwhile.
+    // The file is checked again, because the writer may have waited for another program that
+    // changed it.
     writer.Commit([&] { ExpectKnown(state, path); });
   } catch (const FileError&) {
     Remember(state, path, writer.Placed());

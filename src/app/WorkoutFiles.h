@@ -4,20 +4,20 @@
 
 namespace repvolta {
 
-/// Fills WorkoutNames and their count from the workout folder, in name order; the folder is made
-/// when it is missing. Throws FileError.
+/// Fills WorkoutNames and NumberOfWorkouts from the workout folder, in name order; creates the
+/// folder if it is missing. Throws FileError.
 void LoadWorkoutNames(ProgramState& state);
 
 enum class WorkoutLoad { kLoaded, kNoName, kNotFound };
 
 /// Reads the file named by WorkoutFileName into Workout and makes its first exercise the current
-/// one. Throws FileError when it cannot be read. Where it is not loaded, the workout in memory is
-/// as it was.
+/// one. Throws FileError when it cannot be read. Unless the result is kLoaded, the workout in
+/// memory is unchanged.
 WorkoutLoad LoadWorkout(ProgramState& state);
 
 /// Makes the program directory current and writes Workout to the file named by WorkoutFileName, all
-/// or nothing; without a name it writes nothing. Throws FileError, also when the file holds what
-/// was not loaded or saved here, as when another process has changed it: that is then kept.
+/// or nothing; without a name it writes nothing. Throws FileError, also for a file whose content
+/// was neither loaded nor saved here, since another process may have changed it; that file is kept.
 void SaveWorkout(ProgramState& state);
 
 /// Lets the next save under WorkoutFileName replace whatever the file of that name holds now.
@@ -25,11 +25,12 @@ void SaveWorkout(ProgramState& state);
 void ReplaceWorkoutFile(ProgramState& state);
 
 /// True when another process has changed the file of the workout in memory since LoadWorkout or
-/// SaveWorkout: it is then to be loaded again before it is shown or edited. False when it is gone.
+/// SaveWorkout; it must then be loaded again before it is shown or edited. False for a deleted
+/// file.
 bool WorkoutChangedOnDisk(const ProgramState& state);
 
-/// Reads the file of the workout in memory again, whatever it holds now; the current exercise stays
-/// where there is still one of its number. Throws FileError.
+/// Reads the file of the workout in memory again. CurrentExercise stays if there is still an
+/// exercise with that number, else it becomes 0. Throws FileError.
 void ReadWorkoutAgain(ProgramState& state);
 
 }  // namespace repvolta

@@ -14,7 +14,7 @@ namespace {
 constexpr const char* kFailure = "could not be deleted";
 constexpr unsigned kOwnersRights = 0700;
 
-/// An entry of an opened folder; the folder itself where the name is empty.
+/// An entry of an opened folder, or the folder itself when the name is empty.
 struct Entry {
   const Descriptor& folder;
   std::string name;
@@ -31,7 +31,8 @@ struct statx LookAt(const Entry& entry) {
   return status;
 }
 
-/// What is mounted a second time has the device of the first, so the mounts tell more.
+/// A file system that is mounted twice has one device number, so mount numbers are compared where
+/// the kernel gives them.
 bool IsInOneMount(const struct statx& a, const struct statx& b) {
   if ((a.stx_mask & b.stx_mask & STATX_MNT_ID) != 0) return a.stx_mnt_id == b.stx_mnt_id;
   return a.stx_dev_major == b.stx_dev_major && a.stx_dev_minor == b.stx_dev_minor;
@@ -43,8 +44,8 @@ void Unlink(const Entry& entry, int flags) {
   if (result != 0 && errno != ENOENT) throw FileError(entry.path, kFailure, errno);
 }
 
-/// Deletes folders within one mounted file system. Every entry is reached from the opened folder
-/// that it lies in: a link that comes in its way meanwhile leads nowhere.
+/// Deletes folders within one mounted file system. Every entry is addressed through its opened
+/// parent folder, so that nobody can redirect the deletion by putting a link in the path.
 class Deletion {
  public:
   explicit Deletion(const struct statx& place) : place_(place) {}
@@ -86,7 +87,7 @@ class Deletion {
       throw FileError(folder.path, kFailure, "Another file system is mounted there");
     }
     if ((status.stx_mode & kOwnersRights) != kOwnersRights) {
-      // Where this fails, what follows fails as well and says why.
+      // If this fails, the deletion below fails too and gives the reason.
       [[maybe_unused]] const int unneeded =
           fchmodat(folder.folder.Number(), folder.name.c_str(),
                    (status.stx_mode & 07777U) | kOwnersRights, AT_SYMLINK_NOFOLLOW);
@@ -107,7 +108,8 @@ class Deletion {
       std::string name;
       EntryType type;
     };
-    // Read to the end first: what is deleted meanwhile makes some file systems leave out others.
+    // The folder is read to its end first: some file systems skip entries when others are deleted
+    // during the reading.
     std::vector<Found> all;
     const int error =
         ForEachEntry(OpenIn(opened, ".", folder.path), [&](std::string_view name, EntryType type) {
@@ -123,7 +125,7 @@ class Deletion {
   std::exception_ptr failure_;
 };
 
-/// The folder that it lies in.
+/// Opens the parent of the folder.
 Descriptor OpenPlaceOf(const std::string& folder) {
   const std::string place = FolderOf(folder).empty() ? "." : FolderOf(folder);
   Descriptor opened = OpenDescriptor(place, O_PATH | O_DIRECTORY);

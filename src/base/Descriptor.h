@@ -6,7 +6,7 @@
 
 namespace repvolta {
 
-/// The result of a call of the system, which is made again as long as a signal interrupts it.
+/// The result of a system call, which is repeated while signals interrupt it.
 template <class Call>
 auto Uninterrupted(Call call) {
   while (true) {
@@ -15,13 +15,13 @@ auto Uninterrupted(Call call) {
   }
 }
 
-/// Owns the number under which the system knows an open file or folder; closed when it goes.
+/// Owns the file descriptor of an open file or folder and closes it when destroyed.
 class Descriptor {
  public:
-  /// Of nothing.
+  /// Owns nothing.
   Descriptor() = default;
 
-  /// Takes over what was opened; -1 is nothing.
+  /// Takes over an open file descriptor; -1 means none.
   explicit Descriptor(int number) : number_(number) {}
 
   Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
@@ -35,18 +35,18 @@ class Descriptor {
 
   void Close() noexcept;
 
-  /// Leaves it open, for someone else to close.
+  /// Gives up the file descriptor without closing it.
   void Release() noexcept { number_ = -1; }
 
  private:
   int number_ = -1;
 };
 
-/// Opens with the flags of open(2), however often a signal comes in between, and never for the
-/// programs that are started. Of nothing, with the error in errno, when it cannot be opened.
+/// Opens with the flags of open(2); child programs do not inherit the descriptor, and signals do
+/// not interrupt the call. On failure the result is not open and errno holds the error.
 Descriptor OpenDescriptor(const std::string& path, int flags, unsigned mode = 0);
 
-/// True when the open file or folder is the one that now has this name, and not behind a link.
+/// True when `name` is still the open file or folder itself, not a link to it.
 bool IsStillAt(const Descriptor& descriptor, const std::string& name);
 
 }  // namespace repvolta

@@ -26,7 +26,7 @@ const char* OpenFailure(File::Access access) {
 
 constexpr const char* kOtherName = "It has another name elsewhere";
 
-/// Of a regular file; throws FileError for everything else.
+/// The status of an open regular file; throws FileError for anything else.
 struct stat StatusOfOpened(const Descriptor& descriptor, const std::string& path,
                            const char* failure) {
   struct stat status {};
@@ -121,8 +121,8 @@ void File::FlushToDevice() {
 }
 
 void File::ConfirmWritten() const {
-  // Each close asks the file system, also that of a second descriptor of the same opening. The
-  // first one stays: a lock would end with it. Nor could it be closed again after a signal.
+  // Closing a duplicate descriptor makes the file system report its errors as well. The first one
+  // stays open, because closing it would release a lock and could not be repeated after a signal.
   const int result = Uninterrupted([&] {
     const int second = fcntl(descriptor_.Number(), F_DUPFD_CLOEXEC, 0);
     return second < 0 ? second : close(second);
@@ -131,7 +131,7 @@ void File::ConfirmWritten() const {
 }
 
 void File::StartFlush() const noexcept {
-  // Only a beginning: what fails here fails again, and is told, when the file is flushed.
+  // A failure can be ignored here: the later flush fails again and reports it.
   static_cast<void>(sync_file_range(descriptor_.Number(), 0, 0, SYNC_FILE_RANGE_WRITE));
 }
 
@@ -159,8 +159,8 @@ bool IsLinked(const std::string& path) {
 
 namespace {
 
-/// Lets the system copy, without a way through this program's memory; it may do less than all, or
-/// nothing where it cannot. Returns how far in `from` it came.
+/// Lets the kernel copy without going through this program's memory. It may copy only a part, or
+/// nothing where the file system does not support it. Returns the offset in `from` that it reached.
 std::uint64_t CopyInSystem(const File& from, std::uint64_t offset, std::uint64_t end, File& to,
                            std::uint64_t position) {
   auto read = static_cast<off64_t>(offset);
@@ -178,7 +178,7 @@ std::uint64_t CopyInSystem(const File& from, std::uint64_t offset, std::uint64_t
 
 std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to,
                           std::uint64_t position) {
-  // The end is that of the beginning: a file that is copied to its own end must not run after it.
+  // The end is read once: a file that is appended to itself would otherwise grow for ever.
   const std::uint64_t end = from.Size();
   if (offset < end && end - offset > kCopyBlock) {
     const std::uint64_t reached = CopyInSystem(from, offset, end, to, position);
@@ -226,7 +226,7 @@ void RemoveFile(const std::string& path) {
 void FlushFolder(const std::string& folder) {
   const Descriptor descriptor = OpenDescriptor(folder, O_RDONLY | O_DIRECTORY);
   if (!descriptor.IsOpen()) throw FileError(folder, "could not be read", errno);
-  // Some file systems cannot flush a folder by itself and say so; they need no flush.
+  // Some file systems cannot flush a single folder and return EINVAL; they need no flush.
   if (Flush(descriptor) != 0 && errno != EINVAL) {
     throw FileError(folder, "could not be written", errno);
   }

@@ -5,7 +5,7 @@
 namespace repvolta {
 namespace {
 
-/// The system's text in English, as our own texts are, whatever the locale.
+/// The system's text in English in every locale, like the program's own texts.
 std::string Description(int error) {
   const char* text = strerrordesc_np(error);
   return text == nullptr ? "Error " + std::to_string(error) : text;

@@ -12,18 +12,18 @@
 namespace repvolta {
 namespace {
 
-constexpr std::size_t kLongestName = 255;  // bytes, of the file systems in use
+constexpr std::size_t kLongestName = 255;  // bytes, in common file systems
 
 bool IsForbidden(char character) {
   const auto code = static_cast<unsigned char>(character);
   return code == '/' || code < 0x20 || code == 0x7F;
 }
 
-/// Whether a file is asked for, by its name in one case.
+/// Decides by the case-folded name whether a file is wanted.
 using Accept = std::function<bool(const std::u32string& foldedName)>;
 
-/// The names of the files in the folder, also through links, that are asked for, in name order
-/// without regard to case; none where there is no such folder. Throws FileError.
+/// The names of the wanted files in the folder, including links to files, sorted without regard to
+/// case; empty when there is no such folder. Throws FileError.
 std::vector<std::string> SortedFiles(const std::string& folder, const Accept& accept) {
   const std::string path = folder.empty() ? "." : folder;
   std::vector<std::pair<std::u32string, std::string>> keyed;
@@ -84,7 +84,7 @@ std::optional<std::string> FindFile(const std::string& path) {
     const auto names = SortedFiles(folder, [&](const auto& name) { return name == wanted; });
     if (!names.empty()) return folder + names.front();
   } catch (const FileError&) {
-    // What cannot be looked for is not found.
+    // A folder that cannot be read counts as one without the file.
   }
   return std::nullopt;
 }

@@ -8,8 +8,8 @@ namespace repvolta {
 
 enum class Links { kFollowed, kSeen };
 
-/// What the system says of what stands at `path`, of a link itself where links are seen; nothing
-/// when nothing stands there. Throws FileError when that cannot be known.
+/// The status of the file or folder `path`, with kSeen that of a link itself; nothing when `path`
+/// does not exist. Throws FileError when the disk cannot tell.
 std::optional<struct stat> StatusOf(const std::string& path, Links links);
 
 }  // namespace repvolta

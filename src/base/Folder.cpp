@@ -26,15 +26,15 @@ EntryType TypeOfMode(mode_t mode) {
   return S_ISLNK(mode) ? EntryType::kLink : EntryType::kOther;
 }
 
-/// Most file systems tell the type with the name; the others are asked.
-/// Nothing, with the error in errno, when it cannot be known.
+/// Most file systems give the type with the name; for the others the entry's status is read.
+/// Nothing, with the error in errno, when that fails.
 std::optional<EntryType> TypeOf(DIR* folder, const dirent& entry) {
   if (entry.d_type != DT_UNKNOWN) return TypeOfMode(static_cast<mode_t>(DTTOIF(entry.d_type)));
   struct stat status {};
   if (fstatat(dirfd(folder), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0) {
     return TypeOfMode(status.st_mode);
   }
-  // What has gone meanwhile is no entry of any type.
+  // The entry was removed after it was listed.
   return errno == ENOENT ? std::optional(EntryType::kOther) : std::nullopt;
 }
 
@@ -73,7 +73,7 @@ int ForEachEntry(const std::string& path, const TakeEntry& take) {
 int ForEachEntry(Descriptor descriptor, const TakeEntry& take) {
   const OpenedFolder folder(fdopendir(descriptor.Number()));
   if (!folder) return errno;
-  // What reads the entries closes what it reads them from.
+  // closedir() closes the descriptor.
   descriptor.Release();
   while (true) {
     errno = 0;

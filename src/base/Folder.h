@@ -13,35 +13,33 @@ enum class EntryType { kFile, kFolder, kLink, kOther };
 
 using TakeEntry = std::function<void(std::string_view name, EntryType type)>;
 
-/// True when `path` is a folder, or a link to one. Throws FileError when that cannot be known.
+/// True when `path` is a folder or a link to one. Throws FileError when the disk cannot tell.
 bool FolderExists(const std::string& path);
 
-/// True when `path` itself is a link, wherever it leads. Throws FileError when that cannot be
-/// known.
+/// True when `path` itself is a link, whatever it points to. Throws FileError when the disk cannot
+/// tell.
 bool IsLink(const std::string& path);
 
-/// True when anything has the name `path`, be it a link that leads nowhere. Throws FileError when
-/// that cannot be known.
+/// True when `path` exists, even as a dangling link. Throws FileError when the disk cannot tell.
 bool IsTaken(const std::string& path);
 
-/// Makes the folder unless it is there. Throws FileError.
+/// Creates the folder unless it exists. Throws FileError.
 void MakeFolder(const std::string& path);
 
-/// As MakeFolder, with the folders that it lies in.
+/// Like MakeFolder, and creates its parent folders too.
 void MakeFolders(const std::string& path);
 
-/// True when another file system, or a part of the same one once more, is mounted at the folder
-/// `path`. Throws FileError, as DeleteFolder would, when that cannot be known.
+/// True when something is mounted at the folder `path`, even another part of the same file system.
+/// Throws FileError, as DeleteFolder would, when the system cannot tell.
 bool IsMountPoint(const std::string& path);
 
-/// Deletes the folder with all that is in it, read-only folders too; what does not exist is no
-/// error. Links are deleted, never followed, and nothing is changed or deleted where another file
-/// system is mounted, be it `path` itself. Throws FileError for the first that could not be
-/// deleted, when all else is.
+/// Deletes the folder and everything in it, even read-only folders; it need not exist. Links are
+/// deleted, never followed, and mounted file systems are left alone, even if `path` itself is one.
+/// Deletes all it can, then throws FileError for the first entry that it could not.
 void DeleteFolder(const std::string& path);
 
-/// Calls `take` for each entry of the folder but "." and "..", in the order of the file system.
-/// Returns 0, or the error number of what kept it from reading on.
+/// Calls `take` for each entry of the folder except "." and "..", in the file system's order.
+/// Returns 0, or the errno value when the folder could not be read to its end.
 int ForEachEntry(const std::string& folder, const TakeEntry& take);
 int ForEachEntry(Descriptor folder, const TakeEntry& take);
 

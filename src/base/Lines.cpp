@@ -11,7 +11,7 @@ constexpr std::size_t kBlock = std::size_t{128} * 1024;
 
 using TakeLine = std::function<bool(std::string_view)>;
 
-/// Takes lines out of the blocks of a file.
+/// Splits the blocks of a file into lines.
 class LineSplitter {
  public:
   explicit LineSplitter(const TakeLine& take) : take_(take) {}
@@ -26,13 +26,13 @@ class LineSplitter {
     return true;
   }
 
-  /// Passes over a block whose lines nobody wants.
+  /// Skips a block without a wanted line.
   void Skip(std::string_view block) {
     beginning_.clear();
     begun_ = !block.ends_with('\n');
   }
 
-  /// Gives the last line, when nothing ended it.
+  /// Passes on the last line when the file does not end with a line end.
   void Finish() {
     if (begun_) End({});
   }
@@ -43,7 +43,7 @@ class LineSplitter {
     beginning_.append(part.substr(0, kLongestLine - beginning_.size()));
   }
 
-  /// Gives the line that ends with `part`; its beginning may have stood in earlier blocks.
+  /// Passes on the line that ends with `part`; its beginning may come from earlier blocks.
   bool End(std::string_view part) {
     if (!begun_) return Give(part);
     Begin(part);
@@ -84,7 +84,7 @@ std::string LastLine(const std::string& path) {
   return last;
 }
 
-/// Counts a piece at a time in a single byte, which the compiler makes many counts at once of.
+/// Counts piece by piece into a single byte, which lets the compiler vectorise the loop.
 std::int64_t LineEnds(std::string_view block) {
   constexpr std::size_t kPiece = 255;
   std::int64_t ends = 0;
@@ -133,7 +133,7 @@ std::vector<std::string> LinesAt(const std::string& path,
   LineSplitter splitter(take);
   ForEachBlock(path, [&](std::string_view block) {
     if (lines.size() == numbers.size()) return false;
-    // A block without a wanted line is only counted.
+    // In a block without a wanted line, only the line ends are counted.
     const std::int64_t ends = LineEnds(block);
     if (number + ends >= numbers[lines.size()]) return splitter.Feed(block);
     number += ends;

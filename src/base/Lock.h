@@ -4,9 +4,9 @@
 
 namespace repvolta {
 
-/// Locks an open file or folder against other processes, without waiting, as long as it is open.
-/// Returns 0, or an errno value: EWOULDBLOCK when another process has it locked; others from file
-/// systems without locks.
+/// Locks an open file or folder against other processes until it is closed; never waits. Returns 0,
+/// EWOULDBLOCK when another process holds the lock, or another errno value on file systems without
+/// locks.
 int TryLock(const Descriptor& descriptor);
 
 }  // namespace repvolta

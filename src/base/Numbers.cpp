@@ -17,13 +17,13 @@ constexpr int kSignificantDigits = 7;  // of single precision
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// True when a plain decimal number starts here; the sign has been taken away.
+/// True when the text, whose sign was removed, starts with a plain decimal number.
 bool StartsNumber(std::string_view text) {
   if (text.starts_with('.')) text.remove_prefix(1);
   return !text.empty() && IsDigit(text[0]);
 }
 
-/// The power of ten of the first digit that is not zero.
+/// The power of ten that the first non-zero digit stands for.
 std::ptrdiff_t PowerOfTen(std::string_view digits) {
   const std::size_t point = std::min(digits.find('.'), digits.size());
   const std::size_t first = std::min(digits.find_first_of("123456789"), digits.size());
@@ -31,7 +31,7 @@ std::ptrdiff_t PowerOfTen(std::string_view digits) {
   return first < point ? power - 1 : power;
 }
 
-/// The number behind the "e"; a far too large one is only that.
+/// The number after the "e"; one that is far too large only has to stay so.
 std::ptrdiff_t Exponent(std::string_view text) {
   constexpr std::ptrdiff_t kFarTooLarge = std::numeric_limits<std::ptrdiff_t>::max() / 2;
   if (text.starts_with('+')) text.remove_prefix(1);
@@ -41,7 +41,7 @@ std::ptrdiff_t Exponent(std::string_view text) {
   return std::clamp(exponent, -kFarTooLarge, kFarTooLarge);
 }
 
-/// What a number that is too large or too small for a double comes to.
+/// The value of a number that is too large or too small for a double.
 double OutOfRange(std::string_view number) {
   const std::size_t e = std::min(number.find_first_of("eE"), number.size());
   std::ptrdiff_t power = PowerOfTen(number.substr(0, e));

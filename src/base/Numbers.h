@@ -7,9 +7,8 @@
 namespace repvolta {
 
 /// The decimal number at the start of a text: blanks, an optional sign, digits with an optional
-/// point, an optional exponent; what follows is ignored. 0 when there is none: "nan", "inf" and
-/// "0x10" start with no other number. Too large for a double: infinity. Same in every locale
-/// (quirk 22).
+/// point, an optional exponent; the rest is ignored. 0 when there is none, as in "nan", "inf" and
+/// "0x10". Infinity when it is too large for a double. The same in every locale (quirk 22).
 double LeadingNumber(std::string_view text);
 
 /// A number as the instruction sentence shows it: at most 7 significant digits, no trailing zeros,
@@ -20,8 +19,7 @@ std::string NumberText(std::int16_t value);
 /// A number as the lists of sets show it: at most 7 significant digits, "0.5".
 std::string ListNumberText(float value);
 
-/// The standard conversion of a whole number: a blank stands where a minus sign would ("5" is "
-/// 5"; quirk 20).
+/// A whole number with a blank in place of a minus sign: " 5", "-5" (quirk 20).
 std::string StandardNumberText(std::int32_t value);
 
 /// Seconds as minutes and seconds with at least two digits each: "05:20", "546:07".

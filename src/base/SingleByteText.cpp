@@ -14,7 +14,7 @@ namespace {
 class Converter {
  public:
   Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): so iconv_open says that it failed.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): iconv_open returns -1 on failure.
     if (handle_ == reinterpret_cast<iconv_t>(-1)) {
       throw std::system_error(errno, std::generic_category(), "no conversion to the code page");
     }
@@ -33,7 +33,7 @@ class Converter {
     std::size_t inputLeft = size;
     std::size_t outputLeft = sizeof output;
     const bool isRead = iconv(handle_, &from, &inputLeft, &to, &outputLeft) == 0 && inputLeft == 0;
-    // Tag characters (U+E0000 to U+E007F) are read and dropped without a word.
+    // iconv drops tag characters (U+E0000 to U+E007F) and reports no error.
     if (!isRead || to == output) {
       iconv(handle_, nullptr, nullptr, nullptr, nullptr);
       return std::nullopt;
@@ -53,7 +53,7 @@ bool IsUndefined(unsigned char byte) {
   return byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 || byte == 0x9D;
 }
 
-/// The byte of one of the control characters that stand for undefined bytes.
+/// The undefined byte that a control character stands for, if it is one of those.
 std::optional<char> UndefinedByte(std::string_view character) {
   if (character.size() != 2 || character[0] != '\xC2') return std::nullopt;
   const auto byte = static_cast<unsigned char>(character[1]);
@@ -66,8 +66,8 @@ std::size_t CharacterSize(std::string_view text) {
   return size;
 }
 
-/// The bytes of a UTF-8 text in Windows-1252. A character that the code page lacks becomes
-/// `substitute`, or leaves the whole text without a result where there is none.
+/// Converts UTF-8 to Windows-1252. A character that the code page lacks becomes `substitute`; if
+/// there is no substitute, the whole text has no result.
 std::optional<std::string> Encode(std::string_view text, std::optional<char> substitute) {
   Converter converter("WINDOWS-1252", "UTF-8");
   std::string bytes;
@@ -87,7 +87,7 @@ std::optional<std::string> Encode(std::string_view text, std::optional<char> sub
   return bytes;
 }
 
-/// The bytes, at most `size` of them, by which a file's field holds the text.
+/// The at most `size` bytes with which a field of a file holds the text.
 std::string FieldBytes(std::string_view text, std::size_t size) {
   if (IsAscii(text) || !IsUtf8(text)) return std::string(text.substr(0, size));
   if (const auto bytes = Encode(text, std::nullopt)) {

@@ -7,24 +7,24 @@
 
 namespace repvolta {
 
-/// UTF-8 of bytes in Windows-1252. The five bytes that the code page leaves undefined (81, 8D, 8F,
-/// 90, 9D) stand for the control characters of the same number, so every byte is a character.
+/// Converts Windows-1252 to UTF-8. The five bytes that the code page leaves undefined (81, 8D, 8F,
+/// 90, 9D) become the control characters with the same number, so every byte is a character.
 std::string FromWindows1252(std::string_view bytes);
 
-/// A UTF-8 text in Windows-1252, one byte a character, with "?" for each character that the code
-/// page lacks. A text that is no UTF-8 is returned as it is.
+/// Converts UTF-8 to Windows-1252, with "?" for each character that the code page lacks. A text
+/// that is not UTF-8 is returned unchanged.
 std::string ToWindows1252(std::string_view text);
 
-/// UTF-8 of a fixed-length text of a file, without its padding: bytes that are well-formed UTF-8
-/// are taken as such, others as Windows-1252.
+/// The text of a fixed-length field of a file, as UTF-8 without the padding. Well-formed UTF-8 is
+/// taken as it is; other bytes are read as Windows-1252.
 std::string DecodeField(std::span<const Byte> field);
 
-/// Fills `field` with the text, padded with blanks, so that DecodeField gives the text back. It is
-/// Windows-1252 when the code page has all characters and the bytes could not be mistaken for
-/// UTF-8, else UTF-8. What does not fit is cut off between characters.
+/// Fills `field` with the text, padded with blanks, so that DecodeField returns the same text. The
+/// bytes are Windows-1252 if that has all the characters and DecodeField would not take them for
+/// UTF-8, else UTF-8. A text that is too long is cut between characters.
 void EncodeField(std::string_view text, std::span<Byte> field);
 
-/// What is left of the text after it went through a field of `size` bytes.
+/// The text as it comes back from a field of `size` bytes.
 std::string CutToField(std::string_view text, std::size_t size);
 
 }  // namespace repvolta

@@ -25,7 +25,7 @@ bool IsScalar(char32_t code, int trailing) {
   return code >= kLeastOfLength[trailing] && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
 }
 
-/// The character at the start of `text`, or nothing when the bytes are no UTF-8.
+/// The character at the start of `text`, or nothing when the bytes are not UTF-8.
 std::optional<Character> FirstCharacter(std::string_view text) {
   const auto lead = static_cast<unsigned char>(text[0]);
   const int trailing = TrailingBytes(lead);

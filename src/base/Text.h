@@ -5,25 +5,24 @@
 
 namespace repvolta {
 
-/// Without the blanks (U+0020 only) at both ends.
+/// `text` without the blanks (U+0020 only) at both ends.
 std::string_view TrimBlanks(std::string_view text);
 
-/// Without the blanks (U+0020 only) at the end.
+/// `text` without the blanks (U+0020 only) at its end.
 std::string_view TrimTrailingBlanks(std::string_view text);
 
 /// True when the bytes are well-formed UTF-8 (RFC 3629: no surrogates, no overlong forms).
 bool IsUtf8(std::string_view bytes);
 
-/// The longest beginning of a UTF-8 text that has at most `limit` bytes and ends between
-/// characters.
+/// The longest beginning of a UTF-8 text that fits `limit` bytes without splitting a character.
 std::string_view CutUtf8(std::string_view text, std::size_t limit);
 
-/// The text as one line that a terminal shows and does nothing else with: "?" stands for each
-/// control character (U+0000 to U+001F, U+007F to U+009F in UTF-8).
+/// The text as one line that cannot control a terminal: "?" replaces each control character (U+0000
+/// to U+001F, U+007F to U+009F in UTF-8).
 std::string ShownOnOneLine(std::string_view text);
 
-/// The characters without regard to case, for comparing and ordering names; bytes that are no
-/// UTF-8 stand for themselves. The same in every locale.
+/// The text without differences of case, to compare and sort names; bytes that are not UTF-8 stay
+/// as they are. The same in every locale.
 std::u32string FoldCase(std::string_view text);
 
 }  // namespace repvolta

@@ -17,16 +17,16 @@ constexpr const char* kFailure = "could not be written";
 constexpr auto kSameUser = static_cast<uid_t>(-1);
 constexpr std::size_t kPendingLimit = std::size_t{256} * 1024;
 
-/// What remains of the permissions of a file that comes to another group: its members may do no
-/// more than they could as others, and those of the group before not more as others.
+/// The permissions that are left when the file's group changes: group and others both get only what
+/// both had, so that nobody gains a right.
 mode_t PermissionsInOtherGroup(mode_t mode) {
   const mode_t shared = (mode >> 3U) & mode & 07U;
   return (mode & 0700U) | (shared << 3U) | shared;
 }
 
-/// Gives the open file the group of the file at `path`, and returns the permissions that it should
-/// have: those of that file, or what a new one would get. Throws FileError: what is private must
-/// not be opened to others because a disk fails.
+/// Gives the open file the group of the file at `path` and returns the permissions to set: those of
+/// that file, or those of a new one. Throws FileError, because a private file must not become
+/// readable to others when a disk fails.
 mode_t TakeGroup(const File& file, const std::string& path) {
   struct stat before {};
   if (stat(path.c_str(), &before) == 0) {
@@ -59,7 +59,7 @@ WholeFileWriter::~WholeFileWriter() {
   if (!committed_) unlink(file_.Path().c_str());
 }
 
-/// Runs the statement; a failure then names the file that is to be written, not the working file.
+/// Runs the statement and makes a FileError name the target instead of the working file.
 template <class Statement>
 void WholeFileWriter::Writing(Statement statement) {
   try {
@@ -103,7 +103,7 @@ std::optional<FileStamp> WholeFileWriter::Placed() const {
 
 void WholeFileWriter::FlushWorkingFile() {
   Writing([&] {
-    // The group first: until then the file is its user's alone.
+    // The group is set first: until then only the owner may read the file.
     const mode_t mode = TakeGroup(file_, path_);
     if (fchmod(file_.OpenAs().Number(), mode) != 0) {
       throw FileError(path_, kFailure, errno);

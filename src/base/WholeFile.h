@@ -10,18 +10,17 @@
 
 namespace repvolta {
 
-/// The whole content, at most `limit` bytes of it. Throws FileError.
+/// The content of the file, at most its first `limit` bytes. Throws FileError.
 Bytes ReadWholeFile(const std::string& path, std::size_t limit);
 
-/// Replaces a file by a new one, all or nothing: the bytes go to a private file beside `path`;
-/// Commit() gives it the group and the permissions of `path`, flushes it to the device and puts it
-/// in its place. Until then, and when
-/// anything fails, `path` is as it was. Without a Commit() nothing stays behind; what a crash or a
-/// kill leaves is removed when the same file is next written.
+/// Replaces a file, all or nothing. The bytes are written to a private working file beside `path`;
+/// Commit() gives that the group and permissions of `path`, flushes it to the device and renames it
+/// to `path`. Until then, and after any failure, `path` is unchanged. Without Commit() the working
+/// file is removed; one that a crash or a kill left is removed at the next write of the same file.
 class WholeFileWriter {
  public:
-  /// Throws FileError when nothing can be created beside `path`, or when another process goes on
-  /// writing the same file.
+  /// Throws FileError when no file can be created beside `path`, or when another process is still
+  /// writing the same file after a second.
   explicit WholeFileWriter(std::string path);
   ~WholeFileWriter();
   WholeFileWriter(const WholeFileWriter&) = delete;
@@ -31,13 +30,13 @@ class WholeFileWriter {
   void Append(std::span<const Byte> bytes);
   void Append(std::string_view text) { Append(AsBytes(text)); }
 
-  /// Appends the bytes that `from` has now, from `offset` on. Throws FileError that names `path`.
+  /// Appends `from`, from `offset` to its present end. Throws FileError that names `path`.
   void AppendRest(const File& from, std::uint64_t offset);
 
-  /// `lastCheck` runs right before the new file takes its place, when no other writer of ours can
-  /// any more; what it throws keeps the old one. Throws FileError that names `path`, which is then
-  /// as it was; or one that names its folder, when the new file is in place but the device may not
-  /// know.
+  /// Puts the new file in place. `lastCheck` runs just before that, when no other WholeFileWriter
+  /// can replace `path` any more; if it throws, the old file stays. Throws FileError: one that
+  /// names `path` leaves `path` unchanged; one that names its folder means that the new file is in
+  /// place but may not survive a power cut.
   void Commit(const std::function<void()>& lastCheck = {});
 
   /// The stamp of the new file; nothing when it is not in place.

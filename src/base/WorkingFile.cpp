@@ -31,16 +31,16 @@ std::string UserName(uid_t user) {
   return entry == nullptr ? std::to_string(user) : entry->pw_name;
 }
 
-/// Why access to what stands at `name` is denied: it is another user's, or `otherwise`.
+/// Why access to `name` is denied: it belongs to another user, or `otherwise`.
 std::string ReasonOfDenial(const std::string& name, const std::string& otherwise) {
   struct stat status {};
   if (lstat(name.c_str(), &status) != 0 || status.st_uid == geteuid()) return otherwise;
   return FileName(name) + " belongs to user " + UserName(status.st_uid) + " and cannot be removed";
 }
 
-/// Removes what stands at `name`, unless a process has it locked. A name is only ever removed by
-/// the one who holds the lock of the file behind it, so nobody loses a file that is being written.
-/// Returns why it may have to stay; throws FileError when it cannot be removed.
+/// Removes `name` unless a process has it locked. Only the holder of a file's lock ever removes its
+/// name, so no process loses a file that it is writing. Returns why the file may have to stay;
+/// throws FileError when it cannot be removed.
 std::string RemoveAbandoned(const std::string& name) {
   const Descriptor found = OpenDescriptor(name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
   const int error = found.IsOpen() ? 0 : errno;
@@ -75,7 +75,7 @@ File CreateWorkingFile(const std::string& path) {
     } catch (const FileError& error) {
       throw FileError(path, kFailure, error.Reason());
     }
-    // The first time round there is usually nothing to wait for.
+    // The first attempt usually succeeds.
     if (attempt > 0) std::this_thread::sleep_for(kPause);
   }
   throw FileError(path, kFailure, reason);

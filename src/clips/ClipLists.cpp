@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kLongestList = std::size_t{1024} * 1024;
 
-/// The lines in UTF-8, without line ends and blanks around them.
+/// The lines in UTF-8, trimmed of line ends and blanks.
 std::vector<std::string> Lines(const std::string& path) {
   std::istringstream text(AsText(ReadWholeFile(path, kLongestList)));
   std::vector<std::string> lines;

@@ -9,13 +9,13 @@
 namespace repvolta {
 
 /// Speaks the clips with the engine's first voice and writes them below `folder`, which is created
-/// when missing; existing clips are replaced. Nothing is written before all are spoken. Throws
+/// if missing; existing clips are replaced. Writes nothing until all clips are spoken. Throws
 /// ClipError, SpeechError, FileError.
 void MakeClips(SpeechEngine& engine, const std::vector<ClipWords>& clips,
                const std::string& folder);
 
 /// Makes a clip of any WAV recording of a word; an existing clip is replaced. Throws ClipError when
-/// there is no sound in it, FileError.
+/// the recording is silent, FileError.
 void MakeClipOfRecording(const std::string& recording, const std::string& clip);
 
 }  // namespace repvolta

@@ -13,13 +13,13 @@ namespace {
 
 constexpr std::size_t kWindow = 80;        // 5 ms
 constexpr std::size_t kLimiterReach = 48;  // 3 ms
-constexpr double kEnoughToMeasure = 3.0;   // seconds; a block of the measure is 0.4
+constexpr double kEnoughToMeasure = 3.0;   // seconds; loudness is measured in blocks of 0.4
 constexpr std::size_t kFadeOut = 320;      // 20 ms
 constexpr double kEvenness = 0.75;
 constexpr int kLevelRounds = 20;
 constexpr double kNearEnough = 0.05;  // dB
 
-// A word begins and ends where it is louder than these, in parts of its peak.
+// A word begins and ends where its level passes a threshold between these parts of its peak.
 constexpr float kQuietest = 0.0126F;         // -38 dB
 constexpr float kLoudestBackground = 0.04F;  // -28 dB
 constexpr float kAboveBackground = 3;
@@ -39,7 +39,7 @@ void RemoveOffset(Sound& sound) {
   for (float& sample : sound.samples) sample -= mean;
 }
 
-/// The levels of the windows of a sound; what is left at the end counts to the last.
+/// The levels of the sound's windows; the last window includes the remainder.
 std::vector<float> WindowLevels(std::span<const float> samples) {
   std::vector<float> levels;
   for (; samples.size() >= 2 * kWindow; samples = samples.subspan(kWindow)) {
@@ -71,8 +71,8 @@ Range WordRange(const Sound& sound) {
   return {begin, last == levels.end() ? sound.samples.size() : end};
 }
 
-/// Fades in over what is before the word, and out over the first part of what is behind it; the
-/// rest is still.
+/// Fades in over the part before the word and out over the first kFadeOut samples after it; the
+/// rest becomes silent.
 void FadeEdges(std::vector<float>& samples) {
   const std::size_t before = SampleCount(kSecondsBeforeWord);
   const std::size_t behind = SampleCount(kSecondsBehindWord);
@@ -104,8 +104,8 @@ float MeanAround(const std::vector<float>& values, std::size_t index) {
 
 float Factor(double decibels) { return static_cast<float>(std::pow(10, decibels / 20)); }
 
-/// Takes away most of the difference between a clip's loudness and the wanted one: what is left of
-/// it keeps the words natural.
+/// Removes most of the difference between a clip's loudness and the wanted one; the remaining
+/// difference keeps the words natural.
 void EvenOut(Sound& sound) {
   const double missing = kClipLoudness - JoinedLoudness(std::span(&sound, 1));
   if (std::isfinite(missing)) Scale(sound, Factor(missing * kEvenness));
@@ -144,7 +144,8 @@ void LimitPeaks(Sound& sound) {
     gains[i] = kClipPeak / std::max(kClipPeak, std::abs(sound.samples[i]));
   }
   for (std::size_t i = 0; i < count; ++i) lowest[i] = LowestAround(gains, i);
-  // Each mean is of lowest gains of stretches that hold this sample, so it is low enough.
+  // Every gain in the mean is the lowest of a stretch that holds this sample, so the mean is low
+  // enough.
   for (std::size_t i = 0; i < count; ++i) {
     sound.samples[i] = std::clamp(sound.samples[i] * MeanAround(lowest, i), -kClipPeak, kClipPeak);
   }
@@ -180,7 +181,7 @@ void LevelClips(std::vector<Sound>& sounds) {
     }
     const double missing = kClipLoudness - JoinedLoudness(sounds);
     if (!std::isfinite(missing) || std::abs(missing) < kNearEnough) return;
-    // What the limiter took away is made up for in the next round.
+    // The next round makes up for the loudness that the limiter takes away.
     gain += missing;
   }
 }

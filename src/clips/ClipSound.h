@@ -7,7 +7,7 @@
 
 namespace repvolta {
 
-/// What every recorded clip is, so that clips can be joined byte by byte.
+/// The format of every recorded clip, so that clips can be joined byte by byte.
 inline constexpr WavFormat kClipFormat{.rate = 16000, .bits = 16, .channels = 1};
 
 inline constexpr double kSecondsBeforeWord = 0.010;
@@ -15,20 +15,20 @@ inline constexpr double kSecondsBehindWord = 0.060;
 inline constexpr double kClipLoudness = -18;  // LUFS, of clips that are joined
 inline constexpr float kClipPeak = 0.891F;    // -1 dBFS
 
-/// The word alone at the clips' rate: the silence around it cut or filled up to what a clip has,
-/// fading out to a last sample of zero. Empty when there is no sound.
+/// The word at the clips' rate, with exactly a clip's silence before and after it, faded out to a
+/// last sample of zero. Empty when the recording is silent.
 Sound TrimToWord(const Sound& recording);
 
-/// Turns down what is louder than kClipPeak, a few milliseconds around it too, so that nothing is
-/// clipped.
+/// Turns down peaks above kClipPeak, together with a few milliseconds around them, so that nothing
+/// is clipped.
 void LimitPeaks(Sound& sound);
 
-/// The loudness in LUFS of the sounds, one behind the other, again and again until there is enough
-/// to measure. All at the clips' rate. Minus infinity for silence.
+/// The loudness in LUFS of the sounds played one after another, repeated until they are long enough
+/// to measure. All are at the clips' rate. Minus infinity for silence.
 double JoinedLoudness(std::span<const Sound> sounds);
 
-/// Brings clips near to one loudness, and then all of them by one gain to kClipLoudness when they
-/// are joined, with limited peaks.
+/// Brings the clips close to one loudness, then applies one gain to all, so that they have
+/// kClipLoudness when joined; limits their peaks.
 void LevelClips(std::vector<Sound>& sounds);
 
 }  // namespace repvolta

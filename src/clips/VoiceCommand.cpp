@@ -4,7 +4,6 @@
 #include <exception>
 
 #include "base/Text.h"
-
 #include "clips/ClipMaker.h"
 
 namespace repvolta {
@@ -24,7 +23,7 @@ constexpr std::string_view kUsage =
     "convert  makes a clip of a WAV recording of any format: silence trimmed, 16 kHz,\n"
     "         16 bit, mono, as loud as the other clips\n";
 
-/// Several lists may have the same name.
+/// The same name may be in several lists.
 void AddNew(const std::vector<ClipWords>& found, std::vector<ClipWords>& clips) {
   for (const ClipWords& clip : found) {
     const auto isSame = [&clip](const ClipWords& other) { return other.file == clip.file; };

@@ -8,8 +8,8 @@
 
 namespace repvolta {
 
-/// What repvolta-voice does with its arguments (without the program's name). Returns its exit
-/// status: 0 done, 1 failed, 2 not called rightly; what went wrong is a line in `errors`.
+/// Runs repvolta-voice with its arguments (without the program's name). Returns the exit status: 0
+/// done, 1 failed, 2 wrong usage. A failure writes one line to `errors`.
 int RunVoiceCommand(const std::vector<std::string>& arguments, SpeechEngine& engine,
                     std::ostream& output, std::ostream& errors);
 

@@ -15,7 +15,7 @@ namespace repvolta {
 
 enum class CheckBox { kUnticked, kTicked };
 
-/// What the editing commands work with.
+/// The state, services and screens that the editing commands use.
 struct Editor {
   Program& program;
   ProgressLog& log;
@@ -24,14 +24,15 @@ struct Editor {
   Dialogs& dialogs;
   ProgressWindow& progress;
   PleaseWait& pleaseWait;
-  /// Lets the windows live during long work; throws UpdateStopped when the person ends the program.
+  /// Handles the windows' events during long work; throws UpdateStopped when the person ends the
+  /// program.
   std::function<void()> runEvents;
 
   ProgramState& State() const { return program.state; }
   ExerciseRecord& Exercise() const { return State().Workout[State().CurrentExercise]; }
 };
 
-/// A change that is in memory, and could not be saved. The text says so.
+/// A change was made in memory but could not be saved; what() says both.
 class UnsavedChange : public FileError {
  public:
   explicit UnsavedChange(const FileError& error);
@@ -41,25 +42,26 @@ class UnsavedChange : public FileError {
   std::string text_;
 };
 
-// What the commands end with, see docs/decisions/0001-errors.md. All that save throw UnsavedChange.
+// The last steps of the commands, see docs/decisions/0001-errors.md. Those that save throw
+// UnsavedChange.
 
 void SaveChangedWorkout(const Editor& editor);
 
-/// Shows also what was taken over from another program that had saved settings meanwhile.
+/// Also shows the settings that were taken over because another program had saved them.
 void SaveChangedSettings(const Editor& editor);
 
-/// Refresh a tab. What keeps the record from being shown as a whole is told, and nothing is thrown.
+/// Refresh a tab. If the record cannot be shown as a whole, a message says why; nothing is thrown.
 void ShowWorkout(const Editor& editor);
 void ShowExercise(const Editor& editor);
 
-/// Saves the workout and then calls `show`, also when it could not be saved.
+/// Saves the workout and then calls `show`, even when the saving fails.
 void SaveAndShow(const Editor& editor, const std::function<void()>& show);
 
-/// The row that is selected after a row was removed: the one that took its place.
+/// The row to select after a removal: the one that took the removed row's place, or the last one.
 int RowAfterRemoval(int removed, int rowsLeft);
 
-/// Takes the item of a list of `count` out: those behind it move up, with the unused slot behind
-/// the last, which becomes blank. Throws std::out_of_range when there are not so many slots.
+/// Removes an item from a list of `count`: the later items and the unused slot after them move up,
+/// and slot `count` becomes blank. Throws std::out_of_range when there are fewer slots.
 template <class Item, std::size_t Size>
 void RemoveItem(Slots<Item, Size>& items, int removed, int count) {
   constexpr int kSize = static_cast<int>(Size);

@@ -13,7 +13,7 @@ namespace {
 
 bool HasWorkout(const ProgramState& state) { return !TrimBlanks(state.WorkoutFileName).empty(); }
 
-/// Makes the exercise of a row the current one and gives its name back trimmed, which is stored.
+/// Makes the exercise of a row the current one, trims its stored name and returns it.
 std::string SelectAndTrimName(ProgramState& state, int row) {
   state.CurrentExercise = CheckedInt16(row);
   auto& name = state.Workout[row].ExerciseName;

@@ -4,11 +4,11 @@
 
 namespace repvolta {
 
-// The commands that edit the list of exercises. `row` is the one selected in ExerciseList; -1:
-// none. Each change is saved; when that fails: docs/decisions/0001-errors.md.
+// The commands that edit the list of exercises. `row` is the selected row of ExerciseList, or -1.
+// Each change is saved; docs/decisions/0001-errors.md says what happens when that fails.
 
-/// Lets an exercise be chosen and adds it behind the others. Throws std::overflow_error when the
-/// default exercise time does not fit; then nothing is added.
+/// Asks for an exercise and adds it after the others. Throws std::overflow_error, and adds nothing,
+/// when the default exercise time does not fit.
 void AddExerciseButton_Click(Editor& editor);
 
 void EditExerciseNameButton_Click(Editor& editor, int row);

@@ -10,8 +10,8 @@
 namespace repvolta {
 namespace {
 
-/// What keeps a damaged workout from being shown as a whole is not told: that it is damaged says
-/// more.
+/// A damaged workout may fail to be shown. That failure is not reported, because the message about
+/// the damage says more.
 void ShowTabs(const Editor& editor) {
   try {
     editor.screen.UpdateWorkoutScreen();
@@ -21,7 +21,7 @@ void ShowTabs(const Editor& editor) {
   }
 }
 
-/// What the lists of the window have rows for.
+/// A text for each exercise and music file that the window's lists show.
 std::vector<std::string> RowsOf(const ProgramState& state) {
   std::vector<std::string> rows;
   for (int i = 0; i < state.NumberOfExercises; ++i) {

@@ -7,28 +7,29 @@
 
 namespace repvolta {
 
-/// Fills WorkoutDropBox from the workout folder, in name order; nothing is selected then. Throws
+/// Fills WorkoutDropBox from the workout folder, in name order, and selects nothing. Throws
 /// FileError.
 void ListWorkouts(const Editor& editor);
 
-/// Loads the workout of WorkoutFileName and shows it on both tabs. Says so when there is no such
-/// file, or when what was loaded is damaged. Throws FileError when it cannot be read, and what the
-/// tabs throw when it cannot be shown as a whole.
+/// Loads the workout of WorkoutFileName and shows it on both tabs. A message reports a missing file
+/// or a damaged workout. Throws FileError when the file cannot be read, and what the tabs throw
+/// when the workout cannot be shown as a whole.
 WorkoutLoad LoadAndShowWorkout(const Editor& editor);
 
-// The two halves: whoever goes on with a workout that cannot be shown must know that it was loaded.
+// The two halves of LoadAndShowWorkout, for callers that continue with a workout that was loaded
+// but cannot be shown.
 WorkoutLoad LoadOrSayNotFound(const Editor& editor);
 void ShowLoadedWorkout(const Editor& editor);
 
-/// The rows that the person saw and selected are no longer those of the workout.
+/// The rows on the screen, among them the selected one, are no longer those of the workout.
 class WorkoutReplaced : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Loads the workout in memory again when another process has changed its file, and shows it on
-/// both tabs; the current exercise stays. Throws FileError; or WorkoutReplaced when not only values
-/// have grown but exercises, sets or the music of the current exercise are others.
+/// If another process has changed the workout's file, loads it again and shows it on both tabs; the
+/// current exercise stays. Throws FileError, and WorkoutReplaced when more than values changed: the
+/// exercises, the number of sets or the current exercise's music.
 void ReloadChangedWorkout(const Editor& editor);
 
 }  // namespace repvolta

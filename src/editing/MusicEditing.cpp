@@ -26,8 +26,8 @@ void KeepAndSelect(const Editor& editor, int row) {
   });
 }
 
-/// Makes a change of the current exercise and sums its play times. When either throws, the exercise
-/// is as it was.
+/// Changes the current exercise and sums its play times. If either throws, the exercise is
+/// unchanged.
 template <class Change>
 void ChangeMusic(Editor& editor, Change change) {
   const ExerciseRecord before = editor.Exercise();

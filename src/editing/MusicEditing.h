@@ -4,10 +4,10 @@
 
 namespace repvolta {
 
-// The commands that edit the music of the current exercise. `row` is the one selected in MusicList;
-// -1: none. Each change is saved; when that fails: docs/decisions/0001-errors.md.
+// The commands that edit the music of the current exercise. `row` is the selected row of MusicList,
+// or -1. Each change is saved; docs/decisions/0001-errors.md says what happens when that fails.
 
-/// Lets a file be chosen and adds it behind the others. Throws what GetPlayTime throws,
+/// Asks for a file and adds it after the others. Throws what GetPlayTime throws,
 /// std::overflow_error when the total time does not fit and std::length_error when the path does
 /// not; then nothing is added.
 void AddMusicFileButton_Click(Editor& editor);

@@ -4,8 +4,8 @@
 
 namespace repvolta {
 
-/// Compiles the list of random music below the music path, with the please-wait window shown
-/// meanwhile. Throws FileError, UpdateStopped.
+/// Compiles the list of random music below the music path while the please-wait window is shown.
+/// Throws FileError, UpdateStopped.
 void ListMusic(const Editor& editor);
 
 }  // namespace repvolta

@@ -9,11 +9,11 @@ class ProgressWindow {
  public:
   virtual ~ProgressWindow() = default;
 
-  /// Shows the window, its list empty, without waiting for its end.
+  /// Clears the list and shows the window; does not wait until it is closed.
   virtual void Show() = 0;
   virtual void Hide() = 0;
 
-  /// Appends a line, which is painted when the call returns. The list keeps its scroll position.
+  /// Appends a line and paints it before it returns. The list keeps its scroll position.
   virtual void AddLine(std::string_view line) = 0;
 };
 
@@ -22,12 +22,12 @@ class PleaseWait {
  public:
   virtual ~PleaseWait() = default;
 
-  /// Shows the window without waiting for its end; it is painted when the call returns.
+  /// Shows the window, painted when the call returns; does not wait until it is closed.
   virtual void Show() = 0;
   virtual void Hide() = 0;
 };
 
-/// The please-wait window, shown while it lives.
+/// Shows the please-wait window during this object's lifetime.
 class WhileWaiting {
  public:
   explicit WhileWaiting(PleaseWait& window) : window_(window) { window_.Show(); }

@@ -11,10 +11,10 @@
 namespace repvolta {
 namespace {
 
-/// Of 30 December 1899.
+/// 30 December 1899.
 constexpr qint64 kJulianDayOfDateZero = 2415019;
 
-/// One odd date is to keep nothing else from being shown.
+/// An invalid date must not keep the other values from being shown.
 std::string DaysOrNever(float frequency, double nextUpdate, double now) {
   try {
     return DaysText(frequency, nextUpdate, now);
@@ -52,7 +52,7 @@ std::string SummaryLine(const ExerciseRecord& exercise) {
 std::string DaysText(float frequency, double nextUpdate, double now) {
   if (!(frequency > 0)) return "N/A";
   const double days = std::nearbyint(nextUpdate + static_cast<double>(frequency) - now);
-  // However long ago: only days to come are kept as a number.
+  // Past days need no conversion to 16 bits, however long ago they are.
   return days < 0 ? "Due" : StandardNumberText(RoundToInt16(days));
 }
 

@@ -7,7 +7,7 @@
 
 namespace repvolta {
 
-/// What the two values of the exercise's sets are called; empty for a type that is not known.
+/// The names of the two values of the exercise's sets; empty for an unknown set type.
 using FieldNames = std::pair<std::string, std::string>;
 FieldNames FieldNamesOf(const ExerciseRecord& exercise);
 
@@ -19,11 +19,11 @@ std::string SummaryLine(const ExerciseRecord& exercise);
 /// (quirk 32). Throws std::overflow_error when the day is too far off for 16 bits, or none.
 std::string DaysText(float frequency, double nextUpdate, double now);
 
-/// The days of both values: " 5, N/A"; "Never" for a day that is too far off.
+/// The days of both values, such as " 5, N/A"; "Never" for a day that is too far off.
 std::string NextUpdateText(const ExerciseRecord& exercise, int set, double now);
 
-/// A date as Clock gives it, in the short form of the person's locale. Throws std::overflow_error
-/// when there is no such date.
+/// A date, counted as Clock does, in the short form of the person's locale. Throws
+/// std::overflow_error when there is no such date.
 std::string DateText(double date);
 
 }  // namespace repvolta

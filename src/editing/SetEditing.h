@@ -4,11 +4,12 @@
 
 namespace repvolta {
 
-// The commands that edit the sets of the current exercise. `row` is the one selected in SetList1;
-// -1: none. Each change is saved and shown; when that fails: docs/decisions/0001-errors.md.
+// The commands that edit the sets of the current exercise. `row` is the selected row of SetList1,
+// or -1. Each change is saved and shown; docs/decisions/0001-errors.md says what happens when that
+// fails.
 
-/// Asks for the two values of a new set. Throws std::overflow_error when one is too large; then
-/// none is added.
+/// Asks for the two values of a new set. Throws std::overflow_error, and adds no set, when a value
+/// is too large.
 void AddNewSetButton_Click(Editor& editor);
 
 void RemoveSelectedSetButton_Click(Editor& editor, int row);

@@ -17,8 +17,8 @@ std::optional<float> AskForNumber(Editor& editor) {
   return CheckedSingle(number);
 }
 
-/// `change` takes the record and the number. It is made on a copy: where it throws, nothing is
-/// changed.
+/// `change` takes the record and the number. It works on a copy, so that nothing is changed if it
+/// throws.
 template <class Change>
 void ChangeNumber(Editor& editor, int row, Change change) {
   if (row < 0) return;
@@ -41,7 +41,7 @@ void ChangeFrequency(Editor& editor, int row, SetSingles ExerciseRecord::*freque
   ChangeNumber(editor, row, [&](ExerciseRecord& record, float days) {
     (record.*frequency)[row] = days;
     (record.*nextUpdate)[row] = editor.program.clock.Today() + static_cast<double>(days);
-    // Refuses days that could not be shown.
+    // Throws for days that could not be shown.
     DaysText(days, (record.*nextUpdate)[row], editor.program.clock.Now());
   });
 }

@@ -4,10 +4,10 @@
 
 namespace repvolta {
 
-// A double click on the lists of sets asks for a new number. `row` is the selected one; -1: none.
-// An empty answer and a negative number change nothing. Each change is shown and saved; when that
-// fails: docs/decisions/0001-errors.md. All throw std::overflow_error when the number is too large;
-// then nothing is changed.
+// A double click on the lists of sets asks for a new number. `row` is the selected row, or -1. An
+// empty answer and a negative number change nothing. Each change is shown and saved;
+// docs/decisions/0001-errors.md says what happens when that fails. All throw std::overflow_error,
+// and change nothing, when the number is too large.
 
 void SetList1_DblClick(Editor& editor, int row);
 void SetList2_DblClick(Editor& editor, int row);

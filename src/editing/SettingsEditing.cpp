@@ -42,7 +42,7 @@ void ExerciseTimeButton_Click(Editor& editor) {
   editor.State().Settings.DefaultExerciseTime = RoundToInt16(LeadingNumber(answer));
   editor.screen.ShowDefaultExerciseTime();
   SaveChangedSettings(editor);
-  // This is no change of the workout: that it cannot be saved is told as it is.
+  // The workout has no change that could be lost, so a plain FileError is right here.
   SaveWorkout(editor.State());
 }
 

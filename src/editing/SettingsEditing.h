@@ -5,17 +5,17 @@
 namespace repvolta {
 
 // The commands of the settings tab, and the two check boxes of the settings. Each change is shown
-// and saved; when that fails: docs/decisions/0001-errors.md.
+// and saved; docs/decisions/0001-errors.md says what happens when that fails.
 
-/// Lets the music folder be chosen and compiles the random music list anew. Throws
-/// std::length_error when the path does not fit, UpdateStopped.
+/// Asks for the music folder and compiles the random music list again. Throws std::length_error
+/// when the path does not fit, UpdateStopped.
 void MusicPathButton_Click(Editor& editor);
 
 /// Throws std::length_error when the path does not fit.
 void OutputPathButton_Click(Editor& editor);
 
-/// Asks for the default exercise time in minutes, and saves the workout too. Throws
-/// std::overflow_error when it does not fit; then nothing is changed.
+/// Asks for the default exercise time in minutes and saves the workout too. Throws
+/// std::overflow_error, and changes nothing, when the time does not fit.
 void ExerciseTimeButton_Click(Editor& editor);
 
 /// Rebuilds the random music list, all or nothing, and counts it. Throws UpdateStopped.

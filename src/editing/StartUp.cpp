@@ -17,8 +17,8 @@ namespace {
 
 constexpr int kNone = -1;
 
-/// One step of the start: a failure is told, and the start goes on without the step. Returns
-/// whether it was done.
+/// One step of the start: a failure is shown, and the start goes on without the step. Returns
+/// whether the step succeeded.
 bool Try(const Editor& editor, const std::function<void()>& step) {
   try {
     step();
@@ -48,7 +48,7 @@ void LoadLastWorkout(const Editor& editor) {
   try {
     LoadAndShowWorkout(editor);
   } catch (const FileError&) {
-    // What could not be read is not to be edited: an empty workout would take its place.
+    // An unreadable workout must not be edited, because saving would replace it by an empty one.
     state.WorkoutFileName.clear();
     screen.SelectWorkout(kNone);
     screen.EnableWorkoutControls();
@@ -63,8 +63,8 @@ void SetUpSpeech(const Editor& editor, AudioOutputs& outputs) {
   editor.screen.ShowFormats();
 }
 
-/// Message, picker: the folder that the person chose; none when its path cannot be kept, which is
-/// told.
+/// Shows the message and the folder picker, and returns the chosen folder. If the path does not fit
+/// its field, a message says so and the result is empty.
 FixedText<256> AskForFolder(const Editor& editor, std::string_view text, std::string_view title) {
   editor.dialogs.ShowMessage(text, title);
   const std::string folder = editor.dialogs.SelectDirectory();
@@ -109,7 +109,7 @@ void Form_Load(const Editor& editor, AudioOutputs& outputs) {
   ProgramState& state = editor.State();
   MakeProgramDirectoryCurrent(state);
   bool isSetUp = false;
-  // Until it is known whether there are settings, none may be saved in their place.
+  // Settings must not be saved while it is unknown whether there is a settings file.
   state.SettingsAreUnread = !Try(editor, [&] { isSetUp = FirstRunSetup(editor); });
   editor.screen.ShowTab(WindowTab::kWorkout);
   Try(editor, [&] { ListWorkouts(editor); });
@@ -143,7 +143,8 @@ void ExitButton_Click(const Editor& editor) {
   Try(editor, [&] {
     ProgramState& state = editor.State();
     MakeProgramDirectoryCurrent(state);
-    // Before the selection is stored: it counts also where it is that of the start.
+    // This must come before the selection is stored, which would otherwise be replaced if it has
+    // not changed since the start.
     ReloadChangedSettings(state);
     state.Settings.LastWorkoutIndex = CheckedInt16(editor.screen.SelectedWorkout());
     SaveSettings(state);

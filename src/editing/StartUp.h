@@ -5,18 +5,18 @@
 
 namespace repvolta {
 
-/// The start of the main window: enters the program directory, which the state names, leads through
-/// the first set-up, loads the settings and the last workout, and fills the tabs. A later
-/// step that fails is told and passed over. Throws FileError when the directory cannot be entered.
+/// Starts the main window: enters the state's program directory, runs the first set-up, loads the
+/// settings and the last workout, and fills the tabs. Throws FileError when the directory cannot be
+/// entered; the failure of a later step is shown, and the start continues.
 void Form_Load(const Editor& editor, AudioOutputs& outputs);
 
-/// The guided set-up that asks for the folders and writes the first settings file; does nothing
-/// when there is one, and returns false. The program directory must be current. When the settings
-/// cannot be written it says so: the answers stay in memory.
+/// The guided set-up, which asks for the folders and writes the first settings file. Returns false,
+/// and does nothing, when there is a settings file. The program directory must be current. If the
+/// settings cannot be written, a message says so and the answers stay in memory.
 bool FirstRunSetup(const Editor& editor);
 
-/// Stores the selected workout in the settings; when they cannot be saved it says so. The window
-/// then ends the program.
+/// Stores the selected workout in the settings; a message reports when they cannot be saved. The
+/// window then ends the program.
 void ExitButton_Click(const Editor& editor);
 
 }  // namespace repvolta

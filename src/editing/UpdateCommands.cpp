@@ -22,7 +22,7 @@ bool CanUpdate(const Editor& editor) {
   return false;
 }
 
-/// What the window adds to an update. What goes wrong here is a line of the update, too.
+/// The window's additions to an update. Their failures become lines of the update, too.
 void UpdateAndShow(const Editor& editor) {
   const auto playList = UpdateCurrentWorkout(editor.program, editor.log, editor.host);
   if (!playList) return;
@@ -34,7 +34,7 @@ void UpdateAndShow(const Editor& editor) {
   }
 }
 
-/// kNotFound also when it could not be read, which is told.
+/// Reports a workout that cannot be read, and returns kNotFound for it too.
 WorkoutLoad LoadOrTell(const Editor& editor) {
   try {
     return LoadOrSayNotFound(editor);
@@ -57,7 +57,7 @@ void ShowOrTell(const Editor& editor) {
 void LoadAndUpdate(const Editor& editor, const std::string& name) {
   editor.State().WorkoutFileName = name;
   const WorkoutLoad load = LoadOrTell(editor);
-  // The workout before must not be saved under this one's name.
+  // The previous workout must not be saved under this one's name.
   if (load == WorkoutLoad::kNotFound) return;
   if (load == WorkoutLoad::kLoaded) ShowOrTell(editor);
   UpdateAndShow(editor);

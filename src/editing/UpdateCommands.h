@@ -4,13 +4,13 @@
 
 namespace repvolta {
 
-/// Updates the workout in memory; says so when there is no output path, does nothing when there is
-/// no workout. Throws FileError, UpdateRunning, UpdateStopped.
+/// Updates the workout in memory. Without an output path it shows a message instead; without a
+/// workout it does nothing. Throws FileError, UpdateRunning, UpdateStopped.
 void UpdateSelectedWorkoutButton_Click(const Editor& editor);
 
-/// Loads and updates every workout of the list in turn, then one more time with an empty name, and
-/// says when it is done. A workout that cannot be loaded is told and passed over; one that cannot
-/// be shown is told and updated all the same. Throws FileError, UpdateRunning, UpdateStopped.
+/// Loads and updates every workout of the list in turn, then once more with an empty name, and
+/// shows a message at the end. A workout that cannot be loaded is reported and skipped; one that
+/// cannot be shown is reported and still updated. Throws FileError, UpdateRunning, UpdateStopped.
 void UpdateAllWorkoutsButton_Click(const Editor& editor);
 
 }  // namespace repvolta

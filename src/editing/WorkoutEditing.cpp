@@ -27,8 +27,8 @@ int IndexOf(const ProgramState& state, const std::string& name) {
   return found == names.end() ? kNone : static_cast<int>(found - names.begin());
 }
 
-/// Puts the workout that was loaded before back, in memory and on the screen, unless it is told to
-/// let the new one stand.
+/// On destruction, puts back the workout that was loaded before, in memory and on the screen,
+/// unless LetNewOneStand() was called.
 class PreviousWorkout {
  public:
   explicit PreviousWorkout(Editor& editor)
@@ -71,7 +71,7 @@ void InitialiseWorkout(Editor& editor) {
   }
 }
 
-/// Unlike RemoveFile, leaves a file that is read-only.
+/// Unlike RemoveFile, refuses to delete a read-only file.
 void DeleteWorkoutFile(const std::string& path) {
   constexpr const char* kFailure = "could not be deleted";
   if (!FileExists(path)) throw FileError(path, kFailure, ENOENT);
@@ -128,7 +128,7 @@ void WorkoutDropBox_Click(Editor& editor, const std::string& name) {
   const std::string before = state.WorkoutFileName;
   state.WorkoutFileName = name;
   editor.screen.EnableWorkoutControls();
-  // What is in memory must not be saved under the name of a file that was not loaded.
+  // The workout in memory must not be saved under the name of a file that was not loaded.
   const auto goBack = [&] {
     state.WorkoutFileName = before;
     editor.screen.SelectWorkout(IndexOf(state, before));

@@ -11,10 +11,11 @@ namespace repvolta {
 /// Throws FileError.
 void CreateNewWorkoutButton_Click(Editor& editor);
 
-/// Asks, deletes the file of the workout's name, and lists the workouts anew. Throws FileError.
+/// Asks for confirmation, deletes the file with the workout's name, and lists the workouts again.
+/// Throws FileError.
 void DeleteSelectedWorkoutButton_Click(Editor& editor);
 
-/// Loads the chosen workout. When it is not there or cannot be read, the one before stays chosen.
+/// Loads the chosen workout. If it does not exist or cannot be read, the previous one stays chosen.
 /// Throws FileError.
 void WorkoutDropBox_Click(Editor& editor, const std::string& name);
 

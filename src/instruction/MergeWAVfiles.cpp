@@ -10,9 +10,9 @@
 namespace repvolta {
 namespace {
 
-/// The samples and, before them, the last byte of the header, which is copied along.
+/// The copy begins with the last byte of the header, just before the samples.
 constexpr std::uint64_t kCopyOffset = kWavHeaderSize - 1;
-constexpr std::int64_t kRiffHeaderSize = 8;  // "RIFF" and the size, which does not count them
+constexpr std::int64_t kRiffHeaderSize = 8;  // "RIFF" and the size, which the size excludes
 constexpr std::int64_t kBeforeData = kWavHeaderSize + 1;
 
 void WriteNumber(File& file, std::uint64_t offset, std::int64_t value) {
@@ -22,8 +22,8 @@ void WriteNumber(File& file, std::uint64_t offset, std::int64_t value) {
   file.WriteAt(offset, bytes);
 }
 
-/// Joining never stops an update: a step that fails is told, once for all that follow from it, and
-/// the next one runs.
+/// Joining never stops an update: a failing step is logged, once for all failures that follow from
+/// it, and the next step runs.
 class Joint {
  public:
   Joint(const std::string& target, const std::string& source, ProgressLog& log)
@@ -48,7 +48,7 @@ class Joint {
     }
   }
 
-  /// Someone relies on what the instruction says: it must not lack a word in silence.
+  /// People rely on the instruction, so a word must not be missing without notice.
   void Tell(const std::string& reason) {
     if (isTold_) return;
     isTold_ = true;
@@ -56,7 +56,7 @@ class Joint {
                              reason);
   }
 
-  /// Nothing, and logged, when there is no such file. Throws FileError.
+  /// The opened file; logs and returns nothing when there is no such file. Throws FileError.
   std::optional<File> OpenOrSayMissing(const std::string& name, File::Access access) {
     try {
       return File::Open(name, access);
@@ -74,7 +74,7 @@ class Joint {
     const std::uint64_t length = target.Size();
     if (source.Size() < kWavHeaderSize) Tell("It is too short for a WAV file");
     if (length < kWavHeaderSize) Tell(target_ + " is too short for a WAV file");
-    // An empty target has no last byte to start at.
+    // An empty target has no last byte that could be replaced.
     if (length > 0) Try([&] { CopyContent(source, kCopyOffset, target, length - 1); });
     const auto newLength = static_cast<std::int64_t>(target.Size());
     Try([&] { WriteNumber(target, kRiffSizeOffset, newLength - kRiffHeaderSize); });

@@ -7,7 +7,7 @@
 namespace repvolta {
 namespace {
 
-/// Says a number word by word and takes what it said off the value.
+/// Says a number word by word and subtracts each word from the value.
 class NumberSpeaker {
  public:
   explicit NumberSpeaker(float value) : number_{.words = {}, .rest = value} {}
@@ -44,7 +44,7 @@ class NumberSpeaker {
   NumberWords TakeWords() { return std::move(number_); }
 
  private:
-  /// Says one to nine times `unit`, where the whole value lies there.
+  /// Says one to nine times `unit`, if the whole value is in that range.
   void SayMultipleOf(float unit) {
     const float count = std::floor(std::floor(number_.rest) / unit);
     if (count >= 1 && count <= 9) SayAndSubtract(count * unit);

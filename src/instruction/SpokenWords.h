@@ -7,8 +7,8 @@
 
 namespace repvolta {
 
-/// What one recorded clip says: the name of an exercise, or a word, whose text is the clip's file
-/// name without folder and extension ("100", "reps").
+/// One recorded clip: the name of an exercise, or a word, whose text is the clip's file name
+/// without folder and extension ("100", "reps").
 struct Clip {
   enum class Kind { kName, kWord };
 
@@ -18,18 +18,18 @@ struct Clip {
   bool operator==(const Clip&) const = default;
 };
 
-/// The words that say a number, and what they leave unsaid of it.
+/// The words that say a number, and the part of the number that they leave unsaid.
 struct NumberWords {
   std::vector<std::string> words;
   float rest;
 };
 
-/// Says up to 9999 and one decimal digit. Zero, negative values and values that are no numbers have
-/// no words (quirk 17).
+/// Says numbers up to 9999 with one decimal digit. Zero, negative values and NaN have no words
+/// (quirk 17).
 NumberWords WordsOfNumber(float value);
 
-/// What is heard of an exercise, in this order. Where a set cannot be said, the clips end before
-/// the value that is missing, and `failure` says why; it is empty otherwise.
+/// The clips of an exercise, in the order in which they are heard. If a set cannot be said, they
+/// end before the missing value and `failure` says why; otherwise `failure` is empty.
 struct SpokenInstruction {
   std::vector<Clip> clips;
   std::string failure;
@@ -37,8 +37,8 @@ struct SpokenInstruction {
 
 enum class SetValues { kSaid, kLeftOut };
 
-/// The trimmed name, the number of sets and, where `values` asks for them, the values of each set.
-/// More sets than slots are a failure once the sets that exist are said.
+/// The trimmed name, the number of sets and, if `values` asks for them, the values of each set.
+/// With more sets than slots, all slots are said before the failure.
 SpokenInstruction ClipsOfInstruction(const ExerciseRecord& exercise, SetValues values);
 
 }  // namespace repvolta

@@ -16,8 +16,7 @@ std::string NameClip(const std::string& name) {
   return ExistingName(kNameClipFolder + AsFileName(name, kNameClipExtension));
 }
 
-/// Copies the clip of the exercise's name over the target; lets it be made first where there is
-/// none, once and for good (quirk 13).
+/// Copies the clip of the exercise's name over the target; a missing clip is made first (quirk 13).
 template <class Make>
 void BeginWithName(const std::string& clip, const std::string& target, ProgressLog& log,
                    Make makeClip) {
@@ -49,7 +48,7 @@ void GenerateHumanVoiceInstruction(const ProgramState& state, std::int16_t exerc
                                    const std::string& target, SpeechSynthesizer& speech,
                                    ProgressLog& log) {
   const ExerciseRecord& exercise = state.Workout[exerciseIndex];
-  // What an earlier exercise left must not be heard as this one's instruction.
+  // An earlier exercise's file must not be heard as this one's instruction.
   RemoveFile(target);
   const SpokenInstruction said = ClipsOfInstruction(
       exercise,

@@ -9,14 +9,14 @@
 
 namespace repvolta {
 
-/// Speaks `text` into the WAV file `file` with the voice, rate, volume and format that are set.
+/// Speaks `text` into the WAV file `file` with the voice, rate, volume and format of `voice`.
 /// Throws SpeechError or FileError.
 void SpeakToFile(const VoiceState& voice, SpeechSynthesizer& speech, const std::string& text,
                  const std::string& file);
 
-/// Leaves the spoken instruction of an exercise in the WAV file `target`, joined from recorded
-/// clips. A name without a recording is spoken by the synthesiser once, and kept as its clip.
-/// Throws SpeechError or FileError when there is no clip of the name and none can be made, and
+/// Writes the spoken instruction of an exercise to the WAV file `target`, joined from recorded
+/// clips. A name without a recording is spoken once by the synthesiser and kept as a clip. Throws
+/// SpeechError or FileError when there is no clip of the name and none can be made, and
 /// std::out_of_range for an index outside the slots or more sets than slots.
 void GenerateHumanVoiceInstruction(const ProgramState& state, std::int16_t exerciseIndex,
                                    const std::string& target, SpeechSynthesizer& speech,

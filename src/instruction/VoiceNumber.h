@@ -6,9 +6,9 @@
 
 namespace repvolta {
 
-/// Appends to the WAV file `target`, which must exist, the clips that say `value`: up to 9999 and
-/// one decimal digit. `value` is used up: it holds what was not spoken (quirk 18). Zero, negative
-/// values and values that are no numbers say nothing.
+/// Appends the clips that say `value`, up to 9999 with one decimal digit, to the existing WAV file
+/// `target`, and leaves in `value` the part that was not spoken. Zero, negative values and NaN are
+/// not spoken (quirk 18).
 void GenerateVoiceNumber(float& value, const std::string& target, ProgressLog& log);
 
 }  // namespace repvolta

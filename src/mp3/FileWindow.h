@@ -4,14 +4,14 @@
 
 namespace repvolta {
 
-/// A file that is read a block at a time, for looking at it from front to back. Blocks grow while
-/// the looking goes on, so a short look costs a small read and a long one few of them.
+/// Reads a file in blocks from front to back. The blocks grow as the reading goes on: a short
+/// search costs one small read, a long search few reads.
 class FileWindow {
  public:
   explicit FileWindow(const File& file) : file_(file) {}
 
-  /// The bytes of the file from `offset` on: at least `count` of them, fewer only where the file
-  /// ends. They are there until the next call. Throws FileError.
+  /// The bytes of the file from `offset` on: at least `count` of them, fewer only at the end of the
+  /// file. They are valid until the next call. Throws FileError.
   std::span<const Byte> From(std::uint64_t offset, std::size_t count) {
     const std::uint64_t end = start_ + block_.size();
     if (offset < start_ || offset > end || end - offset < count) ReadBlock(offset, count);

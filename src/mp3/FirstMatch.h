@@ -6,13 +6,12 @@
 
 namespace repvolta {
 
-/// 1 for true, 0 for false: to join conditions by "&" and "|", so without a branch.
+/// 1 for true, 0 for false: conditions can then be joined with "&" and "|", without branches.
 constexpr unsigned AsBit(bool condition) { return condition ? 1 : 0; }
 
-/// The first index below `count` at which `matches(b0, b1, b2)` is 1 for the three bytes from there
-/// on; `count` when there is none. `bytes` has two bytes more than `count`. `matches` gives 0 or 1
-/// and must not branch: it is applied to many positions at once, so that the search takes the same
-/// time whatever the bytes are.
+/// The first index below `count` at which `matches` returns 1 for the three bytes that start there;
+/// `count` when there is none. `bytes` has `count` + 2 bytes. `matches` returns 0 or 1 and must not
+/// branch: it is applied to many positions at once, so the search takes the same time for all data.
 template <class Matches>
 std::size_t FirstMatch(std::span<const Byte> bytes, std::size_t count, Matches matches) {
   constexpr std::size_t kAtOnce = 256;

@@ -6,7 +6,7 @@
 
 namespace repvolta {
 
-/// The name of a numbered genre of ID3 tags; "" for 123 and for all above 147.
+/// The name of an ID3 genre number; "" for 123 and for numbers above 147.
 std::string GenreName(Byte number);
 
 }  // namespace repvolta

@@ -7,8 +7,7 @@
 
 namespace repvolta {
 
-/// The tag in the last 128 bytes of a file, byte for byte as it stands there; explained in
-/// docs/formats/id3v1.md.
+/// The tag in the last 128 bytes of a file, byte for byte; explained in docs/formats/id3v1.md.
 struct Id3v1Record {
   char identifier[3] = {'T', 'A', 'G'};
   char title[30] = {};
@@ -24,7 +23,7 @@ struct Id3v1Record {
 inline constexpr std::size_t kId3v1Size = 128;
 inline constexpr std::string_view kId3v1Marker = "TAG";
 
-/// Version 1.1: a zero byte here in the comment says that a track number stands behind it.
+/// Version 1.1: a zero byte at this place in the comment is followed by the track number.
 inline constexpr std::size_t kTrackMarkOffset = 28;
 inline constexpr std::size_t kTrackOffset = 29;
 

@@ -22,14 +22,14 @@ inline constexpr std::size_t kId3v2SizeOffset = 6;
 
 inline constexpr Byte kId3v2HasFooter = 0x10;
 
-/// Set in no byte of a size field in which each byte carries seven bits.
+/// These bits are clear in a size field whose bytes carry seven bits each.
 inline constexpr std::uint32_t kNotSyncsafe = 0x80808080;
 
 inline constexpr Byte kOldestVersionRead = 2;
 inline constexpr Byte kNewestVersionRead = 4;
 inline constexpr Byte kVersionWritten = 3;
 
-/// How a frame's header is laid out: identifier, big-endian size, and two flag bytes if any.
+/// The sizes of the parts of a frame's header: identifier, big-endian size, two flag bytes if any.
 struct FrameLayout {
   std::size_t identifierSize;
   std::size_t sizeSize;
@@ -40,10 +40,10 @@ inline constexpr FrameLayout kFrameLayoutOfVersion3{4, 4, 10};  // and of versio
 
 inline constexpr Byte kLatin1Encoding = 0;
 
-/// The area of a tag that is written grows in steps of this size.
+/// A written tag's area is a multiple of this size.
 inline constexpr std::size_t kTagStep = 2048;
 
-/// The identifiers of version 2 that are turned into those of version 3.
+/// The identifiers of version 2 that are replaced by those of version 3.
 inline constexpr std::array<std::pair<std::string_view, std::string_view>, 8>
     kIdentifiersOfVersion2{{{"TP1", "TPE1"},
                             {"TT2", "TIT2"},

@@ -13,8 +13,7 @@ void AppendFrame(Bytes& tag, std::string_view identifier, std::string_view text)
   constexpr FrameLayout kLayout = kFrameLayoutOfVersion3;
   const std::string data = ToWindows1252(text);
   std::array<Byte, kLayout.headerSize + 1> start{};
-  // An identifier of three characters, kept from version 2.2 (quirk 64), is filled up with a zero
-  // byte.
+  // A three-character identifier, left from version 2.2, is padded with a zero byte (quirk 64).
   const auto named = AsBytes(identifier.substr(0, kLayout.identifierSize));
   std::copy(named.begin(), named.end(), start.begin());
   StoreBigEndian32(std::span(start).subspan(kLayout.identifierSize),

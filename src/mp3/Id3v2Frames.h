@@ -8,14 +8,14 @@
 
 namespace repvolta {
 
-/// The frames of a tag: texts in UTF-8, each under its identifier and an ordinal that counts the
-/// frames of that identifier from 1.
+/// The frames of a tag, as UTF-8 texts. An ordinal, from 1, tells apart frames with the same
+/// identifier.
 class Id3v2Frames {
  public:
-  /// Adds a frame behind those of its identifier.
+  /// Adds a frame after those with the same identifier.
   void Add(std::string_view identifier, std::string text);
 
-  /// The identifier keeps its place in the order.
+  /// Removes the frames; the identifier keeps its place in the order.
   void RemoveAll(std::string_view identifier);
 
   std::size_t Count(std::string_view identifier) const;
@@ -26,10 +26,10 @@ class Id3v2Frames {
   /// The text of the last frame of the identifier, or "".
   std::string LastText(std::string_view identifier) const;
 
-  /// In the order in which they were first added, those without a frame left too.
+  /// In the order in which they were first added, including those whose frames were all removed.
   std::vector<std::string> Identifiers() const;
 
-  /// The frames as version 2.3 holds them, identifier by identifier.
+  /// The bytes of the frames in version 2.3, identifier by identifier.
   Bytes Build() const;
 
  private:
@@ -38,7 +38,7 @@ class Id3v2Frames {
     std::vector<std::string> texts;
   };
 
-  /// The count of entries when there is none.
+  /// Returns the number of entries when there is no such identifier.
   std::size_t IndexOf(std::string_view identifier) const;
 
   std::vector<Entry> entries_;

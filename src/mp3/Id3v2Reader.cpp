@@ -27,14 +27,14 @@ std::int32_t PositionPast(std::uint64_t offset, const std::string& path) {
   return static_cast<std::int32_t>(position);
 }
 
-/// 1 where the marker of a tag or the audio begins.
+/// 1 when the bytes begin a tag's marker or the audio.
 constexpr Byte EndsSearch(Byte first, Byte second, Byte third) {
   const unsigned isMarker = AsBit(first == 'I') & AsBit(second == 'D') & AsBit(third == '3');
   const unsigned isAudio = AsBit(first == kAudioStart[0]) & AsBit(second == kAudioStart[1]);
   return static_cast<Byte>(isMarker | isAudio);
 }
 
-/// The offset of the first marker from `start` on that stands before any audio.
+/// The offset of the first marker at or after `start`, if no audio comes before it.
 std::optional<std::uint64_t> FindMarker(const File& file, std::uint64_t start) {
   FileWindow window(file);
   for (std::uint64_t offset = start;;) {
@@ -67,8 +67,8 @@ std::string InVersion3(std::string identifier) {
   return identifier;
 }
 
-/// What the tag says can hold frames: from behind its header to its end, which may lie behind the
-/// file's.
+/// The area of the frames, according to the tag: from the end of its header to the tag's end, which
+/// may lie past the end of the file.
 struct FrameArea {
   std::uint64_t start;
   std::uint64_t end;
@@ -79,7 +79,7 @@ FrameArea AreaOf(const Id3v2Place& place) {
   return {start, start + static_cast<std::uint64_t>(std::max(place.size, 0))};
 }
 
-/// The header of the frame at the start of the area; nothing where frames end.
+/// The header of the frame at the start of the area; nothing after the last frame.
 std::optional<FrameHeader> NextFrame(const File& file, const FrameArea& area,
                                      const FrameLayout& layout) {
   if (area.start >= area.end || area.end - area.start < layout.headerSize) return std::nullopt;
@@ -94,7 +94,7 @@ std::optional<FrameHeader> NextFrame(const File& file, const FrameArea& area,
   return FrameHeader{AsText(identifier), size};
 }
 
-/// The data without its zero bytes: so without the encoding and the terminators (quirk 63).
+/// The data without zero bytes, which drops the encoding byte and the terminators (quirk 63).
 std::string ReadFrameText(const File& file, std::uint64_t offset, std::uint32_t size) {
   std::string data(size, '\0');
   data.resize(file.ReadAt(offset, {reinterpret_cast<Byte*>(data.data()), data.size()}));

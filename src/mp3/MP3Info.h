@@ -7,7 +7,7 @@
 
 namespace repvolta {
 
-/// What is known of one MP3 file. Offsets count from 0; offsets, sizes and lengths are bytes.
+/// The facts about one MP3 file. Offsets count from 0; offsets, sizes and lengths are bytes.
 struct MP3Info {
   std::int32_t fileLength = 0;
 
@@ -38,7 +38,7 @@ struct MP3Info {
   std::int32_t playTime = 0;  // seconds
   bool vbr = false;           // a Xing header was found
 
-  /// A frame header was decoded; with a Xing header: it has a frame count.
+  /// A frame header was decoded, and a Xing header, if there is one, has a frame count.
   bool valid = false;
 };
 

@@ -13,11 +13,12 @@ namespace repvolta {
 
 inline constexpr std::size_t kFrameHeaderSize = 4;
 
-/// All set in the first four bytes, read as a little-endian number, where a frame can start.
+/// A frame can start where all these bits are set in the four bytes, read as a little-endian
+/// number.
 inline constexpr std::uint32_t kFrameSync = 0xE0FF;
 inline constexpr Byte kFirstSyncByte = 0xFF;
 
-/// No frame is looked for in this many bytes at the end of a file (quirk 87).
+/// The search for a frame stops this many bytes before the end of the file (quirk 87).
 inline constexpr std::int32_t kScanTail = 5;
 
 // Fields of the header as a big-endian number: how far to shift right, and what to keep.
@@ -42,10 +43,10 @@ inline constexpr HeaderField kEmphasisField{0, 3};
 inline constexpr std::uint32_t kVersion1Bits = 3;
 inline constexpr std::uint32_t kLayer1Bits = 3;
 
-/// By the version bits; 0 is reserved.
+/// Indexed by the version bits; 0 is reserved.
 inline constexpr std::array<float, 4> kMpegVersions{2.5F, 0, 2, 1};
 
-/// By the layer bits; 0 is reserved.
+/// Indexed by the layer bits; 0 is reserved.
 inline constexpr std::array<std::int32_t, 4> kLayers{0, 3, 2, 1};
 
 /// Hz, by the version bits and the sample rate index; 0 is reserved. MPEG-2 has 26000 where the
@@ -68,7 +69,7 @@ inline constexpr std::array<BitRates, 4> kBitRatesOfVersion1{{
     {0, 32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448, 0},
 }};
 
-/// kbit/s of MPEG-2 and 2.5, by the layer bits and the bit rate index.
+/// kbit/s of MPEG-2 and 2.5, indexed by the layer bits and the bit rate index.
 inline constexpr std::array<BitRates, 4> kBitRatesOfVersion2{{
     {},
     {0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160, 0},
@@ -87,8 +88,8 @@ inline constexpr std::array<std::string_view, 4> kEmphases{"None", "50/15 ms", "
 inline constexpr std::int32_t kXingOffset = 36;
 inline constexpr std::size_t kXingSize = 12;  // what is read of it
 
-/// No Xing header is looked for when the first frame's header starts this near to the end, or
-/// nearer.
+/// A Xing header is read only if the first frame's header starts more than this many bytes before
+/// the end of the file.
 inline constexpr std::int32_t kXingTail = 48;
 inline constexpr std::string_view kXingMarker = "Xing";
 inline constexpr std::size_t kXingFlagsByte = 7;  // the lowest of the four flag bytes

@@ -39,7 +39,7 @@ void RepvoltaMP3::RemoveLeadingData(FileTimes times) {
   try {
     ReadMP3Header();
   } catch (const DivisionByZero&) {
-    // The average bit rate counts the whole file, so less of it can have none.
+    // The average bit rate counts the whole file, so a shortened file's can be zero.
     ResetMP3Info(AfterReset::kEmptiesFileName);
   }
   if (times == FileTimes::kKept) SetTimes(path, timesBefore);

@@ -20,7 +20,7 @@ bool StartsWith(std::span<const Byte> bytes, std::string_view marker) {
          std::equal(marker.begin(), marker.end(), AsText(bytes.first(marker.size())).begin());
 }
 
-/// The bytes at a position that counts from 1; zeros stand for those behind the end of the file.
+/// The bytes at a position that counts from 1, with zeros past the end of the file.
 template <std::size_t kCount>
 std::array<Byte, kCount> BytesAt(FileWindow& window, std::int64_t position) {
   const auto available = window.From(static_cast<std::uint64_t>(position - 1), kCount);
@@ -29,8 +29,8 @@ std::array<Byte, kCount> BytesAt(FileWindow& window, std::int64_t position) {
   return bytes;
 }
 
-/// 1 where the bytes begin a header that DecodeFrameHeader accepts: all sync bits, and no version,
-/// layer, bit rate or sample rate that is reserved or free.
+/// 1 when the bytes begin a header that DecodeFrameHeader accepts: all sync bits are set, and
+/// version, layer, bit rate and sample rate are neither reserved nor free.
 constexpr Byte StartsFrame(Byte first, Byte second, Byte third) {
   const unsigned hasSync = AsBit(first == kFirstSyncByte) & AsBit(second >= 0xE0);
   const unsigned hasVersion = AsBit((second & 0x18) != 0x08);
@@ -40,7 +40,7 @@ constexpr Byte StartsFrame(Byte first, Byte second, Byte third) {
   return static_cast<Byte>(hasSync & hasVersion & hasLayer & hasBitRate & hasSampleRate);
 }
 
-/// The first position from `position` on where a frame starts, or `end`.
+/// The first position, at or after `position`, where a frame starts; `end` if there is none.
 std::int64_t NextFrame(FileWindow& window, std::int64_t position, std::int64_t end) {
   while (position < end) {
     const auto bytes = window.From(static_cast<std::uint64_t>(position - 1), kFrameHeaderSize);
@@ -67,7 +67,7 @@ bool FitsInt32(std::int64_t value) {
 
 }  // namespace
 
-/// The end of a file, where tags can stand; zeros stand for what a short file has no room for.
+/// The last bytes of a file, where tags can be; zeros replace what a short file lacks.
 class RepvoltaMP3::FileTail {
  public:
   FileTail(const File& file, std::uint64_t size) {
@@ -118,7 +118,7 @@ void RepvoltaMP3::ReadID3v1(const FileTail& tail) {
   if (info_.hasTrackNumber) info_.trackNumber = static_cast<Byte>(comment[kTrackOffset]);
 }
 
-/// Returns the position, from 1, where the audio is looked for.
+/// Returns the position, from 1, at which the search for the audio begins.
 std::int64_t RepvoltaMP3::ReadID3v2(FileWindow& window, const FileTail& tail) {
   const auto header = BytesAt<kId3v2HeaderSize>(window, 1);
   if (StartsWith(header, kId3v2Marker)) {
@@ -159,7 +159,7 @@ bool RepvoltaMP3::FindFirstFrame(FileWindow& window, std::int64_t position) {
   return false;
 }
 
-/// The position behind the tag that starts at `position`, else the next one.
+/// The position after the tag that starts at `position`; the next position if none starts there.
 std::int64_t RepvoltaMP3::SkipEmbeddedTag(FileWindow& window, std::int64_t position) {
   if (info_.hasID3v2) return position + 1;
   const auto header = BytesAt<kId3v2HeaderSize>(window, position);

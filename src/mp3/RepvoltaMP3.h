@@ -11,14 +11,15 @@ namespace repvolta {
 
 class FileWindow;
 
-/// Figures of a file that would make the program divide by zero.
+/// A file's figures would make the program divide by zero.
 class DivisionByZero : public std::domain_error {
  public:
   using std::domain_error::domain_error;
 };
 
-/// Examines one MP3 file at a time: its tags, its first frame and from them its play time. Reading
-/// throws FileError, std::overflow_error (a figure does not fit 32 bits) and DivisionByZero.
+/// Examines one MP3 file at a time: its tags, its first frame, and its play time, which follows
+/// from both. Reading throws FileError, std::overflow_error (a figure does not fit 32 bits) and
+/// DivisionByZero.
 class RepvoltaMP3 {
  public:
   enum class EmbeddedTags { kIgnored, kSearched };
@@ -32,7 +33,7 @@ class RepvoltaMP3 {
   /// Makes `path` the current file and reads it.
   void SetFileName(const std::string& path);
 
-  /// Reads the current file anew. False when no frame was found: then nothing is known, and there
+  /// Reads the current file again. False when no frame was found; all info is then reset, and there
   /// is no current file any more.
   bool ReadMP3Header();
 
@@ -42,9 +43,9 @@ class RepvoltaMP3 {
 
   void ResetMP3Info(AfterReset after);
 
-  /// Cuts off all that stands before the first frame, all or nothing, and reads what is left; where
-  /// its figures divide by zero, nothing is then known. kKept sets the times of last access and
-  /// last change back. Throws FileError.
+  /// Removes everything before the first frame, all or nothing, and reads the file again; if that
+  /// divides by zero, all info is reset. kKept restores the times of last access and last change.
+  /// Throws FileError.
   void RemoveLeadingData(FileTimes times);
 
   bool HasID3v2() const { return info_.hasID3v2; }
@@ -57,7 +58,7 @@ class RepvoltaMP3 {
   /// The big-endian number in the first four bytes. Throws std::out_of_range when there are fewer.
   static std::int32_t ReadBigEndianLong(std::span<const Byte> bytes);
 
-  /// The number that is made of the low seven bits of each byte of `bigEndian`.
+  /// The number that consists of the low seven bits of each byte of `bigEndian`.
   static std::int32_t DecodeSyncsafe(std::int32_t bigEndian);
 
  private:

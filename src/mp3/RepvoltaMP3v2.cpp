@@ -21,8 +21,8 @@ void StoreSize(std::size_t size, Bytes& tag) {
   StoreBigEndian32(std::span(tag).subspan(kId3v2SizeOffset), static_cast<std::uint32_t>(size));
 }
 
-/// Adds the empty frame header that ends the frames, as far as the tag's area has room for it, so
-/// that what remains of an older tag is not taken for more of them.
+/// Adds the empty frame header that ends the frames, or as much of it as the tag's area has room
+/// for, so that the rest of an older tag is not read as more frames.
 void EndFrames(std::size_t area, Bytes& tag) {
   constexpr std::size_t kEnd = kFrameLayoutOfVersion3.headerSize;
   tag.resize(std::min(tag.size() + kEnd, area));
@@ -31,7 +31,8 @@ void EndFrames(std::size_t area, Bytes& tag) {
 /// The area that a new tag of `size` bytes gets (quirk 66).
 std::size_t AreaFor(std::size_t size) { return (size / kTagStep + 1) * kTagStep; }
 
-/// Puts the tag in front of the file's content, which it overlaps but for `room` bytes (quirk 67).
+/// Replaces the beginning of the file by the tag, so that the file grows by `room` bytes
+/// (quirk 67).
 void WriteGrown(const File& file, Bytes tag, std::size_t room) {
   tag.resize(std::max(tag.size(), room));
   WholeFileWriter writer(file.Path());
@@ -136,7 +137,7 @@ void cMP3ID3v2::WriteTag() {
 void cMP3ID3v2::WriteInto(File& file) const {
   Bytes tag = BuildTag();
   const Id3v2Place old = LocateId3v2(file);
-  // A negative size is none that a tag can have: nothing of the file then counts as the old tag.
+  // No tag has a negative size: nothing of the file counts as the old tag then.
   const auto oldSize = static_cast<std::size_t>(std::max(old.size, 0));
   if (old.position >= 1 && oldSize > tag.size()) {
     // Quirk 68.

@@ -16,21 +16,22 @@ class cMP3ID3v2 {
   /// with the source ".cMP3ID3v1" (quirk 61).
   void SetFileName(const std::string& path);
 
-  /// "ID3" stands before the audio.
+  /// True when "ID3" comes before the audio.
   bool HasTag() const { return place_.position >= 1; }
 
-  // Each replaces all frames of its identifier by one.
+  // Each replaces all frames of its identifier by a single one.
   void SetUserUrl(std::string_view address);  // WXXX
   void SetTitle(std::string_view text) { Replace("TIT2", std::string(text)); }
   void SetArtist(std::string_view text) { Replace("TPE1", std::string(text)); }
   void SetAlbum(std::string_view text) { Replace("TALB", std::string(text)); }
   void SetTrack(std::string_view text) { Replace("TRCK", std::string(text)); }
 
-  /// Writes the held frames into the current file. It grows, all or nothing, when it has no tag or
-  /// too small a one; a larger tag is written over in its place. Throws TagError.
+  /// Writes the frames into the current file. A file without a tag, or with too small a tag, is
+  /// replaced by a longer one, all or nothing; a tag that is large enough is overwritten in place.
+  /// Throws TagError.
   void WriteTag();
 
-  /// What WriteTag puts in front of a file that has no tag: the held frames and their padding.
+  /// The frames and padding that WriteTag puts in front of a file without a tag.
   Bytes NewTag() const;
 
   std::string Title() const { return frames_.LastText("TIT2"); }
@@ -52,7 +53,8 @@ class cMP3ID3v2 {
   /// All comments, with "\r\n" between them.
   std::string Comment() const;
 
-  /// The name after "(number)", or the number's when nothing follows, or the text as it stands.
+  /// The name after "(number)"; the number's name if none follows; a text without "(number)"
+  /// unchanged.
   std::string Genre() const;
 
   /// 255 when unknown.

@@ -7,11 +7,11 @@
 
 namespace repvolta {
 
-/// A file whose ID3v2 tag could not be read or written: the failure of the file, and which part of
-/// the program reports it.
+/// A file's ID3v2 tag could not be read or written: holds the file's failure and the part of the
+/// program that reports it.
 class TagError : public FileError {
  public:
-  /// `module` is what follows the name of the running program in the source: ".cMP3ID3v2".
+  /// `module` follows the program's name in Source(): ".cMP3ID3v2".
   TagError(const FileError& failure, std::string_view module);
 
   /// "repvolta-update.cMP3ID3v2"

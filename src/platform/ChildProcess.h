@@ -8,8 +8,8 @@
 
 namespace repvolta {
 
-/// Where a program is looked for that is given by its name alone. The current directory may be any
-/// folder of the user, so what lies there is started only where that is meant.
+/// Where a program that is given by its name alone is looked for. The current directory may be any
+/// folder of the user, so a program there is started only on request.
 enum class ProgramPlace { kPath, kCurrentDirectoryThenPath };
 
 /// A program to start in the current directory, without a shell.
@@ -19,7 +19,7 @@ struct ChildCommand {
   std::vector<std::string> arguments;
   /// The file that it reads as standard input; empty: its input is closed.
   std::string inputFile = {};
-  /// It is killed when it runs longer; nothing: it may run as long as it likes.
+  /// It is killed when it runs longer; nothing means no limit.
   std::optional<std::chrono::milliseconds> limit = std::nullopt;
   ProgramPlace place = ProgramPlace::kPath;
 };
@@ -39,8 +39,9 @@ class ChildProcesses {
  public:
   virtual ~ChildProcesses() = default;
 
-  /// Returns when the program has ended, however it did. Output beyond the limit is read and
-  /// dropped; its standard error is dropped. Does not throw for what the program does.
+  /// Returns when the program has ended, in whatever way. Output beyond the limit is read and
+  /// dropped, and so is all standard error. A failure of the program is in the result, never
+  /// thrown.
   virtual ChildResult Run(const ChildCommand& command) = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace repvolta {
 
-/// Tells the date as base/Days.h counts it.
+/// Gives the date as base/Days.h counts it.
 class Clock {
  public:
   virtual ~Clock() = default;

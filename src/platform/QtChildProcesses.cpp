@@ -33,7 +33,7 @@ std::string FindProgram(const std::string& name, ProgramPlace place) {
   const char* path = std::getenv("PATH");
   std::istringstream folders(path == nullptr ? "" : path);
   for (std::string folder; std::getline(folders, folder, ':');) {
-    // To a shell this is the current directory.
+    // An empty entry of PATH means the current directory.
     if (folder.empty()) continue;
     std::string program = folder.append("/").append(name);
     if (IsProgram(program)) return program;
@@ -57,7 +57,7 @@ class Child {
     });
   }
 
-  /// What is waited for no longer does not run on.
+  /// A program that nobody waits for must not run on.
   ~Child() { Kill(); }
 
   bool Start() {
@@ -74,7 +74,7 @@ class Child {
   void WaitForEnd(const std::function<void()>& whileWaiting) {
     const auto start = Time::now();
     auto nextCall = start + kStep;
-    // Reading as soon as there is something keeps a flood from piling up in the memory.
+    // Reading the output at once keeps a flood of it from filling the memory.
     while (process_.state() != QProcess::NotRunning) {
       process_.waitForReadyRead(static_cast<int>(kStep.count()));
       KeepOutput();

@@ -7,13 +7,11 @@
 
 namespace repvolta {
 
-/// The machine's own programs. Each is the leader of a process group of its own, so that a kill at
-/// the limit also ends what it has started; each is killed when this process dies. Needs a
-/// QCoreApplication.
+/// Runs real programs. Each one leads its own process group, so that a kill at the limit also ends
+/// the processes that it started; each is killed when this process dies. Needs a QCoreApplication.
 class QtChildProcesses : public ChildProcesses {
  public:
-  /// `whileWaiting` is called about every 50 ms while a program runs, for a window that must stay
-  /// alive.
+  /// `whileWaiting` is called about every 50 ms while a program runs, to keep a window responsive.
   explicit QtChildProcesses(std::function<void()> whileWaiting = {})
       : whileWaiting_(std::move(whileWaiting)) {}
 

@@ -25,8 +25,8 @@ void AppendSample(Bytes& data, float sample, std::uint16_t bits) {
   data.push_back(static_cast<Byte>(value >> 8));
 }
 
-/// Lays overlapping frames of a sound out at other distances. Each frame is taken from where the
-/// sound best continues the frame before, so that no period of the voice is cut.
+/// Puts overlapping frames of a sound together again at other distances. Each frame is taken from
+/// where the sound best continues the previous frame, so that no period of the voice is cut.
 class Stretcher {
  public:
   Stretcher(const Sound& sound, double factor)
@@ -76,7 +76,7 @@ class Stretcher {
   void AddFrame(std::vector<float>& out, std::size_t start, std::ptrdiff_t position) const {
     const double step = std::numbers::pi / static_cast<double>(hop_);
     for (std::size_t i = 0; i < 2 * hop_; ++i) {
-      // The first frame has none before it to fade from.
+      // The first frame has no previous one to fade from.
       const bool whole = start == 0 && i < hop_;
       const double weight = whole ? 1.0 : 0.5 - 0.5 * std::cos(step * static_cast<double>(i));
       out[start + i] += static_cast<float>(weight) * At(position + static_cast<std::ptrdiff_t>(i));

@@ -22,11 +22,11 @@ void Scale(Sound& sound, float gain);
 /// The same sound with another count of samples a second.
 Sound ConvertRate(const Sound& sound, std::uint32_t rate);
 
-/// The sound `factor` times as long, at the same pitch. 1 returns it unchanged.
+/// The sound, `factor` times as long at the same pitch; unchanged for 1.
 Sound Stretch(const Sound& sound, double factor);
 
-/// A WAV file with the 46-byte header: the sound at the format's rate and width, the same in every
-/// channel. What is beyond full scale is clipped. The file has an even length.
+/// A WAV file with the 46-byte header that holds the sound at the format's rate and sample width,
+/// the same in every channel. Samples beyond full scale are clipped. The file has an even length.
 Bytes EncodeWav(const Sound& sound, const WavFormat& format);
 
 }  // namespace repvolta

@@ -28,7 +28,7 @@ inline constexpr std::uint16_t kPcmTag = 1;
 inline constexpr std::uint16_t kFloatTag = 3;
 inline constexpr std::uint16_t kExtensibleTag = 0xFFFE;
 
-/// What one sample is. 8-bit samples are unsigned, wider ones signed.
+/// The format of the samples. 8-bit samples are unsigned, wider ones signed.
 struct WavFormat {
   std::uint32_t rate = 0;  // samples a second and channel
   std::uint16_t bits = 0;

@@ -33,7 +33,7 @@ bool IsUnderstood(const Layout& layout) {
 }
 
 Layout ReadLayout(std::span<const Byte> chunk) {
-  // The file's offsets less those of the RIFF header and the chunk header in front.
+  // Offsets count from the start of the file; the chunk's data starts at the format tag.
   const auto at = [chunk](std::size_t offset) { return chunk.subspan(offset - kFormatTagOffset); };
   if (chunk.size() < kShortestFormatChunk) throw WavError("Its format is not described");
   Layout layout{LoadLittleEndian<std::uint16_t>(at(kFormatTagOffset)),
@@ -59,7 +59,7 @@ float ReadSample(std::span<const Byte> bytes, std::uint16_t tag) {
     return FiniteSample(std::bit_cast<float>(LoadLittleEndian<std::uint32_t>(bytes)));
   }
   if (bytes.size() == 1) return (static_cast<float>(bytes[0]) - 128.0F) / 128.0F;
-  // The sample's bytes are the high ones of a 32-bit number.
+  // The sample's bytes become the high bytes of a 32-bit number.
   std::uint32_t value = 0;
   for (const Byte byte : bytes) value = value >> 8 | std::uint32_t{byte} << 24;
   return static_cast<float>(static_cast<std::int32_t>(value)) / 2147483648.0F;

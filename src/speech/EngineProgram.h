@@ -10,7 +10,7 @@
 
 namespace repvolta {
 
-/// Far longer than a healthy engine needs for any text.
+/// Far longer than a working engine needs for any text.
 inline constexpr std::chrono::milliseconds kEngineLimit{30000};
 
 /// The command-line program of a speech engine. Texts reach it through a file that nobody else can
@@ -21,16 +21,16 @@ class EngineProgram {
                 std::chrono::milliseconds limit = kEngineLimit)
       : processes_(processes), program_(std::move(program)), limit_(limit) {}
 
-  /// What it writes to standard output; "" when it is missing or fails.
+  /// The engine's standard output; "" when the engine is missing or fails.
   std::string Output(const std::vector<std::string>& arguments) const;
 
   struct Files {
     std::string text;   // read by the engine, also its standard input
-    std::string sound;  // the WAV file that it has to write
+    std::string sound;  // the WAV file for the engine to write
   };
   using Arguments = std::function<std::vector<std::string>(const Files&)>;
 
-  /// The sound that it makes of `text`. Throws SpeechError.
+  /// The spoken `text`. Throws SpeechError.
   Sound Speak(const std::string& text, const Arguments& arguments) const;
 
  private:

@@ -11,7 +11,7 @@
 namespace repvolta {
 namespace {
 
-/// Three times as slow at -10, three times as fast at 10, even steps for the ear between.
+/// Three times as slow at -10, three times as fast at 10; the steps between sound equal.
 double Slowness(int rate) { return std::pow(3.0, -std::clamp(rate, -10, 10) / 10.0); }
 
 const WavFormat& FormatAt(int position) {
@@ -40,7 +40,7 @@ void EngineSpeech::SpeakToFile(const SpeechRequest& request) {
 
 Sound EngineSpeech::Speak(const SpeechRequest& request) {
   int position = request.voice;
-  // An engine further on is asked for its voices only when none before has the wanted one.
+  // An engine is asked for its voices only if no engine before it has the wanted one.
   for (const auto& engine : engines_) {
     if (position < 0) break;
     const std::vector<EngineVoice> voices = engine->Voices();

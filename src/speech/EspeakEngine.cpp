@@ -11,10 +11,10 @@ namespace repvolta {
 namespace {
 
 constexpr double kUsualWordsPerMinute = 175;
-constexpr double kFewestWordsPerMinute = 80;  // it takes less for this
+constexpr double kFewestWordsPerMinute = 80;  // it treats lower values as this one
 
-/// The voice in a line of its list: priority, language, gender, name, file, other languages. One of
-/// another engine, or a variant of another voice, has no name here.
+/// The voice in a line of the list: priority, language, gender, name, file, other languages. The
+/// name stays empty for a voice of another engine and for a variant of another voice.
 EngineVoice VoiceInLine(const std::string& line) {
   std::istringstream columns(line);
   std::string priority, language, gender, name, file;

@@ -9,11 +9,11 @@
 namespace repvolta {
 namespace {
 
-/// In the order of how well they are understood. awb_time is left out: it knows only the words of
-/// the time of day and drops all others.
+/// The voice that is easiest to understand comes first. awb_time is left out: it can only say the
+/// time of day and drops all other words.
 constexpr std::array kGeneralVoices = {"rms", "slt", "awb", "kal16"};
 
-/// With a point in every locale.
+/// With a decimal point in every locale.
 std::string DecimalText(double value) {
   std::ostringstream text;
   text.imbue(std::locale::classic());

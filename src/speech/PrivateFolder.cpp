@@ -26,23 +26,23 @@ constexpr std::string_view kUniquePart = "XXXXXX";
 constexpr const char* kFailure = "could not be created";
 constexpr int kAttempts = 10;
 
-/// espeak-ng cuts off the names of its files at 199 bytes.
+/// espeak-ng cuts off file names at 199 bytes.
 constexpr std::size_t kLongestPlace = 150;
 
-/// The folder for temporary files, or the system's own when that one cannot be used.
+/// The user's folder for temporary files, or the system's if that one cannot be used.
 std::string TemporaryPlace() {
   std::error_code error;
   const fs::path place = fs::temp_directory_path(error);
   return error || place.string().size() > kLongestPlace ? P_tmpdir : place.string();
 }
 
-/// Of nothing where there is no such folder, or only a link.
+/// Not open when there is no such folder, or only a link.
 Descriptor OpenFolder(const std::string& path) {
   return OpenDescriptor(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
 }
 
 void Delete(const std::string& folder) {
-  // A second time for what could not be deleted at first.
+  // The second attempt is for entries that could not be deleted at first.
   for (int attempt = 0; attempt < 2; ++attempt) {
     try {
       return DeleteFolder(folder);
@@ -68,7 +68,7 @@ bool IsOurFile(std::string_view name) {
   return false;
 }
 
-/// True when the folder is as we make it, and nothing is in it but what we put there.
+/// True when the folder has our owner and permissions, and holds only files that we put there.
 bool IsOurs(const Descriptor& descriptor, const std::string& folder) {
   struct stat status {};
   if (fstat(descriptor.Number(), &status) != 0 || status.st_uid != geteuid()) return false;
@@ -80,7 +80,7 @@ bool IsOurs(const Descriptor& descriptor, const std::string& folder) {
   return isOurs && error == 0;
 }
 
-/// Who made a folder holds its lock, as long as the process lives.
+/// The process that made a folder holds its lock until it ends.
 void DeleteIfAbandoned(const std::string& folder) {
   const Descriptor descriptor = OpenFolder(folder);
   if (!descriptor.IsOpen() || TryLock(descriptor) != 0) return;
@@ -110,14 +110,14 @@ PrivateFolder::PrivateFolder() {
 
 PrivateFolder::~PrivateFolder() { Delete(path_); }
 
-/// False when another process took the folder for an abandoned one before it was locked.
+/// False when another process saw the folder before it was locked and took it for abandoned.
 bool PrivateFolder::Make(const std::string& place) {
   std::string pattern = std::string(place).append("/").append(kPrefix).append(kUniquePart);
   if (mkdtemp(pattern.data()) == nullptr) throw FileError(pattern, kFailure, errno);
   path_ = pattern + "/";
   descriptor_ = OpenFolder(pattern);
   const int error = descriptor_.IsOpen() ? TryLock(descriptor_) : errno;
-  // A file system without locks grants every one.
+  // On a file system without locks, every lock counts as granted.
   if (error != EWOULDBLOCK && IsStillAt(descriptor_, pattern)) return true;
   Delete(pattern);
   if (!descriptor_.IsOpen() && error != ENOENT) throw FileError(pattern, kFailure, error);

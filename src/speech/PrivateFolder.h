@@ -6,13 +6,13 @@
 
 namespace repvolta {
 
-/// All that ever lies in a private folder, but for their working files.
+/// The only files in a private folder, apart from their working files.
 inline constexpr const char* kSpokenTextFile = "text";
 inline constexpr const char* kSpokenSoundFile = "sound.wav";
 
-/// A folder that only this user can enter, in the folder for temporary files; deleted with all that
-/// is in it. What killed programs left of such folders is deleted as well, and nothing that only
-/// has such a name.
+/// A folder in the folder for temporary files that only this user can enter; the destructor deletes
+/// it with its content. The constructor also deletes such folders that killed programs left, but
+/// not other folders whose names only look alike.
 class PrivateFolder {
  public:
   /// Throws FileError.
@@ -21,7 +21,7 @@ class PrivateFolder {
   PrivateFolder(const PrivateFolder&) = delete;
   PrivateFolder& operator=(const PrivateFolder&) = delete;
 
-  /// With the separator at its end.
+  /// Ends with the separator.
   const std::string& Path() const { return path_; }
 
  private:

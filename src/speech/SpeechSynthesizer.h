@@ -6,7 +6,7 @@
 
 namespace repvolta {
 
-/// What kept a text from being spoken, in words for the user.
+/// The reason why a text could not be spoken, in words for the user.
 class SpeechError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -26,12 +26,13 @@ class SpeechSynthesizer {
  public:
   virtual ~SpeechSynthesizer() = default;
 
-  /// The installed voices, in the order in which they are numbered; empty when no engine is there.
+  /// The installed voices, numbered in this order; empty when no engine is installed.
   virtual std::vector<std::string> VoiceNames() = 0;
 
-  /// Leaves a WAV file with true samples of the wanted format behind the 46-byte header. Throws
-  /// SpeechError when there is no such voice or format, or the engine fails, hangs or gives
-  /// silence; FileError when the file cannot be written. Then no half-written file is left.
+  /// Writes a WAV file with the 46-byte header and samples that really have the wanted format.
+  /// Throws SpeechError when there is no such voice or format, or when the engine fails, hangs or
+  /// produces silence; FileError when the file cannot be written. Neither leaves a half-written
+  /// file.
   virtual void SpeakToFile(const SpeechRequest& request) = 0;
 };
 

@@ -15,7 +15,7 @@ bool IsPlainPunctuation(char32_t character) {
   return kPlain.find(character) != std::u32string_view::npos;
 }
 
-/// Characters with a plain spelling that their decomposition does not give.
+/// ASCII spellings of characters that Unicode decomposition does not provide.
 const std::map<char32_t, std::u32string>& Spellings() {
   static const std::map<char32_t, std::u32string> kSpellings = {
       {U'ß', U"ss"}, {U'æ', U"ae"}, {U'Æ', U"Ae"}, {U'œ', U"oe"}, {U'Œ', U"Oe"},       {U'ø', U"o"},
@@ -24,7 +24,7 @@ const std::map<char32_t, std::u32string>& Spellings() {
   return kSpellings;
 }
 
-/// Quotes and dashes as ASCII has them; other characters as they are.
+/// Replaces quotes and dashes by their ASCII forms; returns other characters unchanged.
 char32_t PlainSign(char32_t character) {
   switch (character) {
     case 0x2018:
@@ -56,7 +56,7 @@ bool IsSilentJoiner(char32_t character) {
          (character >= 0xFE00 && character <= 0xFE0F);
 }
 
-/// Characters that have no sound become blanks; there is one blank at most between words.
+/// Characters without a sound become blanks; words are separated by a single blank.
 QString OneLine(const std::u32string& text) {
   QString line;
   for (const char32_t character : text) {

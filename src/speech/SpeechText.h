@@ -5,9 +5,9 @@
 
 namespace repvolta {
 
-// What an engine is given to read: one line of words, numbers and plain punctuation, at most
-// kLongestSpokenText bytes. Whatever an engine could take for a command of its own, and what has no
-// sound, is left out.
+// The text that an engine gets: one line of words, numbers and plain punctuation, at most
+// kLongestSpokenText bytes. Characters without a sound, and those that an engine could read as a
+// command, are left out.
 
 inline constexpr std::size_t kLongestSpokenText = 1000;
 

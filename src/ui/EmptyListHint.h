@@ -5,7 +5,7 @@
 
 namespace repvolta {
 
-/// Says in an empty list what to do about it. Belongs to the list.
+/// Shows in an empty list how to fill it. The list owns this object.
 class EmptyListHint : public QObject {
  public:
   EmptyListHint(QAbstractItemView* list, const QString& hint);

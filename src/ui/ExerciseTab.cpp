@@ -14,7 +14,7 @@
 namespace repvolta {
 namespace {
 
-/// Checks one of the buttons that exclude each other; an index that none has: none.
+/// Checks one of the mutually exclusive buttons, or none if no button has the index.
 template <std::size_t Size>
 void CheckOne(const std::array<QAbstractButton*, Size>& buttons, int index) {
   for (QAbstractButton* button : buttons) button->setAutoExclusive(false);
@@ -100,7 +100,7 @@ void ExerciseTab::ChooseRandomMusic(bool chosen) {
   handlers_.Run("The choice could not be kept.", [&] {
     RandomMusicCheckBox_Click(editor_, chosen ? CheckBox::kTicked : CheckBox::kUnticked);
   });
-  // No refresh of the tab touches the box: a choice that did not count is taken back here.
+  // Refreshing the tab does not touch the box, so a choice that had no effect is undone here.
   if (editor_.State().ScreenUpdating || (editor_.Exercise().RandomMusic == kTrue) == chosen) return;
   const ScreenUpdate updating(editor_.State());
   ui_->RandomMusicCheckBox->setChecked(!chosen);
@@ -156,7 +156,7 @@ void ExerciseTab::UpdateExerciseScreen() {
   try {
     ShowExercise(editor_.Exercise());
   } catch (...) {
-    // No row of the exercise before may be left, to be taken for one of this.
+    // A row of the previous exercise must not stay and be taken for one of this exercise.
     ui_->MusicList->SetRows({});
     sets_->SetRows({});
     throw;
@@ -226,7 +226,7 @@ void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
   }
   sets_->SetRows(columns);
   sets_->SelectRow(selected);
-  // Beside the button that adds one: the columns are too narrow for a line of text.
+  // The hint is beside the button that adds a set, because the columns are too narrow for it.
   ui_->NoSetsLabel->setVisible(exercise.NumberOfSets == 0);
 }
 

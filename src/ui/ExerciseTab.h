@@ -25,8 +25,8 @@ class ExerciseTab : public QWidget {
   ExerciseTab(Editor& editor, Handlers& handlers);
   ~ExerciseTab() override;
 
-  /// Without an exercise the tab stays as it is. Throws std::out_of_range for a record that cannot
-  /// be shown; what comes before the fault is then shown.
+  /// Without an exercise the tab is left unchanged. Throws std::out_of_range for a record that
+  /// cannot be shown, after showing everything before the fault.
   void UpdateExerciseScreen();
 
   enum class Content { kExercise, kNoExercise };
@@ -35,8 +35,8 @@ class ExerciseTab : public QWidget {
   void SelectSet(int row);
   void SelectMusic(int row);
 
-  /// Keeps the selected music file while the workout is loaded again; the selected set stays by
-  /// itself.
+  /// Keeps the selected music file while the workout is loaded again; the set selection needs no
+  /// help.
   KeptRow KeepSelection();
 
  private:

@@ -14,7 +14,7 @@ class InputBox : public QDialog {
   Q_OBJECT
 
  public:
-  /// The box opens with `initial` as the answer, selected.
+  /// The box opens with `initial` as the selected answer.
   InputBox(const QString& prompt, const QString& title, const QString& initial,
            QWidget* parent = nullptr);
   ~InputBox() override;

@@ -6,11 +6,11 @@
 
 namespace repvolta {
 
-/// Lets a key click the button while the focus is on `scope` or something in it. A button that is
-/// disabled is not clicked.
+/// Lets a key click the button while the focus is on `scope` or a widget in it. A disabled button
+/// is not clicked.
 void AddKey(QWidget* scope, const QKeySequence& key, QAbstractButton* button);
 
-/// The same wherever the focus is in the window, or nowhere, while `scope` is on the screen.
+/// The same for any focus in the window, or none, while `scope` is visible.
 void AddWindowKey(QWidget* scope, const QKeySequence& key, QAbstractButton* button);
 
 }  // namespace repvolta

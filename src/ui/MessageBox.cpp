@@ -15,7 +15,7 @@ MessageBox::MessageBox(const QString& text, const QString& title, StandardButton
   setObjectName("MessageBox");
   setTextFormat(Qt::PlainText);
   setDefaultButton(Ok);
-  // The buttons of the other dialogs have none either; some desktops give them to boxes only.
+  // Some desktops put icons on the buttons of message boxes only; our other dialogs have none.
   for (QAbstractButton* button : this->buttons()) button->setIcon({});
 }
 

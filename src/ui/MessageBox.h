@@ -4,10 +4,10 @@
 
 namespace repvolta {
 
-/// The text with each lone carriage return as a line break.
+/// Replaces each lone carriage return by a line break.
 QString WithLineBreaks(QString text);
 
-/// A message box that shows its text plainly, as it is.
+/// A message box that shows its text as plain text.
 class MessageBox : public QMessageBox {
   Q_OBJECT
 
@@ -18,7 +18,7 @@ class MessageBox : public QMessageBox {
   /// A box with an OK button.
   static void Show(QWidget* parent, const QString& text, const QString& title);
 
-  /// A box with OK and Cancel. True: OK.
+  /// A box with OK and Cancel. Returns true for OK.
   static bool Confirm(QWidget* parent, const QString& text, const QString& title);
 };
 

@@ -10,7 +10,7 @@ namespace repvolta {
 /// The real boxes and dialogs.
 class QtDialogs : public Dialogs {
  public:
-  /// The window that the boxes belong to and stay above.
+  /// The boxes belong to this window and stay above it.
   void SetOwner(QWidget* owner) { owner_ = owner; }
 
   void ShowMessage(std::string_view text, std::string_view title = kProductName) override;

@@ -20,7 +20,7 @@ class RandomMusicMessage : public QDialog, public PleaseWait {
   RandomMusicMessage();
   ~RandomMusicMessage() override;
 
-  /// The window that it stays above.
+  /// The message stays above this window.
   void SetOwner(QWidget* owner) { owner_ = owner; }
 
   void Show() override;

@@ -67,7 +67,7 @@ void RepvoltaForm::AddTabs() {
   ui_->ExerciseScrollArea->setWidget(exerciseTab_);
   ui_->SettingsScrollArea->setWidget(settingsTab_);
   ui_->SSTab1->tabBar()->setAccessibleName("Tabs");
-  // The buttons of the window come behind the controls of the tabs.
+  // In the tab order, the window's buttons follow the controls of the tabs.
   for (QWidget* button : std::initializer_list<QWidget*>{ui_->UpdateSelectedWorkoutButton,
                                                          ui_->UpdateAllWorkoutsButton,
                                                          ui_->AboutButton, ui_->ExitButton}) {
@@ -97,7 +97,7 @@ void RepvoltaForm::ConnectButtons() {
           this, [this] { StepTab(1); });
 }
 
-/// The rows that the person selected are those that the command acts on.
+/// The selection is kept, because the command acts on the rows that the person selected.
 void RepvoltaForm::ReloadWorkout() {
   const KeptRow exercise = workoutTab_->KeepSelection();
   const KeptRow music = exerciseTab_->KeepSelection();
@@ -119,7 +119,7 @@ void RepvoltaForm::ShowExerciseFrames() {
 }
 
 void RepvoltaForm::StepTab(int step) {
-  // No command runs beside another, so the tab would be shown without its content.
+  // Filling the tab is a command, and no second command can run: the tab would stay unfilled.
   if (handlers_.AreRunning()) return;
   QTabWidget* tabs = ui_->SSTab1;
   int index = tabs->currentIndex() + step;
@@ -137,11 +137,11 @@ void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
   EnableWorkoutControls();
 }
 
-/// What could not be saved is in memory all the same, and the tabs show what is in memory. A record
-/// that cannot be shown was told already.
+/// A change that could not be saved is still in memory, and the tabs show the memory. The message
+/// about a record that cannot be shown has already appeared.
 void RepvoltaForm::ShowWhatIsInMemory() {
-  // A command that changes the list of exercises makes its exercise the current one, whose row is
-  // then selected; after all else the person's choice stays.
+  // A command that changes the list of exercises makes its exercise current, and that row becomes
+  // selected; after any other command the person's selection stays.
   const int row = workoutTab_->SelectedExercise();
   const bool isChoice = editor_.State().CurrentExercise == workoutTab_->ShownExercise();
   ShowExerciseFrames();
@@ -188,7 +188,7 @@ void RepvoltaForm::SetBusy(bool busy) {
 }
 
 void RepvoltaForm::LetEventsRun() {
-  // The start of the program, which is no command, also lets events run.
+  // Events also run during the start of the program, which is no command.
   SetBusy(handlers_.AreRunning());
   QCoreApplication::processEvents();
 }

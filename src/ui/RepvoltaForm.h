@@ -25,17 +25,17 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   Q_OBJECT
 
  public:
-  /// `layoutFile` keeps the size of the window; see ui/WindowLayout.h. All else outlives the
-  /// window.
+  /// `layoutFile` keeps the size of the window; see ui/WindowLayout.h. The other arguments must
+  /// outlive the window.
   RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& progress, PleaseWait& pleaseWait,
                std::string layoutFile);
   ~RepvoltaForm() override;
 
-  /// What the commands work with, with this window as the screen.
+  /// The editor of the commands, with this window as its screen.
   const Editor& GetEditor() const { return editor_; }
 
-  /// Lets the windows live while something else is waited for. Throws UpdateStopped when the person
-  /// has ended the program meanwhile.
+  /// Handles the windows' events during a wait. Throws UpdateStopped when the person has ended the
+  /// program.
   void RunEvents();
 
   void AddLineToUpdateList(std::string_view line) override;
@@ -63,7 +63,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void reject() override {}
 
  signals:
-  /// The program is to end: nothing is to be done any more.
+  /// The program ends now: no command runs any more.
   void Ended();
 
  protected:

@@ -10,11 +10,11 @@
 namespace repvolta {
 namespace {
 
-// The least that is shown of a list.
+// The smallest part of a list that is always visible.
 constexpr int kFewestRows = 3;
 constexpr int kFewestCharacters = 9;
 
-constexpr int kRowMargin = 3;  // of a font's height: the part that a row is higher
+constexpr int kRowMargin = 3;  // a row is 1/3 higher than the font
 
 }  // namespace
 
@@ -60,7 +60,7 @@ void RowList::SetRows(const QStringList& rows) {
   addItems(rows);
   const QString help = toolTip().isEmpty() ? QString() : "<br>" + toolTip().toHtmlEscaped();
   for (int i = 0; i < count(); ++i) {
-    // As rich text, so that no character of the row is taken for markup.
+    // Escaped rich text, so that no character of the row is taken for markup.
     item(i)->setToolTip("<qt>" + rows[i].toHtmlEscaped() + help + "</qt>");
   }
   doItemsLayout();

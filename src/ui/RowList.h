@@ -5,8 +5,8 @@
 
 namespace repvolta {
 
-/// A list of which one row can be selected. A row that only became current, as on focus, is not
-/// selected. Enter never leaves the list: it does what a double click does.
+/// A list with at most one selected row. A row that only became current, for example on focus, is
+/// not selected. Enter acts like a double click and is never passed on to the dialog.
 class RowList : public QListWidget {
   Q_OBJECT
   Q_PROPERTY(QString hint READ Hint WRITE SetHint)
@@ -16,20 +16,20 @@ class RowList : public QListWidget {
  public:
   explicit RowList(QWidget* parent = nullptr);
 
-  /// What the empty list says.
+  /// The text that the empty list shows.
   QString Hint() const { return accessibleDescription(); }
   void SetHint(const QString& hint);
 
-  // The height and the width that the list would like to have.
+  // The preferred height and width of the list.
   int VisibleRows() const { return visibleRows_; }
   void SetVisibleRows(int rows);
   int VisibleCharacters() const { return visibleCharacters_; }
   void SetVisibleCharacters(int characters);
 
   int SelectedRow() const;  // -1: none
-  void SelectRow(int row);  // a row that is not there: none
+  void SelectRow(int row);  // a row that does not exist: none
 
-  /// Replaces all rows, none of which is selected then. The list keeps its scroll position.
+  /// Replaces all rows and selects none. The list keeps its scroll position.
   void SetRows(const QStringList& rows);
 
   QSize sizeHint() const override;
@@ -53,8 +53,8 @@ class RowList : public QListWidget {
   int visibleCharacters_ = 9;
 };
 
-/// Keeps the selection while a list is filled anew: when it goes, the row with the text that was
-/// selected is selected again, the same one where it has that text; none when the text is gone.
+/// Keeps the selection while a list is refilled. The destructor selects the row with the text that
+/// was selected before: the same row if it still has that text, none if no row has.
 class KeptRow {
  public:
   explicit KeptRow(RowList& list);

@@ -21,7 +21,7 @@ namespace {
 constexpr int kWidth = 64;
 constexpr int kHeight = 28;
 
-/// File systems that hold the machine's state, not a person's files.
+/// False for file systems that hold the machine's state, not a person's files.
 bool IsPersonal(const QStorageInfo& volume) {
   static const QStringList personal{"btrfs", "cifs",    "exfat", "ext2",    "ext3",    "ext4",
                                     "f2fs",  "fuseblk", "hfs",   "hfsplus", "iso9660", "jfs",
@@ -31,7 +31,7 @@ bool IsPersonal(const QStorageInfo& volume) {
          volume.fileSystemType().startsWith("fuse.");
 }
 
-/// The folder, or the nearest above it that exists.
+/// The folder, or its nearest existing parent.
 QString ExistingFolder(const QString& folder) {
   QString path = QDir(folder).absolutePath();
   while (!QFileInfo(path).isDir() && path != QDir::rootPath()) path = QFileInfo(path).path();
@@ -93,7 +93,7 @@ void SelectDirectory::DirListBox_Change() {
 }
 
 void SelectDirectory::NewFolderButton_Click() {
-  // A blank at the end of a path would not be kept.
+  // The settings would not keep a blank at the end of a path.
   const QString name = askName_().trimmed();
   if (name.isEmpty()) return;
   const QString folder = QDir(CurrentFolder()).filePath(name);
@@ -129,7 +129,7 @@ void SelectDirectory::Show(const QString& folder) {
   DirListBox_Change();
 }
 
-/// Opens the tree down to the shown folder and scrolls to it.
+/// Expands the tree down to the shown folder and scrolls to it.
 void SelectDirectory::Reveal() {
   if (!shown_.isValid()) return;
   const QPersistentModelIndex shown = std::exchange(shown_, {});
@@ -140,8 +140,8 @@ void SelectDirectory::Reveal() {
   shown_ = shown;
 }
 
-/// The folders above and beside the shown one are read and sorted behind the window's back, which
-/// moves it out of sight. It is brought back until the person turns to something else.
+/// The folders above and beside the shown one are read and sorted in the background, which can
+/// scroll it out of sight. This scrolls back to it until the person selects something else.
 void SelectDirectory::KeepInSight() {
   const auto reveal = [this] { Reveal(); };
   connect(folders_, &QFileSystemModel::directoryLoaded, this, reveal);
@@ -155,7 +155,7 @@ void SelectDirectory::KeepInSight() {
   connect(ui_->DirListBox->verticalScrollBar(), &QScrollBar::actionTriggered, this, letGo);
 }
 
-/// Selects the entry of DriveListBox that holds the folder most closely.
+/// Selects the innermost volume of DriveListBox that contains the folder.
 void SelectDirectory::ShowDriveOf(const QString& folder) {
   int best = -1;
   for (int i = 0; i < ui_->DriveListBox->count(); ++i) {

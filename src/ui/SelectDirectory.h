@@ -13,18 +13,18 @@ class SelectDirectory;
 
 namespace repvolta {
 
-/// The roots of the volumes that a person would look for music on, "/" first.
+/// The roots of the volumes that may hold a person's files, "/" first.
 QStringList MountedVolumes();
 
-/// Picks a folder, or makes a new one and picks that.
+/// Picks a folder; can create a new one first.
 class SelectDirectory : public QDialog {
   Q_OBJECT
 
  public:
-  /// Asks for the name of a new folder; empty: none.
+  /// Asks for the name of a new folder; an empty name creates none.
   using AskName = std::function<QString()>;
 
-  /// Opens at the folder `start`, or the nearest above it that exists. `drives` are the entries of
+  /// Opens at the folder `start`, or at its nearest existing parent. `drives` are the entries of
   /// DriveListBox.
   SelectDirectory(const QStringList& drives, const QString& start, QWidget* parent = nullptr);
   ~SelectDirectory() override;

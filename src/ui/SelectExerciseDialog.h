@@ -17,14 +17,14 @@ class SelectExerciseDialog : public QDialog {
   Q_OBJECT
 
  public:
-  /// Gives the exercise names of a type.
+  /// Returns the exercise names of a type.
   using NamesOfType = std::function<std::vector<std::string>(const std::string& type)>;
 
   SelectExerciseDialog(const std::vector<std::string>& types, NamesOfType namesOfType,
                        QWidget* parent = nullptr);
   ~SelectExerciseDialog() override;
 
-  /// The chosen name when the dialog was closed with OK, else empty. Empty: no exercise.
+  /// The chosen name after OK; empty, for no exercise, otherwise.
   std::string SelectedName() const { return selectedName_; }
 
  private:

@@ -7,8 +7,8 @@
 
 namespace repvolta {
 
-/// Makes the seven lists of sets one table: they scroll and select together, and the left and right
-/// keys go from one to the next.
+/// Joins the seven lists of sets into one table: they scroll and select together, and the left and
+/// right keys move between them.
 class SetTable : public QObject {
  public:
   using Lists = std::array<RowList*, 7>;
@@ -16,7 +16,7 @@ class SetTable : public QObject {
 
   SetTable(const Lists& lists, QObject* parent);
 
-  /// Replaces all rows, none of which is selected then.
+  /// Replaces all rows and selects none.
   void SetRows(const Columns& columns);
 
   int SelectedRow() const { return lists_.front()->SelectedRow(); }

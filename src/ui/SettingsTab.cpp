@@ -40,13 +40,14 @@ void SettingsTab::ConnectButtons() {
                     [this] { ExerciseTimeButton_Click(editor_); });
 }
 
-/// A choice is kept whatever became of the workout meanwhile, since the control shows it already.
+/// The choice is kept even if the workout could not be loaded again, since the control already
+/// shows it.
 void SettingsTab::Keep(const std::function<void()>& handler) {
   handlers_.RunApart("The choice could not be kept.", handler);
 }
 
 void SettingsTab::ConnectVoice() {
-  // A value is told when the slider is let go, not on the way.
+  // The sliders report a value only when they are released.
   ui_->RateSldr->setTracking(false);
   ui_->VolumeSldr->setTracking(false);
   connect(ui_->RateSldr, &QSlider::valueChanged, this,

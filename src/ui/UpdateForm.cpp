@@ -28,7 +28,7 @@ void UpdateForm::Show() {
 
 void UpdateForm::AddLine(std::string_view line) {
   ui_->UpdateList->addItem(QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size())));
-  // At once: the update goes on without a return to the event loop.
+  // The update goes on without returning to the event loop, so the line is painted at once.
   repaint();
   ui_->UpdateList->viewport()->repaint();
 }

@@ -21,7 +21,7 @@ class UpdateForm : public QDialog, public ProgressWindow {
   UpdateForm();
   ~UpdateForm() override;
 
-  /// The window that it stays above.
+  /// The form stays above this window.
   void SetOwner(QWidget* owner) { owner_ = owner; }
 
   void Show() override;

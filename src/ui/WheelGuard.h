@@ -4,11 +4,11 @@
 
 namespace repvolta {
 
-/// Keeps the mouse wheel from changing what it happens to roll over: combo boxes, sliders and tabs
-/// obey it only while they have the focus, which the wheel does not give them.
+/// Keeps the mouse wheel from changing controls by accident: combo boxes, sliders and tabs react to
+/// it only while they have the focus, and the wheel does not give them the focus.
 class WheelGuard : public QObject {
  public:
-  /// Guards all that is in the window now. Belongs to the window.
+  /// Guards the controls that the window has now. The window owns this object.
   explicit WheelGuard(QWidget* window);
 
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -5,20 +5,20 @@
 
 namespace repvolta {
 
-// The size of the window and the widths of its columns, kept apart from the program's settings in
-// `file`; an empty name stands for the desktop's settings of the user.
+// The size of the window and the widths of its columns are kept in `file`, apart from the program's
+// settings. If `file` is empty, they are kept in the user's desktop settings.
 
 void SaveWindowLayout(const QWidget& window, const std::string& file);
 
-/// Leaves the window as it is where nothing was saved.
+/// Leaves the window unchanged if nothing was saved.
 void RestoreWindowLayout(QWidget& window, const std::string& file);
 
-/// "window.ini" in a program directory that is the executable's own folder, where everything stays;
-/// else empty.
+/// "window.ini" in the program directory if that is the executable's own folder, where all files of
+/// the program stay; else empty.
 std::string WindowLayoutFile(const std::string& programDirectory, const std::string& executable);
 
-/// From now on the file dialog keeps its own size and folders in `folder`, in "QtProject.conf", and
-/// not with the desktop's settings of the user.
+/// Makes the file dialog keep its own size and folders in "QtProject.conf" in `folder` instead of
+/// the user's desktop settings.
 void KeepFileDialogIn(const std::string& folder);
 
 }  // namespace repvolta

@@ -33,8 +33,8 @@ void WorkoutTab::ConnectWorkouts() {
                     [this] { DeleteSelectedWorkoutButton_Click(editor_); });
   AddWindowKey(this, QKeySequence::New, ui_->CreateNewWorkoutButton);
 
-  // A choice by hand is told by `activated`, also when it is the entry that was chosen before. One
-  // by an assistive tool may change the entry only: then it counts as soon as events run.
+  // A choice by hand emits `activated`, even for the entry that was already chosen. An assistive
+  // tool may only change the current entry; that choice counts as soon as events run.
   connect(ui_->WorkoutDropBox, &QComboBox::activated, this, [this] { ChooseWorkout(); });
   connect(ui_->WorkoutDropBox, &QComboBox::currentIndexChanged, this, [this] {
     if (editor_.State().ScreenUpdating) return;
@@ -86,7 +86,7 @@ void WorkoutTab::ExerciseList_Click(int row) {
 void WorkoutTab::ChooseWorkout() {
   choicePending_ = false;
   const std::string name = ui_->WorkoutDropBox->currentText().toStdString();
-  // Whatever became of the workout that is left: the box shows the choice already.
+  // The workout that is being left need not be reloaded first: the box already shows the choice.
   handlers_.RunApart("The workout cannot be shown as a whole.",
                      [&] { WorkoutDropBox_Click(editor_, name); });
 }

@@ -25,7 +25,7 @@ class WorkoutTab : public QWidget {
   void SelectWorkout(int index);
   int SelectedWorkout() const;
 
-  /// Throws std::overflow_error when the total time does not fit; all else is then shown.
+  /// Throws std::overflow_error when the total time does not fit; everything else is shown then.
   void UpdateWorkoutScreen();
 
   int SelectedExercise() const;
@@ -37,10 +37,11 @@ class WorkoutTab : public QWidget {
   /// Keeps the selected exercise while the workout is loaded again.
   KeptRow KeepSelection();
 
-  /// Shows that the file of the workout has another size than it should, while it does.
+  /// Shows or hides the note that the workout's file had a wrong size.
   void ShowOddSize();
 
-  /// Enables what edits the workout; choosing and creating one is always possible.
+  /// Enables the controls that edit the workout. Those that choose or create one are always
+  /// enabled.
   void EnableEditing(bool enabled);
 
  signals:

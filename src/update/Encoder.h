@@ -8,9 +8,9 @@ namespace repvolta {
 
 enum class Encoding { kEncoderRun, kNoEncoder };
 
-/// Runs the encoder of the current directory on a WAV file and waits for its end; runs nothing when
-/// it is not there. kEncoderRun does not say that `mp3File` was written; an older one is deleted
-/// first, so that it cannot be taken for the result. Throws FileError when that fails.
+/// Runs the encoder of the current directory, if there is one, on a WAV file and waits for its end.
+/// An older `mp3File` is deleted first, so that it cannot be taken for the result; kEncoderRun does
+/// not promise a new one. Throws FileError when the deletion fails.
 Encoding EncodeMP3file(ChildProcesses& processes, std::string_view wavFile,
                        std::string_view mp3File);
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kSlots = kSetSlots;
 
-/// Where a record has one of the two values of its sets, and the rule by which it grows.
+/// The members of a record that hold one of the two set values and the rule of its growth.
 struct GrowingField {
   int number;
   SetSingles ExerciseRecord::*value;
@@ -51,7 +51,7 @@ void GrowExercise(ExerciseRecord& exercise, double today, Steps& steps) {
     steps.Log("Updated Field " + std::to_string(growth.field) + " in exercise - " +
               exercise.ExerciseName.Text());
   }
-  // More sets than slots are an error, told once the sets that exist have grown.
+  // More sets than slots are an error, thrown after all slots have grown.
   if (exercise.NumberOfSets > kSlots) static_cast<void>(exercise.SetValue1[kSlots]);
 }
 

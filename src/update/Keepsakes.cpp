@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The path without links, "." and "..", as far as it exists.
+/// The path with links, "." and ".." resolved, as far as it exists.
 fs::path Resolved(const std::string& path) {
   std::error_code error;
   fs::path resolved = fs::weakly_canonical(path, error);
@@ -34,7 +34,7 @@ bool IsOrHolds(const fs::path& folder, const fs::path& path) {
          --folder.end();
 }
 
-/// What lies in a folder, as far as nothing else is mounted there.
+/// The content of a folder, without file systems that are mounted in it.
 class FolderContent {
  public:
   explicit FolderContent(const std::string& folder) : path_(Resolved(folder)) {
@@ -42,7 +42,7 @@ class FolderContent {
     while (!pending_.empty()) LookInto(std::exchange(pending_, {}));
   }
 
-  /// True when it is `path`, or holds it.
+  /// True when the folder is `path` or contains it.
   bool Holds(const std::string& path) const {
     const fs::path resolved = Resolved(path);
     if (IsOrHolds(path_, resolved)) return true;
@@ -59,10 +59,10 @@ class FolderContent {
            (Holds(FolderOf(song)) || Holds(song));
   }
 
-  /// False when nothing in it can be a song of the user.
+  /// False when no file in the folder can be a song of the user.
   bool MayHoldSongs() const { return hasUnreadable_ || !otherNames_.empty(); }
 
-  /// False when no file in it has this name, in any case.
+  /// False when no file in the folder has this name; case is ignored.
   bool MayHoldName(const std::string& name) const {
     return hasUnreadable_ || otherNames_.contains(FoldCase(name));
   }
@@ -87,7 +87,7 @@ class FolderContent {
       const int error = ForEachEntry(folder, [&](std::string_view name, EntryType type) {
         Take(folder + "/" + std::string(name), type);
       });
-      // Its songs can still be asked for by their paths.
+      // Songs in an unreadable folder can still be looked up by their paths.
       hasUnreadable_ = hasUnreadable_ || error == EACCES;
       if (error != 0 && error != EACCES) throw FileError(folder, "could not be read", error);
     }
@@ -114,7 +114,7 @@ std::optional<std::string> FindListedSong(const FolderContent& content, const st
   if (list.empty() || !FileExists(list)) return found;
   ForEachLine(list, [&](std::string_view line) {
     const std::string song(TrimBlanks(line));
-    // The name is looked at first: a list may have a hundred thousand.
+    // The cheap comparison of names comes first: a list may have a hundred thousand songs.
     if (content.MayHoldName(FileName(song)) && content.HoldsSong(song)) found = song;
     return !found;
   });

@@ -7,19 +7,19 @@
 
 namespace repvolta {
 
-/// What the deletion of a folder must not take along.
+/// Files and folders that the deletion of a folder must not include.
 struct Keepsakes {
-  std::vector<std::string> folders = {};  // with all that is in them; "" is none
-  std::vector<std::string> songs = {};    // but those with a name that an update gives
-  std::string songList = {};              // a file that names more of them, one a line; "": none
+  std::vector<std::string> folders = {};  // with everything in them; "" is none
+  std::vector<std::string> songs = {};    // except for names that an update gives
+  std::string songList = {};              // a file that lists more songs, one a line; "": none
 };
 
-/// True for a name as an update gives it to its files: "RV", three digits or more, "-".
+/// True for a name that an update gives to its files: "RV", three or more digits, "-".
 bool IsNumberedName(std::string_view name);
 
-/// The first of them that is the folder, or lies in it, under whatever name: a folder is known by
-/// its device and its number there, and what is mounted in it is not looked into. Nothing when
-/// there is none. Throws FileError when that cannot be known.
+/// The first keepsake that is `folder` or lies in it; nothing when there is none. Folders are
+/// compared by device and inode, so that another path to one is found too; mounted file systems are
+/// not searched. Throws FileError when the disk cannot tell.
 std::optional<std::string> FindKeepsake(const std::string& folder, const Keepsakes& keep);
 
 }  // namespace repvolta

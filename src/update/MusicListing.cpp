@@ -12,7 +12,7 @@
 namespace repvolta {
 namespace {
 
-/// Compares without regard to the case of ASCII letters; no other letter becomes one of these.
+/// Ignores the case of ASCII letters, which is enough: no other letter folds to "m" or "p".
 bool IsMusicName(std::string_view name) {
   constexpr std::string_view kExtension = ".mp3";
   if (name.size() < kExtension.size()) return false;
@@ -24,8 +24,8 @@ bool IsOneLine(std::string_view text) {
   return text.find('\n') == std::string::npos && text.find('\r') == std::string::npos;
 }
 
-/// Adds the music files of a folder to the list, and its folders to those still to be listed. What
-/// cannot be read is left out.
+/// Adds the music files of a folder to the list and its subfolders to those still to be listed.
+/// Unreadable folders are skipped.
 void ListFolder(const std::string& folder, WholeFileWriter& list,
                 std::vector<std::string>& folders) {
   std::string path = folder.ends_with('/') ? folder : folder + "/";

@@ -43,7 +43,7 @@ void OutputFolder::Create() const { MakeFolder(path_); }
 
 bool OutputFolder::MayChange(const std::string& path) const {
   if (use_ != Use::kReplace && !claimed_.contains(path)) return false;
-  // What could not be cleared away may be a link to a file of the user.
+  // A link that could not be deleted may point to a file of the user.
   return !IsLinked(path) && !IsLinked(Folder());
 }
 

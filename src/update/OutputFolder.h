@@ -8,44 +8,43 @@
 
 namespace repvolta {
 
-/// The folder that receives the files of one workout, and what may be done there.
+/// The folder that receives the files of one workout; refuses changes that could harm other files.
 class OutputFolder {
  public:
-  /// `outputPath` and `workoutName`, the folder's name in it, are taken as they are.
+  /// The folder is `workoutName` in `outputPath`; both are checked only by Clear().
   OutputFolder(const std::string& outputPath, const std::string& workoutName);
 
-  /// With the separator at its end.
+  /// Ends with the separator.
   const std::string& Path() const { return path_; }
 
-  /// Deletes the folder with all that is in it (quirk 46), read-only files too, but not what is
-  /// mounted in it.
-  /// It must lie right in the output path, be no link and no mounted file system, and neither be
-  /// nor hold what is to be kept; else throws std::runtime_error, of which FileError is one, and
-  /// nothing is deleted: from then on no file in it is replaced, and nothing is written where it
-  /// leads out of the output path. Throws FileError when something could not be deleted.
+  /// Deletes the folder and everything in it, even read-only files, except for mounted file
+  /// systems. Throws std::runtime_error, and deletes nothing, unless the folder lies directly in
+  /// the output path, is neither a link nor a mount point, and holds nothing of `keep`. After that
+  /// no file in the folder is replaced, and nothing is written to a folder outside the output path.
+  /// Throws FileError when something could not be deleted (quirk 46).
   void Clear(const Keepsakes& keep);
 
-  /// Makes the folder unless it is there. Throws FileError.
+  /// Creates the folder unless it exists. Throws FileError.
   void Create() const;
 
-  /// Says that `path`, which lies in the folder, is going to be written. Throws FileError when it
-  /// may not be changed.
+  /// Announces that `path`, in the folder, will be written. Throws FileError when it must not be
+  /// changed.
   void Claim(const std::string& path);
 
-  /// Claims `target`, which lies in the folder, and copies the file `source` to it. Throws
-  /// FileError; then no half copy is left.
+  /// Claims `target`, in the folder, and copies the file `source` to it. Throws FileError; then no
+  /// partial copy is left.
   void CopyInto(const std::string& source, const std::string& target, const CopyStart& start = {});
 
-  /// Lets the system begin to bring a file of the folder, which stays as it is from now on, to the
-  /// device: a slow player then works while the next instruction is encoded. Throws FileError.
+  /// Makes the system start to write a finished file of the folder to the device, so that a slow
+  /// player works while the next instruction is encoded. Throws FileError.
   static void StartFlush(const std::string& path);
 
-  /// False for a file that was there before a folder that is not ours to clear, for every file
-  /// where the folder leads out of the output path, and for a link to a file elsewhere.
+  /// False for a link to a file elsewhere, for files that already were in a folder that Clear()
+  /// refused, and for every file when the folder lies outside the output path.
   bool MayChange(const std::string& path) const;
 
-  /// Returns when the claimed files and the folder are on the device. Throws FileError for the
-  /// first that is not.
+  /// Waits until the claimed files and the folder are on the device. Throws FileError for the first
+  /// failure.
   void FlushToDevice() const;
 
  private:

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t kPathFieldSize = 256;
 
-/// The size that the text has in its field.
+/// The number of bytes that the text takes in its field.
 std::size_t SizeInField(const std::string& text) {
   Bytes field(kPathFieldSize);
   EncodeField(text, field);

@@ -4,8 +4,8 @@
 
 namespace repvolta {
 
-/// True when no output path is set: blank, or a text that fills its whole field, as one that was
-/// never assigned does (quirk 59).
+/// True when no output path is set: it is blank, or fills its whole field as an unassigned text
+/// does (quirk 59).
 bool IsOutputPathMissing(const SettingsRecord& settings);
 
 }  // namespace repvolta

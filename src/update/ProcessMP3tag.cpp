@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kNameCharactersInTitle = 6;
 
-/// False when there was an old tag that could not be cut off.
+/// False when an old tag could not be removed.
 bool RemoveOldTag(const std::string& path) {
   RepvoltaMP3 mp3;
   mp3.SetFileName(path);

@@ -8,7 +8,7 @@
 
 namespace repvolta {
 
-/// The state and the services that the procedures work with; each main puts one together.
+/// The state and the services of the program; each main creates one.
 struct Program {
   ProgramState& state;
   const Clock& clock;

@@ -16,7 +16,7 @@ class RandomFill {
   RandomFill(Program& program, ExerciseRecord& exercise, Steps& steps)
       : program_(program), exercise_(exercise), steps_(steps) {}
 
-  /// Returns the whole paths of the files.
+  /// Returns the full paths of the files.
   std::vector<std::string> Run() {
     exercise_.NumberOfMusicFiles = 0;
     // Quirk 36.

@@ -9,11 +9,11 @@
 
 namespace repvolta {
 
-/// The whole paths of drawn songs, in the order of their slots, by the number of the exercise.
+/// The full paths of drawn songs in the order of their slots, for each exercise number.
 using DrawnSongs = std::map<int, std::vector<std::string>>;
 
-/// Fills each exercise that asks for random music with drawn files until its target time is passed.
-/// A path that is too long for its field is cut there; the result has it whole.
+/// Fills each exercise that wants random music with drawn files until they exceed its target time.
+/// A path that is too long for its field is cut in the record, but complete in the result.
 DrawnSongs DrawRandomMusic(Program& program, Steps& steps);
 
 }  // namespace repvolta

@@ -13,7 +13,7 @@ namespace repvolta {
 
 /// Rebuilds the music list, all or nothing: every file below `musicPath` whose name ends in ".mp3"
 /// in any case. Links to folders are not followed, folders that cannot be read are skipped, and so
-/// are paths with a line break. An empty path or one that is no folder gives an empty list.
+/// are paths with a line break. If the path is empty or not a folder, the list is empty.
 /// `whileListing` is called now and then. Throws FileError when the list cannot be written.
 void CompileMusicList(const std::string& musicPath, const std::function<void()>& whileListing = {});
 
@@ -21,10 +21,10 @@ void CompileMusicList(const std::string& musicPath, const std::function<void()>&
 /// FileError.
 void CountRandomMusicFiles(ProgramState& state);
 
-/// Draws a file whose play time, in seconds, lies in the range, ends included, in up to 101
-/// attempts among the `count` lines of the music list. Empty when none was found or there is no
-/// list. A file that cannot be read counts as 0 seconds. Throws FileError when the list cannot be
-/// read.
+/// Draws, in up to 101 attempts, one of the first `count` lines of the music list whose play time
+/// lies between `minimum` and `maximum` seconds, both included. A file that cannot be read counts
+/// as 0 seconds. Empty when none was found or there is no list. Throws FileError when the list
+/// cannot be read.
 std::string GetRandomMusicFile(std::int32_t count, std::int16_t minimum, std::int16_t maximum,
                                RandomNumbers& random);
 

@@ -6,12 +6,12 @@
 
 namespace repvolta {
 
-/// The state in which a child's window is shown; children here have none.
+/// The state of a child's window; here no child has one.
 inline constexpr int kHiddenWindow = 0;
 
-/// Starts a command line (a program and its arguments, parted by blanks) in the current directory,
-/// where the program is looked for before the PATH, and waits for its end, however long. Neither
-/// the start's success nor the exit code is looked at (quirk 49).
+/// Runs a command line (a program and its arguments, separated by blanks) in the current directory
+/// and waits for its end without a limit. The program is looked up there first, then on the PATH. A
+/// failed start and the exit code are ignored (quirk 49).
 void ShellWait(ChildProcesses& processes, std::string_view commandLine,
                int windowState = kHiddenWindow);
 

@@ -9,22 +9,21 @@
 
 namespace repvolta {
 
-/// The person ended the program while an update ran. No std::exception, so that no step takes it
-/// for a failure of its own.
+/// Thrown when the person ends the program during an update. Not derived from std::exception, so
+/// that no step catches it as a failure of its own.
 struct UpdateStopped {};
 
-/// Runs an update step by step: a step that fails becomes one line of the progress log and the
-/// update goes on with the next.
+/// Runs an update step by step: a failing step is logged as one line, and the update continues.
 class Steps {
  public:
   Steps(ProgressLog& log, UpdateHost& host) : log_(log), host_(host) {}
 
-  /// Throws UpdateStopped when the program is to end.
+  /// Throws UpdateStopped when the person has ended the program.
   void CheckStop() const {
     if (host_.StopRequested()) throw UpdateStopped();
   }
 
-  /// Runs one step, unless the program is to end: then throws UpdateStopped. Returns why it failed.
+  /// Runs one step after CheckStop(). Returns why it failed; nothing when it succeeded.
   template <class Statement>
   std::optional<std::string> Try(Statement&& statement) {
     CheckStop();

@@ -62,12 +62,12 @@ class WorkoutUpdate {
   }
 
  private:
-  /// What became of "temp.wav" and "temp.mp3". They may also be those of an earlier run, which
-  /// leaves them where there is no encoder.
+  /// The state of "temp.wav" and "temp.mp3". The files may also be an earlier run's, which leaves
+  /// them when there is no encoder.
   enum class WorkingFiles { kNotMade, kMade, kStay };
 
   void Prepare() {
-    // The list is cleared when the window is shown: what fails before is logged behind that.
+    // Showing the window clears its list, so an earlier failure is logged after that.
     const auto clearing = steps_.Try([&] { folder_.Clear(WhatToKeep()); });
     const auto creation = steps_.Try([&] { folder_.Create(); });
     host_.UpdateBegins();
@@ -86,7 +86,7 @@ class WorkoutUpdate {
             .songList = kMusicList};
   }
 
-  /// The songs of all exercises, as they are before any is drawn.
+  /// The songs of all exercises before any are drawn.
   std::vector<std::string> Songs() const {
     std::vector<std::string> songs;
     for (int i = 0; i < state_.NumberOfExercises; ++i) {
@@ -126,7 +126,7 @@ class WorkoutUpdate {
     List(path);
   }
 
-  /// Without an encoder the instruction stays a WAV file, and the working file stays too
+  /// Without an encoder the instruction stays a WAV file, and the working file is kept too
   /// (quirk 50).
   void KeepWav(const std::string& path) {
     steps_.Run([&] { folder_.CopyInto(kWorkingWav, path); });
@@ -183,7 +183,7 @@ class WorkoutUpdate {
     return mayChange;
   }
 
-  /// False when the copy is given up.
+  /// False when the run no longer waits for the copy.
   bool WaitFor(const std::string& path) {
     if (!MayChange(path)) return false;
     bool isThere = false;
@@ -204,7 +204,7 @@ class WorkoutUpdate {
     steps_.Run([&] { ProcessMP3tag(path, text_, state_.WorkoutFileName, log_); });
   }
 
-  /// Appends the file that was made last to the play list and goes on to the next number.
+  /// Appends the latest file to the play list and moves on to the next number.
   void List(const std::string& path) {
     steps_.Run([&] {
       folder_.Claim(playList_);
@@ -221,7 +221,7 @@ class WorkoutUpdate {
   }
 
   void Finish() {
-    // Once more, for what could not be deleted at its time.
+    // A second attempt, for files that could not be deleted earlier.
     if (workingFiles_ == WorkingFiles::kMade) {
       for (const char* file : {kWorkingWav, kWorkingMp3}) steps_.Run([&] { RemoveFile(file); });
     }
@@ -239,7 +239,7 @@ class WorkoutUpdate {
   OutputFolder folder_;
   std::string playList_;
   DrawnSongs drawn_;
-  std::string text_;  // the sentence of the exercise at hand, for its music too (quirk 53)
+  std::string text_;  // the sentence of the current exercise, for its music too (quirk 53)
   int counter_ = 1;
   WorkingFiles workingFiles_ = WorkingFiles::kNotMade;
 };

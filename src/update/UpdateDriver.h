@@ -11,9 +11,9 @@ namespace repvolta {
 
 /// Turns the workout in memory into a folder for the player: advances what is due, draws random
 /// music, saves the workout, and writes numbered instructions, copies of the music and the play
-/// list, whose path it returns. Each step that fails becomes a line of the progress log; the update
-/// goes on. Does nothing, and returns nothing, without a workout name. Throws UpdateStopped when
-/// the person ends the program; its working files are then gone and the workout file is whole.
+/// list, whose path it returns. A failing step is logged as a line, and the update continues.
+/// Without a workout name it does nothing and returns nothing. Throws UpdateStopped when the person
+/// ends the program; by then the working files are removed and the workout file is complete.
 std::optional<std::string> UpdateCurrentWorkout(Program& program, ProgressLog& log,
                                                 UpdateHost& host);
 

@@ -2,19 +2,19 @@
 
 namespace repvolta {
 
-/// What an update asks of whoever runs it.
+/// The services that an update needs from the program that runs it.
 class UpdateHost {
  public:
   virtual ~UpdateHost() = default;
 
-  /// The lines of a new update follow: a window shows itself, and clears away those of the last.
+  /// A new update begins: a window shows itself and clears the lines of the previous update.
   virtual void UpdateBegins() {}
 
-  /// Called between two looks for a copied file that is not there yet: lets a window live for a
-  /// moment. False: give the file up.
+  /// Called repeatedly while a copied file is not there yet; a window handles its events meanwhile.
+  /// False: stop waiting for the file.
   virtual bool KeepWaiting() = 0;
 
-  /// True when the person wants the program to end: the update stops at its next step.
+  /// True when the person has ended the program: the update stops before its next step.
   virtual bool StopRequested() = 0;
 };
 

@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds kPause{10};
 
 UpdateLock::UpdateLock(const std::string& programDirectory)
     : file_(File::OpenOrCreate(programDirectory + kUpdateLockFile)) {
-  // A program that was killed while it started a child leaves the lock to that for a moment.
+  // When a program is killed while starting a child, the child holds the lock for a moment.
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     const int error = TryLock(file_.OpenAs());
     if (error == 0) return;

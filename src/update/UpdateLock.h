@@ -13,12 +13,12 @@ class UpdateRunning : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// While it lives no other update can begin in the program directory. It ends with its process,
-/// however that ends, and children do not inherit it.
+/// While this lock is held, no other update can begin in the program directory. The system releases
+/// it when the process ends in any way; child programs do not inherit it.
 class UpdateLock {
  public:
-  /// Throws UpdateRunning when the lock is taken and stays so for a quarter of a second; FileError
-  /// when the lock's file, which stays in the directory and is always empty, cannot be opened.
+  /// Throws UpdateRunning when the lock stays taken for a quarter of a second, and FileError when
+  /// the lock file cannot be opened. The lock file stays in the directory and is always empty.
   explicit UpdateLock(const std::string& programDirectory);
 
  private:

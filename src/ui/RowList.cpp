@@ -18,6 +18,12 @@ constexpr int kRowMargin = 3;  // of a font's height: the part that a row is hig
 
 }  // namespace
 
+QStringList QtTexts(const std::vector<std::string>& texts) {
+  QStringList list;
+  for (const std::string& text : texts) list.append(QString::fromStdString(text));
+  return list;
+}
+
 RowList::RowList(QWidget* parent) : QListWidget(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   connect(this, &QListWidget::itemSelectionChanged, this,

@@ -2,8 +2,12 @@
 
 #include <QListWidget>
 #include <QStringList>
+#include <string>
+#include <vector>
 
 namespace repvolta {
+
+QStringList QtTexts(const std::vector<std::string>& texts);
 
 /// A list of which one row can be selected. A row that only became current, as on focus, is not
 /// selected. Enter never leaves the list: it does what a double click does.

@@ -21,13 +21,13 @@ namespace fs = std::filesystem;
 constexpr const char* kTitle = "Squats, 3 sets, 60 kilograms for 12 reps";
 constexpr const char* kWorkout = "Monday.RPV";
 
-/// An update's log has a window or a terminal behind it, which is not what is measured here.
+/// Drops the log, because the window or terminal behind it is not measured here.
 class NoLog : public ProgressLog {
  public:
   void AddLineToUpdateList(std::string_view /*line*/) override {}
 };
 
-/// A file that is too long to be examined stays untagged.
+/// A file that is too long to examine stays untagged.
 void Tag(const std::string& path) {
   NoLog log;
   try {

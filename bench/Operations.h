@@ -3,17 +3,17 @@
 #include <string>
 #include <vector>
 
-// The program's work as it is measured and counted, each over many files.
+// The kinds of the program's work that are measured and counted, each over many files.
 
 namespace repvolta::bench {
 
-/// The play times of the files, added up. One that is no fit for a play time counts as 0.
+/// The sum of the files' play times. A file without a valid play time counts as 0.
 int PlayTimes(const std::vector<std::string>& files);
 
 /// Copies the songs into the folder with their tags, as an update does.
 void CopyAndTag(const std::vector<std::string>& songs, const std::string& folder);
 
-/// Copies each song first and tags the copy then, in as many passes as that takes.
+/// Copies each song and then tags the copy, in as many passes as that takes.
 void CopyThenTag(const std::vector<std::string>& songs, const std::string& folder);
 
 /// Appends the clips to the target.
@@ -25,7 +25,7 @@ void DrawInVain(int lines);
 /// The files below a folder that have this extension, in order.
 std::vector<std::string> FilesBelow(const std::string& folder, const std::string& extension);
 
-/// The recorded clips that a long instruction would be made of, from the folder of clips.
+/// The recorded clips of a long instruction, from the folder of clips.
 std::vector<std::string> SixtyClips(const std::string& clipFolder);
 
 }  // namespace repvolta::bench

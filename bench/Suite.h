@@ -4,12 +4,12 @@
 #include <string>
 #include <vector>
 
-// What is compared with what. A row compares several ways to do the same; each is a benchmark that
-// is named ROW/WAY and runs once an iteration, so that the ways of all rows can be run in turn.
+// The comparisons. A row compares several ways to do the same work; each way is a benchmark named
+// ROW/WAY that runs once an iteration, so that the ways of all rows can take turns.
 
 namespace repvolta::bench {
 
-/// Where the measured files lie and where there is room to work.
+/// The folders of the measured files and of the work.
 struct Places {
   std::string collection;
   std::string programs;  // the folder of the built programs, with the clips
@@ -25,10 +25,10 @@ struct Way {
   std::function<double()> measure;
 };
 
-/// The seconds that `work` takes by the clock on the wall.
+/// The wall-clock seconds that `work` takes.
 std::function<double()> Timed(std::function<void()> work);
 
-/// Runs a program that prints the seconds that its work took, its own start apart.
+/// Runs a program that prints the seconds that its work took, without its own start.
 std::function<double()> SelfTimed(std::vector<std::string> command);
 
 void Register(const Way& way);

@@ -14,12 +14,12 @@
 
 #include "Operations.h"
 
-// Does one kind of work and says what it cost, one figure a line:
+// Does one kind of work and prints its cost, one figure a line:
 //
 //   repvolta_operations OPERATION [ARGUMENT ...]
 //
-// reads, writes: calls of the system; read, written: their bytes; memory: the most bytes that the
-// process held; seconds.
+// reads, writes: system calls; read, written: their bytes; memory: the largest number of bytes that
+// the process held; seconds.
 
 namespace repvolta::bench {
 namespace {

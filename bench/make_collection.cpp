@@ -12,7 +12,7 @@
 
 #include "support/Mp3Bytes.h"
 
-// Makes the files that speed is measured on, always the same ones:
+// Makes the files for measuring speed, always the same ones:
 //
 //   repvolta_collection FRAMES FOLDER
 //
@@ -60,7 +60,7 @@ Id3v2Bytes PictureTag(Random& random) {
   return tag.Frame("APIC", AsText(RandomBytes(kPicture, random))).Syncsafe();
 }
 
-/// What a song carries beside its frames.
+/// Adds a kind of tags and other data to a song's frames.
 using Kind = std::function<Bytes(const Bytes& frames, Random& random)>;
 
 const std::map<std::string, Kind>& Kinds() {
@@ -117,7 +117,7 @@ Bytes Repeated(std::span<const Byte> pattern) {
   return bytes;
 }
 
-/// Random bytes in which no frame starts: the third byte of every header is made an impossible one.
+/// Random bytes in which no frame starts: the third byte of every header is made invalid.
 Bytes RandomWithoutFrame(Random& random) {
   Bytes bytes = RandomBytes(kWorstSize, random);
   for (std::size_t i = 0; i + 2 < bytes.size(); ++i) {
@@ -144,7 +144,7 @@ void MakeWorstCases(const fs::path& folder, const Bytes& frames, Random& random)
   fs::resize_file(place / "sparse.mp3", kSparseSize);
 }
 
-/// 200,000 empty files in folders, to be listed.
+/// Makes 200,000 empty files in folders, for listing.
 void MakeFilesToList(const fs::path& folder) {
   for (int i = 0; i < kListedFolders; ++i) {
     const fs::path place = folder / "list" / ("Album " + std::to_string(i));
@@ -155,7 +155,7 @@ void MakeFilesToList(const fs::path& folder) {
   }
 }
 
-/// A list of files that are not there, so that drawing measures no play time.
+/// Makes a list of missing files, so that drawing measures no play time.
 void MakeLines(const fs::path& folder) {
   fs::create_directories(folder / "draw");
   WholeFileWriter list(folder / "draw" / "musiclist.txt");

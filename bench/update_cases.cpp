@@ -26,7 +26,7 @@ using Files = std::vector<std::string>;
 
 constexpr const char* kSpokenName = "A name of my own";
 
-/// Drops what it is told: what a window or a terminal does with it is not measured.
+/// Drops all lines: the work of a window or a terminal is not measured.
 class NobodyWatching : public ProgressLog, public UpdateHost {
  public:
   void AddLineToUpdateList(std::string_view /*line*/) override {}
@@ -66,7 +66,7 @@ class Workout {
 
   void Encode() { EncodeMP3file(processes_, "instruction0.wav", "temp.mp3"); }
 
-  /// The parts that no way of updating can do without.
+  /// The parts that every update needs.
   void RunPartsAlone() const {
     limits::RunProgram({"flite", "-voice", "rms", "-t", kSpokenName, "-o", "spoken.wav"});
     Files made;

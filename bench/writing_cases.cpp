@@ -27,7 +27,7 @@ std::string CopyOf(const std::string& song) {
   return std::string(kTarget) + "/" + fs::path(song).filename().string();
 }
 
-/// Where the audio of each song begins is known beforehand: the limit only copies.
+/// The limit only copies: it gets the start of each song's audio from these plans.
 std::vector<TaggedCopy> PlansOf(const Files& songs) {
   std::vector<TaggedCopy> plans;
   for (const std::string& song : songs) {

@@ -36,8 +36,8 @@ if(REPVOLTA_COVERAGE)
   target_link_options(repvolta_options INTERFACE --coverage)
 endif()
 
-# repvolta_folder([libraries...]): one static library, named after this folder of src, from its sources;
-# with the libraries of the folders that it builds on (src/folders.txt) and those that are named here.
+# repvolta_folder([libraries...]): a static library of this folder's sources, named after the
+# folder. It links the folders that it builds on (src/folders.txt) and the libraries named here.
 function(repvolta_folder)
   file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR}/src ${CMAKE_CURRENT_SOURCE_DIR})
   get_filename_component(name ${folder} NAME)

@@ -29,8 +29,8 @@ void Put32(Bytes& file, std::size_t offset, std::size_t value) {
   StoreLittleEndian(std::span(file).subspan(offset), static_cast<std::uint32_t>(value));
 }
 
-/// The last byte of the target, if any, gives way to the last byte of the source's header, if any,
-/// which its samples follow; then the sizes are set, however short the file is.
+/// The last byte of the target, if any, is replaced by the last byte of the source's header, if
+/// any, and the samples follow; then the sizes are set, however short the file is.
 Bytes JoinedByRule(std::span<const Byte> target, std::span<const Byte> source) {
   Bytes joined(target.begin(), target.end());
   if (!target.empty() && source.size() >= kWavHeaderSize) {
@@ -60,7 +60,7 @@ void JoinTwo(std::span<const Byte> target, std::span<const Byte> source) {
   Require(std::ranges::equal(GetFile(kSource), source), "the clip is untouched");
 }
 
-/// A file joined to itself: ends, and is no longer than twice as long.
+/// Joining a file to itself must end, and at most double its length.
 void JoinToItself(std::span<const Byte> target) {
   PutFile(kTarget, target);
   CountingLog log;

@@ -7,7 +7,7 @@
 #include "support/Cost.h"
 #include "support/Fuzz.h"
 
-// The input is a list of clips. Whatever its lines say, no clip's file leads out of the folder.
+// The input is a list of clips. Whatever its lines say, every clip's file is in the folder.
 
 namespace repvolta {
 namespace {

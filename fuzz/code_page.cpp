@@ -6,8 +6,8 @@
 #include "support/Cost.h"
 #include "support/Fuzz.h"
 
-// The input is the size of a field, then a text. It comes back from the code page and from a field
-// as it went in.
+// The input is the size of a field, then a text. It must come back unchanged from the code page and
+// from a field.
 
 namespace repvolta {
 namespace {

@@ -14,9 +14,9 @@
 #include "support/Fuzz.h"
 #include "support/Mp3Rule.h"
 
-// The input is an MP3 file. Cutting off what stands before its first frame leaves the rest as it
-// is, byte for byte, and its times; so does tagging it, behind the new tag. Copying it with its tag
-// in one pass comes to the same as copying and then tagging it.
+// The input is an MP3 file. Cutting off everything before its first frame keeps the rest, byte for
+// byte, and its times; tagging it keeps the rest after the new tag. Copying it with its tag in one
+// pass has the same result as copying and then tagging it.
 
 namespace repvolta {
 namespace {
@@ -32,7 +32,7 @@ std::array<std::int64_t, 2> TimeOfChange() {
   return {status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
-/// Puts a file with a date long ago.
+/// Writes a file with a date long ago.
 void PutOldFile(std::span<const Byte> file) {
   PutFile(kSong, file);
   const std::array<timespec, 2> times{{{1000000000, 1}, {1100000000, 2}}};
@@ -54,7 +54,7 @@ void CutAndCompare(std::span<const Byte> file, const Mp3ByRule& rule) {
   Require(TimeOfChange() == timeBefore, "the times are kept");
 }
 
-/// `inTwoSteps` is what tagging a copy made of it; nothing when that failed.
+/// `inTwoSteps` is the copy that was tagged afterwards; nothing when that failed.
 void CopyAndCompare(std::span<const Byte> file, const std::optional<Bytes>& inTwoSteps) {
   constexpr const char* kSource = "source.mp3";
   PutFile(kSource, file);
@@ -67,7 +67,7 @@ void CopyAndCompare(std::span<const Byte> file, const std::optional<Bytes>& inTw
   RemoveFile(kSource);
 }
 
-/// The frame that the rule found is behind the new tag, and so is all that follows it.
+/// The frame that the rule found, and everything after it, must follow the new tag.
 void TagAndCompare(std::span<const Byte> file, const Mp3ByRule& rule) {
   PutFile(kSong, file);
   RecordingLog log;
@@ -78,7 +78,7 @@ void TagAndCompare(std::span<const Byte> file, const Mp3ByRule& rule) {
   if (rule.result != RuleResult::kFrame || !rule.hasID3v2) return;
   const auto audio = file.subspan(static_cast<std::size_t>(rule.headerOffset));
   const TagByRule inside = ReadTagByRule(audio);
-  if (inside.present) return;  // It is taken for the file's tag, and written over.
+  if (inside.present) return;  // It counts as the file's tag and is overwritten.
   Require(after.size() >= audio.size() &&
               std::ranges::equal(std::span(after).last(audio.size()), audio),
           "tagging leaves the audio as it was");

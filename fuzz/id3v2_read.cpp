@@ -8,7 +8,7 @@
 #include "support/Fuzz.h"
 #include "support/Mp3Rule.h"
 
-// The input is an MP3 file. The frames of its tag are those of the plain rule.
+// The input is an MP3 file. The plain rule must find the same frames in its tag.
 
 namespace repvolta {
 namespace {

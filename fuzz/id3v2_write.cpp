@@ -28,7 +28,7 @@ std::string Filled(std::string identifier) {
 Texts TextsOf(const Id3v2Frames& frames) {
   Texts texts;
   for (const std::string& identifier : frames.Identifiers()) {
-    // No frame is written whose identifier could be taken for the start of a tag.
+    // A frame whose identifier looks like the start of a tag is not written.
     if (identifier.find(kId3v2Marker) != std::string::npos) continue;
     for (std::size_t i = 1; i <= frames.Count(identifier); ++i) {
       std::string bytes = ToWindows1252(frames.Text(identifier, i));
@@ -64,7 +64,7 @@ Bytes BuiltByRule(const Id3v2Frames& frames) {
   return tag;
 }
 
-/// The file after the tag, whose size is still missing, was written into it.
+/// The file after writing the tag, whose size is still missing.
 Bytes WrittenByRule(std::span<const Byte> file, Bytes tag) {
   const TagByRule old = ReadTagByRule(file);
   const auto oldSize = static_cast<std::size_t>(std::max(old.size, 0));
@@ -80,7 +80,7 @@ Bytes WrittenByRule(std::span<const Byte> file, Bytes tag) {
   return after;
 }
 
-/// What the frames held, then maybe what stood behind them.
+/// The frames must have the held texts; others that stood after them may follow.
 void RequireReadBack(std::span<const Byte> file, const Texts& held) {
   const Texts read = TextsOf(ReadTagByRule(file));
   for (const auto& [identifier, texts] : held) {
@@ -106,8 +106,8 @@ void RequireSmallGrowth(std::size_t before, std::size_t after, std::size_t tagSi
   Require(after <= before + tagSize + kTagStep, "a file grows by its tag at the most");
 }
 
-/// Writes the held tag; the file then holds what was set and all that it held before, byte by byte
-/// where the rule puts it.
+/// Writes the held tag; the file must then have the set frames and all its earlier content where
+/// the rule puts them, byte by byte.
 void WriteAndCompare(cMP3ID3v2& tag) {
   const Bytes before = GetFile(kSong);
   {

@@ -7,7 +7,7 @@
 #include "support/Fuzz.h"
 #include "support/Mp3Rule.h"
 
-// The input is an MP3 file. What is found in it is what the plain rule finds.
+// The input is an MP3 file. The program must find the same in it as the plain rule.
 
 namespace repvolta {
 namespace {

@@ -11,8 +11,8 @@
 #include "support/Fuzz.h"
 #include "support/SongBytes.h"
 
-// The input is random numbers and a range, then the music list. It has the lines that the rule
-// says, and a song that is drawn is one of them.
+// The input is random numbers and a range, then the music list. It must have the lines of the plain
+// rule, and a drawn song must be one of them.
 
 namespace repvolta {
 namespace {
@@ -21,7 +21,7 @@ constexpr std::size_t kLongRun = 40000;
 constexpr std::size_t kMostExpanded = 160000;
 
 /// A byte 1 stands for a long run of the letter x, so that small inputs make lines longer than a
-/// block. No line leads out of the folder: what it would lead to is not ours to open.
+/// block. No line leads out of the folder, so that no other file is opened.
 std::string Expanded(std::span<const Byte> bytes) {
   std::string text;
   for (const Byte byte : bytes) {

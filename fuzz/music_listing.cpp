@@ -11,7 +11,7 @@
 #include "support/Cost.h"
 #include "support/Fuzz.h"
 
-// The input is names, of files and folders of a music folder. The list that is made of it has each
+// The input is the names of files and folders in a music folder. The compiled list must have each
 // music file once, and nothing else.
 
 namespace repvolta {
@@ -29,7 +29,7 @@ bool IsMusic(const std::string& name) {
   return end == ".mp3";
 }
 
-/// The name at the start of the input, which goes off it. No name leads out of its folder.
+/// Takes a name off the start of the input. No name leads out of its folder.
 std::string TakeName(std::span<const Byte>& names) {
   const auto end = std::ranges::find(names, Byte{0});
   std::string name(names.begin(), end);
@@ -43,8 +43,8 @@ bool CanBeMade(const std::string& name, const fs::path& path) {
   return !fs::exists(path) && path.native().size() <= 2000;
 }
 
-/// Makes what the input names: a file, or, where the name begins with "=", a folder, in which the
-/// further names are made. Returns the paths that the list must have.
+/// Creates a file for each name, or, if the name begins with "=", a folder, which receives the
+/// later names. Returns the paths that the list must have.
 std::multiset<std::string> MakeMusic(std::span<const Byte> names, fs::path folder) {
   std::multiset<std::string> music;
   bool lineBreakAbove = false;

@@ -12,8 +12,8 @@
 #include "support/Cost.h"
 #include "support/Fuzz.h"
 
-// The input is the text of a number, and the bits of some. What is read is what the C library reads
-// of the same text, and what is shown is read back.
+// The input is the text of a number, and the bits of some numbers. The program must read the same
+// number as the C library, and a shown number must be read back.
 
 namespace repvolta {
 namespace {

@@ -19,7 +19,7 @@ std::size_t At(std::span<const Byte> file, std::size_t offset) {
   return LoadLittleEndian<std::uint16_t>(file.subspan(offset));
 }
 
-/// The length of AudioFormat as far as the file holds it.
+/// The length of AudioFormat, as far as the file goes.
 std::size_t FormatLength(std::span<const Byte> file) {
   if (file.size() < kAudioFormatOffset + 2) return 0;
   return std::min(At(file, kAudioFormatOffset), file.size() - kAudioFormatOffset - 2);

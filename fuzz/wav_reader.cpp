@@ -6,7 +6,7 @@
 #include "support/Cost.h"
 #include "support/Fuzz.h"
 
-// The input is a WAV file. Its sound is within bounds, or it is refused with a reason.
+// The input is a WAV file. Its sound must be within bounds, or it must be refused with a reason.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace repvolta;
@@ -28,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(sound.samples.size() <= size, "a sample takes a byte at least");
   Require(std::ranges::all_of(sound.samples, [](float sample) { return std::abs(sample) <= 1.0F; }),
           "samples are within bounds");
-  // A file that is cut off has the same sound, as far as it goes.
+  // A truncated file has the same sound up to its end.
   const Sound shorter = [&] {
     try {
       return ReadWav({data, size - std::min<std::size_t>(size, 1)});

@@ -15,10 +15,10 @@ namespace {
 
 constexpr const char* kFile = "workouts/Monday.RPV";
 
-/// What a workout takes in memory and on its way to the disk, besides its file.
+/// The memory for a workout and for writing it, besides its file.
 constexpr std::size_t kWorkoutInMemory = 6 * 1024 * 1024;
 
-/// Where the texts of a record are; all else is kept bit by bit.
+/// The place of a record's texts; everything else is kept bit by bit.
 struct Field {
   std::size_t offset;
   std::size_t size;

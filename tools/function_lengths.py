@@ -1,8 +1,9 @@
-"""How long the functions of a C++ source are: for sources as clang-format leaves them."""
+"""The lengths of the functions of a C++ source that clang-format has formatted."""
 
 import re
 
-# What holds no code, and preprocessor lines: blanks take their place, so that lines stay where they are.
+# Comments, literals and preprocessor lines. They are replaced by blanks, so that lines keep their
+# numbers.
 NO_CODE = re.compile(
     r'R"([^(\s]*)\(.*?\)\1"'
     r'|"(?:\\.|[^"\\\n])*"'
@@ -17,13 +18,14 @@ def blanked(text):
 
 
 def is_function(head):
-    """Whether a block behind that text is a function's: it has parameters and is no first value."""
+    """Whether the block after that text is a function's: it has parameters and is no
+    initialiser."""
     return "(" in head and not head.rstrip().endswith("=")
 
 
 def function_lengths(text):
-    """Pairs of the first line of a function and how many lines it has, from there to its last brace.
-    What is defined within a function is part of it."""
+    """Pairs of the first line of a function and its number of lines, including the last brace. A
+    definition within a function is part of it."""
     code = blanked(text)
     inner = 0  # the depth in a block that is no scope, as a function
     head_start, function = 0, False
@@ -37,7 +39,7 @@ def function_lengths(text):
             inner += 1
         elif sign == "}" and inner > 0:
             inner -= 1
-            # A member's first value in braces is followed by the next one or by the body.
+            # A member initialiser in braces is followed by the next one or by the body.
             goes_on = re.match(r"\s*[,{)]", code[place + 1:])
             if inner == 0 and not goes_on:
                 if function:
@@ -49,6 +51,6 @@ def function_lengths(text):
 
 
 def head_of(code, start):
-    """The blanks, and the words for access, that stand before a declaration."""
+    """The blanks and access specifiers before a declaration."""
     return re.match(r"(?:\s|\b(?:public|private|protected|signals|public slots|private slots)\s*:)*",
                     code[start:])[0]

@@ -21,8 +21,7 @@
 #include "sound/WavFormat.h"
 #include "update/RandomMusicList.h"
 
-// Makes the files of a sample program directory, with music of its own, and shows what an update
-// made of them.
+// Makes a sample program directory, including music, and shows the result of an update.
 
 namespace repvolta {
 namespace {

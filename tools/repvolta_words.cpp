@@ -7,8 +7,9 @@
 
 #include "instruction/SpokenWords.h"
 
-// Prints what the program says of exercises, without their names, a line each. A line of standard
-// input is an exercise: the number of its set type, its units flag, and two values a set.
+// Prints the words that the program says for exercises, without their names, a line each. Each line
+// of standard input is an exercise: the number of its set type, its units flag, and two values a
+// set.
 //
 //   0 -1 135 10 185 5     2 sets 100 and 30 5 pounds for 10 reps 100 and 80 5 pounds for 5 reps
 

@@ -11,7 +11,7 @@
 
 namespace repvolta::limits {
 
-/// A file that is closed when it goes.
+/// A file that its destructor closes.
 class Descriptor {
  public:
   Descriptor(const std::string& path, int flags) : number_(open(path.c_str(), flags, 0666)) {

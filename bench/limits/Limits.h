@@ -6,13 +6,13 @@
 
 #include "base/Bytes.h"
 
-// What the machine needs for the bare work, written as plainly as it can be: the figures that ours
-// are held against. Every failure throws std::runtime_error.
+// The bare work, programmed as plainly as possible, whose times ours are compared with. Every
+// failure throws std::runtime_error.
 
 namespace repvolta::limits {
 
-/// Opens each file and reads 10 bytes at its start, 4 KiB behind its tag and 128 bytes at its end.
-/// Returns a sum of what was read, so that the reading is not optimised away.
+/// Opens each file and reads 10 bytes at its start, 4 KiB after its tag and 128 bytes at its end.
+/// Returns a sum of the bytes, so that the reading is not optimised away.
 std::uint64_t ReadPlaces(const std::vector<std::string>& files);
 
 /// Reads the whole file once, a block at a time.
@@ -24,7 +24,7 @@ void ListPlainly(const std::string& folder, const std::string& list);
 /// Reads the file once and counts its line ends.
 std::uint64_t PassOver(const std::string& file);
 
-/// Writes `head` and behind it the bytes of `source` from `offset` on, in one pass.
+/// Writes `head` and then the bytes of `source` from `offset` on, in one pass.
 void CopyBehind(const Bytes& head, const std::string& source, std::uint64_t offset,
                 const std::string& target);
 
@@ -36,7 +36,7 @@ void Join(const std::string& target, const std::vector<std::string>& clips);
 /// is dropped, or goes to `output`.
 void RunProgram(const std::vector<std::string>& command, const std::string& output = "/dev/null");
 
-/// Returns when the files and the folder are on the device.
+/// Waits until the files and the folder are on the device.
 void Flush(const std::vector<std::string>& files, const std::string& folder);
 
 }  // namespace repvolta::limits

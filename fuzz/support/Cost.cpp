@@ -36,7 +36,7 @@ void Count(const volatile void* /*memory*/, std::size_t size) {
 
 void Uncount(const volatile void* memory) {
   if (!counting || memory == nullptr) return;
-  // What was held before the deed began is freed too.
+  // Memory from before the deed is freed too.
   const std::size_t size = __sanitizer_get_allocated_size(const_cast<void*>(memory));
   cost.heldNow -= std::min(size, cost.heldNow);
 }
@@ -73,7 +73,7 @@ LinearCost::~LinearCost() {
 
 }  // namespace repvolta
 
-// The linker puts this in the place of pread (--wrap), and gives the names.
+// The linker replaces pread by this (--wrap) and dictates the names.
 // NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
 extern "C" ssize_t __real_pread(int descriptor, void* buffer, std::size_t count, off_t offset);
 

@@ -5,7 +5,7 @@
 
 namespace repvolta {
 
-/// What one deed has cost so far.
+/// The cost of one deed so far.
 struct Cost {
   std::size_t heldNow = 0;  // bytes of memory; counted only under the address sanitizer
   std::size_t heldMost = 0;
@@ -13,8 +13,8 @@ struct Cost {
   std::uint64_t reads = 0;      // calls
 };
 
-/// Requires at its end that the deed done since its begin cost no more than a small multiple of the
-/// size of its input, besides a constant.
+/// Its destructor requires that the deed since the constructor cost no more than a constant and a
+/// small multiple of the size of its input.
 class LinearCost {
  public:
   /// `constant`: bytes of memory that the deed may hold for an empty input.
@@ -23,7 +23,7 @@ class LinearCost {
   LinearCost(const LinearCost&) = delete;
   LinearCost& operator=(const LinearCost&) = delete;
 
-  /// A file is read in blocks of this size at the most, and copied by one or two.
+  /// Room for the one or two blocks in which a file is read or copied.
   static constexpr std::size_t kFewBlocks = 768 * 1024;
 
  private:

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kFolderInMemory = "/dev/shm";
 
-/// Where TMPDIR says, so that a script can clear up after a crash; else in memory.
+/// TMPDIR, so that a script can clean up after a crash; without it, a folder in memory.
 fs::path Place() {
   if (std::getenv("TMPDIR") == nullptr && fs::is_directory(kFolderInMemory)) return kFolderInMemory;
   return fs::temp_directory_path();

@@ -7,10 +7,11 @@
 
 namespace repvolta {
 
-/// Ends the program, so that the input is kept as a finding, unless `holds`.
+/// Unless `holds`, ends the program, so that the input is kept as a finding.
 void Require(bool holds, const char* rule);
 
-/// Does what a file can be blamed for throwing. False when it threw.
+/// Runs the deed and catches exceptions of type `Fault`, which a bad file may cause. False when it
+/// threw.
 template <class Fault, class Deed>
 bool Succeeds(Deed deed) {
   try {
@@ -30,10 +31,10 @@ class FuzzFolder {
   FuzzFolder(const FuzzFolder&) = delete;
   FuzzFolder& operator=(const FuzzFolder&) = delete;
 
-  /// The full path, with the separator at its end.
+  /// The full path, ending with the separator.
   const std::string& Path() const { return path_; }
 
-  /// Deletes all that is in it.
+  /// Deletes everything in the folder.
   void Empty() const;
 
   std::size_t CountEntries() const;
@@ -45,7 +46,7 @@ class FuzzFolder {
 void PutFile(const std::string& path, std::span<const Byte> content);
 Bytes GetFile(const std::string& path);
 
-/// Takes parameters off the start of an input; zeros stand for what it lacks.
+/// Takes parameters off the start of an input, and zeros after its end.
 class FuzzInput {
  public:
   FuzzInput(const Byte* data, std::size_t size) : rest_(data, size) {}
@@ -53,7 +54,7 @@ class FuzzInput {
   Byte TakeByte();
   std::uint32_t TakeNumber();  // two bytes
 
-  /// A length byte, then at most so many characters.
+  /// A length byte, then at most that many characters.
   std::string TakeText();
 
   std::span<const Byte> Rest() const { return rest_; }
@@ -64,5 +65,5 @@ class FuzzInput {
 
 }  // namespace repvolta
 
-/// What each target defines. Returns 0.
+/// Each target defines this. Returns 0.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

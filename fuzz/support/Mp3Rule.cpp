@@ -149,10 +149,10 @@ class Examination {
   Mp3ByRule mp3_;
 };
 
-/// No more frames of a tag are looked at.
+/// The largest number of frames of a tag that are read.
 constexpr std::size_t kMostFrames = 4096;
 
-/// The offset of the marker that stands before any FF FB; the size of the file when none does.
+/// The offset of the marker if it comes before any FF FB, else the size of the file.
 std::size_t MarkerOffset(std::span<const Byte> file) {
   for (std::size_t offset = 0; offset < file.size(); ++offset) {
     if (HasAt(file, static_cast<std::int64_t>(offset), kId3v2Marker)) return offset;

@@ -8,8 +8,8 @@
 
 namespace repvolta {
 
-// The rules of docs/formats, followed plainly, byte by byte over a file in memory: what the
-// program's readers, which go block by block, must agree with.
+// The rules of docs/formats, implemented plainly, byte by byte over a file in memory. The program's
+// readers, which go block by block, must agree with them.
 
 enum class RuleResult { kNoFrame, kFrame, kDividesByZero, kOverflows };
 

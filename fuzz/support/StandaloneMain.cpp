@@ -7,8 +7,8 @@
 
 #include "support/Fuzz.h"
 
-// Runs a target on each file of the folders that are named, without a fuzzer: so any compiler can
-// replay a corpus. Fails when there is no file, and where a rule is broken.
+// Runs a target on each file of the named folders, without a fuzzer, so that any compiler can
+// replay a corpus. Fails when there is no file or a rule is broken.
 
 namespace {
 

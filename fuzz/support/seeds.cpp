@@ -8,7 +8,7 @@
 #include "support/Mp3Bytes.h"
 #include "support/WavBytes.h"
 
-// Writes the inputs to begin with.
+// Writes the first inputs of the targets.
 
 namespace repvolta {
 namespace {
@@ -49,7 +49,7 @@ Id3v2Bytes SmallTag(Byte version) {
       .Padding(20);
 }
 
-/// MP3 files that are short and have between them all that is read of one.
+/// Short MP3 files that together have everything that the program reads.
 std::vector<Bytes> Mp3Files() {
   const Id3v2Bytes footed = Id3v2Bytes(4, 0x10).Syncsafe().Text("TIT2", "Title");
   std::vector<Bytes> files{

@@ -20,7 +20,7 @@ using testing::IsEmpty;
 using testing::ThrowsMessage;
 using testing::UnorderedElementsAre;
 
-/// Sets a variable of the environment while it lives.
+/// Sets an environment variable until it is destroyed.
 class Environment {
  public:
   Environment(const char* name, const std::string& value) : name_(name), before_(qgetenv(name)) {

@@ -16,7 +16,7 @@ namespace {
 using testing::StrEq;
 using testing::ThrowsMessage;
 
-/// A program directory of its own.
+/// A fresh program directory.
 class SettingsFile : public testing::Test {
  protected:
   SettingsFile() { state.ProgramDirectory = folder.Path(); }
@@ -117,7 +117,7 @@ class SettingsOfTwo : public SettingsFile {
     LoadSettings(other);
   }
 
-  /// What a synced folder brings in.
+  /// Another program's settings that a synchronised folder brings in.
   static void Bring(const SettingsRecord& settings) {
     PutFile("brought", EncodeSettings(settings));
     std::filesystem::rename("brought", "settings.dat");

@@ -10,7 +10,7 @@
 namespace repvolta {
 namespace {
 
-/// The workout "Monday" in a program directory of its own.
+/// The workout "Monday" in a fresh program directory.
 class WorkoutInMemory : public testing::Test {
  protected:
   WorkoutInMemory() {
@@ -22,7 +22,7 @@ class WorkoutInMemory : public testing::Test {
   ProgramState state;
 };
 
-/// A loaded file with two exercises in use and one behind a blank name.
+/// A loaded file with two exercises in use and one after a blank name.
 class DamagedWorkout : public WorkoutInMemory {
  protected:
   static constexpr const char* kDamage =

@@ -18,7 +18,7 @@ using testing::IsEmpty;
 using testing::StrEq;
 using testing::ThrowsMessage;
 
-/// A program directory of its own.
+/// A fresh program directory.
 class WorkoutFiles : public testing::Test {
  protected:
   WorkoutFiles() { state.ProgramDirectory = folder.Path(); }

@@ -206,7 +206,7 @@ TEST(CopyContent, CopiesAFileToItsOwnEnd) {
     File to = File::Open("file", File::Access::kReadWrite);
     CopyContent(from, 1, to, content.size() - 1);
   }
-  // The last byte was written over by the time it was read.
+  // The last byte had been overwritten when it was read.
   const std::string beginning = content.substr(0, content.size() - 1);
   EXPECT_TRUE(GetTextFile("file") == beginning + beginning.substr(1) + "x");
 }

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Changes what the system says of a folder with the name "mounted".
+/// Changes the reported status of a folder with the name "mounted".
 std::function<void(struct statx&)>& MountedLooks() {
   static std::function<void(struct statx&)> change;
   return change;
@@ -23,7 +23,7 @@ std::function<void(struct statx&)>& MountedLooks() {
 
 }  // namespace
 
-/// Takes the place of the system's, in this program: not everybody who tests may mount.
+/// Replaces the system's call in this program, because not every tester may mount.
 extern "C" int statx(int folder, const char* path, int flags, unsigned mask,
                      struct statx* status) noexcept {
   const long result = syscall(SYS_statx, folder, path, flags, mask, status);
@@ -33,7 +33,7 @@ extern "C" int statx(int folder, const char* path, int flags, unsigned mask,
 
 namespace {
 
-/// How many deletions a signal still interrupts.
+/// The number of deletions that a signal will interrupt.
 int interruptions = 0;
 
 }  // namespace
@@ -157,7 +157,7 @@ TEST(DeleteFolder, RefusesALinkAndAFile) {
   EXPECT_EQ(GetTextFile("Monday/diary.txt"), "mine");
 }
 
-/// What is mounted at "Monday/mounted", as the test sees it.
+/// Pretends that something is mounted at "Monday/mounted".
 class Mounted : public testing::Test {
  protected:
   Mounted() {

@@ -30,7 +30,7 @@ TEST(EncodeField, CutsBetweenCharacters) {
 }
 
 TEST(EncodeField, ChoosesByTheTextThatIsLeftAfterTheCut) {
-  // In full the single bytes C3 A9 E9 are no UTF-8; cut to two they would be.
+  // The three bytes C3 A9 E9 are not UTF-8, but the first two alone are.
   EXPECT_EQ(DecodeField(AsBytes(Field("Ã©é", 2))), "Ã");
 }
 

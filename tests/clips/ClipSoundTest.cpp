@@ -10,9 +10,9 @@ namespace {
 
 constexpr std::size_t kBefore = 160;  // 10 ms
 constexpr std::size_t kBehind = 960;  // 60 ms
-constexpr std::size_t kWindow = 80;   // the exactness with which a word's ends are found
+constexpr std::size_t kWindow = 80;   // the precision with which a word's ends are found
 
-/// A tone with something quieter before and behind it.
+/// A tone with something quieter before and after it.
 class Recording {
  public:
   explicit Recording(std::uint32_t rate = 16000) : sound_{rate, {}} {}

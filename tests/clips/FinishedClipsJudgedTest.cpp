@@ -97,7 +97,8 @@ class FinishedClipsJudged : public testing::Test {
   }
 };
 
-/// Seconds before the first and behind the last 5 ms that are louder than an eightieth of the peak.
+/// The seconds before the first and after the last 5 ms that are louder than an eightieth of the
+/// peak.
 std::pair<double, double> Silence(const Sound& clip) {
   constexpr std::size_t kWindow = 80;
   constexpr std::size_t kStep = 16;

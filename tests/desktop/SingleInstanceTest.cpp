@@ -84,7 +84,7 @@ TEST(SingleInstance, CanBeRaisedAfterAnotherCrashed) {
   if (child == 0) {
     SingleInstance killed(folder.Path());
     killed.OnLaterStart([] {});
-    _exit(0);  // Its socket stays behind.
+    _exit(0);  // This leaves its socket behind.
   }
   waitpid(child, nullptr, 0);
   SingleInstance first(folder.Path());

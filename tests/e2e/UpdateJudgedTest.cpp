@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 using testing::Contains;
 using testing::HasSubstr;
 
-/// What an independent program printed; fails the test when it fails.
+/// The output of an independent program; fails the test when the program fails.
 std::string Judge(const std::string& program, const std::vector<std::string>& arguments) {
   const ProgramRun run = RunProgram(program, arguments);
   EXPECT_EQ(run.status, 0) << program << ": " << run.errors;
@@ -62,13 +62,12 @@ class UpdateJudged : public PortableProgram {
     exercise->MusicFile[exercise->NumberOfMusicFiles++] = Full("music/" + name);
   }
 
-  /// Runs the program in a name space of its own, where `mount` puts a file system in place of the
-  /// player.
+  /// Runs the program in a new namespace, in which `mount` mounts a file system over the player.
   static ProgramRun UpdateOn(const std::string& mount) {
     return RunOnDevice("player", mount, {"program/repvolta-update"});
   }
 
-  /// Without the rights by which root reads and writes everything.
+  /// Runs it without root's rights to read and write everything.
   ProgramRun UpdateWithoutPrivileges() {
     if (geteuid() != 0) return Update();
     return RunProgram("setpriv",

@@ -19,7 +19,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-/// What lies below a folder: paths, sizes and the bytes of regular files.
+/// The content of a folder: paths, sizes and the bytes of regular files.
 std::map<std::string, std::string> Snapshot(const std::string& root) {
   std::map<std::string, std::string> files;
   for (const auto& entry : fs::recursive_directory_iterator(root)) {
@@ -30,7 +30,7 @@ std::map<std::string, std::string> Snapshot(const std::string& root) {
 
 class UpdateProgram : public PortableProgram {
  protected:
-  /// Puts a script in the place of the encoder.
+  /// Replaces the encoder by a script.
   void PutEncoder(const std::string& script) {
     fs::remove("program/lame.exe");
     PutFile("program/lame.exe", "#!/bin/sh\n" + script + "\n");
@@ -342,7 +342,7 @@ TEST_F(UpdateProgram, SaysSoWhenAPathIsTooLongForTheRecord) {
 
   const ProgramRun run = Update();
 
-  // The path does not fit the record: it was cut and names no file.
+  // The path is too long for the record: it was cut and names no file.
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.output, HasSubstr("ERROR: File not found. " + Full("music/xxx")));
 }

@@ -39,7 +39,7 @@ class ExerciseEditing : public EditorFixture {
     RemoveExerciseButton_Click(editor, row);
   }
 
-  /// The names in the workout file, as far as they are used.
+  /// The names of the exercises in use in the workout file.
   static std::vector<std::string> SavedNames() {
     std::vector<std::string> names;
     for (const ExerciseRecord& exercise : Saved()) {

@@ -245,7 +245,7 @@ TEST_F(MusicEditing, TheTargetTimeIsStoredInSecondsAndShown) {
 }
 
 TEST_F(MusicEditing, LeadingNumbersBecomeTargetTimes) {
-  // What is not changed stays 300.
+  // An unchanged target time stays 300.
   const std::vector<std::pair<std::string, int>> times = {{"12abc", 720},
                                                           {"abc", 300},
                                                           {" 7 ", 420},

@@ -102,7 +102,7 @@ TEST_F(SetValueEditing, AValueLeavesTheDatesAlone) {
 }
 
 TEST_F(SetValueEditing, LeadingNumbersAreTakenAndNegativeOnesAreNot) {
-  // What is not changed stays 42.
+  // An unchanged value stays 42.
   const std::vector<std::pair<std::string, float>> values = {
       {"12abc", 12.0F}, {"abc", 0.0F},
       {" 7 ", 7.0F},    {"-5", 42.0F},

@@ -15,7 +15,7 @@
 
 namespace repvolta {
 
-/// A clock that tests set.
+/// A clock that a test sets.
 class FakeClock : public Clock {
  public:
   explicit FakeClock(double now) : now_(now) {}
@@ -26,7 +26,7 @@ class FakeClock : public Clock {
   double now_;
 };
 
-/// Gives the numbers of a script, over and over.
+/// Returns the numbers of a script again and again.
 class ScriptedNumbers : public RandomNumbers {
  public:
   explicit ScriptedNumbers(std::vector<double> numbers = {0}) : numbers_(std::move(numbers)) {}
@@ -40,7 +40,7 @@ class ScriptedNumbers : public RandomNumbers {
   std::size_t next_ = 0;
 };
 
-/// Records the programs that are started; `run` does what a program would.
+/// Records the programs that are started; `run` stands in for the program.
 class FakeProcesses : public ChildProcesses {
  public:
   ChildResult Run(const ChildCommand& command) override {
@@ -55,7 +55,7 @@ class FakeProcesses : public ChildProcesses {
   std::function<void(const ChildCommand&)> run;
 };
 
-/// Speaks every text as 100 bytes of sound, unless it is told to fail.
+/// Speaks every text as 100 bytes of sound, unless it is set to fail.
 class FakeSpeech : public SpeechSynthesizer {
  public:
   std::vector<std::string> VoiceNames() override { return {"first", "second"}; }

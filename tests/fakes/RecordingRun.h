@@ -9,7 +9,7 @@
 
 namespace repvolta {
 
-/// Records what an update tells and asks of whoever runs it.
+/// Records an update's log lines and its requests to the host.
 class RecordingRun : public ProgressLog, public UpdateHost {
  public:
   void AddLineToUpdateList(std::string_view line) override {

@@ -11,14 +11,14 @@
 
 namespace repvolta {
 
-/// Records in `calls`, in their order, what the commands and the start ask of the windows and of
-/// the person, and answers the folder picker from a script.
+/// Records in `calls`, in order, what the commands and the start ask of the windows and the person;
+/// answers the folder picker from a script.
 class RecordingWindow : public RecordingRun,
                         public MainScreen,
                         public Dialogs,
                         public ProgressWindow {
  public:
-  /// Whoever works in a window of which only this is there.
+  /// An editor that works with this window only.
   Editor EditorOf(Program& program) {
     return {.program = program,
             .log = *this,

@@ -11,8 +11,8 @@
 
 namespace repvolta {
 
-/// Records the boxes and dialogs that are asked for, as "kind|title|text", and answers from a
-/// script: a box that the script has no answer for fails the test.
+/// Records the requested boxes and dialogs as "kind|title|text" and answers them from a script. A
+/// box without an answer in the script fails the test.
 class ScriptedDialogs : public Dialogs {
  public:
   void ShowMessage(std::string_view text, std::string_view title) override {

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kSpokenClip = "program/voice/exercise/Spoken.WAV";
 
-/// A speech engine that says the same, whatever it is to say.
+/// A speech engine that says the same for every text.
 constexpr const char* kEngine =
     "#!/bin/sh\n"
     "[ \"$1\" = -lv ] && exec echo rms\n"
@@ -39,12 +39,12 @@ Entry LookAt(const fs::path& path) {
               .mode = status.st_mode};
   if (S_ISREG(status.st_mode)) entry.content = GetTextFile(path);
   if (S_ISLNK(status.st_mode)) entry.content = fs::read_symlink(path).string();
-  // The times of a folder change with its entries, which are looked at one by one.
+  // A folder's time changes with its entries, which are compared themselves.
   if (S_ISDIR(status.st_mode)) entry.changed = 0;
   return entry;
 }
 
-/// Without what a growth, a draw of music and the day decide.
+/// The workout without the fields that growth, the drawing of music and the day decide.
 Bytes WithoutGrowth(const Bytes& file) {
   ExerciseSlots workout = DecodeWorkout(file);
   ExerciseRecord& drawn = workout[0];
@@ -89,13 +89,13 @@ bool IsLongRun() { return std::getenv("REPVOLTA_LONG") != nullptr; }
 
 int PointStep(int shortStep) {
   if (IsLongRun()) return 1;
-  // Has no divisor in common with the kinds of failures, which take turns.
+  // 7 has no common divisor with the number of failures, which take turns.
   return IsSlow() ? 7 * shortStep : shortStep;
 }
 
 FaultWorld::FaultWorld() {
   PutFile("precious/diary.txt", "mine");
-  // Long enough to be copied by the system.
+  // Long enough that the kernel copies it.
   PutFile("music/song.mp3",
           Mp3Bytes().Id3v2(Id3v2Bytes(3).Text("TIT2", "Old").Syncsafe()).Frames(400));
   PutFile("music/drawn.mp3", Mp3Bytes().Frames(3));
@@ -117,12 +117,12 @@ void FaultWorld::BuildProgram() {
   fs::copy_file(ProgramBeside("fake_encoder"), "program/lame.exe");
   PutFile("program/update.lock", "");
   PutFile("bin/flite", kEngine);
-  // Without voices: it must not speak instead when the other fails.
+  // It has no voices, so that it does not speak when the other engine fails.
   PutFile("bin/espeak-ng", "#!/bin/sh\nexit 1\n");
   for (const char* engine : {"bin/flite", "bin/espeak-ng"}) {
     fs::permissions(engine, fs::perms(0755));
   }
-  // What the scripts of the tests use; not the whole system's folder, which has speech engines too.
+  // Only the tools that the tests' scripts use: the system's folder also has speech engines.
   for (const char* tool : {"cp", "echo", "head", "ln", "ls", "mkdir", "rm", "sleep", "touch"}) {
     fs::create_symlink(std::string("/bin/") + tool, std::string("bin/") + tool);
   }
@@ -167,7 +167,7 @@ void FaultWorld::MakeMondaySpeak() {
 void FaultWorld::Reset() {
   fs::remove(kSpokenClip);
   fs::remove_all("player");
-  // An older update's folder, in which somebody has put links to what is precious.
+  // The folder of an older update, with links to "precious" that somebody has put there.
   PutFile("player/Monday/deep/old.mp3", "old");
   fs::create_symlink(Full("music/song.mp3"), "player/Monday/RV004-song.mp3");
   fs::create_hard_link("precious/diary.txt", "player/Monday/RV001-Instructions.mp3");
@@ -264,7 +264,7 @@ void FaultWorld::ExpectOnlyAllowedPaths(const Entries& now) {
 void FaultWorld::ExpectWorkoutIsWhole() {
   const Bytes now = GetFile("program/workouts/Monday.RPV");
   if (now == oldWorkout || now == newWorkout) return;
-  // The music that could not be drawn, or midnight, may make the difference.
+  // It may differ because music could not be drawn or midnight has passed.
   EXPECT_EQ(now.size(), kWorkoutFileSize);
   EXPECT_TRUE(WithoutGrowth(now) == WithoutGrowth(newWorkout)) << "the workout is damaged";
 }

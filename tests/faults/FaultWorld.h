@@ -12,9 +12,9 @@
 
 namespace repvolta {
 
-/// What stands at a path: its kind and rights, content, and the moment of its last change.
+/// The file or folder at a path: its kind and rights, content, and time of the last change.
 struct Entry {
-  std::string content;  // of a file; where a link leads
+  std::string content;  // of a file; the target of a link
   std::int64_t changed = 0;
   std::uint64_t number = 0;
   unsigned mode = 0;
@@ -23,7 +23,7 @@ struct Entry {
 };
 using Entries = std::map<std::string, Entry>;
 
-/// All below a folder, by paths relative to it.
+/// Everything below a folder, by relative path.
 Entries Look(const std::string& root);
 
 /// One call that fails: see fault_shim.cpp.
@@ -32,7 +32,7 @@ struct Fault {
   int number = 0;
   std::string failure;
   bool allBehind = false;
-  bool hidesTypes = false;  // and folders do not say what their entries are
+  bool hidesTypes = false;  // folders do not report the types of their entries
 
   std::string Text() const;
 };
@@ -44,17 +44,16 @@ struct FaultyRun {
   bool hit = false;  // the call was reached
 };
 
-/// True when the long form of the tests is wanted: REPVOLTA_LONG is set.
+/// True when REPVOLTA_LONG asks for the long form of the tests.
 bool IsLongRun();
 
-/// The long form tries each point, and this is 1; the short form one of `shortStep`, or of seven
-/// times as many where programs take long to start: in the sanitizers' build, and where
-/// REPVOLTA_SLOW is set.
+/// The distance between the tried points: 1 in the long form, else `shortStep`, or seven times that
+/// where programs start slowly: in a build with sanitizers, and when REPVOLTA_SLOW is set.
 int PointStep(int shortStep);
 
-/// The smallest world in which an update goes all its ways: "program" with clips of a moment and an
-/// encoder and a speech engine of our own, the workout Monday with one exercise that grows, one
-/// song of its own and one drawn; another workout; "music"; "player"; and "precious", which nobody
+/// The smallest set of folders in which an update takes all its paths: "program" with very short
+/// clips, a fake encoder and a fake speech engine, the workout Monday with an exercise that grows,
+/// one chosen and one drawn song; another workout; "music"; "player"; and "precious", which nobody
 /// may touch.
 class FaultWorld : public testing::Test {
  protected:
@@ -62,29 +61,29 @@ class FaultWorld : public testing::Test {
 
   std::string Full(const std::string& path) const { return folder.Path() + path; }
 
-  /// Puts all that an update may have changed back to how it was at first.
+  /// Restores everything that an update may have changed.
   void Reset();
 
   FaultyRun RunWith(const Fault& fault, const std::string& program = "program/repvolta-update",
                     const std::vector<std::string>& operands = {"Monday"});
 
-  /// Where the programs of the tests find their engine and their temporary folder.
+  /// The environment that gives the tested programs their engine and temporary folder.
   Environment Surroundings() const;
 
   /// Updates without a fault.
   ProgramRun Update(const std::vector<std::string>& operands = {"Monday"});
 
-  /// From now on Monday's first exercise has a name that must be spoken first.
+  /// From now on the name of Monday's first exercise has no clip and must be spoken.
   void MakeMondaySpeak();
 
-  /// Updates once without a fault, to know what the workout and the player then look like.
+  /// Updates once without a fault, to learn the right content of the workout and the player.
   void LearnWhatIsRight();
 
-  /// The promises that hold whatever happened.
+  /// Checks the promises that hold after any fault.
   void ExpectNothingLost();
   void ExpectNoTemporaryFiles();
 
-  /// True when the player holds what an update without a fault brings there.
+  /// True when the player has the same content as after an update without a fault.
   bool PlayerIsRight() const;
 
   TemporaryFolder folder;

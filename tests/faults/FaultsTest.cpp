@@ -19,8 +19,8 @@ struct Group {
   std::vector<const char*> failures;
 };
 
-/// EINTR and SHORT are no failures: the call is to be made again. A real system gives EINTR only
-/// for these calls. UNTYPED is none either: some file systems do not say what an entry is.
+/// EINTR and SHORT are no failures: the program must repeat the call. A real system returns EINTR
+/// only for these calls. UNTYPED is no failure either: some file systems do not report types.
 const std::vector<Group> kGroups = {{"open", {"EIO", "ENOSPC", "EACCES", "EINTR"}},
                                     {"write", {"ENOSPC", "EIO", "SHORT", "EINTR"}},
                                     {"fsync", {"EIO", "ENOSPC", "EINTR"}},
@@ -43,9 +43,9 @@ bool IsToBeSurvived(const std::string& failure) {
   return failure == "EINTR" || failure == "SHORT" || failure == "UNTYPED";
 }
 
-/// Calls `run` for the 1st, 2nd, 3rd ... call of each group, until none is left. The short form
-/// tries one failure a call, the next one each time, and only every `stride`th call. Prints how
-/// many points were tried.
+/// Calls `run` for the 1st, 2nd, 3rd ... call of each group, until there is no such call. The short
+/// form tries only every `stride`th call, with one failure each, in turn. Prints the number of
+/// tried points.
 template <class Run>
 void ForEachFault(const char* title, Run run, int stride = 1) {
   int points = 0;
@@ -77,7 +77,7 @@ std::string Where(const Fault& fault, const FaultyRun& faulty) {
 
 class Faults : public FaultWorld {
  protected:
-  /// What failed is told, or was of no consequence.
+  /// The failure was reported or had no effect.
   void ExpectTold(const Fault& fault, const FaultyRun& faulty) {
     const ProgramRun& run = faulty.run;
     const bool isTold = (run.status == 1 && run.output.find("ERROR") != std::string::npos) ||
@@ -137,7 +137,7 @@ class EngineFaults : public FaultWorld {
     return RunWith(fault, ProgramBeside("engine_steps"), {step});
   }
 
-  /// What fails is told by the engine's exception; what is to be survived is not.
+  /// A failure must be reported by an exception; a fault that must be survived must not.
   static void ExpectTold(const Fault& fault, const FaultyRun& faulty) {
     const ProgramRun& run = faulty.run;
     if (IsToBeSurvived(fault.failure)) {
@@ -196,15 +196,14 @@ TEST_F(EngineFaults, OfACloseThatSaysNothingWasWrittenAreTold) {
   EXPECT_EQ(told, 1);
 }
 
-/// The system's reason for a failure stands in a message.
+/// True when a message contains the system's reason.
 bool IsReasonTold(const ProgramRun& run) {
   const std::string told = run.output + run.errors;
   return std::ranges::any_of(
       kReasons, [&](const char* reason) { return told.find(reason) != std::string::npos; });
 }
 
-/// The first exercises of the workout are there, as they were; the new one is, or it is told why
-/// not.
+/// The workout's first exercises are unchanged; the new one is there, or a message says why not.
 void ExpectExercisesKept(const Bytes& file, const ProgramRun& run) {
   ASSERT_EQ(file.size(), kWorkoutFileSize);
   const ExerciseSlots workout = DecodeWorkout(file);
@@ -292,7 +291,7 @@ TEST_F(EngineFaults, LeaveAWholeMusicList) {
     SCOPED_TRACE(fault.Text());
     ExpectTold(fault, faulty);
     const std::vector<std::string> lines = Lines(GetTextFile("musiclist.txt"));
-    // A folder that cannot be read is passed over, so the list may be shorter.
+    // An unreadable folder is skipped, so the list may be shorter.
     if (IsToBeSurvived(fault.failure)) {
       EXPECT_EQ(lines.size(), 2U);
     }
@@ -324,7 +323,7 @@ TEST_F(EngineFaults, LeaveNoHalfClipAtTheFirstStart) {
   });
 }
 
-/// The calls of a save that change something, in their order, as "group what".
+/// The calls of a save that change something, in order, as "group what".
 std::vector<std::string> CallsOn(const std::vector<std::string>& trace, const std::string& part) {
   std::vector<std::string> calls;
   for (const std::string& line : trace) {

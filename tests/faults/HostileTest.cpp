@@ -28,7 +28,7 @@ class Hostile : public FaultWorld {
     Reset();
   }
 
-  /// Puts a script in the place of the encoder.
+  /// Replaces the encoder by a script.
   void PutEncoder(const std::string& script) {
     fs::remove_all("program/lame.exe");
     PutFile("program/lame.exe", "#!/bin/sh\n" + script + "\n");
@@ -58,7 +58,7 @@ class Hostile : public FaultWorld {
   }
 };
 
-/// Names that a shell, a formatter, a reader of options or a path would take for something else.
+/// Names that a shell, a formatter, an option parser or a path could misinterpret.
 const std::vector<std::string> kNames = {"$(touch pwned)",
                                          "`touch pwned`",
                                          "a;touch pwned",
@@ -138,10 +138,10 @@ TEST_F(Hostile, MusicNamesAreCopiedAsTheyAre) {
     SaveMonday();
     const std::string content = GetTextFile(song);
     const ProgramRun run = Update();
-    // Bytes that are no UTF-8 cannot be kept in a workout.
+    // A workout cannot keep bytes that are not UTF-8.
     EXPECT_TRUE(run.status == 0 || run.status == 1) << name << run.errors;
     EXPECT_EQ(GetTextFile(song), content);
-    // Blanks at its ends are no part of a copy's name.
+    // A copy's name has no blanks at its ends.
     const std::string copy = "RV004-" + std::string(TrimBlanks(name + ".mp3"));
     EXPECT_TRUE(run.status == 1 || fs::exists("player/Monday/" + copy)) << name;
     EXPECT_FALSE(fs::exists("pwned") || fs::exists("program/pwned")) << name;

@@ -26,7 +26,7 @@ class Kills : public FaultWorld {
     return static_cast<int>(std::chrono::duration_cast<std::chrono::microseconds>(time).count());
   }
 
-  /// Waits until the workout is another one than it was.
+  /// Waits until the workout differs from `before`.
   static void WaitForAnEdit(const Bytes& before) {
     for (int i = 0; i < 60'000; ++i) {
       if (GetFile("workouts/Monday.RPV") != before) return;
@@ -35,7 +35,8 @@ class Kills : public FaultWorld {
     ADD_FAILURE() << "no edit was saved within a minute";
   }
 
-  /// After a kill all is old or new, and the next update ends well and leaves nothing behind.
+  /// After a kill every file is the old or the new one, and the next update succeeds and leaves
+  /// nothing behind.
   void ExpectRecovery() {
     ExpectNothingLost();
     const ProgramRun run = Update();
@@ -133,7 +134,7 @@ TEST_F(Kills, AmidstEditsLeaveAWholeEdit) {
   }
   std::printf("[  POINTS  ] %d kills amidst edits, %zu different edits were left\n", kills,
               left.size());
-  // Each but the early ones found an edit of its own.
+  // Every kill, except for early ones, hit a different edit.
   EXPECT_GE(left.size(), static_cast<std::size_t>(kills - (kills + 3) / 4));
 }
 

@@ -13,7 +13,7 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::Not;
 
-/// One folder has two names, because it is mounted a second time.
+/// A folder has two names, because it is mounted twice.
 class Mounts : public FaultWorld {
  protected:
   Mounts() { Reset(); }
@@ -24,13 +24,13 @@ class Mounts : public FaultWorld {
     fs::current_path(folder.Path());
   }
 
-  /// Updates where `source` is mounted at `target`, too.
+  /// Updates while `source` is also mounted at `target`.
   static ProgramRun UpdateMounted(const std::string& source, const std::string& target) {
     return RunWithMounts("mount --bind " + source + " " + target,
                          {"program/repvolta-update", "Monday"});
   }
 
-  /// All that was in the folder is as it was; files may have been added.
+  /// Everything that was in the folder is unchanged; files may have been added.
   static void ExpectOnlyAdded(const Entries& before, const std::string& root) {
     const Entries now = Look(root);
     for (const auto& [path, entry] : before) {

@@ -9,7 +9,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-/// The encoder is a script that does something to the player in the middle of the update.
+/// The encoder is a script that disturbs the player in the middle of the update.
 class PlayerGone : public FaultWorld {
  protected:
   PlayerGone() {
@@ -24,7 +24,7 @@ class PlayerGone : public FaultWorld {
     fs::rename("program/encoder", "program/lame.exe");
   }
 
-  /// Puts the old encoder back, so that what is left can be compared.
+  /// Restores the encoder first, so that the remaining files can be compared.
   void ExpectToldAndNothingLost(const ProgramRun& run) {
     fs::rename("kept.exe", "program/lame.exe");
     EXPECT_EQ(run.status, 1) << run.output << run.errors;
@@ -34,8 +34,8 @@ class PlayerGone : public FaultWorld {
     ExpectNoTemporaryFiles();
   }
 
-  /// Updates where the player is a file system of its own, in a name space in which its owner may
-  /// also take it away.
+  /// Updates with the player as a separate file system, in a namespace where the encoder may
+  /// unmount it.
   static ProgramRun UpdateOnDevice(const std::string& options) {
     return RunOnDevice("player", options, {"program/repvolta-update", "Monday"});
   }

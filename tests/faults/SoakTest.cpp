@@ -18,7 +18,7 @@ class Soak : public FaultWorld {
 
 TEST_F(Soak, OfUpdatesInOneProcessGrowsNothing) {
   fs::current_path("program");
-  // The sanitizers' allocator is not to keep what was freed.
+  // The sanitizers' allocator must not keep freed memory.
   const ProgramRun run = RunProgram(ProgramBeside("soak_updates"), {std::to_string(Runs())},
                                     {"ASAN_OPTIONS=quarantine_size_mb=0:thread_local_quarantine_"
                                      "size_kb=0:malloc_context_size=1"});

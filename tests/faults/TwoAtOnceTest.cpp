@@ -12,7 +12,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-/// False for a process that is no more, or of which only the exit status is left or being taken.
+/// False for a process that has ended, even if its exit status was not yet collected.
 bool IsAlive(int process) {
   std::ifstream file("/proc/" + std::to_string(process) + "/stat");
   std::string status;
@@ -33,7 +33,7 @@ class TwoAtOnce : public FaultWorld {
 };
 
 TEST_F(TwoAtOnce, TheSecondUpdateSaysSoAndChangesNothing) {
-  // The encoder of the first starts the second.
+  // The encoder of the first update starts the second update.
   PutEncoder(
       "./repvolta-update Monday > ../second.out 2> ../second.err; echo $? > ../second.status");
   Update();

@@ -1,5 +1,5 @@
-// One procedure of the engine as a program, in the current directory: what it throws is printed and
-// ends it with status 1.
+// Runs one procedure in the current directory. An exception is printed and ends the program with
+// status 1.
 
 #include <cstdio>
 #include <filesystem>
@@ -24,7 +24,7 @@ class NoOutputs : public AudioOutputs {
   std::vector<std::string> Names() override { return {}; }
 };
 
-/// What a person does: starts, answers the set-up where it comes, adds an exercise, and exits.
+/// A person's session: start, the set-up if it appears, a new exercise, exit.
 void StartEditAndExit(ProgramState& state) {
   const std::filesystem::path world = std::filesystem::current_path().parent_path();
   RecordingWindow screen;
@@ -46,8 +46,8 @@ void StartEditAndExit(ProgramState& state) {
   for (const std::string& message : screen.messages) std::printf("%s\n", message.c_str());
 }
 
-/// One of many edits: each puts its number into every exercise and into the settings. The next run
-/// goes on with the number behind the one that it finds.
+/// One of many edits: it puts its number into every exercise and into the settings. The next run
+/// continues with the next number.
 void SaveEdit(ProgramState& state, int number) {
   for (int i = 0; i < MaxExercises; ++i) {
     state.Workout[i].ExerciseName = "Edit " + std::to_string(number);

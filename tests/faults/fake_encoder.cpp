@@ -1,5 +1,5 @@
-// Takes the place of the encoder where its sound does not matter: writes a short MP3 file that is
-// another one for every other WAV file.
+// Replaces the encoder in tests that do not need its sound: writes a short MP3 file that differs
+// for every different WAV file.
 
 #include <cstdint>
 #include <cstdio>
@@ -7,7 +7,7 @@
 
 namespace {
 
-/// A figure of all bytes of the file; nothing makes it the same for another file but chance.
+/// A hash of the whole file.
 std::uint64_t FigureOf(std::FILE* file) {
   std::uint64_t figure = 14695981039346656037U;  // FNV-1a, 64 bits
   for (int byte = std::fgetc(file); byte != EOF; byte = std::fgetc(file)) {

@@ -33,7 +33,7 @@ struct Plan {
   int error = 0;  // errno value, kShort, kKill or kUntyped
 };
 
-/// Shared with the children that are not yet another program.
+/// Shared with forked children until their exec.
 struct Counters {
   std::atomic<int> calls[kGroupCount];
 };
@@ -69,7 +69,7 @@ void ReadPlan(std::string_view text) {
   plan.error = ErrorNamed(text.substr(second + 1));
 }
 
-/// True in the starter of valgrind, which then becomes the program under test.
+/// True in valgrind's launcher, which later becomes the program under test.
 bool IsStarter() {
   char path[700] = "";
   const long size = syscall(SYS_readlink, "/proc/self/exe", path, sizeof path - 1);
@@ -85,7 +85,7 @@ __attribute__((constructor)) void Start() {
   if (const char* path = std::getenv("REPVOLTA_TRACE")) {
     const int descriptor = static_cast<int>(
         syscall(SYS_openat, AT_FDCWD, path, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600));
-    // Out of the way of the numbers that the program gets.
+    // A high number, so that the program's own descriptors keep their numbers.
     traceDescriptor = fcntl(descriptor, F_DUPFD_CLOEXEC, 500);
     close(descriptor);
   }
@@ -100,8 +100,8 @@ __attribute__((constructor)) void Start() {
 
 iovec Piece(std::string_view text) { return {const_cast<char*>(text.data()), text.size()}; }
 
-/// One line, in one write. A child that is not yet another program has hardly any stack: no large
-/// array, and no function of the library that formats (the sanitizers' needs several kilobytes).
+/// Writes one line with one call. Before its exec a child has hardly any stack, so this uses no
+/// large array and no formatting function (the sanitizers' version needs several kilobytes).
 void Trace(int group, int number, bool failed, const char* what) {
   if (traceDescriptor < 0) return;
   char digits[12];

@@ -2,7 +2,7 @@
 
 namespace repvolta_faults {
 
-/// The calls of the system that are counted together.
+/// The groups in which system calls are counted.
 enum Group {
   kOpen,
   kWrite,
@@ -21,18 +21,19 @@ enum Group {
   kAny
 };
 
-/// What may come of a call besides an errno value.
+/// The results of a call besides an errno value.
 constexpr int kShort = -1;
 constexpr int kKill = -2;
 constexpr int kUntyped = -3;
 
-/// Counts a call and writes it down. 0: it goes on; an errno value: it fails; kShort; kUntyped.
+/// Counts and traces a call. Returns 0 when it may go on, an errno value when it must fail, or
+/// kShort or kUntyped.
 int Count(Group group, const char* what);
 
-/// Counts a call; true when it has to fail, errno is then set.
+/// Counts a call; true, with errno set, when it must fail.
 bool Fails(Group group, const char* what);
 
-/// True when folders do not say what their entries are.
+/// True when folders must not report the types of their entries.
 bool HidesTypes();
 
 }  // namespace repvolta_faults

@@ -1,5 +1,5 @@
-// Preloaded into a program under test. It counts the program's calls of the system, lets chosen
-// ones fail, and writes down what the program does to files and which programs it starts.
+// Preloaded into a program under test. It counts the program's system calls, makes chosen ones
+// fail, and traces what the program does to files and which programs it starts.
 //
 //   REPVOLTA_FAULT   GROUP:NUMBER:FAILURE. The call with this number in its group fails; "3+" fails
 //                    the third and all behind it; the group "any" has all calls. FAILURE is the
@@ -39,7 +39,7 @@ Function* Real(const char* name) {
   return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
-/// The path that the descriptor was opened by, for the trace.
+/// The path with which the descriptor was opened, for the trace.
 class DescriptorPath {
  public:
   explicit DescriptorPath(int descriptor) {
@@ -54,7 +54,8 @@ class DescriptorPath {
   char path_[700];
 };
 
-/// The bytes that a read or write may do: fewer in a short one; -1 when it fails.
+/// The number of bytes that a read or write may transfer: fewer in a short one, -1 when it must
+/// fail.
 ssize_t Allowed(Group group, int descriptor, std::size_t size) {
   const int before = errno;
   const int error = Count(group, DescriptorPath(descriptor).Text());
@@ -114,7 +115,7 @@ EXPORTED int openat64(int folder, const char* path, int flags, ...) {
   va_end(arguments);
   return OpenAt(folder, path, flags, mode);
 }
-// What a fortified build calls.
+// Fortified builds call these.
 EXPORTED int __open_2(const char* path, int flags) { return OpenAt(AT_FDCWD, path, flags, 0); }
 EXPORTED int __open64_2(const char* path, int flags) { return OpenAt(AT_FDCWD, path, flags, 0); }
 
@@ -260,7 +261,7 @@ EXPORTED int statx(int folder, const char* path, int flags, unsigned mask,
   return static_cast<int>(syscall(SYS_statx, folder, path, flags, mask, status));
 }
 
-/// The descriptor is closed also when that fails, as Linux does it.
+/// A failing close still closes the descriptor, as on Linux.
 EXPORTED int close(int descriptor) {
   const bool fails = Fails(kClose, DescriptorPath(descriptor).Text());
   const int error = errno;

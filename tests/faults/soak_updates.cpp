@@ -1,5 +1,5 @@
 // Updates all workouts of the current program directory again and again in one process, as the
-// window does, and compares memory and open files of the beginning with those of the end.
+// window does, and compares memory and open files at the beginning and at the end.
 
 #include <QCoreApplication>
 #include <cstdio>
@@ -26,7 +26,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kWarmUp = 20;
-constexpr long kAllowedGrowth = 256;  // kB, of the allocator's own unrest
+constexpr long kAllowedGrowth = 256;  // kB, for the allocator's normal variation
 
 struct Use {
   long memory = 0;  // kB
@@ -52,7 +52,7 @@ class Updates {
     CountRandomMusicFiles(state_);
   }
 
-  /// False when a line was an error.
+  /// False when a line reported an error.
   bool Run() {
     state_.WorkoutFileName = state_.WorkoutNames.at(0);
     UpdateAllWorkoutsButton_Click(editor_);

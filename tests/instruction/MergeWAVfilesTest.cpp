@@ -47,10 +47,10 @@ class MergeWAV : public testing::Test {
   RecordingRun run;
 };
 
-/// The greatest file whose length without the first 8 bytes is a number of 32 bits.
+/// The largest file whose length without the first 8 bytes fits 32 bits.
 constexpr std::uint64_t kGreatestRiff = (std::uint64_t{1} << 32) - 1 + 8;
 
-/// The same without the 47 bytes that do not count as samples.
+/// The same for its length without the 47 bytes that do not count as samples.
 constexpr std::uint64_t kGreatestData = (std::uint64_t{1} << 32) - 1 + 47;
 
 TEST_F(MergeWAV, AppendsTheSamplesOverTheLastByte) {

@@ -76,7 +76,7 @@ struct InstructionExample {
   std::int16_t type;
   Flag units;
   std::vector<SetOfValues> sets;
-  const char* words;  // behind the name
+  const char* words;  // after the name
 };
 
 ExerciseRecord Squat(const InstructionExample& example) {

@@ -17,7 +17,7 @@ using testing::IsEmpty;
 const char* const kClips[] = {"1",   "2",    "5",   "8",    "10",        "50",    "60",
                               "set", "sets", "for", "reps", "kilograms", "level", "minutes"};
 
-/// Every clip holds its own number as samples, so that a joined file tells its clips.
+/// The samples of each clip are its own number, so that a joined file shows its clips.
 class VoiceInstruction : public ProgramFixture {
  protected:
   VoiceInstruction() {
@@ -30,7 +30,8 @@ class VoiceInstruction : public ProgramFixture {
     state.Settings.IncludeWeightValues = kTrue;
   }
 
-  /// The clips in "temp.wav". Each but the last has lost its last byte to the next.
+  /// The clips in "temp.wav". The last byte of each, except for the last clip, was replaced by the
+  /// next.
   std::vector<std::string> Clips() {
     const Bytes file = GetFile("temp.wav");
     std::vector<std::string> clips;

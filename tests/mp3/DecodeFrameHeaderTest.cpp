@@ -7,7 +7,7 @@
 namespace repvolta {
 namespace {
 
-/// What is decoded of one header at the start of a file of no length.
+/// The info decoded from one header at the start of a file of length 0.
 MP3Info Decode(const FrameFields& fields) {
   RepvoltaMP3 mp3;
   mp3.DecodeFrameHeader(fields.LittleEndian(), 1);

@@ -63,8 +63,8 @@ TEST(FirstFrameScan, AgreesWithTheRuleOnBytesThatAreAlmostFrames) {
 
 TEST(FirstFrameScan, AgreesWithTheRuleOnEveryHeader) {
   TemporaryFolder folder;
-  // The first candidate of a file is looked at by itself, so these are not the first. The file is
-  // too short for a candidate behind them.
+  // The first candidate of a file is examined separately, so these are not the first. The file is
+  // too short for a candidate after them.
   for (int second = 0xDF; second <= 0xFF; ++second) {
     for (int third = 0; third <= 0xFF; ++third) {
       const Bytes header{0xFF, static_cast<Byte>(second), static_cast<Byte>(third), 0};

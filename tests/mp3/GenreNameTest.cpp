@@ -30,7 +30,7 @@ const std::map<int, std::string> kOwnForms{
     {81, "Folk / Rock"},   {89, "Blue Grass"},          {90, "Avant Garde"}, {109, "Pr0n Groove"},
     {124, "Euro - House"}, {128, "Club - House"},       {132, "Brit Pop"},   {147, "Synth Pop"}};
 
-/// Names of the list that the judge has given later forms.
+/// Names that the judging program spells in a newer way.
 const std::map<int, std::string> kFormsOfTheList{
     {125, "Dance Hall"}, {129, "Hardcore"}, {133, "Afro-Punk"}, {146, "JPop"}};
 

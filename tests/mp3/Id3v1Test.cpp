@@ -44,7 +44,7 @@ TEST(Id3v1, IsAnEmptyTagWhereThereIsNone) {
 }
 
 TEST(Id3v1, IsNotLookedForInAFileOf128Bytes) {
-  // A frame inside the tag makes the file one that can be read at all.
+  // The frame inside the tag is needed, because a file without a frame is not read.
   std::string tag = "TAG" + std::string("\xFF\xFB\x90\x64");
   tag.resize(128);
   EXPECT_FALSE(Read(AsBytes(tag)).hasID3v1);

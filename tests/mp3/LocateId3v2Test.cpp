@@ -8,8 +8,8 @@
 namespace repvolta {
 namespace {
 
-/// The rule by which a tag is found, a piece of 4096 bytes at a time, each of which starts 3 bytes
-/// before the end of the one before: the position just past the marker, or 0.
+/// The rule for finding a tag, in pieces of 4096 bytes, each of which starts 3 bytes before the end
+/// of the previous one. Returns the position just past the marker, or 0.
 std::int32_t PositionByPieces(std::string_view file) {
   constexpr std::size_t kPiece = 4096;
   for (std::size_t start = 0; start < file.size(); start += kPiece - 3) {
@@ -28,7 +28,7 @@ void ExpectTheSamePlace(const std::string& content) {
   EXPECT_EQ(LocateId3v2(file).position, PositionByPieces(content));
 }
 
-/// A few pieces of markers, of audio and of what looks like them, in a file of filling.
+/// A file of filler with a few markers, audio starts and bytes that resemble them.
 std::string HardContent(std::mt19937& random) {
   constexpr std::string_view kPieces[] = {"ID3",  "\xFF\xFB", "ID",       "I",  "D3",
                                           "\xFF", "\xFB",     "\xFF\xFF", "II", "ID\xFF\xFB"};

@@ -40,7 +40,7 @@ TEST(RepvoltaMP3, CountsTheAudioOfAConstantBitRate) {
 }
 
 TEST(RepvoltaMP3, CutsTheTimeAtEachStep) {
-  // 31999 bits are 31 thousands, and those are no second at 32 kbit/s.
+  // 31999 bits count as 31 kbit, which is less than a second at 32 kbit/s.
   const FrameFields slow{.bitRate = 1};
   EXPECT_EQ(Read(Mp3Bytes().Frame(slow, 4000)).playTime, 0);
   EXPECT_EQ(Read(Mp3Bytes().Frame(slow, 4001)).playTime, 1);

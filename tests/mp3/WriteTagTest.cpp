@@ -150,7 +150,8 @@ TEST(WriteTag, LeavesNoOldFrameReadableBehindTheNew) {
   }
 }
 
-/// Audio behind a tag of the claimed size, whose only frame ends far behind it and so is not read.
+/// Audio after a tag of the claimed size, whose only frame ends far after the tag and so is not
+/// read.
 Mp3Bytes SongWithClaimedTag(std::uint32_t size) {
   return Mp3Bytes()
       .Id3v2(Id3v2Bytes().ClaimSize(size).Text("TALB", std::string(2100, 'b')))

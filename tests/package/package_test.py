@@ -1,6 +1,6 @@
-"""Installs the package into a Debian tree of its own, and uses it there as an ordinary user does:
-first start, update, upgrade, removal; then the portable archive. Each test goes on where the one
-before has ended. tools/check-package runs them."""
+"""Installs the package into a fresh Debian tree and uses it there as an ordinary user does: first
+start, update, upgrade, removal; then the portable archive. Each test continues where the previous
+one ended. tools/check-package runs them."""
 
 import os
 import pathlib
@@ -26,7 +26,7 @@ def made(folder, pattern):
 
 
 def wait_for_window(title):
-    """Until the keyboard speaks to the window of that title."""
+    """Waits until the window with that title has the keyboard."""
     try:
         wait_for(f"the window {title!r}", lambda: active_title() == title)
     except AssertionError as error:
@@ -35,7 +35,7 @@ def wait_for_window(title):
 
 
 def confirm(title):
-    """Presses Enter in that box until it goes: the first may come too early."""
+    """Presses Enter in that box until it closes: the first key may come too early."""
     wait_for_window(title)
     for _ in range(30):
         keys("Return")
@@ -67,7 +67,7 @@ def set_up():
 
 
 def make_newer(package, newer):
-    """The package with a higher version, a changed clip and a list that is new."""
+    """The package with a higher version, a changed clip and a new list."""
     shutil.rmtree(newer.with_suffix(""), ignore_errors=True)
     folder = newer.with_suffix("")
     run("dpkg-deb", "--raw-extract", package, folder)
@@ -92,7 +92,7 @@ class Package(unittest.TestCase):
         cls.package = made("debian", "repvolta_*.deb")
         cls.archive = made("portable", "repvolta-*.tar.xz")
         cls.tree = Tree(WORK)
-        # The user of the tree is none of this machine's.
+        # The tree's user does not exist on this machine.
         cls.display = Display("-ac")
         cls.tree.share_display()
 
@@ -129,7 +129,7 @@ class Package(unittest.TestCase):
                           ("repvolta", "repvolta-update", "repvolta-voice")),
                         "/usr/share/applications/repvolta.desktop",
                         "/usr/share/icons/hicolor/48x48/apps/repvolta.png")
-        # An update without settings.
+        # There are no settings yet.
         self.tree.as_user("repvolta-update", status=2)
         self.assert_lacks(DATA)
 

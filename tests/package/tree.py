@@ -1,4 +1,4 @@
-"""A Debian tree of its own, where nothing else is installed, with an ordinary user in it."""
+"""A fresh Debian tree, where nothing else is installed, with an ordinary user in it."""
 
 import os
 import pathlib
@@ -16,7 +16,7 @@ USER_ENVIRONMENT = [f"HOME={HOME}", "USER=tester", "LC_ALL=C.UTF-8", "XDG_RUNTIM
 
 
 def run(*command, status=0):
-    """What a command prints. Fails, with all of it, when the command ends in another way."""
+    """The output of a command. Fails, and shows the output, when the exit status differs."""
     done = subprocess.run([str(word) for word in command], stdout=subprocess.PIPE,
                           stderr=subprocess.STDOUT, text=True, timeout=LIMIT)
     assert done.returncode == status, (
@@ -25,13 +25,13 @@ def run(*command, status=0):
 
 
 def package_sources():
-    """Where this machine has its packages from, in either of the two places that say so."""
+    """This machine's list of package sources, which is in one of two places."""
     places = ["/etc/apt/sources.list.d/debian.sources", "/etc/apt/sources.list"]
     return [place for place in places if os.path.exists(place) and os.path.getsize(place)][-1:]
 
 
 class Tree:
-    """Paths of the tree are written as its programs see them. Its mounts go with this process."""
+    """Paths of the tree are written as its programs see them. Its mounts end with this process."""
 
     def __init__(self, work):
         self.root = work / "root"
@@ -46,7 +46,7 @@ class Tree:
 
     @staticmethod
     def _make_base(base, done):
-        """Kept from run to run."""
+        """Makes the base tree, which is kept between runs."""
         if not done.exists():
             shutil.rmtree(base, ignore_errors=True)
             base.parent.mkdir(parents=True, exist_ok=True)
@@ -57,7 +57,7 @@ class Tree:
         run("mount", "--bind", "/tmp/.X11-unix", self.path("/tmp/.X11-unix"))
 
     def path(self, name):
-        """Where a path of the tree is for this machine."""
+        """This machine's path of a path of the tree."""
         return self.root / name.lstrip("/")
 
     def has(self, name):
@@ -74,12 +74,12 @@ class Tree:
         return run(*self._entrance(), *command, status=status)
 
     def start(self, *command):
-        """Starts a program of the user's on the display; NAME=VALUE may stand before it."""
+        """Starts a program as the user on the display; NAME=VALUE may precede it."""
         return subprocess.Popen([*self._entrance(), "DISPLAY=" + os.environ["DISPLAY"], *command],
                                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def install(self, *packages):
-        """Names of packages, or paths of the tree; without what they recommend."""
+        """Installs packages, by name or by path in the tree, without recommended ones."""
         self.as_root("apt-get", "install", "-y", "-qq", "--no-install-recommends", *packages)
 
     def put(self, file, name):
@@ -87,8 +87,8 @@ class Tree:
         shutil.copy(file, self.path(name))
 
     def snapshot(self, name, without=()):
-        """What is in and below a folder: each file's content, each link's goal. Folders that are to
-        be passed over are named by their path below it."""
+        """Everything below a folder: each file's content, each link's target. Folders to skip are
+        given by their path below it."""
         found = {}
         top = self.path(name)
         for folder, folders, files in os.walk(top):

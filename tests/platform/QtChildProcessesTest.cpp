@@ -32,7 +32,7 @@ ChildResult RunDummyFor(milliseconds limit, std::vector<std::string> arguments) 
   return QtChildProcesses().Run(command);
 }
 
-/// An environment variable with another value while it lives.
+/// Sets an environment variable until it is destroyed.
 class Variable {
  public:
   Variable(const char* name, const std::string& value) : name_(name), before_(std::getenv(name)) {
@@ -50,7 +50,7 @@ void PutProgram(const std::string& path) {
   fs::copy_file(ProgramBeside("dummy_child"), path);
 }
 
-/// True when the process has ended, be it reaped or not.
+/// True when the process has ended, reaped or not.
 bool HasEnded(pid_t process) {
   std::ifstream status("/proc/" + std::to_string(process) + "/stat");
   std::string number;
@@ -220,7 +220,7 @@ TEST(QtChildProcesses, KeepsTheBeginningOfAFloodAndNoMore) {
 
   EXPECT_EQ(result.end, ChildEnd::kExited);
   EXPECT_EQ(result.output.size(), kChildOutputLimit);
-  // A sanitizer holds back up to 256 MiB of what was freed.
+  // A sanitizer keeps up to 256 MiB of freed memory.
   EXPECT_LT(LargestKibibytes() - before, 400 * 1024);
 }
 

@@ -20,7 +20,7 @@ Sound Tone(std::uint32_t rate, double seconds, double pitch) {
   return tone;
 }
 
-/// Hertz, from the passages through zero in the middle half.
+/// The pitch in hertz, from the zero crossings in the middle half.
 double PitchOf(const Sound& sound) {
   const std::size_t from = sound.samples.size() / 4;
   int passages = 0;

@@ -31,7 +31,7 @@ class EngineSpeechJudged : public testing::Test {
     speech_.SpeakToFile(request);
   }
 
-  /// What sox says about out.wav.
+  /// sox's report about out.wav.
   std::string Sox(const std::string& program, std::vector<std::string> arguments) {
     return processes_.Run({.program = program, .arguments = std::move(arguments)}).output;
   }
@@ -46,7 +46,7 @@ class EngineSpeechJudged : public testing::Test {
 
   double Seconds() { return SoxNumber("soxi", {"-D", "out.wav"}); }
 
-  /// The root mean square of what is left of out.wav by the effects, full scale is 1.
+  /// The root mean square of out.wav after the effects; full scale is 1.
   double Level(std::vector<std::string> effects) {
     std::vector<std::string> arguments = {"out.wav", "-t", "raw", "-e", "signed",
                                           "-b",      "16", "-c",  "1",  "-"};

@@ -23,7 +23,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-/// Notes what is started.
+/// Records the started programs.
 class WatchedProcesses : public ChildProcesses {
  public:
   ChildResult Run(const ChildCommand& command) override {
@@ -50,7 +50,7 @@ class EngineSpeechTest : public testing::Test {
   }
   EngineSpeech BothEngines() { return Speech(fake_, fake_); }
 
-  /// The error's text, or what was left instead of an error.
+  /// The error's text; or a note that there was none, or that it left a file.
   std::string ErrorOf(EngineSpeech speech, const SpeechRequest& request) {
     try {
       speech.SpeakToFile(request);

@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Temporary files lie in a folder of the test's own.
+/// The test has its own folder for temporary files.
 class PrivateFolders : public testing::Test {
  protected:
   PrivateFolders() { setenv("TMPDIR", fs::current_path().c_str(), 1); }
@@ -33,7 +33,7 @@ TEST_F(PrivateFolders, AreTheUsersAloneAndGoWithAllThatIsInThem) {
   EXPECT_FALSE(fs::exists(path));
 }
 
-/// What a program that was killed while it spoke has left.
+/// The leftover of a program that was killed while it spoke.
 constexpr const char* kLeft = "repvolta-speech-kI11ed";
 
 void LeaveFolder(const std::string& name) {
@@ -107,7 +107,7 @@ TEST_F(PrivateFolders, AreNotTakenForWhatOthersLeft) {
 
 TEST_F(PrivateFolders, OfOtherUsersAreLeft) {
   LeaveFolder("repvolta-speech-theirs");
-  // Only the superuser can give a folder away; for others it stays their own.
+  // Only the superuser can give a folder away; for other users it stays their own.
   const bool isGiven = chown("repvolta-speech-theirs", 12345, 12345) == 0;
   { const PrivateFolder made; }
   EXPECT_EQ(fs::exists("repvolta-speech-theirs"), isGiven);

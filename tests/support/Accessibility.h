@@ -10,7 +10,7 @@
 
 namespace repvolta {
 
-/// What a screen reader says for a control: the text of its label, if it has one, else its name.
+/// The text that a screen reader says for a control: its label's, if it has one, else its name.
 inline std::string HeardName(QWidget& control) {
   QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(&control);
   const auto labels = heard->relations(QAccessible::Label);
@@ -18,7 +18,7 @@ inline std::string HeardName(QWidget& control) {
   return name.toStdString();
 }
 
-/// How often each name is heard among the controls of the window that can have the focus.
+/// How many of the window's focusable controls have each name.
 inline std::map<std::string, int> HeardNames(const QWidget& window) {
   std::map<std::string, int> names;
   for (QWidget* control : window.findChildren<QWidget*>()) {
@@ -30,7 +30,7 @@ inline std::map<std::string, int> HeardNames(const QWidget& window) {
   return names;
 }
 
-/// How often each mnemonic letter stands in the window.
+/// How often the window uses each mnemonic letter.
 inline std::map<std::string, int> Mnemonics(const QWidget& window) {
   std::map<std::string, int> letters;
   const auto count = [&](const QString& text) {

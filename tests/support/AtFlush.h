@@ -7,8 +7,8 @@
 
 namespace repvolta {
 
-/// Calls `then` when a file is next flushed to the device: what another program does between the
-/// beginning and the end of a save.
+/// Calls `then` at the next flush of a file: stands for another program that acts in the middle of
+/// a save.
 class AtFlush {
  public:
   explicit AtFlush(std::function<void()> then) { Then() = std::move(then); }
@@ -24,7 +24,7 @@ class AtFlush {
 
 }  // namespace repvolta
 
-/// Takes the place of the system's in the test program.
+/// Replaces the system's fsync in the test program.
 extern "C" __attribute__((used)) inline int fsync(int descriptor) {
   const auto then = std::exchange(repvolta::AtFlush::Then(), nullptr);
   if (then) then();

@@ -9,8 +9,8 @@
 
 namespace repvolta {
 
-/// While it lives no file with the name `name` can be closed without an error, as where a file
-/// system on a network cannot keep what was written.
+/// While this object exists, closing a file with the name `name` reports an error, as on a network
+/// file system that could not store the data.
 class FailingClose {
  public:
   explicit FailingClose(const std::string& name) { Name() = name; }
@@ -34,7 +34,7 @@ class FailingClose {
 
 }  // namespace repvolta
 
-/// Takes the place of the system's in the test program. What fails is closed all the same.
+/// Replaces the system's close in the test program. A failing call still closes the descriptor.
 extern "C" __attribute__((used)) inline int close(int descriptor) {
   const bool fails = repvolta::FailingClose::IsFor(descriptor);
   const auto result = static_cast<int>(syscall(SYS_close, descriptor));

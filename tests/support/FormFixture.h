@@ -54,7 +54,7 @@ class FormFixture : public testing::Test {
     return Find<Control>(*form, name);
   }
 
-  /// At the beginning of the button, where a check box has its box.
+  /// Clicks at the left end of the button, where a check box has its box.
   void Click(const char* name);
 
   RowList& List(const char* name);

@@ -5,7 +5,7 @@
 
 namespace repvolta {
 
-/// While it lives no file can grow beyond `bytes`, as on a full disk.
+/// While this object exists, no file can grow beyond `bytes`, as on a full disk.
 class FullDisk {
  public:
   explicit FullDisk(rlim_t bytes) {

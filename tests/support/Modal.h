@@ -6,8 +6,7 @@
 
 namespace repvolta {
 
-/// Does `act` with the next box or dialog that blocks the program, as soon as it is open. The box
-/// must be closed by it.
+/// Calls `act` with the next modal box or dialog as soon as it is open. `act` must close the box.
 inline void WhenModal(std::function<void(QWidget& box)> act) {
   QTimer::singleShot(0, qApp, [act = std::move(act)] {
     if (QWidget* box = QApplication::activeModalWidget()) {

@@ -7,8 +7,8 @@
 
 namespace repvolta {
 
-/// The fields of a frame header by their bits; as they stand: MPEG-1 Layer III, 128 kbit/s, 44.1
-/// kHz, stereo, no CRC.
+/// The bits of a frame header's fields. The defaults: MPEG-1 Layer III, 128 kbit/s, 44.1 kHz,
+/// stereo, no CRC.
 struct FrameFields {
   std::uint32_t version = 3;
   std::uint32_t layer = 1;
@@ -34,7 +34,7 @@ class Id3v2Bytes {
  public:
   explicit Id3v2Bytes(Byte version = 3, Byte flags = 0) : version_(version), flags_(flags) {}
 
-  /// A frame with these data, laid out as the version wants it.
+  /// A frame with these data in the layout of the version.
   Id3v2Bytes& Frame(std::string_view identifier, std::string_view data);
 
   /// A frame with an encoding byte 0 before the text.
@@ -42,7 +42,7 @@ class Id3v2Bytes {
 
   Id3v2Bytes& Padding(std::size_t count);
 
-  /// What the size field holds instead of the size of all that was added.
+  /// Puts `size` into the size field instead of the true size.
   Id3v2Bytes& ClaimSize(std::uint32_t size);
 
   /// The size field carries seven bits a byte.

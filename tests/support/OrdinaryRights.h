@@ -6,7 +6,7 @@
 
 namespace repvolta {
 
-/// While it lives the superuser has no more rights to files than others have.
+/// While this object exists, the superuser has no more rights to files than other users.
 class OrdinaryRights {
  public:
   OrdinaryRights() {

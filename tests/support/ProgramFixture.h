@@ -13,7 +13,7 @@ namespace repvolta {
 
 inline constexpr double kToday = 39166;
 
-/// A program directory of its own, current, with fake services. Today is day 39166, noon.
+/// A fresh program directory, which is current, with fake services. Today is day 39166, noon.
 class ProgramFixture : public testing::Test {
  protected:
   ProgramFixture() { state.ProgramDirectory = folder.Path(); }

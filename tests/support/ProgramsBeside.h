@@ -5,7 +5,7 @@
 
 namespace repvolta {
 
-/// The path of a small program of our own that the build puts beside the test programs.
+/// The path of a helper program that the build puts beside the test programs.
 inline std::string ProgramBeside(const std::string& name) {
   return (std::filesystem::canonical("/proc/self/exe").parent_path() / name).string();
 }

@@ -21,12 +21,12 @@ ProgramRun RunProgram(const std::string& program, const std::vector<std::string>
                       const Environment& environment = {},
                       const std::function<void(long)>& started = {});
 
-/// The same in a name space of its own, after a line of the shell that mounts something there, as
-/// its owner may. Fails the test, and says why, when the program does not start.
+/// The same in a new namespace, after the shell line `mounts` has mounted something there. Fails
+/// the test, with the reason, when the program does not start.
 ProgramRun RunWithMounts(const std::string& mounts, const std::vector<std::string>& commandLine);
 
-/// The same where a tmpfs with these mount options lies in place of a folder; its owner may also
-/// take it away.
+/// The same with a tmpfs with these mount options mounted over a folder; the program may also
+/// unmount it.
 ProgramRun RunOnDevice(const std::string& folder, const std::string& options,
                        const std::vector<std::string>& commandLine);
 

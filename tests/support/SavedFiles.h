@@ -11,7 +11,8 @@
 
 namespace repvolta {
 
-/// What is in a workout file now. The current directory is the program directory, here and below.
+/// The present content of a workout file. Here and below, the current directory is the program
+/// directory.
 inline ExerciseSlots Saved(const std::string& fileName = "Monday.RPV") {
   return DecodeWorkout(GetFile("workouts/" + fileName));
 }

@@ -7,8 +7,7 @@
 
 namespace repvolta {
 
-/// An empty folder that is the current directory while it lives, and is then deleted with all that
-/// is in it.
+/// An empty folder that is the current directory until this object is destroyed, which deletes it.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -16,7 +15,7 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  /// The full path, with the separator at its end.
+  /// The full path, ending with the separator.
   const std::string& Path() const { return path_; }
 
  private:
@@ -24,7 +23,7 @@ class TemporaryFolder {
   std::string before_;
 };
 
-/// Writes a file, its folders too. For tests only: nothing is flushed.
+/// Writes a file and creates its folders. For tests only: nothing is flushed.
 void PutFile(const std::string& path, std::span<const Byte> content);
 void PutFile(const std::string& path, std::string_view content);
 

@@ -7,8 +7,8 @@
 
 namespace repvolta {
 
-/// While it lives the file or folder has only the rights `rights`: none, so that it cannot be read
-/// though it is there. They hold for the superuser, too.
+/// While this object exists, the file or folder has only the rights `rights`: by default none, so
+/// that it exists but cannot be read, not even by the superuser.
 class UnreadableFile {
  public:
   explicit UnreadableFile(std::string path,

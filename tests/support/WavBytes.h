@@ -25,7 +25,7 @@ class WavBytes {
                    std::uint16_t tag = 1) {
     return Text("fmt ").U32(16).FormatFields(channels, rate, bits, tag);
   }
-  /// A format chunk of 40 bytes, whose tag stands in its extension.
+  /// A format chunk of 40 bytes with its tag in the extension.
   WavBytes& ExtensibleFormat(std::uint16_t channels, std::uint32_t rate, std::uint16_t bits,
                              std::uint16_t tag = 1) {
     Text("fmt ").U32(40).FormatFields(channels, rate, bits, 0xFFFE);

@@ -5,7 +5,7 @@
 
 namespace repvolta {
 
-/// A program directory of its own, current, with fake services, and a window that only records.
+/// A fresh program directory, which is current, with fake services and a window that only records.
 class WindowlessFixture : public ProgramFixture {
  protected:
   RecordingWindow window;

@@ -1,4 +1,4 @@
-// A child program for the tests, which behaves as its arguments say, one after the other:
+// A child program for the tests, which obeys its arguments one after another:
 //   say TEXT      writes the text and a line end        flood BYTES   writes that many bytes
 //   complain TEXT writes the text to standard error     echo          copies standard input
 //   name          writes the name it was started by

@@ -90,7 +90,7 @@ int Speak(const Task& task) {
     const bool silent = word == "silence";
     const std::size_t letters = word == "nothing" ? 0 : task.text.size() - 1;
     WriteSound(task.sound, letters * kRate / 10, silent ? 0 : 16384);
-    // Of which the disk keeps only the beginning.
+    // The rest of the file is a hole, which takes no space on the disk.
     if (word == "flood") std::filesystem::resize_file(task.sound, kTooMuch);
   }
   return 0;

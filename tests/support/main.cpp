@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <locale>
 
-/// Takes the locale of the environment, as the programs do: the suite also runs where the decimal
-/// point is a comma.
+/// Uses the locale of the environment, as the programs do: the suite also runs with a decimal
+/// comma.
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
   std::setlocale(LC_ALL, "");

@@ -37,7 +37,7 @@ class Pictures {
 
   void Take(QWidget& window, const QString& name) const {
     window.show();
-    // Folders are listed in the background.
+    // The dialog lists its folders in the background.
     for (int i = 0; i < 20; ++i) QApplication::processEvents(QEventLoop::AllEvents, 20);
     window.grab().save(folder_ + "/" + name + ".png");
     if (!qobject_cast<RepvoltaForm*>(&window)) window.hide();
@@ -59,7 +59,7 @@ class SampleVoices : public FakeSpeech {
   }
 };
 
-/// A morning, always the same: the pictures show how many days are left.
+/// A fixed morning, because the pictures show how many days are left.
 const FakeClock& SampleClock() {
   static const FakeClock clock(DateOf(2026, 6, 1) + 0.25);
   return clock;

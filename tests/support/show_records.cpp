@@ -8,8 +8,8 @@
 #include "app/RecordFormat.h"
 #include "base/WholeFile.h"
 
-// Prints what a settings or workout file holds as JSON, and whether the records alone give the file
-// back, byte for byte.
+// Prints the content of a settings or workout file as JSON, and whether encoding the records gives
+// the same file, byte for byte.
 
 namespace repvolta {
 namespace {

@@ -5,7 +5,7 @@
 namespace repvolta {
 namespace {
 
-/// The keys of the window while a command runs that lets events run.
+/// The window's keys during a command that handles events.
 class BusyWindow : public FormFixture {
  protected:
   BusyWindow() {
@@ -25,7 +25,7 @@ class BusyWindow : public FormFixture {
   }
 
   int pressed = 0;
-  std::vector<int> tabs;  // behind each key
+  std::vector<int> tabs;  // after each key
 };
 
 TEST_F(BusyWindow, KeepsItsTabDuringAnUpdate) {

@@ -21,7 +21,7 @@ class ChangedWorkout : public FormFixture {
     OpenTab(1);
   }
 
-  /// What a scheduled update does meanwhile.
+  /// Acts as a scheduled update.
   template <class Change>
   void ChangeElsewhere(Change change) {
     ProgramState other = state;

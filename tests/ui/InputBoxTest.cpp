@@ -11,7 +11,7 @@
 namespace repvolta {
 namespace {
 
-/// What Ask() returns when `answer` is typed and `key` pressed.
+/// The result of Ask() when `answer` is typed and `key` pressed.
 QString AskAndType(const QString& answer, Qt::Key key, const QString& initial = {}) {
   WhenModal([&](QWidget& box) {
     QTest::keyClicks(box.focusWidget(), answer);

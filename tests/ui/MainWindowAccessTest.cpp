@@ -16,7 +16,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// Who uses the keyboard alone, or hears the window. One exercise with two sets is loaded.
+/// The window for a person who uses only the keyboard or a screen reader. One exercise with two
+/// sets is loaded.
 class MainWindowAccess : public FormFixture {
  protected:
   MainWindowAccess() {
@@ -35,7 +36,7 @@ class MainWindowAccess : public FormFixture {
     QTest::keyClick(&widget, key.key(), key.keyboardModifiers());
   }
 
-  /// The mnemonics of the tab that is open, of the tabs and of the buttons of the window.
+  /// The mnemonics of the open tab, of the tab bar and of the window's buttons.
   std::map<std::string, int> VisibleMnemonics() {
     std::map<std::string, int> letters;
     const auto count = [&](const QString& text) {

@@ -9,7 +9,7 @@
 namespace repvolta {
 namespace {
 
-/// Stands in for the desktop and keeps what it was asked to open.
+/// Replaces the desktop and records the documents to open.
 class Desktop : public QObject {
   Q_OBJECT
 

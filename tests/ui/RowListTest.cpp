@@ -135,8 +135,8 @@ TEST_F(Rows, TheHintIsHeardToo) {
   EXPECT_EQ(list.accessibleDescription(), "Add another.");
 }
 
-/// What a list with the rows a, b and c selects when it is filled with others while `selected` is
-/// kept.
+/// The row that a list with the rows a, b and c selects after it was refilled, when `selected` was
+/// selected before.
 int KeptIn(int selected, const QStringList& rows) {
   RowList list;
   list.SetRows({"a", "b", "c"});

@@ -52,14 +52,14 @@ TEST_F(SelectDirectoryDialog, OpensAtTheNearestFolderThatExists) {
   EXPECT_EQ(other.SelectedDirectory(), folder.Path() + "start");
 }
 
-/// The picker, opened deep below a folder of many.
+/// The picker, opened deep below a folder with many entries.
 class SelectDirectoryDeepDown : public testing::Test {
  protected:
   static constexpr int kMany = 150;
   static constexpr const char* kDeep = "home 175/one/two/here";
 
   SelectDirectoryDeepDown() {
-    // Made in an order that is not the one they are shown in.
+    // They are created in another order than they are shown in.
     for (int i = 0; i < kMany; ++i) {
       std::filesystem::create_directories("home " + std::to_string(100 + i * 67 % kMany) +
                                           "/inner");

@@ -7,7 +7,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// What the person selected, when another process changes the workout before the command.
+/// The person's selection when another process changes the workout before the command.
 class SelectedRow : public FormFixture {
  protected:
   SelectedRow() {
@@ -23,7 +23,7 @@ class SelectedRow : public FormFixture {
     Show();
   }
 
-  /// Changes all exercises as another process does it.
+  /// Changes all exercises as another process would.
   template <class Change>
   void ChangeElsewhere(Change change) {
     ProgramState other = state;
@@ -31,7 +31,7 @@ class SelectedRow : public FormFixture {
     SaveWorkout(other);
   }
 
-  /// As an update does it: no row goes or comes.
+  /// Like an update: no row appears or disappears.
   void GrowElsewhere() {
     ChangeElsewhere([](ExerciseSlots& workout) {
       for (int i = 0; i < 3; ++i) workout[i].SetIncrement2[2] += 1;

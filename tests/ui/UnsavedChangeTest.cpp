@@ -15,7 +15,7 @@ constexpr const char* kShownInPart =
     "message|Repvolta|The workout cannot be shown as a whole.\rThe number is too large";
 
 /// The second of three exercises, with three sets and three songs, when files cannot be written or
-/// the screen cannot show it all.
+/// the screen cannot show everything.
 class UnsavedChange : public FormFixture {
  protected:
   UnsavedChange() {
@@ -33,7 +33,7 @@ class UnsavedChange : public FormFixture {
 
   ExerciseRecord& Exercise() { return state.Workout[1]; }
 
-  /// Does it while no workout can be saved, and expects that it is told so.
+  /// Runs the command while no workout can be saved, and expects a message about that.
   void ExpectUnsaved(const std::function<void()>& act) {
     dialogs.asked.clear();
     BlockWorkouts();

@@ -7,7 +7,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
 
-/// "Update ALL Workouts" for three, of which the second has more music than its tab can show.
+/// "Update ALL Workouts" for three workouts, the second of which has more music than its tab can
+/// show.
 class UpdateAll : public FormFixture {
  protected:
   UpdateAll() {
@@ -18,7 +19,7 @@ class UpdateAll : public FormFixture {
     Load("Monday.RPV");
   }
 
-  /// Five exercises with a weight that is to grow.
+  /// Five exercises with a weight that is due to grow.
   void Fill(const std::string& fileName, const std::string& name, std::int16_t musicTime) {
     ExerciseSlots workout;
     for (int i = 0; i < MaxExercises; ++i) {

@@ -128,7 +128,8 @@ TEST(RandomMusicMessage, AsksForPatienceWithoutBlocking) {
   EXPECT_FALSE(message.isVisible());
 }
 
-// The box that follows bears the program's name: in a list of windows the two are not mistaken.
+// The message box that follows has the program's name as its title; the two must differ in a list
+// of windows.
 TEST(RandomMusicMessage, HasATitleOfItsOwn) {
   EXPECT_EQ(RandomMusicMessage().windowTitle(), "Random Music File List");
 }

@@ -8,7 +8,7 @@
 
 namespace repvolta {
 
-/// What a failed comparison shows of a growth.
+/// Prints a growth when a comparison fails.
 void PrintTo(const SetGrowth& growth, std::ostream* out) {
   *out << "set " << growth.set << " field " << growth.field << ": " << growth.from << " -> "
        << growth.to << " on " << growth.day << ' ' << growth.failure.value_or("");

@@ -14,7 +14,7 @@
 namespace repvolta {
 namespace {
 
-/// A file with all that is read of one, of which some bytes are then made wrong.
+/// A file with everything that the program reads, in which some bytes are then damaged.
 Bytes Damaged(std::mt19937& random) {
   const Id3v2Bytes tag = Id3v2Bytes(static_cast<Byte>(2 + random() % 3), 0x10)
                              .Text("TIT2", "Title")
@@ -38,7 +38,7 @@ Bytes Damaged(std::mt19937& random) {
   return file;
 }
 
-/// Does it and lets pass what a file can be blamed for.
+/// Runs it and ignores exceptions that a bad file may cause.
 template <typename Deed>
 void Try(Deed deed) {
   try {

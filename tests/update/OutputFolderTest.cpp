@@ -25,7 +25,7 @@ class OutputDirectory : public testing::Test {
   TemporaryFolder folder;
 };
 
-/// Why the folder is not deleted; empty when it is.
+/// The reason why the folder is not deleted; empty when it is.
 std::string Refusal(OutputFolder& output, const Keepsakes& keep = {}) {
   try {
     output.Clear(keep);
@@ -143,7 +143,7 @@ TEST_F(OutputDirectory, IsNotDeletedWhenAListedSongLiesInIt) {
 
 TEST_F(OutputDirectory, IsNotDeletedWhenAListedSongHasItsNameInAnotherCase) {
   PutFile("player/Monday/lead.mp3", "song");
-  // As on a disk without case, both names open the same song.
+  // Both names open the same song, as on a disk that ignores case.
   fs::create_symlink(Full("player/Monday/lead.mp3"), "LEAD.MP3");
   PutFile("list", Full("LEAD.MP3\n"));
   OutputFolder output = Monday();

@@ -25,7 +25,7 @@ struct Outcome {
   bool operator==(const Outcome&) const = default;
 };
 
-/// What copying first and tagging then makes of the source.
+/// The result of copying the source and then tagging the copy.
 Outcome InTwoSteps() {
   RecordingLog log;
   CopyFileOver(kSource, kCopy);
@@ -33,7 +33,7 @@ Outcome InTwoSteps() {
   return {GetFile(kCopy), log.lines};
 }
 
-/// What the plan makes of it; nothing without a plan.
+/// The result of the plan; nothing without a plan.
 std::optional<Outcome> InOnePass() {
   const auto plan = PlanTaggedCopy(kSource, kCopy, kTitle, kWorkout);
   if (!plan) return std::nullopt;

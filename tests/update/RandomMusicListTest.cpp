@@ -149,7 +149,7 @@ TEST_F(Draw, CountsTheEndsOfTheRangeIn) {
 }
 
 TEST_F(Draw, TakesNoSongThatIsTooLongForAnyRange) {
-  // All of it is the sound of one frame, of 4000 bytes a second.
+  // The whole file is one frame with 4000 bytes a second.
   fs::resize_file("10.mp3", std::uintmax_t{4000} * 32768 + 100);
   ScriptedNumbers random({0.0});
   EXPECT_EQ(GetRandomMusicFile(3, 0, 32767, random), "");

@@ -18,7 +18,7 @@
 namespace repvolta {
 namespace {
 
-/// What the program wrote to its standard output; fails the test when it fails.
+/// The program's standard output; fails the test when the program fails.
 QByteArray Output(const QString& program, const QStringList& arguments) {
   QProcess process;
   process.setStandardInputFile(QProcess::nullDevice());
@@ -119,7 +119,7 @@ TEST(TaggedFileJudged, ShowsAReaderOfSevenBitSizesHalfOfTheTagsArea) {
 
   Tag();
 
-  // 2048 as a plain number is 00 00 08 00, which such a reader takes for 8 * 128.
+  // 2048 as a plain number is 00 00 08 00, which a standard reader takes for 8 * 128.
   EXPECT_EQ(TagLib::MPEG::File(kSong).ID3v2Tag()->header()->tagSize(), 1024U);
   EXPECT_EQ(GetFile(kSong)[kId3v2SizeOffset + 2], 8);
 }
@@ -129,7 +129,7 @@ TEST(TaggedFileJudged, ShowsAccents) {
   Encode(kInstruction);
   Tag("Développé couché – 5 €");
   EXPECT_EQ(TextOf(TagLib::MPEG::File(kSong).ID3v2Tag()->artist()), "Repvolta");
-  // The code page's own characters between 80 and 9F are control characters to a reader of Latin-1.
+  // The code page's characters between 80 and 9F are control characters in Latin-1.
   EXPECT_TRUE(
       TextOf(TagLib::MPEG::File(kSong).ID3v2Tag()->title()).starts_with("RV001- Développé couché"));
 }
@@ -154,7 +154,7 @@ TEST_P(TaggedSoundJudged, LastsAsLongAsBefore) {
 
   Tag();
 
-  // The frame of the Xing header is a packet or not, as the judge likes.
+  // The judging program may or may not count the frame of the Xing header as a packet.
   EXPECT_NEAR(Packets(), before, 1);
   const double samples = static_cast<double>(Samples().size()) / 2 / GetParam().channels;
   EXPECT_NEAR(samples / GetParam().rate, GetParam().seconds, 0.2);

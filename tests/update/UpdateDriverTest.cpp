@@ -145,7 +145,7 @@ TEST_F(UpdateDriver, TakesAFolderOrADanglingLinkForAMissingFile) {
 
 TEST_F(UpdateDriver, CountsBeyondThreeDigits) {
   PutFile("music/Song.mp3", SongBytes(1));
-  // Only a file can hold as many: the list of one exercise goes round 100 times.
+  // The editing commands allow fewer exercises and songs; only a file can have that many.
   for (int i = 0; i < 5; ++i) {
     ExerciseRecord& exercise = AddNamed("Squat " + std::to_string(i));
     for (int j = 0; j < 12; ++j) AddSong(exercise, Full("music/Song.mp3"));

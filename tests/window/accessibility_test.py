@@ -1,4 +1,4 @@
-"""What a screen reader finds, and what the keyboard alone reaches."""
+"""The controls that a screen reader finds and that the keyboard alone reaches."""
 
 import collections
 
@@ -7,7 +7,7 @@ from display import keys
 from support import WindowTest
 
 TABS = ["Workout Setup/Exercise Selection", "Exercise Setup", "Program Settings"]
-# What only groups or fills, and the entries of a list, which are heard by their text.
+# Widgets that only group or fill, and entries of lists, which are read by their text.
 NO_CONTROLS = {"filler", "panel", "layered pane", "list item", "table cell", "tree item", "page tab",
                "dialog", "alert", "unknown"}
 
@@ -46,7 +46,7 @@ class Accessibility(WindowTest):
         self.assertNotIn("invalid", roles.values())
 
     def check_reach(self, window):
-        """The Tab key comes by every control that can be used; arrow keys choose in a group."""
+        """The Tab key reaches every enabled control; arrow keys choose in a group."""
         wanted = {heard_name(control) for control in self.controls(window)
                   if has_state(control, Atspi.StateType.ENABLED)
                   and control.get_role_name() != "radio button"}

@@ -1,5 +1,5 @@
-"""A display with a window manager, and the program in front of it, used as a person would: with the
-keyboard, and with the accessibility interface for finding what is on the screen."""
+"""The program on a display with a window manager, used as a person would: with the keyboard, and
+with the accessibility interface to find the controls on the screen."""
 
 import json
 import os
@@ -17,7 +17,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 LIMIT = 60  # seconds for the program to end
 
-# A busy machine may keep the program from answering for longer than the second that is usual.
+# On a busy machine the program may answer later than within the usual second.
 Atspi.set_timeout(10_000, 30_000)
 
 
@@ -33,7 +33,7 @@ def children(node):
 
 
 def showing(node):
-    """The node and all below it that is on the screen."""
+    """The node and its descendants that are on the screen."""
     if not has_state(node, Atspi.StateType.SHOWING):
         return
     yield node
@@ -42,8 +42,8 @@ def showing(node):
 
 
 def heard_name(node):
-    """What a screen reader says: the text of the label, if the control has one, else its name. The
-    group around a control counts as a label, too, but names the group."""
+    """The text that a screen reader says: the label's, if the control has one, else its name. The
+    group around a control also counts as a label, but it names the group."""
     for relation in node.get_relation_set():
         if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
             for index in range(relation.get_n_targets()):
@@ -53,7 +53,7 @@ def heard_name(node):
 
 
 def mp3(seconds):
-    """A file that plays that long: the header of a frame of 4000 bytes a second, then zeros."""
+    """A song of that length: the header of a frame with 4000 bytes a second, then zeros."""
     return bytes([0xFF, 0xFB, 0x10, 0x00]) + bytes(seconds * 4000 + 96)
 
 
@@ -77,7 +77,7 @@ class Home:
         return str(self.music / name)
 
     def records(self, name):
-        """What a file of the program directory holds."""
+        """The content of a file of the program directory."""
         return json.loads(output_of(self.build / "tests" / "show_records", self.program / name))
 
     def close(self):
@@ -90,7 +90,7 @@ class Program:
     TITLE = "Repvolta - Exercise Management for your MP3 Player"
 
     def __init__(self, home, prefix=()):
-        """Starts the program; the prefix is a program that starts it."""
+        """Starts the program, through the command `prefix` if there is one."""
         self.home = home
         self.environment = dict(os.environ, HOME=str(home.folder), XDG_RUNTIME_DIR=str(home.folder),
                                 XDG_CONFIG_HOME=str(home.folder / ".config"),
@@ -100,8 +100,8 @@ class Program:
         self.application = wait_for("the program on the accessibility bus", self._application)
 
     def _application(self):
-        """The program on the accessibility bus. The desktop's children are asked for anew, since
-        what is kept of them is brought up to date by an event loop only."""
+        """The program on the accessibility bus. The cache of the desktop's children is cleared
+        first, since only an event loop would update it."""
         self._check_running()
         desktop = Atspi.get_desktop(0)
         desktop.clear_cache()
@@ -140,7 +140,7 @@ class Program:
             raise
 
     def window(self, title):
-        """The window of that title, once the keyboard speaks to it."""
+        """The window with that title, once it has the keyboard."""
         def found():
             self._check_running()
             for window in children(self.application):
@@ -174,11 +174,11 @@ class Program:
                       lambda: has_state(control, Atspi.StateType.FOCUSED))
 
     def focused(self, window):
-        """What the next key goes to."""
+        """The controls that have the keyboard."""
         return [node for node in showing(window) if has_state(node, Atspi.StateType.FOCUSED)]
 
     def next_control(self, window):
-        """Presses the Tab key, and gives what it leads to."""
+        """Presses the Tab key and returns the control that it leads to."""
         before = self.focused(window)
 
         def moved():
@@ -200,7 +200,7 @@ class Program:
         keys("space")
 
     def type_into(self, field, text):
-        """Types into a field that has the keyboard, and sees that all of it has come."""
+        """Types into the field that has the keyboard and checks that all characters arrived."""
         if text.isascii():
             type_text(text)
         else:
@@ -208,7 +208,7 @@ class Program:
         self.wait_for(f"{text!r} in the field", lambda: field.get_text(0, -1) == text)
 
     def _closed(self, box):
-        # With its last box the program may end.
+        # The program may end with its last box.
         wait_for("the box to close", lambda: self.process.poll() is not None
                  or box not in list(children(self.application)))
 
@@ -248,8 +248,8 @@ class Program:
         return texts
 
     def select(self, name, item, window=None):
-        """Goes to a list and to an entry: its text, or its number. Each key has its effect before
-        the next one follows, or a slow moment would lead past the entry."""
+        """Goes to a list and to one of its entries, by text or number. It waits for the effect of
+        each key, or a slow moment would lead past the entry."""
         control = self.find(window or self.main(), "list", name)
         self.focus(control)
 
@@ -272,9 +272,9 @@ class Program:
             before = self.wait_for("the selection to move", moved)
 
     def tab(self, title):
-        """Goes along the tabs until that one is shown."""
+        """Steps through the tabs until that one is shown."""
         def shown():
-            # The strip bears the name of the tab that is shown.
+            # The tab bar has the name of the shown tab.
             return self.controls(self.main(), "page tab list")[0].get_name()
         strip = self.wait_for("the tabs", lambda: self.controls(self.main(), "page tab list"))[0]
         titles = [tab.get_name() for tab in children(strip) if tab.get_role_name() == "page tab"]

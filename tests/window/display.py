@@ -16,7 +16,8 @@ PAUSE = 0.03
 
 
 def wait_for(what, condition, limit=LIMIT):
-    """The first true value of the condition. Controls may come and go meanwhile."""
+    """Waits for the condition and returns its first true value. Controls may come and go
+    meanwhile."""
     end = time.monotonic() + limit
     while time.monotonic() < end:
         try:
@@ -42,7 +43,7 @@ def type_text(text):
 
 
 def active_title():
-    """The title of the window that the keyboard speaks to; empty when there is none."""
+    """The title of the window that has the keyboard; empty when there is none."""
     run = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], capture_output=True,
                          text=True, timeout=LIMIT)
     return run.stdout.rstrip("\n")
@@ -60,11 +61,11 @@ def png(width, height, rows):
 
 
 class Display:
-    """An X server with a window manager, and an accessibility bus that is up before any program
-    starts: one that finds no bus yet may never be heard of."""
+    """An X server with a window manager, and an accessibility bus. The bus is up before any program
+    starts: a program that finds no bus may never appear on it."""
 
     def __init__(self, *options):
-        """Options are those of the server."""
+        """The options go to the server."""
         self.memory = tempfile.TemporaryDirectory(prefix="repvolta-display-")
         read, write = os.pipe()
         self.server = subprocess.Popen(

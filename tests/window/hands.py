@@ -1,4 +1,4 @@
-"""What a person does with the window, to be done over and over; names and numbers are drawn."""
+"""The actions of a person in the window, with random names and numbers, to be repeated."""
 
 import subprocess
 
@@ -11,7 +11,7 @@ CHOICES = [("Weight/Reps", "radio button"), ("Level/Time", "radio button"),
            ("Distance/Speed", "radio button"), ("User Defined", "radio button"),
            ("Metric (Kilograms/Kilometers)", "radio button"),
            ("Imperial (Pounds/Miles)", "radio button"), ("Pick Random Music", "check box")]
-# Sliders, lists and a box of the settings, each by the letter that leads there.
+# Sliders, lists and a check box of the settings, each reached by its mnemonic.
 SETTINGS_KEYS = [["alt+k", "Right"], ["alt+k", "Left"], ["alt+h", "Right"], ["alt+h", "Left"],
                  ["alt+v", "Down"], ["alt+v", "Up"], ["alt+f", "Down"], ["alt+f", "Up"], ["alt+i"]]
 MOST_SETS, MOST_EXERCISES = 3, 5
@@ -29,7 +29,7 @@ class Hands:
         return self.chance.choice(NAMES)
 
     def choices(self):
-        """Clicks as fast as the display takes it."""
+        """Clicks as fast as the display accepts it."""
         for name, role in CHOICES if not self.places else []:
             box = self.program.find(self.program.main(), role, name).get_extents(
                 Atspi.CoordType.SCREEN)
@@ -38,7 +38,7 @@ class Hands:
             word for x, y in self.chance.choices(self.places, k=10)
             for word in ("mousemove", str(x), str(y), "click", "1"))])
         try:
-            # The clicks may never end when the window below goes.
+            # The clicks may never end when the window below disappears.
             self.program.wait_for("the clicks", lambda: clicking.poll() is not None)
         finally:
             clicking.kill()
@@ -46,7 +46,7 @@ class Hands:
             output_of("xdotool", "mouseup", "1")
 
     def settings(self):
-        """Presses keys as fast as the display takes it, and sometimes types a time."""
+        """Presses keys as fast as the display accepts them, and sometimes types a time."""
         keys(*(key for drawn in self.chance.choices(SETTINGS_KEYS, k=4) for key in drawn))
         if self.chance.random() < 0.3:
             self.program.press("Set Default Exercise Time")

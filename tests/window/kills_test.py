@@ -1,5 +1,5 @@
-"""The window is killed in the middle of what a person does, time and again. What is done and when
-the kill comes is drawn anew for each attempt."""
+"""The window is killed again and again while a person works with it. The work and the moment of the
+kill are random for each attempt."""
 
 import collections
 import ctypes
@@ -28,7 +28,7 @@ LEFT_BY_SAVES = {"program/.settings.dat.new": "a save of settings",
                     for workout in WORKOUTS}}
 LEFT_BY_UPDATES = {"program/temp.wav", "program/temp.mp3",
                    f"program/voice/exercise/.{NAMES[-1]}.WAV.new"}
-# The tab, what is done there, and with which file that is begun the kill comes at the latest.
+# The tab, the work there, and the number of created files after which the kill comes at the latest.
 PLANS = [(EXERCISE_TAB, Hands.choices, 40), (SETTINGS_TAB, Hands.settings, 40),
          (EXERCISE_TAB, Hands.sets, 3), (WORKOUT_TAB, Hands.exercises, 3),
          (WORKOUT_TAB, Hands.update, 16), (EXERCISE_TAB, Hands.update, 16),
@@ -36,7 +36,7 @@ PLANS = [(EXERCISE_TAB, Hands.choices, 40), (SETTINGS_TAB, Hands.settings, 40),
 
 
 class Killer(threading.Thread):
-    """Kills a process when it has begun so many files in the folders, and some moments later."""
+    """Kills a process shortly after it has created that many files in the folders."""
 
     IN_CREATE = 0x100
 
@@ -70,7 +70,7 @@ class Killer(threading.Thread):
 class Kills(WindowTest):
     def setUp(self):
         super().setUp()
-        # Where a name is just being spoken when the kill comes, a folder may stay.
+        # A folder may stay if a name is being spoken at the moment of the kill.
         temporary = self.home.folder / "temporary"
         temporary.mkdir()
         self.enterContext(mock.patch.dict(os.environ, TMPDIR=str(temporary)))
@@ -125,7 +125,7 @@ class Kills(WindowTest):
         self.check_recovery(updates)
 
     def old_output(self, shown):
-        """What an update clears away."""
+        """A path in a folder that the next update must clear."""
         folder = self.player / WORKOUTS[shown]
         folder.mkdir(exist_ok=True)
         return folder / "old"
@@ -143,7 +143,7 @@ class Kills(WindowTest):
             killer.join(LIMIT)
 
     def check_whole(self, shown, updates):
-        """Gives what the kill came amid, so far as what is left shows it."""
+        """Returns what the kill interrupted, as far as the remaining files show it."""
         self.check_settings(self.records("settings.dat"))
         for workout in WORKOUTS:
             self.assertEqual(self.file(f"workouts/{workout}.RPV").stat().st_size, WORKOUT_SIZE)
@@ -184,7 +184,7 @@ class Kills(WindowTest):
         self.assertEqual(sum(seconds for _, seconds in exercise["music"]), exercise["total"])
 
     def check_recovery(self, updates):
-        """What was left is gone when the program has saved or updated the same once more."""
+        """Leftovers are gone after the program has repeated the same save or update."""
         new = self.files() - self.files_before
         self.program = program = self.start()
         program.main()
@@ -216,7 +216,7 @@ class Kills(WindowTest):
             keys("alt+o", "Down" if shown else "Up")
 
     def has_output(self, shown):
-        """Whether the update has made all that belongs to a workout."""
+        """Whether the update has made all files of a workout."""
         folder = self.player / WORKOUTS[shown]
         play_list = folder / f"{WORKOUTS[shown]}.M3U"
         if not play_list.exists():
@@ -239,7 +239,7 @@ class Kills(WindowTest):
                 for path in self.home.music.iterdir()}
 
     def files(self):
-        """All but what updates put on the player, the layout of the windows and the clip."""
+        """All files except those on the player, the windows' layout and the clip."""
         folders = (self.player, self.home.folder / ".config", self.home.folder / "temporary")
         return {str(path.relative_to(self.home.folder)) for path in self.home.folder.rglob("*")
                 if path != self.clip and not path.name.startswith(("window.ini", "QtProject"))

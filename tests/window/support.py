@@ -1,4 +1,4 @@
-"""What the tests of the window share."""
+"""The base of the window's tests."""
 
 import os
 import pathlib
@@ -15,7 +15,7 @@ TEST_LIMIT = 400  # seconds; the longest test takes a tenth of it when the machi
 
 
 def pick_folder(program, name):
-    """Chooses a folder of the home folder, at which the picker opens."""
+    """Chooses a folder in the home folder, where the picker opens."""
     picker = program.window("Select Directory")
     wanted = str(program.home.folder / name)
     program.wait_for(f"the folder {name}", lambda: program.controls(picker, "tree item", name)
@@ -34,7 +34,7 @@ def pick_folder(program, name):
 
 
 class WindowTest(unittest.TestCase):
-    """Each test has a home folder of its own, all share a display."""
+    """Each test has its own home folder; all share a display."""
 
     display = None
 

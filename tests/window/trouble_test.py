@@ -1,4 +1,4 @@
-"""What a person meets when files are many, damaged, gone or read-only."""
+"""The program with files that are many, damaged, missing or read-only."""
 
 import os
 import random
@@ -9,7 +9,7 @@ from desktop import LIMIT
 from display import keys
 from support import EXERCISE_TAB, SETTINGS_TAB, WORKOUT_TAB, WindowTest
 
-# The mode of a folder does not bind the superuser, unless it gives up the right to pass over it.
+# Folder permissions do not bind the superuser, unless it drops the capability to ignore them.
 AS_ORDINARY_USER = ["setpriv", "--bounding-set", "-dac_override,-dac_read_search"] * (
     os.geteuid() == 0)
 WORKOUT_SIZE = 266_240
@@ -97,7 +97,7 @@ class Trouble(WindowTest):
         keys("Return")
         self.assertIn("Permission denied", program.message("Repvolta"))
         program.main()
-        # What was entered stays in the window, for when the folder can be written to again.
+        # The entered data stays in the window until the folder is writable again.
         self.assertEqual(program.items("Exercises"), ["Goblet Squat", "Bench Press"])
         program.press("Exit")
         self.assertIn("Permission denied", program.message("Repvolta"))

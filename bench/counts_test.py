@@ -9,7 +9,8 @@ temporary folder's path or on the file system that it lies in.
 
 PROGRAM is repvolta_operations, CLIPS the folder of the recorded clips. A figure is what twice the work
 costs more than the work once, divided by the count of files, lines or bytes, so that the program's start
-does not count. Instructions may grow by a tenth, for another compiler; the rest may not grow at all."""
+does not count. Instructions may grow by a tenth, for another compiler, and bytes that are read by one, as
+they are rounded; the rest may not grow at all."""
 
 import collections
 import ctypes
@@ -23,6 +24,8 @@ import tempfile
 
 STORED = pathlib.Path(__file__).with_name("counts.json")
 TOLERANCE = 0.1
+# The program reads its own figures, so that a length more or less of a number may round up or down.
+ROOM = {"read": 1, "written": 0}
 MOST_BETWEEN_WORST_CASES = 1.2
 CASE_SIZE = 2 * 1024 * 1024
 
@@ -158,7 +161,7 @@ def compare(figures, stored):
     for row, costs in figures.items():
         for name, figure in costs.items():
             before = stored[row][name]
-            room = before * TOLERANCE if name == "instructions" else 0
+            room = before * TOLERANCE if name == "instructions" else ROOM.get(name, 0)
             line = f"{row}: {figure} {name}, stored {before}"
             if figure > before + room:
                 worse.append(line)

@@ -2,6 +2,7 @@
 #include <fcntl.h>
 #include <taglib/fileref.h>
 
+#include "base/ProgramFiles.h"
 #include "update/RandomMusicList.h"
 
 #include "Operations.h"

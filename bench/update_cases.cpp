@@ -5,6 +5,7 @@
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
 #include "base/FileNames.h"
+#include "base/ProgramFiles.h"
 #include "instruction/Clips.h"
 #include "instruction/VoiceInstruction.h"
 #include "platform/QtChildProcesses.h"

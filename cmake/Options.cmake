@@ -14,7 +14,10 @@ endif()
 target_link_options(repvolta_options INTERFACE -Wl,-z,relro,-z,now)
 
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT REPVOLTA_SANITIZE)
-  target_compile_options(repvolta_options INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+  # What is built fast has no optimisation, without which nothing is fortified.
+  set(fast $<BOOL:$<TARGET_PROPERTY:REPVOLTA_BUILT_FAST>>)
+  target_compile_options(repvolta_options INTERFACE
+    $<${fast}:-O0> -U_FORTIFY_SOURCE $<$<NOT:${fast}>:-D_FORTIFY_SOURCE=2>)
 endif()
 
 if(REPVOLTA_SANITIZE)

@@ -9,6 +9,7 @@
 #include "mp3/RepvoltaMP3v2.h"
 #include "update/ProcessMP3tag.h"
 
+#include "fakes/RecordingLog.h"
 #include "support/Cost.h"
 #include "support/Fuzz.h"
 #include "support/Mp3Rule.h"
@@ -23,11 +24,6 @@ namespace {
 constexpr const char* kSong = "song.mp3";
 constexpr const char* kTitle = "three sets";
 constexpr const char* kWorkout = "Monday.RPV";
-
-class Log : public ProgressLog {
- public:
-  void AddLineToUpdateList(std::string_view /*line*/) override {}
-};
 
 /// Seconds and nanoseconds of the last change.
 std::array<std::int64_t, 2> TimeOfChange() {
@@ -74,7 +70,7 @@ void CopyAndCompare(std::span<const Byte> file, const std::optional<Bytes>& inTw
 /// The frame that the rule found, and everything after it, must follow the new tag.
 void TagAndCompare(std::span<const Byte> file, const Mp3ByRule& rule) {
   PutFile(kSong, file);
-  Log log;
+  RecordingLog log;
   const bool done = Succeeds<std::exception>([&] { ProcessMP3tag(kSong, kTitle, kWorkout, log); });
   const Bytes after = GetFile(kSong);
   CopyAndCompare(file, done ? std::optional(after) : std::nullopt);

@@ -2,6 +2,7 @@
 
 #include "app/ProgramState.h"
 #include "base/Lines.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "update/RandomMusicList.h"
 

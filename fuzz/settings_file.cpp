@@ -2,6 +2,7 @@
 
 #include "app/RecordFormat.h"
 #include "app/Settings.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 
 #include "support/Cost.h"

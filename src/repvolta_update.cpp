@@ -13,6 +13,7 @@
 #include "app/WorkoutDamage.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "platform/QtChildProcesses.h"
 #include "speech/EngineSpeech.h"

@@ -12,6 +12,7 @@
 #include "base/File.h"
 #include "base/FileNames.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "base/WholeFile.h"
 #include "mp3/GetPlayTime.h"
 #include "mp3/RepvoltaMP3v2.h"

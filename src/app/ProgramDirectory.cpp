@@ -8,6 +8,7 @@
 #include "base/FileError.h"
 #include "base/FileNames.h"
 #include "base/Folder.h"
+#include "base/ProgramFiles.h"
 #include "base/WholeFile.h"
 
 namespace repvolta {
@@ -16,7 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kSharedData = "../share/repvolta/";
-constexpr const char* kEncoderLink = "lame.exe";
 
 std::string UserDataFolder() {
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
@@ -50,7 +50,7 @@ void CopyMissing(const std::string& source, const std::string& target) {
 
 std::string FindProgramDirectory(const std::string& executable) {
   const std::string beside = FolderOf(executable);
-  return FolderExists(beside + "voice") ? beside : UserDataFolder();
+  return FolderExists(beside + kClipFolder) ? beside : UserDataFolder();
 }
 
 void FillProgramDirectory(const std::string& programDirectory, const std::string& executable) {
@@ -62,7 +62,7 @@ void FillProgramDirectory(const std::string& programDirectory, const std::string
 }
 
 void LinkEncoder(const std::string& programDirectory) {
-  const std::string link = programDirectory + kEncoderLink;
+  const std::string link = programDirectory + kEncoder;
   const QString encoder = QStandardPaths::findExecutable("lame");
   std::error_code unknown;
   const bool isMissing = fs::status(link, unknown).type() == fs::file_type::not_found;

@@ -21,6 +21,7 @@ struct VoiceState {
 /// A workout file at the time it was last loaded or saved.
 struct KnownWorkoutFile {
   std::string name;  // WorkoutFileName
+  std::string file;  // its name in the folder, which may differ in case
   FileStamp stamp;
 };
 

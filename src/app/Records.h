@@ -12,11 +12,11 @@
 
 namespace repvolta {
 
-inline constexpr std::int16_t MaxExercises = 5;
-inline constexpr std::int16_t MaxSets = 3;
-inline constexpr std::int16_t MaxMusicFiles = 10;
+inline constexpr std::int16_t MaxExercises = 5;    // quirk 100
+inline constexpr std::int16_t MaxSets = 3;         // quirk 90
+inline constexpr std::int16_t MaxMusicFiles = 10;  // quirk 96
 
-/// A 16-bit flag. Only kTrue counts as true; every other value counts as false.
+/// A 16-bit flag. Only kTrue counts as true; every other value counts as false (quirk 19).
 using Flag = std::int16_t;
 inline constexpr Flag kTrue = -1;
 inline constexpr Flag kFalse = 0;

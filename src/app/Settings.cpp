@@ -3,6 +3,7 @@
 #include "app/RecordFormat.h"
 #include "base/File.h"
 #include "base/FileError.h"
+#include "base/ProgramFiles.h"
 #include "base/WholeFile.h"
 
 namespace repvolta {

@@ -4,9 +4,6 @@
 
 namespace repvolta {
 
-/// In the program directory.
-inline constexpr const char* kSettingsFile = "settings.dat";
-
 /// Reads the settings from the file in the current directory; without a file they get their
 /// defaults. Throws FileError when the file cannot be read; the settings are then unchanged, and
 /// SaveSettings refuses to overwrite the file.

@@ -9,17 +9,28 @@
 #include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "base/WholeFile.h"
 
 namespace repvolta {
 namespace {
 
-std::string WorkoutPath(const ProgramState& state, const std::string& directory = "") {
-  return ExistingName(directory + std::string(kWorkoutFolder) + state.WorkoutFileName);
-}
-
 bool IsFileKnown(const ProgramState& state) {
   return state.KnownFile && state.KnownFile->name == state.WorkoutFileName;
+}
+
+/// The folder is searched for a name in another case only when the file is not where it was last
+/// found.
+std::string WorkoutPath(const ProgramState& state, const std::string& directory = "") {
+  const std::string folder = directory + kWorkoutFolder;
+  if (IsFileKnown(state) && FileIsReachable(folder + state.KnownFile->file)) {
+    return folder + state.KnownFile->file;
+  }
+  return ExistingName(folder + state.WorkoutFileName);
+}
+
+void Remember(ProgramState& state, const std::string& path, const std::optional<FileStamp>& stamp) {
+  if (stamp) state.KnownFile = {state.WorkoutFileName, FileName(path), *stamp};
 }
 
 bool IsOtherThanKnown(const ProgramState& state, const std::string& path) {
@@ -39,10 +50,6 @@ void ExpectKnown(const ProgramState& state, const std::string& path) {
   }
 }
 
-void RememberPlaced(ProgramState& state, const WholeFileWriter& writer) {
-  if (const auto stamp = writer.Placed()) state.KnownFile = {state.WorkoutFileName, *stamp};
-}
-
 void MakeWorkoutFolder() {
   const std::string folder(kWorkoutFolder);
   if (mkdir(folder.c_str(), 0777) != 0 && errno != EEXIST) {
@@ -50,7 +57,8 @@ void MakeWorkoutFolder() {
   }
 }
 
-/// Counts the named exercises up to the first blank name; later names are never looked at.
+/// Counts the named exercises up to the first blank name; later names are never looked at
+/// (quirk 103).
 std::int16_t CountExercises(ExerciseSlots& workout) {
   for (std::int16_t i = 0; i < MaxExercises; ++i) {
     workout[i].ExerciseName = workout[i].ExerciseName.Trimmed();
@@ -64,15 +72,15 @@ void ReadWorkout(ProgramState& state, const std::string& path) {
   const std::optional<FileStamp> stamp = StampOf(path);
   state.Workout = DecodeWorkout(ReadWholeFile(path, kWorkoutFileSize));
   state.KnownFile.reset();
-  if (stamp) state.KnownFile = {state.WorkoutFileName, *stamp};
+  Remember(state, path, stamp);
   state.NumberOfExercises = CountExercises(state.Workout);
 }
 
 }  // namespace
 
 void LoadWorkoutNames(ProgramState& state) {
-  MakeFolder(std::string(kWorkoutFolder));
-  state.WorkoutNames = ListFiles(std::string(kWorkoutFolder), kWorkoutExtension);
+  MakeFolder(kWorkoutFolder);
+  state.WorkoutNames = ListFiles(kWorkoutFolder, kWorkoutExtension);
   state.NumberOfWorkouts = CheckedInt16(static_cast<std::int64_t>(state.WorkoutNames.size()));
 }
 
@@ -98,16 +106,16 @@ void SaveWorkout(ProgramState& state) {
     // changed it.
     writer.Commit([&] { ExpectKnown(state, path); });
   } catch (const FileError&) {
-    RememberPlaced(state, writer);
+    Remember(state, path, writer.Placed());
     throw;
   }
-  RememberPlaced(state, writer);
+  Remember(state, path, writer.Placed());
 }
 
 void ReplaceWorkoutFile(ProgramState& state) {
   state.KnownFile.reset();
-  const auto stamp = StampOf(WorkoutPath(state, state.ProgramDirectory));
-  if (stamp) state.KnownFile = {state.WorkoutFileName, *stamp};
+  const std::string path = WorkoutPath(state, state.ProgramDirectory);
+  Remember(state, path, StampOf(path));
 }
 
 bool WorkoutChangedOnDisk(const ProgramState& state) {

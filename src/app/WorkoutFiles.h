@@ -1,13 +1,8 @@
 #pragma once
 
-#include <string_view>
-
 #include "app/ProgramState.h"
 
 namespace repvolta {
-
-inline constexpr std::string_view kWorkoutFolder = "workouts/";
-inline constexpr std::string_view kWorkoutExtension = ".RPV";
 
 /// Fills WorkoutNames and NumberOfWorkouts from the workout folder, in name order; creates the
 /// folder if it is missing. Throws FileError.

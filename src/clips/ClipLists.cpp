@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "base/FileNames.h"
+#include "base/ProgramFiles.h"
 #include "base/SingleByteText.h"
 #include "base/Text.h"
 #include "base/WholeFile.h"
@@ -33,7 +34,7 @@ std::vector<ClipWords> ReadWordList(const std::string& path) {
     ++number;
     if (line.empty() || line.starts_with('#')) continue;
     const std::size_t blank = std::min(line.find(' '), line.size());
-    const std::string file = line.substr(0, blank) + ".wav";
+    const std::string file = line.substr(0, blank) + kClipExtension;
     const std::string words(TrimBlanks(std::string_view(line).substr(blank)));
     if (words.empty() || !IsFileName(file)) {
       throw ClipError(path + ", line " + std::to_string(number) +
@@ -47,7 +48,8 @@ std::vector<ClipWords> ReadWordList(const std::string& path) {
 std::vector<ClipWords> ReadNameList(const std::string& path) {
   std::vector<ClipWords> clips;
   for (const std::string& name : Lines(path)) {
-    if (!name.empty()) clips.push_back({"exercise/" + AsFileName(name, ".WAV"), name});
+    if (!name.empty())
+      clips.push_back({kNameClipSubfolder + AsFileName(name, kNameClipExtension), name});
   }
   return clips;
 }

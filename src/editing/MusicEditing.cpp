@@ -68,7 +68,7 @@ void MoveMusicFileUpListButton_Click(Editor& editor, int row) {
                               "Move Music File")) {
     return;
   }
-  // The play times stay where they are: this is meant.
+  // The play times stay where they are (quirk 97).
   std::swap(exercise.MusicFile[row - 1], exercise.MusicFile[row]);
   KeepAndSelect(editor, row - 1);
 }
@@ -83,7 +83,7 @@ void RemoveMusicFileButton_Click(Editor& editor, int row) {
   }
   ChangeMusic(editor, [&](ExerciseRecord& exercise) {
     // The play times stay where they are, so the total can count the removed file and leave out the
-    // last one: this is meant.
+    // last one (quirk 98).
     RemoveItem(exercise.MusicFile, row, count);
     --exercise.NumberOfMusicFiles;
   });

@@ -2,7 +2,6 @@
 
 #include <QDate>
 #include <QLocale>
-#include <array>
 #include <cmath>
 #include <stdexcept>
 
@@ -67,6 +66,49 @@ std::string DateText(double date) {
   const QDate day =
       QDate::fromJulianDay(kJulianDayOfDateZero + static_cast<qint64>(std::floor(date)));
   return QLocale().toString(day, QLocale::ShortFormat).toStdString();
+}
+
+std::vector<std::string> ExerciseRows(const ProgramState& state) {
+  std::vector<std::string> rows;
+  for (int i = 0; i < state.NumberOfExercises; ++i) {
+    const auto& name = state.Workout[i].ExerciseName;
+    if (!name.IsBlank()) rows.push_back(name.Trimmed());
+  }
+  return rows;
+}
+
+std::vector<std::string> SummaryRows(const ProgramState& state) {
+  std::vector<std::string> rows;
+  for (int i = 0; i < state.NumberOfExercises; ++i) rows.push_back(SummaryLine(state.Workout[i]));
+  return rows;
+}
+
+std::string TotalMusicTimeText(const ProgramState& state) {
+  std::int32_t total = 0;
+  for (int i = 0; i < state.NumberOfExercises; ++i) total += state.Workout[i].TotalMusicTime;
+  return FormatTime(CheckedInt16(total));
+}
+
+std::vector<std::string> MusicRows(const ExerciseRecord& exercise) {
+  std::vector<std::string> rows;
+  for (int i = 0; i < exercise.NumberOfMusicFiles; ++i) {
+    rows.push_back(exercise.MusicFile[i].Trimmed());
+  }
+  return rows;
+}
+
+SetColumns SetRows(const ExerciseRecord& exercise, double now) {
+  SetColumns columns;
+  for (int i = 0; i < exercise.NumberOfSets; ++i) {
+    columns[kSetList1].push_back(ListNumberText(exercise.SetValue1[i]));
+    columns[kSetList2].push_back(ListNumberText(exercise.SetValue2[i]));
+    columns[kSetListInc1].push_back(ListNumberText(exercise.SetIncrement1[i]));
+    columns[kSetListInc2].push_back(ListNumberText(exercise.SetIncrement2[i]));
+    columns[kFreqList1].push_back(ListNumberText(exercise.SetFrequency1[i]));
+    columns[kFreqList2].push_back(ListNumberText(exercise.SetFrequency2[i]));
+    columns[kNextUpdateList].push_back(NextUpdateText(exercise, i, now));
+  }
+  return columns;
 }
 
 }  // namespace repvolta

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <utility>
+#include <vector>
 
-#include "app/Records.h"
+#include "app/ProgramState.h"
 
 namespace repvolta {
 
@@ -15,8 +17,8 @@ FieldNames FieldNamesOf(const ExerciseRecord& exercise);
 std::string SummaryLine(const ExerciseRecord& exercise);
 
 /// The days from `now` to the next growth of a value: " 5", "N/A" when it does not grow, "Due" when
-/// the day has passed. " 0" can stand on a day when an update does not let it grow yet; this is
-/// meant. Throws std::overflow_error when the day is too far off for 16 bits, or none.
+/// the day has passed. " 0" can stand on a day when an update does not let it grow yet
+/// (quirk 32). Throws std::overflow_error when the day is too far off for 16 bits, or none.
 std::string DaysText(float frequency, double nextUpdate, double now);
 
 /// The days of both values, such as " 5, N/A"; "Never" for a day that is too far off.
@@ -25,5 +27,35 @@ std::string NextUpdateText(const ExerciseRecord& exercise, int set, double now);
 /// A date, counted as Clock does, in the short form of the person's locale. Throws
 /// std::overflow_error when there is no such date.
 std::string DateText(double date);
+
+// What the lists show, row by row.
+
+/// The names of the exercises, trimmed; an exercise without a name has no row here.
+std::vector<std::string> ExerciseRows(const ProgramState& state);
+
+/// The summary line of each exercise.
+std::vector<std::string> SummaryRows(const ProgramState& state);
+
+/// The music of all exercises in minutes and seconds. Throws std::overflow_error when the time does
+/// not fit.
+std::string TotalMusicTimeText(const ProgramState& state);
+
+/// The music files of the exercise. Throws std::out_of_range when there are more than slots.
+std::vector<std::string> MusicRows(const ExerciseRecord& exercise);
+
+/// The lists of sets, from left to right.
+enum SetColumn : std::size_t {
+  kSetList1,
+  kSetList2,
+  kSetListInc1,
+  kSetListInc2,
+  kFreqList1,
+  kFreqList2,
+  kNextUpdateList
+};
+using SetColumns = std::array<std::vector<std::string>, kNextUpdateList + 1>;
+
+/// A row for each set. Throws std::out_of_range when there are more sets than slots.
+SetColumns SetRows(const ExerciseRecord& exercise, double now);
 
 }  // namespace repvolta

@@ -10,8 +10,7 @@
 namespace repvolta {
 namespace {
 
-/// The six numbers that move with a set. The two next update dates stay with their slot, which is
-/// meant.
+/// The six numbers that move with a set. Quirk 93: the two next update dates stay with their slot.
 constexpr std::array kNumbersOfSet = {
     &ExerciseRecord::SetValue1,     &ExerciseRecord::SetValue2,     &ExerciseRecord::SetIncrement1,
     &ExerciseRecord::SetIncrement2, &ExerciseRecord::SetFrequency1, &ExerciseRecord::SetFrequency2,
@@ -28,6 +27,7 @@ void KeepAndSelect(const Editor& editor, int row) {
   });
 }
 
+/// No answer is a 0 (quirk 91).
 float AskForValue(Editor& editor, const std::string& fieldName) {
   const std::string answer =
       editor.dialogs.AskText("Enter the " + fieldName + " required:", fieldName);
@@ -57,6 +57,7 @@ void AddNewSetButton_Click(Editor& editor) {
     const FieldNames names = FieldNamesOf(exercise);
     const float value1 = AskForValue(editor, names.first);
     const float value2 = AskForValue(editor, names.second);
+    // The rest of the slot stays as it is (quirk 92).
     exercise.SetValue1[exercise.NumberOfSets] = value1;
     exercise.SetValue2[exercise.NumberOfSets] = value2;
     ++exercise.NumberOfSets;

@@ -15,7 +15,7 @@ void SetListInc1_DblClick(Editor& editor, int row);
 void SetListInc2_DblClick(Editor& editor, int row);
 
 // These set the next update date to the new frequency behind today. The first growth then comes
-// after twice the frequency, which is meant.
+// after twice the frequency (quirk 30).
 void FreqList1_DblClick(Editor& editor, int row);
 void FreqList2_DblClick(Editor& editor, int row);
 

@@ -21,7 +21,7 @@ void ExerciseTimeButton_Click(Editor& editor);
 /// Rebuilds the random music list, all or nothing, and counts it. Throws UpdateStopped.
 void CompileMusicList_Click(Editor& editor);
 
-// The voice keeps its rate and its volume until the next start, which is meant.
+// The voice keeps its rate and its volume until the next start (quirk 112).
 void RateSldr_Change(Editor& editor, int value);
 void VolumeSldr_Change(Editor& editor, int value);
 

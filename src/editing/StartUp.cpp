@@ -7,6 +7,7 @@
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "editing/LoadedWorkout.h"
 #include "editing/MusicListing.h"
 #include "update/RandomMusicList.h"
@@ -123,7 +124,7 @@ void Form_Load(const Editor& editor, AudioOutputs& outputs) {
 
 bool FirstRunSetup(const Editor& editor) {
   if (FileExists(kSettingsFile)) return false;
-  // The slips in these texts are meant.
+  // The slips in these texts are quirk 120.
   editor.dialogs.ShowMessage(
       "This is the first time the program has been executed, so lets set up some simple stuff "
       "first to get started.\rPress ENETER to begin.",

@@ -10,6 +10,7 @@
 #include "base/FileError.h"
 #include "base/FileNames.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
 
@@ -98,7 +99,7 @@ void CreateNewWorkoutButton_Click(Editor& editor) {
   PreviousWorkout previous(editor);
   ListNewWorkout(editor, name);
   InitialiseWorkout(editor);
-  // An empty workout takes the place of one that has this name already: this is meant.
+  // An empty workout takes the place of one that has this name already (quirk 104).
   ReplaceWorkoutFile(editor.State());
   SaveWorkout(editor.State());
   previous.LetNewOneStand();
@@ -112,7 +113,7 @@ void DeleteSelectedWorkoutButton_Click(Editor& editor) {
                               "Delete Workout")) {
     return;
   }
-  // The name alone, in the current directory and not in the workout folder: this is meant.
+  // The name alone, in the current directory and not in the workout folder (quirk 105).
   DeleteWorkoutFile(ExistingName(state.WorkoutFileName));
   ListWorkouts(editor);
   state.WorkoutFileName.clear();

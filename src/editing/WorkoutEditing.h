@@ -7,8 +7,8 @@
 namespace repvolta {
 
 /// Asks for a name and begins an empty workout under it; a workout of the same name is replaced,
-/// which is meant, and the list then shows the name twice. When it cannot be saved, all is as
-/// before. Throws FileError.
+/// and the list then shows the name twice (quirk 104). When it cannot be saved, all is as before.
+/// Throws FileError.
 void CreateNewWorkoutButton_Click(Editor& editor);
 
 /// Asks for confirmation, deletes the file with the workout's name, and lists the workouts again.

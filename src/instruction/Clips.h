@@ -7,10 +7,6 @@
 
 namespace repvolta {
 
-inline constexpr std::string_view kClipFolder = "voice/";
-inline constexpr std::string_view kNameClipFolder = "voice/exercise/";
-inline constexpr std::string_view kNameClipExtension = ".WAV";
-
 /// Appends the recorded clip of a word or number ("reps", "300") to the WAV file `target`.
 void AppendClip(const std::string& target, std::string_view clip, ProgressLog& log);
 

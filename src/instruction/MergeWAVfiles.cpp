@@ -67,9 +67,9 @@ class Joint {
     }
   }
 
-  /// The copied header byte replaces the last byte of the target, and the data size is one less
-  /// than the bytes behind the header, so -1 where none are. Both are meant: joined files have
-  /// always been so. Files that are too short are told, and get what they have room for.
+  /// The copied header byte replaces the last byte of the target (quirk 23), and the data size is
+  /// one less than the bytes behind the header, so -1 where none are (quirk 24). Files that are too
+  /// short are told, and get what they have room for (quirk 28).
   void Append(File& target, const File& source) {
     const std::uint64_t length = target.Size();
     if (source.Size() < kWavHeaderSize) Tell("It is too short for a WAV file");
@@ -78,7 +78,7 @@ class Joint {
     if (length > 0) Try([&] { CopyContent(source, kCopyOffset, target, length - 1); });
     const auto newLength = static_cast<std::int64_t>(target.Size());
     Try([&] { WriteNumber(target, kRiffSizeOffset, newLength - kRiffHeaderSize); });
-    Try([&] { WriteNumber(target, kFormatSizeOffset, kFormatChunkSize); });
+    Try([&] { WriteNumber(target, kFormatSizeOffset, kFormatChunkSize); });  // quirk 25
     Try([&] { WriteNumber(target, kDataSizeOffset, newLength - kBeforeData); });
     Try([&] { target.ConfirmWritten(); });
   }

@@ -14,8 +14,8 @@ class NumberSpeaker {
 
   void SayThousands() { SayMultipleOf(1000); }
 
-  /// "And" is said only where hundreds may have come before and something whole remains. A value of
-  /// 10000 or more gets here whole and says only "and": meant so.
+  /// "And" is said only where hundreds may have come before and something whole remains
+  /// (quirk 15). A value of 10000 or more gets here whole and says only "and" (quirk 14).
   void SayHundreds() {
     if (number_.rest < 100) return;
     SayMultipleOf(100);
@@ -33,7 +33,7 @@ class NumberSpeaker {
 
   void SayUnits() { SayMultipleOf(1); }
 
-  /// "Point" is said alone when the fraction rounds to nothing or to one.
+  /// "Point" is said alone when the fraction rounds to nothing or to one (quirk 16).
   void SayDecimal() {
     if (!(number_.rest > 0 && number_.rest < 1)) return;
     Say("point");
@@ -81,7 +81,7 @@ class InstructionSpeaker {
       case kDistanceAndSpeed:
         return SaySpeedAndDistance(set);
       default:
-        return;
+        return;  // quirk 8
     }
   }
 
@@ -93,7 +93,7 @@ class InstructionSpeaker {
     SayWord(exercise_.Units != kFalse ? "pounds" : "kilograms");
     SayWord("for");
     SayNumber(exercise_.SetValue2[set]);
-    SayWord("reps");
+    SayWord("reps");  // quirk 11
   }
 
   void SayLevelAndTime(int set) {
@@ -101,11 +101,11 @@ class InstructionSpeaker {
     SayNumber(exercise_.SetValue1[set]);
     SayWord("for");
     SayNumber(exercise_.SetValue2[set]);
-    SayWord("minutes");
+    SayWord("minutes");  // quirk 11
   }
 
-  /// The speed comes first, and the units run opposite to those of weights: an imperial exercise
-  /// hears kilometres. Meant so.
+  /// The speed comes first, and the units run opposite to those of weights (quirk 2); only kTrue is
+  /// imperial here (quirk 3).
   void SaySpeedAndDistance(int set) {
     SayNumber(exercise_.SetValue2[set]);
     SayWord(exercise_.Units == kTrue ? "kph" : "mph");

@@ -24,7 +24,8 @@ struct NumberWords {
   float rest;
 };
 
-/// Says numbers up to 9999 with one decimal digit. Zero, negative values and NaN have no words.
+/// Says numbers up to 9999 with one decimal digit. Zero, negative values and NaN have no words
+/// (quirk 17).
 NumberWords WordsOfNumber(float value);
 
 /// The clips of an exercise, in the order in which they are heard. If a set cannot be said, they

@@ -5,8 +5,10 @@
 namespace repvolta {
 namespace {
 
+/// Quirk 5.
 std::string PluralEnding(float value) { return value > 1.0F ? "s" : ""; }
 
+/// Any units but zero are imperial (quirk 3).
 std::string WeightAndReps(const ExerciseRecord& exercise, int set) {
   const float reps = exercise.SetValue2[set];
   return NumberText(exercise.SetValue1[set]) + (exercise.Units != kFalse ? "lb" : "kg") + " for " +
@@ -19,8 +21,7 @@ std::string LevelAndTime(const ExerciseRecord& exercise, int set) {
          PluralEnding(minutes);
 }
 
-/// The distance carries the unit of speed and the speed carries "km", in both unit systems: the
-/// sentence has always read so and is meant to.
+/// Quirk 1.
 std::string DistanceAndSpeed(const ExerciseRecord& exercise, int set) {
   return NumberText(exercise.SetValue1[set]) + (exercise.Units != kFalse ? "mph" : "kph") +
          " for " + NumberText(exercise.SetValue2[set]) + "km";
@@ -35,12 +36,13 @@ std::string SetText(const ExerciseRecord& exercise, int set) {
     case kDistanceAndSpeed:
       return ", " + DistanceAndSpeed(exercise, set);
     default:
-      return "";
+      return "";  // quirk 8
   }
 }
 
 }  // namespace
 
+// The values stand in the sentence also where they are not heard (quirk 10).
 std::string GenerateTextInstruction(const ExerciseSlots& workout, std::int16_t exerciseIndex) {
   const ExerciseRecord& exercise = workout[exerciseIndex];
   std::string text = exercise.ExerciseName.Trimmed() + " - " + NumberText(exercise.NumberOfSets) +

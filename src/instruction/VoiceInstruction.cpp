@@ -5,6 +5,7 @@
 #include "base/File.h"
 #include "base/FileNames.h"
 #include "base/Folder.h"
+#include "base/ProgramFiles.h"
 #include "instruction/Clips.h"
 #include "instruction/SpokenWords.h"
 
@@ -12,16 +13,16 @@ namespace repvolta {
 namespace {
 
 std::string NameClip(const std::string& name) {
-  return ExistingName(std::string(kNameClipFolder) + AsFileName(name, kNameClipExtension));
+  return ExistingName(kNameClipFolder + AsFileName(name, kNameClipExtension));
 }
 
-/// Copies the clip of the exercise's name over the target; a missing clip is made first.
+/// Copies the clip of the exercise's name over the target; a missing clip is made first (quirk 13).
 template <class Make>
 void BeginWithName(const std::string& clip, const std::string& target, ProgressLog& log,
                    Make makeClip) {
   const bool isNew = !FileExists(clip);
   if (isNew) {
-    MakeFolders(std::string(kNameClipFolder));
+    MakeFolders(kNameClipFolder);
     makeClip();
   }
   CopyFileOver(clip, target);

@@ -6,7 +6,7 @@
 namespace repvolta {
 namespace {
 
-// Twenty names differ in form from the usual list, and 123 has none; both are meant.
+// Twenty names differ in form from the usual list (quirk 74), and 123 has none (quirk 75).
 constexpr std::array<std::string_view, 148> kGenres{
     // 0
     "Blues", "Classic Rock", "Country", "Dance", "Disco", "Funk", "Grunge", "Hip Hop", "Jazz",

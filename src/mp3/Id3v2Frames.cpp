@@ -13,7 +13,7 @@ void AppendFrame(Bytes& tag, std::string_view identifier, std::string_view text)
   constexpr FrameLayout kLayout = kFrameLayoutOfVersion3;
   const std::string data = ToWindows1252(text);
   std::array<Byte, kLayout.headerSize + 1> start{};
-  // A three-character identifier, left from version 2.2, is padded with a zero byte.
+  // A three-character identifier, left from version 2.2, is padded with a zero byte (quirk 64).
   const auto named = AsBytes(identifier.substr(0, kLayout.identifierSize));
   std::copy(named.begin(), named.end(), start.begin());
   StoreBigEndian32(std::span(start).subspan(kLayout.identifierSize),
@@ -66,6 +66,7 @@ std::vector<std::string> Id3v2Frames::Identifiers() const {
 Bytes Id3v2Frames::Build() const {
   Bytes frames;
   for (const Entry& entry : entries_) {
+    // Quirk 65.
     if (entry.identifier.find(kId3v2Marker) != std::string::npos) continue;
     for (const std::string& text : entry.texts) AppendFrame(frames, entry.identifier, text);
   }

@@ -94,7 +94,7 @@ std::optional<FrameHeader> NextFrame(const File& file, const FrameArea& area,
   return FrameHeader{AsText(identifier), size};
 }
 
-/// The data without zero bytes, which drops the encoding byte and the terminators.
+/// The data without zero bytes, which drops the encoding byte and the terminators (quirk 63).
 std::string ReadFrameText(const File& file, std::uint64_t offset, std::uint32_t size) {
   std::string data(size, '\0');
   data.resize(file.ReadAt(offset, {reinterpret_cast<Byte*>(data.data()), data.size()}));

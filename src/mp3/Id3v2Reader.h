@@ -13,14 +13,14 @@ struct Id3v2Place {
   std::int32_t position = 0;
   Byte version = 0;
 
-  /// The size field as a plain big-endian number, which is meant; 0 for a version that is not read.
+  /// The size field as a plain big-endian number (quirk 60); 0 for a version that is not read.
   std::int32_t size = 0;
 
   std::uint64_t Offset() const;  // of the marker, from 0
 };
 
 /// Looks for "ID3" until the audio (FF FB) begins or the file ends. Throws FileError, and
-/// std::overflow_error when the position of "ID3" does not fit 31 bits.
+/// std::overflow_error when the position of "ID3" does not fit 31 bits (quirk 62).
 Id3v2Place LocateId3v2(const File& file);
 
 /// False when LocateId3v2 would find nothing in a file that starts at `offset`. Throws FileError.

@@ -18,7 +18,7 @@ inline constexpr std::size_t kFrameHeaderSize = 4;
 inline constexpr std::uint32_t kFrameSync = 0xE0FF;
 inline constexpr Byte kFirstSyncByte = 0xFF;
 
-/// The search for a frame stops this many bytes before the end of the file.
+/// The search for a frame stops this many bytes before the end of the file (quirk 87).
 inline constexpr std::int32_t kScanTail = 5;
 
 // Fields of the header as a big-endian number: how far to shift right, and what to keep.
@@ -50,7 +50,7 @@ inline constexpr std::array<float, 4> kMpegVersions{2.5F, 0, 2, 1};
 inline constexpr std::array<std::int32_t, 4> kLayers{0, 3, 2, 1};
 
 /// Hz, by the version bits and the sample rate index; 0 is reserved. MPEG-2 has 26000 where the
-/// standard has 16000; it is meant.
+/// standard has 16000 (quirk 77).
 inline constexpr std::array<std::array<std::int32_t, 4>, 4> kSampleRates{{
     {11025, 12000, 8000, 0},
     {0, 0, 0, 0},
@@ -61,7 +61,7 @@ inline constexpr std::array<std::array<std::int32_t, 4>, 4> kSampleRates{{
 using BitRates = std::array<std::int32_t, 16>;
 
 /// kbit/s of MPEG-1, by the layer bits and the bit rate index. Layer II ends in 284 where the
-/// standard has 384; it is meant.
+/// standard has 384 (quirk 78).
 inline constexpr std::array<BitRates, 4> kBitRatesOfVersion1{{
     {},
     {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 0},
@@ -79,11 +79,12 @@ inline constexpr std::array<BitRates, 4> kBitRatesOfVersion2{{
 
 inline constexpr std::array<std::string_view, 4> kChannelModes{"Stereo", "Joint stereo",
                                                                "Dual channel", "Single channel"};
+/// By the emphasis bits (quirk 89).
 inline constexpr std::array<std::string_view, 4> kEmphases{"None", "50/15 ms", "Reserved",
                                                            "CCIT j.17"};
 
 /// Where the Xing header stands behind the start of the first frame's header: the place of MPEG-1
-/// stereo. It is looked for in no other place, which is meant.
+/// stereo. It is looked for in no other place (quirk 83).
 inline constexpr std::int32_t kXingOffset = 36;
 inline constexpr std::size_t kXingSize = 12;  // what is read of it
 

@@ -191,9 +191,9 @@ bool RepvoltaMP3::DecodeFrameHeader(std::uint32_t header, std::int32_t position)
 
 void RepvoltaMP3::MeasureAudio(std::int32_t position) {
   const std::int64_t tag = info_.hasID3v1 ? std::int64_t{kId3v1Size} : 0;
-  // One byte less than there is, since the position counts from 1; this is meant.
+  // One byte less than there is, since the position counts from 1 (quirk 79).
   info_.audioBytes = Checked(std::int64_t{info_.fileLength} - position - tag);
-  // One constant for every layer and version, and no padding; this is meant.
+  // One constant for every layer and version, and no padding (quirk 80).
   info_.frameCount = Divide(info_.audioBytes, Divide(144000 * info_.bitRate, info_.sampleRate));
   info_.headerOffset = position - 1;
   info_.playTime = SecondsOfAudio();
@@ -202,7 +202,7 @@ void RepvoltaMP3::MeasureAudio(std::int32_t position) {
 void RepvoltaMP3::DescribeFrame(std::uint32_t header) {
   info_.padding = static_cast<Byte>(kPaddingField.Of(header));
   info_.isPrivate = kPrivateField.Of(header) != 0;
-  // 144000 for every version, also for those whose frames are half as long; this is meant.
+  // 144000 for every version, also for those whose frames are half as long (quirk 81).
   info_.frameLength = kLayerField.Of(header) == kLayer1Bits
                           ? (12000 * info_.bitRate / info_.sampleRate + info_.padding) * 4
                           : 144000 * info_.bitRate / info_.sampleRate + info_.padding;
@@ -219,6 +219,7 @@ void RepvoltaMP3::ReadXing(FileWindow& window) {
   const auto xing = BytesAt<kXingSize>(window, position + kXingOffset);
   if (!StartsWith(xing, kXingMarker)) return;
   info_.vbr = true;
+  // Quirk 85.
   info_.valid = (xing[kXingFlagsByte] & kXingHasFrameCount) != 0;
   if (!info_.valid) return;
   info_.frameCount = ReadBigEndianLong(std::span(xing).subspan(kXingFrameCountOffset));
@@ -229,8 +230,8 @@ void RepvoltaMP3::ReadXing(FileWindow& window) {
 std::int32_t RepvoltaMP3::AverageBitRate() const {
   if (info_.frameCount == 0) Divide(info_.fileLength, info_.frameCount);
   const double bits = static_cast<double>(info_.fileLength) / info_.frameCount * info_.sampleRate;
-  // The whole file counts, tags too, and versions other than 1 come out twelve times too low; this
-  // is meant.
+  // Quirk 84: the whole file counts, tags too, and versions other than 1 come out twelve times too
+  // low.
   const int factor = info_.mpegVersion == 1 ? 12 : 144;
   return Checked(std::llrint(bits / (factor * 1000))) / 12;
 }

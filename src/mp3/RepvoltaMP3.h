@@ -26,8 +26,7 @@ class RepvoltaMP3 {
   enum class AfterReset { kKeepsFileName, kEmptiesFileName };
   enum class FileTimes { kKept, kNew };
 
-  /// Nothing asks for the search for an ID3v2 tag inside the audio, so it is dormant; this is
-  /// meant.
+  /// Nothing asks for the search for an ID3v2 tag inside the audio, so it is dormant (quirk 88).
   explicit RepvoltaMP3(EmbeddedTags embeddedTags = EmbeddedTags::kIgnored)
       : embeddedTags_(embeddedTags) {}
 

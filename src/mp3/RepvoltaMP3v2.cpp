@@ -28,10 +28,11 @@ void EndFrames(std::size_t area, Bytes& tag) {
   tag.resize(std::min(tag.size() + kEnd, area));
 }
 
-/// The area that a new tag of `size` bytes gets.
+/// The area that a new tag of `size` bytes gets (quirk 66).
 std::size_t AreaFor(std::size_t size) { return (size / kTagStep + 1) * kTagStep; }
 
-/// Replaces the beginning of the file by the tag, so that the file grows by `room` bytes.
+/// Replaces the beginning of the file by the tag, so that the file grows by `room` bytes
+/// (quirk 67).
 void WriteGrown(const File& file, Bytes tag, std::size_t room) {
   tag.resize(std::max(tag.size(), room));
   WholeFileWriter writer(file.Path());
@@ -139,6 +140,7 @@ void cMP3ID3v2::WriteInto(File& file) const {
   // No tag has a negative size: nothing of the file counts as the old tag then.
   const auto oldSize = static_cast<std::size_t>(std::max(old.size, 0));
   if (old.position >= 1 && oldSize > tag.size()) {
+    // Quirk 68.
     StoreSize(oldSize, tag);
     EndFrames(oldSize, tag);
     file.WriteAt(old.Offset(), tag);

@@ -8,8 +8,8 @@
 
 namespace repvolta {
 
-/// Where a program is looked for that is given by its name alone. The current directory may be any
-/// folder of the user, so what lies there is started only where that is meant.
+/// Where a program that is given by its name alone is looked for. The current directory may be any
+/// folder of the user, so a program there is started only on request.
 enum class ProgramPlace { kPath, kCurrentDirectoryThenPath };
 
 /// A program to start in the current directory, without a shell.

@@ -1,5 +1,7 @@
 #include "ui/ExerciseTab.h"
 
+#include <algorithm>
+
 #include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
 #include "editing/MusicEditing.h"
@@ -146,7 +148,7 @@ void ExerciseTab::ShowContent(Content content) {
 void ExerciseTab::UpdateExerciseScreen() {
   ProgramState& state = editor_.State();
   if (state.NumberOfExercises < 1) return;
-  // 5 passes, although it is one beyond the last usable exercise: this is meant.
+  // 5 passes, although it is one beyond the last usable exercise (quirk 102).
   if (state.CurrentExercise > MaxExercises) {
     editor_.dialogs.ShowMessage(
         "Cannot update exercise screen. Current exercise number exceeds MaxExercises");
@@ -173,14 +175,11 @@ void ExerciseTab::ShowExercise(const ExerciseRecord& exercise) {
   ShowFieldNames(exercise);
   ShowChoices(exercise);
   ShowSets(exercise);
-  // The random music check box stays as it is: this is meant.
+  // The random music check box stays as it is (quirk 45).
 }
 
 void ExerciseTab::ShowMusic(const ExerciseRecord& exercise) {
-  QStringList files;
-  for (int i = 0; i < exercise.NumberOfMusicFiles; ++i) {
-    files.append(QString::fromStdString(exercise.MusicFile[i].Trimmed()));
-  }
+  const QStringList files = QtTexts(MusicRows(exercise));
   const int selected = SelectedMusic();
   ui_->MusicList->SetRows(files);
   ui_->MusicList->SelectRow(selected);
@@ -211,19 +210,10 @@ void ExerciseTab::ShowChoices(const ExerciseRecord& exercise) {
 }
 
 void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
-  const double now = editor_.program.clock.Now();
-  const int selected = SelectedSet();
+  const SetColumns texts = SetRows(exercise, editor_.program.clock.Now());
   SetTable::Columns columns;
-  for (int i = 0; i < exercise.NumberOfSets; ++i) {
-    const std::array texts = {
-        ListNumberText(exercise.SetValue1[i]),     ListNumberText(exercise.SetValue2[i]),
-        ListNumberText(exercise.SetIncrement1[i]), ListNumberText(exercise.SetIncrement2[i]),
-        ListNumberText(exercise.SetFrequency1[i]), ListNumberText(exercise.SetFrequency2[i]),
-        NextUpdateText(exercise, i, now)};
-    for (std::size_t column = 0; column < texts.size(); ++column) {
-      columns[column].append(QString::fromStdString(texts[column]));
-    }
-  }
+  std::transform(texts.begin(), texts.end(), columns.begin(), QtTexts);
+  const int selected = SelectedSet();
   sets_->SetRows(columns);
   sets_->SelectRow(selected);
   // The hint is beside the button that adds a set, because the columns are too narrow for it.

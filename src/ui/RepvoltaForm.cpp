@@ -33,7 +33,7 @@ constexpr int kMoment = 50;  // milliseconds
 }  // namespace
 
 RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& progress,
-                           PleaseWait& pleaseWait, std::string layoutFile)
+                           PleaseWait& pleaseWait, const std::string& layoutFile)
     : editor_{.program = program,
               .log = *this,
               .host = *this,
@@ -42,7 +42,7 @@ RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& p
               .progress = progress,
               .pleaseWait = pleaseWait,
               .runEvents = [this] { RunEvents(); }},
-      layoutFile_(std::move(layoutFile)),
+      layoutFile_(layoutFile),
       handlers_(
           dialogs, [this] { ReloadWorkout(); },
           [this](Handlers::Outcome outcome) { AfterHandler(outcome); }),

@@ -28,7 +28,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   /// `layoutFile` keeps the size of the window; see ui/WindowLayout.h. The other arguments must
   /// outlive the window.
   RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& progress, PleaseWait& pleaseWait,
-               std::string layoutFile);
+               const std::string& layoutFile);
   ~RepvoltaForm() override;
 
   /// The editor of the commands, with this window as its screen.

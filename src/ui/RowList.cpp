@@ -18,6 +18,12 @@ constexpr int kRowMargin = 3;  // a row is 1/3 higher than the font
 
 }  // namespace
 
+QStringList QtTexts(const std::vector<std::string>& texts) {
+  QStringList list;
+  for (const std::string& text : texts) list.append(QString::fromStdString(text));
+  return list;
+}
+
 RowList::RowList(QWidget* parent) : QListWidget(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   connect(this, &QListWidget::itemSelectionChanged, this,

@@ -2,8 +2,12 @@
 
 #include <QListWidget>
 #include <QStringList>
+#include <string>
+#include <vector>
 
 namespace repvolta {
+
+QStringList QtTexts(const std::vector<std::string>& texts);
 
 /// A list with at most one selected row. A row that only became current, for example on focus, is
 /// not selected. Enter acts like a double click and is never passed on to the dialog.

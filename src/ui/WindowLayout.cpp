@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "base/FileNames.h"
+#include "base/ProgramFiles.h"
 
 namespace repvolta {
 namespace {
@@ -42,7 +43,7 @@ void RestoreWindowLayout(QWidget& window, const std::string& file) {
 }
 
 std::string WindowLayoutFile(const std::string& programDirectory, const std::string& executable) {
-  return programDirectory == FolderOf(executable) ? programDirectory + "window.ini" : "";
+  return programDirectory == FolderOf(executable) ? programDirectory + kWindowLayoutFile : "";
 }
 
 void KeepFileDialogIn(const std::string& folder) {

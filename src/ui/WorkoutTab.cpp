@@ -5,7 +5,6 @@
 
 #include "app/ScreenUpdate.h"
 #include "app/WorkoutDamage.h"
-#include "base/Numbers.h"
 #include "editing/ExerciseEditing.h"
 #include "editing/ScreenTexts.h"
 #include "editing/WorkoutEditing.h"
@@ -93,10 +92,7 @@ void WorkoutTab::ChooseWorkout() {
 
 void WorkoutTab::ShowWorkoutNames() {
   const ScreenUpdate updating(editor_.State());
-  QStringList names;
-  for (const std::string& name : editor_.State().WorkoutNames) {
-    names.append(QString::fromStdString(name));
-  }
+  const QStringList names = QtTexts(editor_.State().WorkoutNames);
   ui_->WorkoutDropBox->clear();
   ui_->WorkoutDropBox->addItems(names);
   ui_->WorkoutDropBox->setPlaceholderText(names.isEmpty() ? "No workouts yet: create one."
@@ -125,24 +121,16 @@ void WorkoutTab::UpdateWorkoutScreen() {
   ProgramState& state = editor_.State();
   const ScreenUpdate updating(state);
   ShowOddSize();
-  QStringList names;
-  QStringList summaries;
-  std::int32_t total = 0;
   for (int i = 0; i < state.NumberOfExercises; ++i) {
-    ExerciseRecord& exercise = state.Workout[i];
-    exercise.ExerciseName = exercise.ExerciseName.Trimmed();
-    if (!exercise.ExerciseName.IsBlank()) {
-      names.append(QString::fromStdString(exercise.ExerciseName.Text()));
-    }
-    total += exercise.TotalMusicTime;
-    summaries.append(QString::fromStdString(SummaryLine(exercise)));
+    auto& name = state.Workout[i].ExerciseName;
+    name = name.Trimmed();
   }
-  ui_->ExerciseList->SetRows(names);
-  ui_->ExerciseSummaryList->SetRows(summaries);
+  ui_->ExerciseList->SetRows(QtTexts(ExerciseRows(state)));
+  ui_->ExerciseSummaryList->SetRows(QtTexts(SummaryRows(state)));
   shownExercise_ = state.CurrentExercise;
   SelectExercise(shownExercise_);
   ui_->TotalWorkoutMusicTimeLabel->clear();
-  ui_->TotalWorkoutMusicTimeLabel->setText(QString::fromStdString(FormatTime(CheckedInt16(total))));
+  ui_->TotalWorkoutMusicTimeLabel->setText(QString::fromStdString(TotalMusicTimeText(state)));
 }
 
 void WorkoutTab::ShowOddSize() {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/File.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "update/RepvoltaShellWait.h"
 

@@ -6,9 +6,6 @@
 
 namespace repvolta {
 
-/// In the program directory.
-inline constexpr const char* kEncoder = "lame.exe";
-
 enum class Encoding { kEncoderRun, kNoEncoder };
 
 /// Runs the encoder of the current directory, if there is one, on a WAV file and waits for its end.

@@ -13,6 +13,7 @@
 #include "base/Folder.h"
 #include "base/Lines.h"
 #include "base/Text.h"
+#include "update/PlayList.h"
 
 namespace repvolta {
 namespace {
@@ -96,7 +97,7 @@ class FolderContent {
     const std::string name = FileName(path);
     if (type == EntryType::kFolder) {
       if (!IsMountPoint(path)) pending_.push_back(path);
-    } else if (!IsNumberedName(name) && !name.ends_with(".M3U")) {
+    } else if (!IsNumberedName(name) && !name.ends_with(kPlayListExtension)) {
       otherNames_.insert(FoldCase(name));
     }
   }

@@ -5,6 +5,7 @@
 
 #include "base/File.h"
 #include "base/Folder.h"
+#include "base/ProgramFiles.h"
 #include "base/WholeFile.h"
 #include "update/RandomMusicList.h"
 

@@ -21,7 +21,7 @@ class OutputFolder {
   /// systems. Throws std::runtime_error, and deletes nothing, unless the folder lies directly in
   /// the output path, is neither a link nor a mount point, and holds nothing of `keep`. After such
   /// a refusal no file in the folder is replaced, and nothing is written to a folder outside the
-  /// output path. Throws FileError when something could not be deleted.
+  /// output path. Throws FileError when something could not be deleted (quirk 46).
   void Clear(const Keepsakes& keep);
 
   /// Creates the folder unless it exists. Throws FileError.

@@ -5,7 +5,7 @@
 namespace repvolta {
 
 /// True when no output path is set: it is blank, or fills its whole field as an unassigned text
-/// does.
+/// does (quirk 59).
 bool IsOutputPathMissing(const SettingsRecord& settings);
 
 }  // namespace repvolta

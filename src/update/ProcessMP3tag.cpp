@@ -39,6 +39,7 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count) {
   return text.substr(0, end);
 }
 
+/// Quirk 70.
 std::string TitleOf(const std::string& path, std::string_view title) {
   const std::string baseName = BaseName(path);
   std::string text(FirstCharacters(baseName, kNameCharactersInTitle));
@@ -51,7 +52,7 @@ void SetFrames(cMP3ID3v2& tag, const std::string& path, std::string_view title,
   tag.SetArtist(kProductName);
   tag.SetAlbum(TrimBlanks(workoutFileName));
   tag.SetTitle(TitleOf(path, title));
-  tag.SetTrack("0");
+  tag.SetTrack("0");  // quirk 69
   tag.SetUserUrl(kProductAddress);
 }
 
@@ -63,6 +64,7 @@ void ProcessMP3tag(const std::string& path, std::string_view title,
   cMP3ID3v2 tag;
   tag.SetFileName(path);
   if (!removed || tag.HasTag()) {
+    // Quirk 71.
     log.AddLineToUpdateList("ERROR:" + FileName(path) + " - MP3v2 TAG could not be removed.");
   }
   SetFrames(tag, path, title, workoutFileName);

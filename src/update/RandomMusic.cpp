@@ -19,9 +19,10 @@ class RandomFill {
   /// Returns the full paths of the files.
   std::vector<std::string> Run() {
     exercise_.NumberOfMusicFiles = 0;
+    // Quirk 36.
     for (int slot = 0; slot < MaxMusicFiles && FillSlot(slot); ++slot) {
-      // The file that crosses the target is kept. Without a target one file is enough, even one
-      // whose play time is not known.
+      // The file that crosses the target is kept (quirk 35). Without a target one file is enough,
+      // even one whose play time is not known (quirk 44).
       if (total_ > exercise_.TargetExerciseTime || exercise_.TargetExerciseTime == 0) break;
     }
     exercise_.TotalMusicTime = total_;
@@ -29,7 +30,7 @@ class RandomFill {
   }
 
  private:
-  /// False when no file was found.
+  /// False when no file was found (quirk 39).
   bool FillSlot(int slot) {
     exercise_.MusicFile[slot] = {};
     const std::string path = Draw();
@@ -49,6 +50,7 @@ class RandomFill {
     return true;
   }
 
+  /// Quirk 37.
   std::string Draw() {
     std::string path;
     steps_.Run([&] {

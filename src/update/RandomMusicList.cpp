@@ -9,13 +9,14 @@
 #include "base/File.h"
 #include "base/Lines.h"
 #include "base/Numbers.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "mp3/GetPlayTime.h"
 
 namespace repvolta {
 namespace {
 
-constexpr int kAttempts = 101;
+constexpr int kAttempts = 101;  // quirk 40
 
 bool IsInRange(const std::string& path, std::int16_t minimum, std::int16_t maximum) {
   std::int16_t seconds = 0;
@@ -24,7 +25,7 @@ bool IsInRange(const std::string& path, std::int16_t minimum, std::int16_t maxim
   } catch (const std::overflow_error&) {
     return false;  // Too long for any range.
   } catch (const std::exception&) {
-    seconds = 0;
+    seconds = 0;  // quirk 38
   }
   return minimum <= seconds && seconds <= maximum;
 }
@@ -44,7 +45,7 @@ void CountRandomMusicFiles(ProgramState& state) {
 std::string GetRandomMusicFile(std::int32_t count, std::int16_t minimum, std::int16_t maximum,
                                RandomNumbers& random) {
   if (!FileExists(kMusicList)) return "";
-  random.Seed();
+  random.Seed();  // quirk 43
   std::vector<std::int64_t> numbers(kAttempts);
   for (std::int64_t& number : numbers) {
     number = static_cast<std::int64_t>(std::floor(random.Next() * count));

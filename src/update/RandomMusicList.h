@@ -9,8 +9,7 @@
 
 namespace repvolta {
 
-/// Holds one full path of a music file a line; in the program directory, which must be current.
-inline constexpr const char* kMusicList = "musiclist.txt";
+/// The music list has one full path of a music file a line. The program directory must be current.
 
 /// Rebuilds the music list, all or nothing: every file below `musicPath` whose name ends in ".mp3"
 /// in any case. Links to folders are not followed, folders that cannot be read are skipped, and so

@@ -9,6 +9,7 @@
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "instruction/TextInstruction.h"
 #include "instruction/VoiceInstruction.h"
@@ -24,10 +25,6 @@
 namespace repvolta {
 namespace {
 
-// Both are in the program directory, which is current.
-constexpr const char* kTempWav = "temp.wav";
-constexpr const char* kTempMp3 = "temp.mp3";
-
 /// One run for the workout in memory.
 class WorkoutUpdate {
  public:
@@ -39,13 +36,14 @@ class WorkoutUpdate {
         steps_(log, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
-        playList_(folder_.Path() + workoutName_ + ".M3U") {}
+        playList_(folder_.Path() + workoutName_ + kPlayListExtension) {}  // quirk 51
 
   /// Returns the path of the play list.
   std::string Run() {
     Prepare();
     GrowWorkout(program_, steps_);
     drawn_ = DrawRandomMusic(program_, steps_);
+    // Quirk 34.
     steps_.Run([&] { SaveWorkout(state_); });
     for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
       text_.clear();
@@ -59,8 +57,8 @@ class WorkoutUpdate {
   /// Removes the working files that this run has made. Throws FileError.
   void RemoveWorkingFiles() {
     if (workingFiles_ == WorkingFiles::kNotMade) return;
-    RemoveFile(kTempWav);
-    RemoveFile(kTempMp3);
+    RemoveFile(kWorkingWav);
+    RemoveFile(kWorkingMp3);
   }
 
  private:
@@ -76,6 +74,7 @@ class WorkoutUpdate {
     steps_.Log("Updating Workout " + FileName(state_.WorkoutFileName));
     steps_.LogFailure(clearing);
     steps_.LogFailure(creation);
+    // Quirk 47.
     steps_.Log("Created directory " + folder_.Path());
   }
 
@@ -101,13 +100,13 @@ class WorkoutUpdate {
   void ProduceInstruction(std::int16_t exercise) {
     steps_.Run([&] {
       workingFiles_ = WorkingFiles::kMade;
-      GenerateHumanVoiceInstruction(state_, exercise, kTempWav, program_.speech, log_);
+      GenerateHumanVoiceInstruction(state_, exercise, kWorkingWav, program_.speech, log_);
     });
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
     const std::string path = NumberedPath("Instructions");
     Encoding encoding = Encoding::kNoEncoder;
     steps_.Run([&] {
-      encoding = EncodeMP3file(program_.processes, kTempWav, kTempMp3);
+      encoding = EncodeMP3file(program_.processes, kWorkingWav, kWorkingMp3);
       if (encoding == Encoding::kNoEncoder) workingFiles_ = WorkingFiles::kStay;
     });
     if (encoding == Encoding::kEncoderRun) {
@@ -118,17 +117,19 @@ class WorkoutUpdate {
   }
 
   void KeepMp3(const std::string& path) {
-    steps_.Run([&] { folder_.CopyInto(kTempMp3, path); });
-    steps_.Run([&] { RemoveFile(kTempWav); });
-    steps_.Run([&] { RemoveFile(kTempMp3); });
+    steps_.Run([&] { folder_.CopyInto(kWorkingMp3, path); });
+    steps_.Run([&] { RemoveFile(kWorkingWav); });
+    steps_.Run([&] { RemoveFile(kWorkingMp3); });
+    // Quirks 47 and 48.
     steps_.Log(FileName(path) + " MP3 Instruction file created sucessfully.");
     Tag(path);
     List(path);
   }
 
-  /// Without an encoder the instruction stays a WAV file, and the working file is kept too.
+  /// Without an encoder the instruction stays a WAV file, and the working file is kept too
+  /// (quirk 50).
   void KeepWav(const std::string& path) {
-    steps_.Run([&] { folder_.CopyInto(kTempWav, path); });
+    steps_.Run([&] { folder_.CopyInto(kWorkingWav, path); });
     steps_.Log(FileName(path) + " WAV Instruction file created sucessfully.");
     List(path);
   }
@@ -147,18 +148,19 @@ class WorkoutUpdate {
 
   void CopySong(const std::string& source) {
     if (!FileIsReachable(source)) {
-      steps_.Log("ERROR: File not found. " + source);
+      steps_.Log("ERROR: File not found. " + source);  // quirk 52
       return;
     }
     const std::string path(TrimBlanks(NumberedPath(TrimBlanks(FileName(source)))));
     const auto plan = PlanTaggedCopy(source, path, text_, state_.WorkoutFileName);
-    bool isTagged = false;
+    bool isCopied = false;
     steps_.Run([&] {
       CopyOrSayWhy(source, path, plan ? CopyStart{plan->tag, plan->audioOffset} : CopyStart{});
-      isTagged = plan.has_value();
+      isCopied = true;
     });
-    if (!WaitFor(path)) return;
-    if (isTagged) {
+    // A copy that failed never shows: it is left out like a song that is missing.
+    if (!isCopied || !WaitFor(path)) return;
+    if (plan) {
       steps_.Run([&] { OutputFolder::StartFlush(path); });
       LogTagged(path, log_);
     } else {
@@ -221,7 +223,7 @@ class WorkoutUpdate {
   void Finish() {
     // A second attempt, for files that could not be deleted earlier.
     if (workingFiles_ == WorkingFiles::kMade) {
-      for (const char* file : {kTempWav, kTempMp3}) steps_.Run([&] { RemoveFile(file); });
+      for (const char* file : {kWorkingWav, kWorkingMp3}) steps_.Run([&] { RemoveFile(file); });
     }
     steps_.Run([&] { folder_.FlushToDevice(); });
     steps_.Log("");
@@ -237,7 +239,7 @@ class WorkoutUpdate {
   OutputFolder folder_;
   std::string playList_;
   DrawnSongs drawn_;
-  std::string text_;  // the sentence of the current exercise
+  std::string text_;  // the sentence of the current exercise, for its music too (quirk 53)
   int counter_ = 1;
   WorkingFiles workingFiles_ = WorkingFiles::kNotMade;
 };

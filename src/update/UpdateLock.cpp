@@ -6,6 +6,7 @@
 
 #include "base/FileError.h"
 #include "base/Lock.h"
+#include "base/ProgramFiles.h"
 
 namespace repvolta {
 namespace {

@@ -25,7 +25,4 @@ class UpdateLock {
   File file_;
 };
 
-/// In the program directory.
-inline constexpr const char* kUpdateLockFile = "update.lock";
-
 }  // namespace repvolta

@@ -139,6 +139,29 @@ TEST_F(WorkoutFiles, ReplaceAFileOfAnotherCaseAndAddNone) {
   EXPECT_THAT(state.WorkoutNames, ElementsAre("monday.rpv"));
 }
 
+TEST_F(WorkoutFiles, AreFoundAgainWhenAnotherProgramRenamesThemInAnotherCase) {
+  PutWorkout("MONDAY.rpv", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state);
+  std::filesystem::rename("workouts/MONDAY.rpv", "workouts/monday.RPV");
+  state.Workout[0].SetValue1[0] = 60;
+  SaveWorkout(state);
+  LoadWorkoutNames(state);
+  EXPECT_THAT(state.WorkoutNames, ElementsAre("monday.RPV"));
+  EXPECT_EQ(DecodeWorkout(GetFile("workouts/monday.RPV"))[0].SetValue1[0], 60);
+}
+
+TEST_F(WorkoutFiles, AreSavedWhereTheyWereFound) {
+  PutWorkout("MONDAY.rpv", {"A"});
+  state.WorkoutFileName = "Monday.RPV";
+  LoadWorkout(state);
+  // One that a search would find first.
+  PutWorkout("MONDAY.RPV", {"B"});
+  SaveWorkout(state);
+  EXPECT_EQ(DecodeWorkout(GetFile("workouts/MONDAY.rpv"))[0].ExerciseName.Text(), "A");
+  EXPECT_EQ(DecodeWorkout(GetFile("workouts/MONDAY.RPV"))[0].ExerciseName.Text(), "B");
+}
+
 TEST_F(WorkoutFiles, AreKnownToBeUnchangedAfterLoadingAndSaving) {
   PutWorkout("Monday.RPV", {"A"});
   state.WorkoutFileName = "Monday.RPV";

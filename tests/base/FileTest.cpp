@@ -4,16 +4,13 @@
 
 #include "base/File.h"
 #include "base/FileError.h"
-#include "base/FileStatus.h"
 #include "base/Lock.h"
 #include "base/WholeFile.h"
 #include "base/WorkingFile.h"
 
 #include "support/FailingClose.h"
 #include "support/FullDisk.h"
-#include "support/OrdinaryRights.h"
 #include "support/TemporaryFolder.h"
-#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -43,6 +40,57 @@ TEST(File, NamesTheFileAndTheReason) {
     EXPECT_STREQ(error.what(), "gone.wav could not be read: No such file or directory");
     EXPECT_EQ(error.Reason(), "No such file or directory");
   }
+}
+
+/// Why a file is refused; empty when it is not.
+template <class Opening>
+std::string RefusalOf(Opening open) {
+  try {
+    open();
+  } catch (const FileError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST(File, SaysWhatElseThanAFileIsRefusedFor) {
+  TemporaryFolder folder;
+  fs::create_directory("folder");
+  PutFile("a", "x");
+  fs::create_hard_link("a", "b");
+  EXPECT_EQ(RefusalOf([] { File::Open("folder", File::Access::kRead); }),
+            "folder could not be read: It is not a file");
+  EXPECT_EQ(RefusalOf([] { File::Open("gone", File::Access::kReadWrite); }),
+            "gone could not be opened for writing: No such file or directory");
+  EXPECT_EQ(RefusalOf([] { File::OpenOrCreate("b"); }),
+            "b could not be opened for writing: It has another name elsewhere");
+  EXPECT_EQ(RefusalOf([] { File::CreateNew("a"); }), "a could not be created: File exists");
+}
+
+TEST(File, SaysThatItCouldNotBeWritten) {
+  TemporaryFolder folder;
+  File file = File::CreateNew("a");
+  const FullDisk disk(0);
+  EXPECT_EQ(RefusalOf([&] { file.WriteAt(0, AsBytes("x")); }),
+            "a could not be written: File too large");
+}
+
+TEST(File, IsTheOtherWhenThatTakesItsPlace) {
+  TemporaryFolder folder;
+  PutFile("a", "first");
+  PutFile("b", "second one");
+  File file = File::Open("a", File::Access::kRead);
+  file = File::Open("b", File::Access::kRead);
+  EXPECT_EQ(file.Path(), "b");
+  EXPECT_EQ(file.Size(), 10U);
+}
+
+TEST(File, IsNotMadeThroughALink) {
+  TemporaryFolder folder;
+  PutFile("precious", "old");
+  fs::create_symlink("precious", "Monday.M3U");
+  EXPECT_EQ(RefusalOf([] { File::OpenOrCreate("Monday.M3U"); }),
+            "Monday.M3U could not be opened for writing: Too many levels of symbolic links");
 }
 
 TEST(FileError, SpeaksEnglishInEveryLocale) {
@@ -127,6 +175,17 @@ TEST(CopyFileToNew, IsOnlyTheHeadWhereNothingIsBehindTheOffset) {
   EXPECT_EQ(GetTextFile("target"), "head");
 }
 
+TEST(CopyContent, TellsWhereItCameTo) {
+  TemporaryFolder folder;
+  for (const std::size_t size : {std::size_t{5}, std::size_t{500'000}}) {
+    PutFile("source", std::string(size, 'x'));
+    File to = File::OpenOrCreate("target");
+    const File from = File::Open("source", File::Access::kRead);
+    EXPECT_EQ(CopyContent(from, 2, to, 10), 10 + size - 2) << size;
+    EXPECT_EQ(CopyContent(from, size, to, 10), 10U) << size;
+  }
+}
+
 TEST(CopyContent, CopiesBetweenFileSystems) {
   TemporaryFolder folder;
   const std::string content = std::string(400000, 'x') + "end";
@@ -163,36 +222,6 @@ TEST(WriteWholeFile, ReplacesTheContentAndKeepsThePermissions) {
   EXPECT_EQ(fs::status("settings.dat").permissions(), fs::perms(0640));
 }
 
-/// A group that this user is not in.
-constexpr gid_t kOtherGroup = 12345;
-
-TEST(WriteWholeFile, KeepsTheGroup) {
-  TemporaryFolder folder;
-  PutFile("Monday.RPV", "old");
-  fs::permissions("Monday.RPV", fs::perms(0660));
-  // Only the superuser can set any group; for other users the file stays in their own.
-  const bool isGiven = chown("Monday.RPV", geteuid(), kOtherGroup) == 0;
-
-  WriteWholeFile("Monday.RPV", AsBytes("new"));
-
-  EXPECT_EQ(StatusOf("Monday.RPV", Links::kSeen)->st_gid, isGiven ? kOtherGroup : getegid());
-  EXPECT_EQ(fs::status("Monday.RPV").permissions(), fs::perms(0660));
-}
-
-TEST(WriteWholeFile, OpensNothingToAGroupThatItCannotKeep) {
-  TemporaryFolder folder;
-  for (const auto& [before, after] : {std::pair{0660, 0600}, {0644, 0644}, {0604, 0600}}) {
-    PutFile("Monday.RPV", "old");
-    fs::permissions("Monday.RPV", fs::perms(before));
-    const bool isGiven = chown("Monday.RPV", geteuid(), kOtherGroup) == 0;
-    const OrdinaryRights ordinary;
-
-    WriteWholeFile("Monday.RPV", AsBytes("new"));
-
-    EXPECT_EQ(fs::status("Monday.RPV").permissions(), fs::perms(isGiven ? after : before));
-  }
-}
-
 TEST(WriteWholeFile, GivesANewFileTheUsualPermissions) {
   TemporaryFolder folder;
   const mode_t before = umask(022);
@@ -211,17 +240,6 @@ TEST(WriteWholeFile, LeavesTheOldFileWholeOnAFullDisk) {
     FullDisk disk(1000);
     EXPECT_THROW(WriteWholeFile("Monday.RPV", Bytes(5000)), FileError);
   }
-
-  EXPECT_EQ(GetTextFile("Monday.RPV"), "old");
-  EXPECT_EQ(EntriesHere(), 1U);
-}
-
-TEST(WriteWholeFile, KeepsTheOldFileWhereTheCloseCallsTheNewUnwritten) {
-  TemporaryFolder folder;
-  PutFile("Monday.RPV", "old");
-
-  const FailingClose unwritten(WorkingName("Monday.RPV"));
-  EXPECT_THROW(WriteWholeFile("Monday.RPV", AsBytes("new")), FileError);
 
   EXPECT_EQ(GetTextFile("Monday.RPV"), "old");
   EXPECT_EQ(EntriesHere(), 1U);
@@ -259,70 +277,6 @@ TEST(WholeFileWriter, TakesOverWhatADeadProcessLeft) {
   EXPECT_EQ(EntriesHere(), 1U);
 }
 
-TEST(WholeFileWriter, WritesAgainOnceALeftoverCanBeRemoved) {
-  TemporaryFolder folder;
-  PutFile(WorkingName("workouts/Monday.RPV"), "half");
-  {
-    const UnreadableFile readOnly("workouts", fs::perms::owner_read | fs::perms::owner_exec);
-    EXPECT_THROW(WriteWholeFile("workouts/Monday.RPV", AsBytes("first")), FileError);
-  }
-  WriteWholeFile("workouts/Monday.RPV", AsBytes("second"));
-  EXPECT_EQ(GetTextFile("workouts/Monday.RPV"), "second");
-}
-
-std::string FailureOfWriting(const std::string& path) {
-  try {
-    WriteWholeFile(path, AsBytes("new"));
-  } catch (const FileError& error) {
-    return error.what();
-  }
-  return "written";
-}
-
-TEST(WholeFileWriter, SaysWhyNothingCanBeMadeBesideTheFile) {
-  TemporaryFolder folder;
-  fs::create_directory("workouts");
-  const UnreadableFile readOnly("workouts", fs::perms::owner_read | fs::perms::owner_exec);
-  EXPECT_EQ(FailureOfWriting("workouts/Monday.RPV"),
-            "workouts/Monday.RPV could not be written: Permission denied");
-}
-
-/// A leftover of a user without a name.
-class ForeignLeftover : public testing::Test {
- protected:
-  void Leave(fs::perms rights) {
-    PutFile("workouts/.Monday.RPV.new", "half");
-    fs::permissions("workouts/.Monday.RPV.new", rights);
-    // For a user other than the superuser it stays their own file and is removed.
-    isGiven_ = chown("workouts/.Monday.RPV.new", kUser, getegid()) == 0;
-  }
-
-  void ExpectTold() {
-    const OrdinaryRights ordinary;
-    EXPECT_EQ(FailureOfWriting("workouts/Monday.RPV"),
-              isGiven_
-                  ? "workouts/Monday.RPV could not be written: .Monday.RPV.new belongs to user "
-                    "12345 and cannot be removed"
-                  : "written");
-  }
-
-  static constexpr uid_t kUser = 12345;
-  bool isGiven_ = false;
-  TemporaryFolder folder;
-};
-
-TEST_F(ForeignLeftover, IsToldWhereItCannotBeOpened) {
-  Leave(fs::perms(0600));
-  ExpectTold();
-}
-
-TEST_F(ForeignLeftover, IsToldWhereItCannotBeRemoved) {
-  Leave(fs::perms(0644));
-  fs::permissions("workouts", fs::perms(01777));
-  ASSERT_EQ(chown("workouts", isGiven_ ? kUser : geteuid(), getegid()), 0);
-  ExpectTold();
-}
-
 TEST(WholeFileWriter, NeverWritesThroughALink) {
   TemporaryFolder folder;
   PutFile("precious", "old");
@@ -342,7 +296,8 @@ TEST(WholeFileWriter, LeavesAFileAloneThatAnotherIsWriting) {
   WholeFileWriter first("Monday.RPV");
   first.Append("first");
 
-  EXPECT_THROW(WriteWholeFile("Monday.RPV", AsBytes("second")), FileError);
+  EXPECT_EQ(RefusalOf([] { WriteWholeFile("Monday.RPV", AsBytes("second")); }),
+            "Monday.RPV could not be written: Another program is writing it");
   first.Commit();
 
   EXPECT_EQ(GetTextFile("Monday.RPV"), "first");
@@ -354,30 +309,6 @@ TEST(WholeFileWriter, SaysSoWhereAFolderIsInItsWay) {
   TemporaryFolder folder;
   fs::create_directory(WorkingName("Monday.RPV"));
   EXPECT_THROW(WriteWholeFile("Monday.RPV", AsBytes("new")), FileError);
-}
-
-TEST(WholeFileWriter, KeepsTheOldFileWhenTheLastCheckFails) {
-  TemporaryFolder folder;
-  PutFile("Monday.RPV", "old");
-  {
-    WholeFileWriter writer("Monday.RPV");
-    writer.Append("new");
-    const auto changed = [] { throw FileError("Monday.RPV", "could not be written", "Changed"); };
-    EXPECT_THROW(writer.Commit(changed), FileError);
-    EXPECT_FALSE(writer.Placed());
-  }
-  EXPECT_EQ(GetTextFile("Monday.RPV"), "old");
-  EXPECT_EQ(EntriesHere(), 1U);
-}
-
-TEST(WholeFileWriter, ChecksLastWhenTheNewFileIsReadyForItsPlace) {
-  TemporaryFolder folder;
-  WholeFileWriter writer("Monday.RPV");
-  writer.Append("new");
-  writer.Commit([] {
-    EXPECT_EQ(GetTextFile(WorkingName("Monday.RPV")), "new");
-    EXPECT_FALSE(FileExists("Monday.RPV"));
-  });
 }
 
 TEST(WholeFileWriter, IsPrivateWhileItIsWritten) {

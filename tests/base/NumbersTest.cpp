@@ -17,6 +17,8 @@ TEST(LeadingNumber, TakesTheDecimalNumberAtTheStart) {
   EXPECT_EQ(LeadingNumber(".5"), 0.5);
   EXPECT_EQ(LeadingNumber("5."), 5);
   EXPECT_EQ(LeadingNumber("1e"), 1);
+  EXPECT_EQ(LeadingNumber("0.5"), 0.5);
+  EXPECT_EQ(LeadingNumber("9.0"), 9);
 }
 
 TEST(LeadingNumber, StopsAtADecimalComma) { EXPECT_EQ(LeadingNumber("1,5"), 1); }
@@ -93,13 +95,18 @@ TEST(FormatTime, GivesMinutesAndSecondsTwoDigitsEach) {
   EXPECT_EQ(FormatTime(32767), "546:07");
 }
 
-TEST(FormatTime, RoundsMinutesOfNegativeTimesDown) { EXPECT_EQ(FormatTime(-1), "-01:59"); }
+TEST(FormatTime, RoundsMinutesOfNegativeTimesDown) {
+  EXPECT_EQ(FormatTime(-1), "-01:59");
+  EXPECT_EQ(FormatTime(-60), "-01:00");
+  EXPECT_EQ(FormatTime(-61), "-02:59");
+}
 
 TEST(RoundToInt16, RoundsHalvesToEven) {
   EXPECT_EQ(RoundToInt16(12.5), 12);
   EXPECT_EQ(RoundToInt16(13.5), 14);
   EXPECT_EQ(RoundToInt16(-0.5), 0);
   EXPECT_EQ(RoundToInt16(32767.4), 32767);
+  EXPECT_EQ(RoundToInt16(-32768), -32768);
 }
 
 TEST(RoundToInt16, RefusesWhatDoesNotFit) {
@@ -110,7 +117,9 @@ TEST(RoundToInt16, RefusesWhatDoesNotFit) {
 
 TEST(CheckedInt16, RefusesWhatDoesNotFit) {
   EXPECT_EQ(CheckedInt16(-32768), -32768);
+  EXPECT_EQ(CheckedInt16(32767), 32767);
   EXPECT_THROW(CheckedInt16(32768), std::overflow_error);
+  EXPECT_THROW(CheckedInt16(-32769), std::overflow_error);
 }
 
 TEST(CheckedSingle, RefusesWhatIsTooLarge) {
@@ -121,6 +130,12 @@ TEST(CheckedSingle, RefusesWhatIsTooLarge) {
 TEST(AddSingles, RefusesASumThatIsTooLarge) {
   EXPECT_EQ(AddSingles(0.1F, 0.2F), 0.1F + 0.2F);
   EXPECT_THROW(AddSingles(3e38F, 3e38F), std::overflow_error);
+}
+
+TEST(AddSingles, KeepsWhatIsInfiniteAlready) {
+  constexpr float kInfinite = std::numeric_limits<float>::infinity();
+  EXPECT_EQ(AddSingles(kInfinite, 1), kInfinite);
+  EXPECT_EQ(AddSingles(1, kInfinite), kInfinite);
 }
 
 }  // namespace

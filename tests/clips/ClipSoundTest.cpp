@@ -138,6 +138,40 @@ TEST(TrimToWord, TakesAnythingShort) {
   }
 }
 
+TEST(TrimToWord, FadesWhatIsAroundTheWord) {
+  constexpr std::size_t kFadeOut = 320;  // 20 ms
+  constexpr std::size_t kWord = 4800;
+  const Sound recording = Recording().Tone(0.5, 0.01F).Tone(0.3, 0.5F).Tone(0.5, 0.01F);
+  const Sound clip = TrimToWord(recording);
+  ASSERT_EQ(clip.samples.size(), kBefore + kWord + kBehind);
+  for (std::size_t i = 0; i < kBefore; ++i) {
+    const float share = static_cast<float>(i) / kBefore;
+    EXPECT_NEAR(clip.samples[i], recording.samples[8000 - kBefore + i] * share, 1e-5) << i;
+  }
+  for (std::size_t i = 0; i < kBehind; ++i) {
+    const float share = i < kFadeOut ? 1 - static_cast<float>(i) / kFadeOut : 0;
+    const float heard = clip.samples[kBefore + kWord + i];
+    EXPECT_NEAR(heard, recording.samples[8000 + kWord + i] * share, 1e-5) << i;
+  }
+}
+
+TEST(TrimToWord, TakesForAWordWhatIsThreeTimesAsLoudAsTheBackground) {
+  constexpr float kBackground = 0.0056F;
+  const auto clipWithEnd = [](float timesBackground) {
+    return TrimToWord(Recording()
+                          .Tone(0.5, kBackground)
+                          .Tone(0.2, 0.5F)
+                          .Tone(0.1, kBackground * timesBackground)
+                          .Tone(0.5, kBackground));
+  };
+  ExpectWord(clipWithEnd(3.3F), 0.3);
+  ExpectWord(clipWithEnd(2.7F), 0.2);
+}
+
+TEST(TrimToWord, FindsAFaintWord) {
+  ExpectWord(TrimToWord(Recording().Silence(0.2).Tone(0.3, 0.00015F).Silence(0.2)), 0.3);
+}
+
 TEST(LimitPeaks, LeavesAQuietSoundAlone) {
   Sound sound = Recording().Tone(0.1, 0.8F);
   const std::vector<float> before = sound.samples;
@@ -168,6 +202,27 @@ TEST(LimitPeaks, ChangesTheGainWithoutAJump) {
   }
 }
 
+TEST(LimitPeaks, TurnsDownSixMillisecondsOnEachSide) {
+  constexpr std::size_t kReach = 96;
+  Sound sound{16000, std::vector<float>(1000, 0.5F)};
+  sound.samples[500] = 5;
+  LimitPeaks(sound);
+  for (const std::size_t distance : {kReach, kReach / 2 + 1}) {
+    EXPECT_LT(sound.samples[500 - distance], 0.5F) << distance;
+    EXPECT_LT(sound.samples[500 + distance], 0.5F) << distance;
+  }
+  EXPECT_EQ(sound.samples[500 - kReach - 1], 0.5F);
+  EXPECT_EQ(sound.samples[500 + kReach + 1], 0.5F);
+  EXPECT_NEAR(sound.samples[500], kClipPeak, 1e-5);
+}
+
+TEST(LimitPeaks, ReachesOverTheEndsOfAShortSound) {
+  Sound sound{16000, {0.5F, 5, 0.5F}};
+  LimitPeaks(sound);
+  for (const std::size_t i : {0U, 2U}) EXPECT_NEAR(sound.samples[i], 0.5F * kClipPeak / 5, 1e-5);
+  EXPECT_NEAR(sound.samples[1], kClipPeak, 1e-5);
+}
+
 TEST(JoinedLoudness, FollowsTheLevel) {
   const std::vector<Sound> loud = {Recording().Tone(0.2, 0.5F)};
   const std::vector<Sound> quiet = {Recording().Tone(0.2, 0.05F)};
@@ -191,6 +246,14 @@ TEST(JoinedLoudness, OfNothingIsMinusInfinity) {
 
 TEST(LevelClips, BringsTheSetToTheWantedLoudness) {
   std::vector<Sound> clips = {Recording().Tone(0.3, 0.1F), Recording().Tone(0.3, 0.025F)};
+  LevelClips(clips);
+  EXPECT_NEAR(JoinedLoudness(clips), kClipLoudness, 0.1);
+}
+
+TEST(LevelClips, GoesTheLastHalfDecibel) {
+  std::vector<Sound> clips = {Recording().Tone(0.3, 0.1F)};
+  const double missing = kClipLoudness - JoinedLoudness(clips);
+  Scale(clips[0], static_cast<float>(std::pow(10, (missing + 2) / 20)));
   LevelClips(clips);
   EXPECT_NEAR(JoinedLoudness(clips), kClipLoudness, 0.1);
 }

@@ -17,6 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
@@ -153,6 +154,7 @@ TEST_F(VoiceCommand, ReportsAFolderThatCannotBeCreated) {
   PutFile("voice", "in the way");
   EXPECT_EQ(Run({"make", "words", "voice"}), 1);
   EXPECT_THAT(errors_.str(), StartsWith("repvolta-voice: voice"));
+  EXPECT_THAT(errors_.str(), HasSubstr(" could not be created: "));
 }
 
 TEST_F(VoiceCommand, ConvertsARecordingOfAnotherFormat) {

@@ -1,4 +1,9 @@
-#include "support/FormFixture.h"
+#include <stdexcept>
+
+#include "base/FileError.h"
+#include "editing/ExerciseEditing.h"
+
+#include "support/EditorFixture.h"
 
 namespace repvolta {
 namespace {
@@ -6,13 +11,32 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::SizeIs;
+using testing::ThrowsMessage;
 
-class ExerciseEditing : public FormFixture {
+class ExerciseEditing : public EditorFixture {
  protected:
   void Add(const std::string& name) {
     dialogs.answers = {name};
-    Click("AddExerciseButton");
+    AddExerciseButton_Click(editor);
+  }
+
+  void AddSquatAndRow() {
+    AddNewExercise("Squat");
+    AddNewExercise("Row");
+  }
+
+  void AddFive() {
+    for (int i = 0; i < 5; ++i) AddNewExercise("E" + std::to_string(i));
+  }
+
+  void Rename(int row, const std::string& name) {
+    dialogs.answers = {name};
+    EditExerciseNameButton_Click(editor, row);
+  }
+
+  void Remove(int row) {
+    dialogs.answers = {"OK"};
+    RemoveExerciseButton_Click(editor, row);
   }
 
   /// The names of the exercises in use in the workout file.
@@ -33,12 +57,11 @@ TEST_F(ExerciseEditing, AddingTakesTheChosenNameAndSavesIt) {
   EXPECT_EQ(state.NumberOfExercises, 1);
 }
 
-TEST_F(ExerciseEditing, TheNewExerciseIsSelectedInBothLists) {
+TEST_F(ExerciseEditing, TheNewExerciseIsShownAndSelected) {
   Add("Squat");
   Add("Row");
-  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Squat", "Row"));
-  EXPECT_EQ(List("ExerciseList").SelectedRow(), 1);
-  EXPECT_EQ(List("ExerciseSummaryList").SelectedRow(), 1);
+  EXPECT_THAT(screen.exercises.rows, ElementsAre("Squat", "Row"));
+  EXPECT_EQ(screen.exercises.selected, 1);
   EXPECT_EQ(state.CurrentExercise, 1);
 }
 
@@ -55,13 +78,13 @@ TEST_F(ExerciseEditing, NothingIsAddedWithoutAName) {
   for (const char* name : {"", "   "}) {
     Add(name);
     EXPECT_EQ(state.NumberOfExercises, 0);
-    EXPECT_THAT(Rows("ExerciseList"), IsEmpty());
+    EXPECT_THAT(screen.exercises.rows, IsEmpty());
   }
 }
 
 TEST_F(ExerciseEditing, ASixthExerciseIsRefusedWithoutOpeningTheDialog) {
-  for (int i = 0; i < 5; ++i) AddExercise("E" + std::to_string(i));
-  Click("AddExerciseButton");
+  AddFive();
+  AddExerciseButton_Click(editor);
   EXPECT_THAT(dialogs.asked,
               ElementsAre("message|Repvolta|Maxmimum number of Exercises reached. Cannot add any "
                           "more."));
@@ -70,79 +93,61 @@ TEST_F(ExerciseEditing, ASixthExerciseIsRefusedWithoutOpeningTheDialog) {
 
 TEST_F(ExerciseEditing, ADefaultTimeThatDoesNotFitAddsNothing) {
   state.Settings.DefaultExerciseTime = 600;
-  Add("Squat");
-  EXPECT_EQ(dialogs.asked.back(),
-            "message|Repvolta|The exercise could not be added.\rThe number is too large");
+  EXPECT_THAT([this] { Add("Squat"); },
+              ThrowsMessage<std::overflow_error>("The number is too large"));
   EXPECT_EQ(state.NumberOfExercises, 0);
-  EXPECT_THAT(Rows("ExerciseList"), IsEmpty());
+  EXPECT_THAT(screen.exercises.rows, IsEmpty());
 }
 
 TEST_F(ExerciseEditing, WhatCannotBeSavedIsToldAndStaysInMemoryAndOnTheScreen) {
   BlockWorkouts();
-  Add("Squat");
-  ASSERT_THAT(dialogs.asked, SizeIs(2));
-  EXPECT_THAT(dialogs.asked[1], HasSubstr("message|Repvolta|workouts/Monday.RPV could not be"));
+  EXPECT_THAT([this] { Add("Squat"); },
+              ThrowsMessage<UnsavedChange>(HasSubstr("workouts/Monday.RPV could not be")));
   EXPECT_EQ(state.Workout[0].ExerciseName.Text(), "Squat");
-  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Squat"));
+  EXPECT_THAT(screen.exercises.rows, ElementsAre("Squat"));
   EXPECT_FALSE(state.ScreenUpdating);
 }
 
-TEST_F(ExerciseEditing, ANameIsShownAsItIs) {
-  Add("<b>R&B</b> スクワット");
-  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("<b>R&B</b> スクワット"));
-  OpenTab(1);
-  EXPECT_EQ(Text("ExerciseNameLabel"), "<b>R&B</b> スクワット");
-  EXPECT_EQ(Get<QLabel>("ExerciseNameLabel").textFormat(), Qt::PlainText);
-}
-
 TEST_F(ExerciseEditing, RenamingAsksWithTheOldNameAndSavesTheNewOne) {
-  AddExercise("Squat");
-  AddExercise("Row");
-  ClickRow("ExerciseList", 1);
-  dialogs.answers = {"Press"};
-  Click("EditExerciseNameButton");
+  AddSquatAndRow();
+  Rename(1, "Press");
   EXPECT_THAT(dialogs.asked, ElementsAre("ask|Edit Exercise Name|Enter a new Exercise Name|Row"));
   EXPECT_THAT(SavedNames(), ElementsAre("Squat", "Press"));
-  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Squat", "Press"));
-  EXPECT_EQ(List("ExerciseList").SelectedRow(), 1);
+  EXPECT_THAT(screen.exercises.rows, ElementsAre("Squat", "Press"));
+  EXPECT_EQ(screen.exercises.selected, 1);
 }
 
 TEST_F(ExerciseEditing, RenamingStopsWithoutAnAnswer) {
-  AddExercise("Squat");
+  AddNewExercise("Squat");
   for (const char* answer : {"", "  "}) {
-    dialogs.answers = {answer};
-    Click("EditExerciseNameButton");
+    Rename(0, answer);
     EXPECT_THAT(SavedNames(), ElementsAre("Squat"));
   }
 }
 
 TEST_F(ExerciseEditing, ALongNameIsCutAtTheSizeOfItsField) {
-  AddExercise("Squat");
-  dialogs.answers = {std::string(300, 'x')};
-  Click("EditExerciseNameButton");
+  AddNewExercise("Squat");
+  Rename(0, std::string(300, 'x'));
   EXPECT_THAT(SavedNames(), ElementsAre(std::string(256, 'x')));
 }
 
 TEST_F(ExerciseEditing, RenamingDoesNothingWithoutExercises) {
-  Click("EditExerciseNameButton");
+  for (const int row : {-1, 0}) EditExerciseNameButton_Click(editor, row);
   EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 
 TEST_F(ExerciseEditing, NothingIsAskedWhenNoRowIsSelected) {
-  AddExercise("Squat");
-  List("ExerciseList").SelectRow(-1);
-  // The focus makes a row current, which does not count as a choice.
-  List("ExerciseList").setFocus();
-  Click("EditExerciseNameButton");
-  Click("RemoveExerciseButton");
-  Click("MoveUpExerciseListButton");
+  AddNewExercise("Squat");
+  EditExerciseNameButton_Click(editor, -1);
+  RemoveExerciseButton_Click(editor, -1);
+  MoveUpExerciseListButton_Click(editor, -1);
   EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 
 TEST_F(ExerciseEditing, RemovingAsksWithTheName) {
-  AddExercise("Squat");
+  AddNewExercise("Squat");
   dialogs.answers = {"Cancel"};
-  Click("RemoveExerciseButton");
+  RemoveExerciseButton_Click(editor, 0);
   EXPECT_THAT(
       dialogs.asked,
       ElementsAre("confirm|Remove Exercise|Are you SURE you want to DELETE exercise:\rSquat"));
@@ -150,54 +155,44 @@ TEST_F(ExerciseEditing, RemovingAsksWithTheName) {
 }
 
 TEST_F(ExerciseEditing, RemovingMovesTheLaterExercisesUpWhole) {
-  AddExercise("Squat");
-  AddExercise("Row").SetValue1[4] = 9;
-  AddExercise("Press");
-  ClickRow("ExerciseList", 0);
-  dialogs.answers = {"OK"};
-  Click("RemoveExerciseButton");
+  AddSquatAndRow();
+  state.Workout[1].SetValue1[4] = 9;
+  AddNewExercise("Press");
+  Remove(0);
   EXPECT_THAT(SavedNames(), ElementsAre("Row", "Press"));
   EXPECT_EQ(Saved()[0].SetValue1[4], 9);
   EXPECT_EQ(state.NumberOfExercises, 2);
 }
 
 TEST_F(ExerciseEditing, TheRowThatTookTheRemovedOnesPlaceIsSelected) {
-  AddExercise("Squat");
-  AddExercise("Row");
-  AddExercise("Press");
-  ClickRow("ExerciseList", 1);
-  dialogs.answers = {"OK", "OK"};
-  Click("RemoveExerciseButton");
-  EXPECT_EQ(List("ExerciseList").SelectedRow(), 1);
-  Click("RemoveExerciseButton");
-  EXPECT_EQ(List("ExerciseList").SelectedRow(), 0);
+  AddSquatAndRow();
+  AddNewExercise("Press");
+  Remove(1);
+  EXPECT_EQ(screen.exercises.selected, 1);
+  Remove(1);
+  EXPECT_EQ(screen.exercises.selected, 0);
 }
 
 TEST_F(ExerciseEditing, RemovingTheLastOneClearsItsSlot) {
-  AddExercise("Squat");
-  dialogs.answers = {"OK"};
-  Click("RemoveExerciseButton");
+  AddNewExercise("Squat");
+  Remove(0);
   EXPECT_THAT(SavedNames(), IsEmpty());
   EXPECT_EQ(state.NumberOfExercises, 0);
-  EXPECT_THAT(Rows("ExerciseSummaryList"), IsEmpty());
+  EXPECT_THAT(screen.summaries, IsEmpty());
 }
 
 TEST_F(ExerciseEditing, RemovingOneOfFiveBlanksTheSlotBehindTheLast) {
-  for (int i = 0; i < 5; ++i) AddExercise("E" + std::to_string(i));
+  AddFive();
   state.Workout[5].ExerciseName = "hidden";
-  ClickRow("ExerciseList", 0);
-  dialogs.answers = {"OK"};
-  Click("RemoveExerciseButton");
+  Remove(0);
   EXPECT_TRUE(state.Workout[5].ExerciseName.IsBlank());
   EXPECT_EQ(state.NumberOfExercises, 4);
 }
 
 TEST_F(ExerciseEditing, MovingUpAsksWithTheName) {
-  AddExercise("Squat");
-  AddExercise("Row");
-  ClickRow("ExerciseList", 1);
+  AddSquatAndRow();
   dialogs.answers = {"Cancel"};
-  Click("MoveUpExerciseListButton");
+  MoveUpExerciseListButton_Click(editor, 1);
   EXPECT_THAT(dialogs.asked,
               ElementsAre("confirm|Move Exercise|Are you SURE you want to move the exercise up the "
                           "list?:\rRow"));
@@ -205,66 +200,28 @@ TEST_F(ExerciseEditing, MovingUpAsksWithTheName) {
 }
 
 TEST_F(ExerciseEditing, MovingUpSwapsTheRecordsAndKeepsTheMovedOneSelected) {
-  AddExercise("Squat").SetValue1[0] = 1;
-  AddExercise("Row").SetValue1[0] = 2;
-  ClickRow("ExerciseList", 1);
+  AddSquatAndRow();
+  state.Workout[0].SetValue1[0] = 1;
+  state.Workout[1].SetValue1[0] = 2;
   dialogs.answers = {"OK"};
-  Click("MoveUpExerciseListButton");
+  MoveUpExerciseListButton_Click(editor, 1);
   EXPECT_THAT(SavedNames(), ElementsAre("Row", "Squat"));
   EXPECT_EQ(Saved()[0].SetValue1[0], 2);
-  EXPECT_EQ(List("ExerciseList").SelectedRow(), 0);
-  EXPECT_EQ(List("ExerciseSummaryList").SelectedRow(), 0);
+  EXPECT_EQ(screen.exercises.selected, 0);
 }
 
 TEST_F(ExerciseEditing, TheFirstExerciseCannotMoveUp) {
-  AddExercise("Squat");
-  AddExercise("Row");
-  ClickRow("ExerciseList", 0);
-  Click("MoveUpExerciseListButton");
+  AddSquatAndRow();
+  MoveUpExerciseListButton_Click(editor, 0);
   EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 
-TEST_F(ExerciseEditing, TheListsSelectTogether) {
-  AddExercise("Squat");
-  AddExercise("Row");
-  ClickRow("ExerciseList", 1);
-  EXPECT_EQ(List("ExerciseSummaryList").SelectedRow(), 1);
-  ClickRow("ExerciseSummaryList", 0);
-  EXPECT_EQ(List("ExerciseList").SelectedRow(), 0);
-}
-
-TEST_F(ExerciseEditing, TheListsDoNotFollowWhileTheScreenIsUpdating) {
-  AddExercise("Squat");
-  AddExercise("Row");
-  state.ScreenUpdating = true;
-  List("ExerciseList").SelectRow(1);
-  EXPECT_EQ(List("ExerciseSummaryList").SelectedRow(), 0);
-}
-
-TEST_F(ExerciseEditing, ADoubleClickOpensTheExercise) {
-  AddExercise("Squat");
-  AddExercise("Row");
-  DoubleClickRow("ExerciseList", 1);
-  EXPECT_EQ(Get<QTabWidget>("SSTab1").currentIndex(), 1);
-  EXPECT_EQ(Text("ExerciseNameLabel"), "Row");
-}
-
-TEST_F(ExerciseEditing, TheSummaryOpensTheExerciseToo) {
-  AddExercise("Squat");
-  AddExercise("Row");
-  DoubleClickRow("ExerciseSummaryList", 1);
-  EXPECT_EQ(Get<QTabWidget>("SSTab1").currentIndex(), 1);
-  EXPECT_EQ(Text("ExerciseNameLabel"), "Row");
-}
-
 TEST_F(ExerciseEditing, NothingIsDoneWhileTheScreenIsUpdating) {
-  AddExercise("Squat");
-  AddExercise("Row");
-  ClickRow("ExerciseList", 1);
+  AddSquatAndRow();
   state.ScreenUpdating = true;
-  Click("EditExerciseNameButton");
-  Click("RemoveExerciseButton");
-  Click("MoveUpExerciseListButton");
+  EditExerciseNameButton_Click(editor, 1);
+  RemoveExerciseButton_Click(editor, 1);
+  MoveUpExerciseListButton_Click(editor, 1);
   EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 

@@ -178,29 +178,29 @@ class WorkoutChangedElsewhere : public LoadedWorkout {
 };
 
 TEST_F(WorkoutChangedElsewhere, HasOtherRowsWhereSetsWereAdded) {
-  Change([](ExerciseSlots& slots) { slots[0].NumberOfSets = 2; });
+  Change([](ExerciseSlots& records) { records[0].NumberOfSets = 2; });
   EXPECT_THROW(ReloadChangedWorkout(editor), WorkoutReplaced);
 }
 
 TEST_F(WorkoutChangedElsewhere, HasOtherRowsWhereTheMusicThatIsShownIsAnother) {
-  Change([](ExerciseSlots& slots) { slots[1].MusicFile[0] = "/b.mp3"; });
+  Change([](ExerciseSlots& records) { records[1].MusicFile[0] = "/b.mp3"; });
   EXPECT_THROW(ReloadChangedWorkout(editor), WorkoutReplaced);
 }
 
 TEST_F(WorkoutChangedElsewhere, HasTheSameRowsWhereTheMusicOfAnotherExerciseIsAnother) {
-  Change([](ExerciseSlots& slots) { slots[0].MusicFile[0] = "/b.mp3"; });
+  Change([](ExerciseSlots& records) { records[0].MusicFile[0] = "/b.mp3"; });
   EXPECT_NO_THROW(ReloadChangedWorkout(editor));
   EXPECT_EQ(state.Workout[0].MusicFile[0].Text(), "/b.mp3");
 }
 
 TEST_F(WorkoutChangedElsewhere, MayClaimMoreMusicThanThereAreSlots) {
-  Change([](ExerciseSlots& slots) { slots[1].NumberOfMusicFiles = 32767; });
+  Change([](ExerciseSlots& records) { records[1].NumberOfMusicFiles = 32767; });
   EXPECT_THROW(ReloadChangedWorkout(editor), WorkoutReplaced);
 }
 
 TEST_F(WorkoutChangedElsewhere, KeepsTheCurrentExerciseInUse) {
   state.CurrentExercise = 2;
-  Change([](ExerciseSlots& slots) { slots[0].SetValue1[0] = 1; });
+  Change([](ExerciseSlots& records) { records[0].SetValue1[0] = 1; });
   EXPECT_THROW(ReloadChangedWorkout(editor), WorkoutReplaced);
   EXPECT_EQ(state.CurrentExercise, 0);
 }

@@ -1,4 +1,11 @@
-#include "support/FormFixture.h"
+#include <filesystem>
+#include <stdexcept>
+
+#include "app/WorkoutFiles.h"
+#include "base/FileError.h"
+#include "editing/MusicEditing.h"
+
+#include "support/EditorFixture.h"
 #include "support/SongBytes.h"
 
 namespace repvolta {
@@ -9,14 +16,13 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing::StartsWith;
+using testing::ThrowsMessage;
 
 /// The exercise tab with one exercise.
-class MusicEditing : public FormFixture {
+class MusicEditing : public EditorFixture {
  protected:
-  MusicEditing() {
-    AddExercise("Squat");
-    OpenTab(1);
-  }
+  MusicEditing() { AddNewExercise("Squat"); }
 
   ExerciseRecord& Exercise() { return state.Workout[0]; }
 
@@ -28,7 +34,17 @@ class MusicEditing : public FormFixture {
 
   void Add(const std::string& path) {
     dialogs.answers = {path};
-    Click("AddMusicFileButton");
+    AddMusicFileButton_Click(editor);
+  }
+
+  void MoveUp(int row) {
+    dialogs.answers = {"OK"};
+    MoveMusicFileUpListButton_Click(editor, row);
+  }
+
+  void Remove(int row) {
+    dialogs.answers = {"OK"};
+    RemoveMusicFileButton_Click(editor, row);
   }
 
   /// Three songs of 100, 200 and 300 seconds.
@@ -46,7 +62,7 @@ class MusicEditing : public FormFixture {
   void SetTime(const std::string& answer) {
     dialogs.asked.clear();
     dialogs.answers = {answer};
-    Click("SetExerciseTimeButton");
+    SetExerciseTimeButton_Click(editor);
   }
 };
 
@@ -68,14 +84,14 @@ TEST_F(MusicEditing, AddingStoresThePathAndItsPlayTime) {
   EXPECT_EQ(saved.MusicFilePlayTime[0], 100);
   EXPECT_EQ(saved.MusicFilePlayTime[1], 20);
   EXPECT_EQ(saved.TotalMusicTime, 120);
-  EXPECT_THAT(Rows("MusicList"), ElementsAre(first, second));
-  EXPECT_EQ(Text("TotalMusicTimeLabel"), "Total Music Time = 02:00");
+  EXPECT_THAT(screen.music.rows, ElementsAre(first, second));
+  EXPECT_EQ(screen.musicTime, 120);
 }
 
 TEST_F(MusicEditing, TheAddedFileIsSelected) {
   Add(Song("a.mp3", 1));
   Add(Song("b.mp3", 1));
-  EXPECT_EQ(List("MusicList").SelectedRow(), 1);
+  EXPECT_EQ(screen.music.selected, 1);
 }
 
 TEST_F(MusicEditing, AddingMakesTheProgramDirectoryCurrentAgain) {
@@ -94,26 +110,23 @@ TEST_F(MusicEditing, AFileWithoutMusicCountsZeroSeconds) {
 
 TEST_F(MusicEditing, AnEleventhFileIsRefused) {
   Exercise().NumberOfMusicFiles = 10;
-  Click("AddMusicFileButton");
+  AddMusicFileButton_Click(editor);
   EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|Cannot add any more music files"));
   EXPECT_EQ(Exercise().NumberOfMusicFiles, 10);
 }
 
 TEST_F(MusicEditing, AFileThatIsGoneIsToldAndNotAdded) {
   const ExerciseRecord before = Exercise();
-  Add("/nowhere/song.mp3");
-  ASSERT_THAT(dialogs.asked, SizeIs(2));
-  EXPECT_THAT(dialogs.asked[1], HasSubstr("message|Repvolta|/nowhere/song.mp3 "));
+  EXPECT_THAT([this] { Add("/nowhere/song.mp3"); },
+              ThrowsMessage<FileError>(StartsWith("/nowhere/song.mp3 ")));
   EXPECT_EQ(Exercise(), before);
-  EXPECT_THAT(Rows("MusicList"), IsEmpty());
+  EXPECT_THAT(screen.music.rows, IsEmpty());
 }
 
 TEST_F(MusicEditing, APathThatWouldBeCutIsNotAdded) {
   const ExerciseRecord before = Exercise();
-  Add("/" + std::string(256, 'x'));
-  ASSERT_THAT(dialogs.asked, SizeIs(2));
-  EXPECT_THAT(dialogs.asked[1], HasSubstr("The music file could not be added.\rThe path cannot be "
-                                          "kept"));
+  EXPECT_THAT([this] { Add("/" + std::string(256, 'x')); },
+              ThrowsMessage<std::length_error>(StartsWith("The path cannot be kept")));
   EXPECT_EQ(Exercise(), before);
 }
 
@@ -121,17 +134,15 @@ TEST_F(MusicEditing, ATotalThatDoesNotFitAddsNothing) {
   Exercise().NumberOfMusicFiles = 1;
   Exercise().MusicFilePlayTime[0] = 32767;
   const ExerciseRecord before = Exercise();
-  Add(Song("a.mp3", 1));
-  EXPECT_EQ(dialogs.asked.back(),
-            "message|Repvolta|The music file could not be added.\rThe number is too large");
+  const std::string song = Song("a.mp3", 1);
+  EXPECT_THAT([&] { Add(song); }, ThrowsMessage<std::overflow_error>("The number is too large"));
   EXPECT_EQ(Exercise(), before);
 }
 
 TEST_F(MusicEditing, MovingUpAsksWithThePath) {
   AddThreeSongs();
-  ClickRow("MusicList", 1);
   dialogs.answers = {"Cancel"};
-  Click("MoveMusicFileUpListButton");
+  MoveMusicFileUpListButton_Click(editor, 1);
   EXPECT_THAT(dialogs.asked,
               ElementsAre("confirm|Move Music File|Are you SURE you want to move the music file up "
                           "the list?:\rb.mp3"));
@@ -140,38 +151,33 @@ TEST_F(MusicEditing, MovingUpAsksWithThePath) {
 
 TEST_F(MusicEditing, MovingUpSwapsTheNamesOnly) {
   AddThreeSongs();
-  ClickRow("MusicList", 1);
-  dialogs.answers = {"OK"};
-  Click("MoveMusicFileUpListButton");
-  EXPECT_THAT(Rows("MusicList"), ElementsAre("b.mp3", "a.mp3", "c.mp3"));
+  MoveUp(1);
+  EXPECT_THAT(screen.music.rows, ElementsAre("b.mp3", "a.mp3", "c.mp3"));
   EXPECT_EQ(Saved()[0].MusicFile[0].Text(), "b.mp3");
   EXPECT_EQ(Saved()[0].MusicFilePlayTime[0], 100);
   EXPECT_EQ(Saved()[0].TotalMusicTime, 600);
-  EXPECT_EQ(List("MusicList").SelectedRow(), 0);
+  EXPECT_EQ(screen.music.selected, 0);
 }
 
 TEST_F(MusicEditing, TheFirstFileCannotMoveUp) {
   AddThreeSongs();
-  ClickRow("MusicList", 0);
-  Click("MoveMusicFileUpListButton");
+  MoveMusicFileUpListButton_Click(editor, 0);
   EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 
 TEST_F(MusicEditing, NothingIsAskedWithoutASelectedFile) {
-  Click("MoveMusicFileUpListButton");
-  Click("RemoveMusicFileButton");
+  MoveMusicFileUpListButton_Click(editor, -1);
+  RemoveMusicFileButton_Click(editor, -1);
   AddThreeSongs();
-  List("MusicList").setFocus();
-  Click("MoveMusicFileUpListButton");
-  Click("RemoveMusicFileButton");
+  MoveMusicFileUpListButton_Click(editor, -1);
+  RemoveMusicFileButton_Click(editor, -1);
   EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 
 TEST_F(MusicEditing, RemovingAsksWithThePath) {
   AddThreeSongs();
-  ClickRow("MusicList", 2);
   dialogs.answers = {"Cancel"};
-  Click("RemoveMusicFileButton");
+  RemoveMusicFileButton_Click(editor, 2);
   EXPECT_THAT(dialogs.asked,
               ElementsAre("confirm|Remove Music File|Are you SURE you want to remove the music "
                           "file:\rc.mp3"));
@@ -180,16 +186,14 @@ TEST_F(MusicEditing, RemovingAsksWithThePath) {
 
 TEST_F(MusicEditing, RemovingTheMiddleFileLeavesThePlayTimesWhereTheyAre) {
   AddThreeSongs();
-  ClickRow("MusicList", 1);
-  dialogs.answers = {"OK"};
-  Click("RemoveMusicFileButton");
+  Remove(1);
   const ExerciseRecord saved = Saved()[0];
-  EXPECT_THAT(Rows("MusicList"), ElementsAre("a.mp3", "c.mp3"));
+  EXPECT_THAT(screen.music.rows, ElementsAre("a.mp3", "c.mp3"));
   EXPECT_EQ(saved.NumberOfMusicFiles, 2);
   EXPECT_TRUE(saved.MusicFile[2].IsBlank());
   EXPECT_EQ(saved.TotalMusicTime, 300);
   EXPECT_EQ(saved.MusicFilePlayTime[2], 300);
-  EXPECT_EQ(List("MusicList").SelectedRow(), 1);
+  EXPECT_EQ(screen.music.selected, 1);
 }
 
 TEST_F(MusicEditing, RemovesAnyOfAsManyFilesAsAWorkoutFileHolds) {
@@ -198,9 +202,7 @@ TEST_F(MusicEditing, RemovesAnyOfAsManyFilesAsAWorkoutFileHolds) {
     for (int i = 0; i < kAll; ++i) Exercise().MusicFile[i] = std::to_string(i) + ".mp3";
     Exercise().NumberOfMusicFiles = kAll;
     Show();
-    form->SelectMusic(row);
-    dialogs.answers = {"OK"};
-    Click("RemoveMusicFileButton");
+    Remove(row);
     const ExerciseRecord saved = Saved()[0];
     EXPECT_EQ(saved.NumberOfMusicFiles, kAll - 1) << row;
     EXPECT_EQ(saved.MusicFile[0].Text(), row == 0 ? "1.mp3" : "0.mp3");
@@ -211,29 +213,22 @@ TEST_F(MusicEditing, RemovesAnyOfAsManyFilesAsAWorkoutFileHolds) {
 
 TEST_F(MusicEditing, RemovingTheLastFileSelectsTheOneBefore) {
   AddThreeSongs();
-  ClickRow("MusicList", 2);
-  dialogs.answers = {"OK"};
-  Click("RemoveMusicFileButton");
-  EXPECT_EQ(List("MusicList").SelectedRow(), 1);
+  Remove(2);
+  EXPECT_EQ(screen.music.selected, 1);
 }
 
 TEST_F(MusicEditing, RandomMusicIsSavedWithoutARedraw) {
-  Get<QLabel>("ExerciseNameLabel").setText("as it was");
-  Click("RandomMusicCheckBox");
+  screen.exerciseName = "as it was";
+  RandomMusicCheckBox_Click(editor, CheckBox::kTicked);
   EXPECT_EQ(Saved()[0].RandomMusic, kTrue);
-  Click("RandomMusicCheckBox");
+  RandomMusicCheckBox_Click(editor, CheckBox::kUnticked);
   EXPECT_EQ(Saved()[0].RandomMusic, kFalse);
-  EXPECT_EQ(Text("ExerciseNameLabel"), "as it was");
-}
-
-TEST_F(MusicEditing, RandomMusicByAnAssistiveToolIsSavedToo) {
-  Get<QAbstractButton>("RandomMusicCheckBox").setChecked(true);
-  EXPECT_EQ(Saved()[0].RandomMusic, kTrue);
+  EXPECT_EQ(screen.exerciseName, "as it was");
 }
 
 TEST_F(MusicEditing, RandomMusicStaysWhileTheScreenIsUpdating) {
   state.ScreenUpdating = true;
-  Click("RandomMusicCheckBox");
+  RandomMusicCheckBox_Click(editor, CheckBox::kTicked);
   EXPECT_EQ(Exercise().RandomMusic, kFalse);
 }
 
@@ -246,7 +241,7 @@ TEST_F(MusicEditing, TheTargetTimeIsAskedFor) {
 TEST_F(MusicEditing, TheTargetTimeIsStoredInSecondsAndShown) {
   SetTime("1.5");
   EXPECT_EQ(Saved()[0].TargetExerciseTime, 90);
-  EXPECT_EQ(Text("EstimatedExerciseTimeLabel"), "Target Exercise Time = 01:30");
+  EXPECT_EQ(screen.targetTime, 90);
 }
 
 TEST_F(MusicEditing, LeadingNumbersBecomeTargetTimes) {

@@ -1,6 +1,8 @@
 #include <QDate>
 #include <QLocale>
+#include <array>
 #include <cmath>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <vector>
@@ -9,6 +11,8 @@
 
 namespace repvolta {
 namespace {
+
+using testing::ElementsAre;
 
 constexpr double kNoon = 39166.5;
 
@@ -104,6 +108,55 @@ TEST(ScreenTexts, ADateHasTheShortFormOfTheLocale) {
 TEST(ScreenTexts, ANumberThatIsNoDateOverflows) {
   EXPECT_THROW(DateText(1e300), std::overflow_error);
   EXPECT_THROW(DateText(std::nan("")), std::overflow_error);
+}
+
+TEST(ScreenTexts, AnExerciseWithoutANameHasASummaryAndNoRow) {
+  ProgramState state;
+  state.Workout[0].ExerciseName = "  Squat ";
+  state.Workout[1].ExerciseName = " ";
+  state.NumberOfExercises = 2;
+  EXPECT_THAT(ExerciseRows(state), ElementsAre("Squat"));
+  EXPECT_EQ(SummaryRows(state).size(), 2U);
+}
+
+TEST(ScreenTexts, TheMusicOfAllExercisesIsAddedUp) {
+  ProgramState state;
+  state.NumberOfExercises = 2;
+  state.Workout[0].TotalMusicTime = 32766;
+  state.Workout[1].TotalMusicTime = 1;
+  state.Workout[2].TotalMusicTime = 1;
+  EXPECT_EQ(TotalMusicTimeText(state), "546:07");
+  state.NumberOfExercises = 3;
+  EXPECT_THROW(TotalMusicTimeText(state), std::overflow_error);
+}
+
+TEST(ScreenTexts, EachMusicFileHasARow) {
+  ExerciseRecord exercise;
+  exercise.MusicFile[0] = " b.mp3";
+  exercise.MusicFile[1] = "a.mp3";
+  exercise.NumberOfMusicFiles = 2;
+  EXPECT_THAT(MusicRows(exercise), ElementsAre("b.mp3", "a.mp3"));
+  exercise.NumberOfMusicFiles = kMusicSlots + 1;
+  EXPECT_THROW(MusicRows(exercise), std::out_of_range);
+}
+
+TEST(ScreenTexts, EachSetHasARowInAllColumns) {
+  ExerciseRecord exercise;
+  exercise.SetValue1[1] = 62.5;
+  exercise.SetValue2[1] = 2;
+  exercise.SetIncrement1[1] = 3;
+  exercise.SetIncrement2[1] = -4;
+  exercise.SetFrequency1[1] = 5;
+  exercise.SetFrequency2[1] = 6;
+  exercise.NextUpdate1[1] = exercise.NextUpdate2[1] = 39166;
+  exercise.NumberOfSets = 2;
+  const SetColumns columns = SetRows(exercise, 39166);
+  const std::array<const char*, 7> second = {"62.5", "2", "3", "-4", "5", "6", " 5,  6"};
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    EXPECT_THAT(columns[i], ElementsAre(i == kNextUpdateList ? "N/A, N/A" : "0", second[i])) << i;
+  }
+  exercise.NumberOfSets = kSetSlots + 1;
+  EXPECT_THROW(SetRows(exercise, 39166), std::out_of_range);
 }
 
 }  // namespace

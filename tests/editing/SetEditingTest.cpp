@@ -1,4 +1,11 @@
-#include "support/FormFixture.h"
+#include <deque>
+#include <stdexcept>
+#include <utility>
+
+#include "base/FileError.h"
+#include "editing/SetEditing.h"
+
+#include "support/EditorFixture.h"
 
 namespace repvolta {
 namespace {
@@ -6,20 +13,25 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::SizeIs;
-
-constexpr const char* kSetLists[] = {"SetList1",  "SetList2",  "SetListInc1",   "SetListInc2",
-                                     "FreqList1", "FreqList2", "NextUpdateList"};
+using testing::ThrowsMessage;
 
 /// The exercise tab with one exercise.
-class SetEditing : public FormFixture {
+class SetEditing : public EditorFixture {
  protected:
-  SetEditing() {
-    AddExercise("Squat");
-    OpenTab(1);
-  }
+  SetEditing() { AddNewExercise("Squat"); }
 
   ExerciseRecord& Exercise() { return state.Workout[0]; }
+
+  void Add(const std::deque<std::string>& answers) {
+    dialogs.asked.clear();
+    dialogs.answers = answers;
+    AddNewSetButton_Click(editor);
+  }
+
+  void Remove(int row) {
+    dialogs.answers = {"OK"};
+    RemoveSelectedSetButton_Click(editor, row);
+  }
 
   /// Three sets whose numbers and dates all differ.
   void AddThreeSets() {
@@ -47,10 +59,6 @@ class SetEditing : public FormFixture {
   static void ExpectNumbers(int set, const std::vector<float>& expected) {
     EXPECT_EQ(NumbersOf(Saved()[0], set), expected) << "set " << set;
   }
-
-  void ExpectSelected(int row) {
-    for (const char* list : kSetLists) EXPECT_EQ(List(list).SelectedRow(), row) << list;
-  }
 };
 
 TEST_F(SetEditing, AddingAsksForBothFieldsByName) {
@@ -59,9 +67,7 @@ TEST_F(SetEditing, AddingAsksForBothFieldsByName) {
   for (std::int16_t type = 0; type < 4; ++type) {
     Exercise().SetType = type;
     Exercise().NumberOfSets = 0;
-    dialogs.asked.clear();
-    dialogs.answers = {"1", "2"};
-    Click("AddNewSetButton");
+    Add({"1", "2"});
     const auto& [first, second] = names[static_cast<std::size_t>(type)];
     EXPECT_THAT(dialogs.asked,
                 ElementsAre("ask|" + first + "|Enter the " + first + " required:",
@@ -70,12 +76,11 @@ TEST_F(SetEditing, AddingAsksForBothFieldsByName) {
 }
 
 TEST_F(SetEditing, AddingSavesAndShowsTheSet) {
-  dialogs.answers = {"62.5", "10"};
-  Click("AddNewSetButton");
+  Add({"62.5", "10"});
   EXPECT_EQ(Saved()[0].NumberOfSets, 1);
   ExpectNumbers(0, {62.5, 10, 0, 0, 0, 0});
-  EXPECT_THAT(Rows("SetList1"), ElementsAre("62.5"));
-  EXPECT_THAT(Rows("SetList2"), ElementsAre("10"));
+  EXPECT_THAT(screen.sets[kSetList1], ElementsAre("62.5"));
+  EXPECT_THAT(screen.sets[kSetList2], ElementsAre("10"));
 }
 
 TEST_F(SetEditing, NoControlCountsWhileTheValuesAreAskedFor) {
@@ -84,15 +89,13 @@ TEST_F(SetEditing, NoControlCountsWhileTheValuesAreAskedFor) {
     ++asked;
     EXPECT_TRUE(state.ScreenUpdating);
   };
-  dialogs.answers = {"1", "2"};
-  Click("AddNewSetButton");
+  Add({"1", "2"});
   EXPECT_EQ(asked, 2);
   EXPECT_FALSE(state.ScreenUpdating);
 }
 
 TEST_F(SetEditing, CancelAddsASetWithZeros) {
-  dialogs.answers = {"", ""};
-  Click("AddNewSetButton");
+  Add({"", ""});
   EXPECT_EQ(Saved()[0].NumberOfSets, 1);
   ExpectNumbers(0, {0, 0, 0, 0, 0, 0});
 }
@@ -100,15 +103,14 @@ TEST_F(SetEditing, CancelAddsASetWithZeros) {
 TEST_F(SetEditing, TheNewSetKeepsWhatItsSlotHeldBesides) {
   Exercise().SetIncrement1[0] = 4;
   Exercise().NextUpdate2[0] = 1000;
-  dialogs.answers = {"1", "2"};
-  Click("AddNewSetButton");
+  Add({"1", "2"});
   EXPECT_EQ(Saved()[0].SetIncrement1[0], 4);
   EXPECT_EQ(Saved()[0].NextUpdate2[0], 1000);
 }
 
 TEST_F(SetEditing, AFourthSetIsRefused) {
   AddThreeSets();
-  Click("AddNewSetButton");
+  AddNewSetButton_Click(editor);
   EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|Cannot add any more Sets"));
   EXPECT_EQ(Exercise().NumberOfSets, 3);
 }
@@ -116,11 +118,8 @@ TEST_F(SetEditing, AFourthSetIsRefused) {
 TEST_F(SetEditing, AValueThatIsTooLargeAddsNothing) {
   for (const std::deque<std::string>& answers :
        {std::deque<std::string>{"1e39"}, std::deque<std::string>{"5", "1e39"}}) {
-    dialogs.asked.clear();
-    dialogs.answers = answers;
-    Click("AddNewSetButton");
-    EXPECT_EQ(dialogs.asked.back(),
-              "message|Repvolta|The set could not be added.\rThe number is too large");
+    EXPECT_THAT([&] { Add(answers); },
+                ThrowsMessage<std::overflow_error>("The number is too large"));
     EXPECT_EQ(Exercise().NumberOfSets, 0);
     EXPECT_EQ(Exercise().SetValue1[0], 0);
     EXPECT_FALSE(state.ScreenUpdating);
@@ -144,8 +143,7 @@ TEST_F(SetEditing, LeadingNumbersBecomeValues) {
       {"7" + std::string(100000, ' '), 7.0F}};
   for (const auto& [answer, value] : values) {
     Exercise().NumberOfSets = 0;
-    dialogs.answers = {answer, answer};
-    Click("AddNewSetButton");
+    Add({answer, answer});
     EXPECT_EQ(Saved()[0].SetValue1[0], value) << answer.substr(0, 20);
     EXPECT_EQ(Saved()[0].SetValue2[0], value) << answer.substr(0, 20);
   }
@@ -153,17 +151,18 @@ TEST_F(SetEditing, LeadingNumbersBecomeValues) {
 
 TEST_F(SetEditing, ASetThatCannotBeSavedIsToldAndShown) {
   BlockWorkouts();
-  dialogs.answers = {"1", "2"};
-  Click("AddNewSetButton");
-  EXPECT_THAT(dialogs.asked.back(), HasSubstr("workouts/Monday.RPV could not be"));
-  EXPECT_THAT(Rows("SetList1"), ElementsAre("1"));
+  EXPECT_THAT(
+      [this] {
+        Add({"1", "2"});
+      },
+      ThrowsMessage<UnsavedChange>(HasSubstr("workouts/Monday.RPV could not be")));
+  EXPECT_THAT(screen.sets[kSetList1], ElementsAre("1"));
 }
 
 TEST_F(SetEditing, RemovingAsks) {
   AddThreeSets();
-  ClickRow("SetList1", 1);
   dialogs.answers = {"Cancel"};
-  Click("RemoveSelectedSetButton");
+  RemoveSelectedSetButton_Click(editor, 1);
   EXPECT_THAT(dialogs.asked,
               ElementsAre("confirm|Remove Set|Are you SURE you want to remove the selected set?"));
   EXPECT_EQ(Exercise().NumberOfSets, 3);
@@ -171,9 +170,7 @@ TEST_F(SetEditing, RemovingAsks) {
 
 TEST_F(SetEditing, RemovingTheFirstOfThreeMovesTheNumbersAndLeavesTheDates) {
   AddThreeSets();
-  ClickRow("SetList1", 0);
-  dialogs.answers = {"OK"};
-  Click("RemoveSelectedSetButton");
+  Remove(0);
   EXPECT_EQ(Saved()[0].NumberOfSets, 2);
   ExpectNumbers(0, {21, 22, 23, 24, 25, 26});
   ExpectNumbers(1, {31, 32, 33, 34, 35, 36});
@@ -185,9 +182,7 @@ TEST_F(SetEditing, RemovingTheFirstOfThreeMovesTheNumbersAndLeavesTheDates) {
 TEST_F(SetEditing, RemovingClearsTheSlotBehindTheOldCount) {
   AddThreeSets();
   Exercise().SetValue1[3] = 99;
-  ClickRow("SetList1", 2);
-  dialogs.answers = {"OK"};
-  Click("RemoveSelectedSetButton");
+  Remove(2);
   ExpectNumbers(2, {99, 0, 0, 0, 0, 0});
   ExpectNumbers(3, {0, 0, 0, 0, 0, 0});
 }
@@ -198,9 +193,7 @@ TEST_F(SetEditing, RemovesOneOfAsManySetsAsAFileHolds) {
   for (int i = 3; i < kAll; ++i) Exercise().SetValue1[i] = static_cast<float>(10 * i);
   Exercise().NumberOfSets = kAll;
   Show();
-  form->SelectSet(1);
-  dialogs.answers = {"OK"};
-  Click("RemoveSelectedSetButton");
+  Remove(1);
   EXPECT_EQ(Saved()[0].NumberOfSets, kAll - 1);
   ExpectNumbers(1, {31, 32, 33, 34, 35, 36});
   EXPECT_EQ(Saved()[0].SetValue1[kAll - 2], 160);
@@ -209,40 +202,34 @@ TEST_F(SetEditing, RemovesOneOfAsManySetsAsAFileHolds) {
 
 TEST_F(SetEditing, TheRowThatTookTheRemovedOnesPlaceIsSelected) {
   AddThreeSets();
-  ClickRow("SetList1", 2);
-  dialogs.answers = {"OK", "OK", "OK"};
-  Click("RemoveSelectedSetButton");
-  ExpectSelected(1);
-  ClickRow("FreqList1", 0);
-  Click("RemoveSelectedSetButton");
-  ExpectSelected(0);
-  Click("RemoveSelectedSetButton");
-  ExpectSelected(-1);
+  Remove(2);
+  EXPECT_EQ(screen.selectedSet, 1);
+  Remove(0);
+  EXPECT_EQ(screen.selectedSet, 0);
+  Remove(0);
+  EXPECT_EQ(screen.selectedSet, -1);
 }
 
 TEST_F(SetEditing, NothingIsRemovedOrMovedWithoutASelectedRow) {
   AddThreeSets();
-  List("SetList1").setFocus();
-  Click("RemoveSelectedSetButton");
-  Click("MoveSetUpListButton");
-  Click("ManualDateResetButton");
+  RemoveSelectedSetButton_Click(editor, -1);
+  MoveSetUpListButton_Click(editor, -1);
+  ManualDateResetButton_Click(editor, -1);
   EXPECT_THAT(dialogs.asked, IsEmpty());
   EXPECT_EQ(Exercise().NextUpdate1[1], kToday + 1);
 }
 
 TEST_F(SetEditing, NothingIsRemovedWhenThereAreNoSets) {
   AddThreeSets();
-  ClickRow("SetList1", 1);
   Exercise().NumberOfSets = 0;
-  Click("RemoveSelectedSetButton");
+  RemoveSelectedSetButton_Click(editor, 1);
   EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 
 TEST_F(SetEditing, MovingUpAsks) {
   AddThreeSets();
-  ClickRow("SetList1", 1);
   dialogs.answers = {"Cancel"};
-  Click("MoveSetUpListButton");
+  MoveSetUpListButton_Click(editor, 1);
   EXPECT_THAT(
       dialogs.asked,
       ElementsAre("confirm|Move Set|Are you SURE you want to move the selected set up the list?"));
@@ -251,90 +238,52 @@ TEST_F(SetEditing, MovingUpAsks) {
 
 TEST_F(SetEditing, MovingUpExchangesTheNumbersAndLeavesTheDates) {
   AddThreeSets();
-  ClickRow("SetList1", 1);
   dialogs.answers = {"OK"};
-  Click("MoveSetUpListButton");
+  MoveSetUpListButton_Click(editor, 1);
   ExpectNumbers(0, {21, 22, 23, 24, 25, 26});
   ExpectNumbers(1, {11, 12, 13, 14, 15, 16});
   EXPECT_EQ(Saved()[0].NextUpdate1[0], kToday);
   EXPECT_EQ(Saved()[0].NextUpdate1[1], kToday + 1);
-  ExpectSelected(0);
+  EXPECT_EQ(screen.selectedSet, 0);
 }
 
 TEST_F(SetEditing, TheFirstSetCannotMoveUp) {
   AddThreeSets();
-  ClickRow("SetList1", 0);
-  Click("MoveSetUpListButton");
+  MoveSetUpListButton_Click(editor, 0);
   EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 
 TEST_F(SetEditing, TheDatesOfTheSelectedSetAreResetToToday) {
   AddThreeSets();
-  ClickRow("SetList1", 2);
-  Click("ManualDateResetButton");
+  ManualDateResetButton_Click(editor, 2);
   EXPECT_EQ(Saved()[0].NextUpdate1[2], kToday);
   EXPECT_EQ(Saved()[0].NextUpdate2[2], kToday);
   EXPECT_EQ(Saved()[0].NextUpdate1[1], kToday + 1);
-  EXPECT_EQ(Rows("NextUpdateList")[2], " 34,  36");
-}
-
-TEST_F(SetEditing, AClickInAnyListSelectsTheSetInAll) {
-  AddThreeSets();
-  int row = 0;
-  for (const char* list : kSetLists) {
-    row = (row + 1) % 3;
-    ClickRow(list, row);
-    ExpectSelected(row);
-  }
+  EXPECT_EQ(screen.sets[kNextUpdateList][2], " 34,  36");
 }
 
 TEST_F(SetEditing, TheKindOfSetsIsSavedAndShown) {
   for (int i : {3, 2, 1, 0}) {
-    Click(("SetButton_" + std::to_string(i)).c_str());
+    SetButton_Click(editor, i);
     EXPECT_EQ(Saved()[0].SetType, i);
   }
-  Click("SetButton_2");
-  EXPECT_EQ(Text("SetListLabel1"), "Distance");
-  EXPECT_EQ(Text("SetListIncLabel2"), "Speed");
+  SetButton_Click(editor, kDistanceAndSpeed);
+  EXPECT_EQ(screen.fieldNames, FieldNames("Distance", "Speed"));
 }
 
 TEST_F(SetEditing, TheUnitsAreSaved) {
-  Click("UnitsSelection_1");
+  UnitsSelection_Click(editor, 1);
   EXPECT_EQ(Saved()[0].Units, kTrue);
-  Click("UnitsSelection_0");
+  UnitsSelection_Click(editor, 0);
   EXPECT_EQ(Saved()[0].Units, kFalse);
-}
-
-TEST_F(SetEditing, AChoiceByAnAssistiveToolCountsToo) {
-  Get<QAbstractButton>("SetButton_1").setChecked(true);
-  Get<QAbstractButton>("UnitsSelection_1").setChecked(true);
-  EXPECT_EQ(Saved()[0].SetType, kLevelAndTime);
-  EXPECT_EQ(Saved()[0].Units, kTrue);
-}
-
-TEST_F(SetEditing, AnotherKindByAnAssistiveToolIsShown) {
-  Get<QAbstractButton>("SetButton_2").setChecked(true);
-  EXPECT_EQ(Text("SetListLabel1"), "Distance");
 }
 
 TEST_F(SetEditing, ChoicesCountForNothingWhileTheScreenIsUpdating) {
   state.ScreenUpdating = true;
-  Click("SetButton_2");
-  Click("UnitsSelection_1");
+  SetButton_Click(editor, kDistanceAndSpeed);
+  UnitsSelection_Click(editor, 1);
   EXPECT_EQ(Exercise().SetType, kWeightAndReps);
   EXPECT_EQ(Exercise().Units, kFalse);
-}
-
-TEST_F(SetEditing, ShowingAnotherExerciseChangesNoRecord) {
-  AddExercise("Row").SetType = kUserDefined;
-  state.Workout[1].Units = kTrue;
-  const ExerciseSlots before = state.Workout;
-  OpenTab(0);
-  ClickRow("ExerciseList", 1);
-  OpenTab(1);
-  EXPECT_TRUE(Get<QAbstractButton>("SetButton_3").isChecked());
-  EXPECT_TRUE(Get<QAbstractButton>("UnitsSelection_1").isChecked());
-  EXPECT_EQ(state.Workout, before);
 }
 
 }  // namespace

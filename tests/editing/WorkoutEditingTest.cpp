@@ -1,4 +1,14 @@
-#include "support/FormFixture.h"
+#include <filesystem>
+#include <iterator>
+#include <stdexcept>
+
+#include "app/RecordFormat.h"
+#include "base/FileError.h"
+#include "editing/LoadedWorkout.h"
+#include "editing/WorkoutEditing.h"
+
+#include "support/EditorFixture.h"
+#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -8,32 +18,33 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing::StartsWith;
+using testing::ThrowsMessage;
 
-class WorkoutEditing : public FormFixture {
+class WorkoutEditing : public EditorFixture {
  protected:
-  QComboBox& Box() { return Get<QComboBox>("WorkoutDropBox"); }
-
-  std::vector<std::string> BoxNames() {
-    std::vector<std::string> names;
-    for (int i = 0; i < Box().count(); ++i) names.push_back(Box().itemText(i).toStdString());
-    return names;
-  }
-
   void Create(const std::string& name) {
     dialogs.answers = {name};
-    Click("CreateNewWorkoutButton");
+    CreateNewWorkoutButton_Click(editor);
   }
 
+  void Delete() {
+    dialogs.answers = {"OK"};
+    DeleteSelectedWorkoutButton_Click(editor);
+  }
+
+  /// Lists the workout "Tuesday" of these bytes behind "Monday", which stays selected.
+  void ListTuesday(const Bytes& bytes = EncodeWorkout({})) {
+    PutFile("workouts/Tuesday.RPV", bytes);
+    ListWorkouts(editor);
+    screen.SelectWorkout(0);
+  }
+
+  /// The box shows the choice before the command runs.
   void Choose(int index) {
-    Box().setFocus();
-    const int steps = index - Box().currentIndex();
-    for (int i = 0; i < std::abs(steps); ++i) {
-      QTest::keyClick(&Box(), steps > 0 ? Qt::Key_Down : Qt::Key_Up);
-    }
+    screen.SelectWorkout(index);
+    WorkoutDropBox_Click(editor, screen.workouts.rows[static_cast<std::size_t>(index)]);
   }
-
-  /// Like a person who opens the list and picks the entry that is already selected.
-  void ChooseAgain() { emit Box().activated(Box().currentIndex()); }
 };
 
 TEST_F(WorkoutEditing, CreatingAsksForTheName) {
@@ -44,19 +55,19 @@ TEST_F(WorkoutEditing, CreatingAsksForTheName) {
 TEST_F(WorkoutEditing, CreatingStopsWithoutAName) {
   Create("   ");
   EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
-  EXPECT_THAT(BoxNames(), ElementsAre("Monday.RPV"));
+  EXPECT_THAT(screen.workouts.rows, ElementsAre("Monday.RPV"));
 }
 
 TEST_F(WorkoutEditing, ANewWorkoutIsAddedAtTheEndAndSelected) {
   Create("  Friday  ");
-  EXPECT_THAT(BoxNames(), ElementsAre("Monday.RPV", "Friday.RPV"));
-  EXPECT_EQ(Box().currentIndex(), 1);
+  EXPECT_THAT(screen.workouts.rows, ElementsAre("Monday.RPV", "Friday.RPV"));
+  EXPECT_EQ(screen.workouts.selected, 1);
   EXPECT_EQ(state.WorkoutFileName, "Friday.RPV");
   EXPECT_EQ(state.NumberOfWorkouts, 2);
 }
 
 TEST_F(WorkoutEditing, ANewWorkoutIsSavedWithFiveInitialisedExercises) {
-  AddExercise("Squat").SetValue1[0] = 7;
+  AddNewExercise("Squat").SetValue1[0] = 7;
   Create("Friday");
   const ExerciseSlots saved = Saved("Friday.RPV");
   for (int i = 0; i < MaxExercises; ++i) {
@@ -67,21 +78,20 @@ TEST_F(WorkoutEditing, ANewWorkoutIsSavedWithFiveInitialisedExercises) {
     EXPECT_EQ(saved[i].NextUpdate1[2], kToday) << i;
   }
   EXPECT_EQ(state.NumberOfExercises, 0);
-  EXPECT_THAT(Rows("ExerciseList"), IsEmpty());
+  EXPECT_THAT(screen.exercises.rows, IsEmpty());
 }
 
 TEST_F(WorkoutEditing, CreatingShowsTheWorkoutTab) {
-  OpenTab(2);
-  dialogs.answers = {"Friday"};
-  Get<QAbstractButton>("CreateNewWorkoutButton").click();
-  EXPECT_EQ(Get<QTabWidget>("SSTab1").currentIndex(), 0);
+  screen.tab = WindowTab::kSettings;
+  Create("Friday");
+  EXPECT_EQ(screen.tab, WindowTab::kWorkout);
 }
 
 TEST_F(WorkoutEditing, ANameThatIsUsedReplacesTheWorkoutAndIsListedTwice) {
-  AddExercise("Squat");
+  AddNewExercise("Squat");
   Create("Monday");
-  EXPECT_THAT(BoxNames(), ElementsAre("Monday.RPV", "Monday.RPV"));
-  EXPECT_EQ(Box().currentIndex(), 1);
+  EXPECT_THAT(screen.workouts.rows, ElementsAre("Monday.RPV", "Monday.RPV"));
+  EXPECT_EQ(screen.workouts.selected, 1);
   EXPECT_TRUE(Saved()[0].ExerciseName.IsBlank());
 }
 
@@ -100,7 +110,7 @@ TEST_F(WorkoutEditing, ANameThatNoFileCanHaveIsRefusedBeforeAnythingIsCreated) {
     Create(name);
     ASSERT_THAT(dialogs.asked, SizeIs(2)) << name;
     EXPECT_THAT(dialogs.asked[1], HasSubstr("message|New Workout|A workout cannot have this name"));
-    EXPECT_THAT(BoxNames(), ElementsAre("Monday.RPV")) << name;
+    EXPECT_THAT(screen.workouts.rows, ElementsAre("Monday.RPV")) << name;
     EXPECT_EQ(state.WorkoutFileName, "Monday.RPV") << name;
   }
   EXPECT_EQ(std::distance(fs::directory_iterator("workouts"), fs::directory_iterator()), 1);
@@ -110,36 +120,33 @@ TEST_F(WorkoutEditing, NamesWithAccentsAndJapaneseAreFileNames) {
   for (const std::string name : {"Übung é", "月曜日", "<b>bold"}) {
     Create(name);
     EXPECT_TRUE(fs::exists("workouts/" + name + ".RPV")) << name;
-    EXPECT_EQ(Box().currentText().toStdString(), name + ".RPV");
+    EXPECT_EQ(screen.workouts.rows.back(), name + ".RPV");
   }
 }
 
 TEST_F(WorkoutEditing, AWorkoutThatCannotBeSavedIsNotCreated) {
-  AddExercise("Squat");
+  AddNewExercise("Squat");
   BlockWorkouts();
-  Create("Friday");
-  ASSERT_THAT(dialogs.asked, SizeIs(2));
-  EXPECT_THAT(dialogs.asked[1], HasSubstr("message|Repvolta|workouts/Friday.RPV could not be"));
+  EXPECT_THAT([this] { Create("Friday"); },
+              ThrowsMessage<FileError>(StartsWith("workouts/Friday.RPV could not be")));
   EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
   EXPECT_EQ(state.Workout[0].ExerciseName.Text(), "Squat");
-  EXPECT_THAT(BoxNames(), ElementsAre("Monday.RPV"));
-  EXPECT_EQ(Box().currentIndex(), 0);
-  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Squat"));
+  EXPECT_THAT(screen.workouts.rows, ElementsAre("Monday.RPV"));
+  EXPECT_EQ(screen.workouts.selected, 0);
+  EXPECT_THAT(screen.exercises.rows, ElementsAre("Squat"));
 }
 
 TEST_F(WorkoutEditing, ADefaultTimeThatDoesNotFitCreatesNothing) {
   state.Settings.DefaultExerciseTime = 600;
-  Create("Friday");
-  ASSERT_THAT(dialogs.asked, SizeIs(2));
-  EXPECT_EQ(dialogs.asked[1],
-            "message|Repvolta|The workout could not be created.\rThe number is too large");
+  EXPECT_THAT([this] { Create("Friday"); },
+              ThrowsMessage<std::overflow_error>("The number is too large"));
   EXPECT_FALSE(fs::exists("workouts/Friday.RPV"));
   EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
 }
 
 TEST_F(WorkoutEditing, DeletingAsksWithTheFileName) {
   dialogs.answers = {"Cancel"};
-  Click("DeleteSelectedWorkoutButton");
+  DeleteSelectedWorkoutButton_Click(editor);
   EXPECT_THAT(
       dialogs.asked,
       ElementsAre("confirm|Delete Workout|Are you SURE you want to delete workout\rMonday.RPV"));
@@ -149,155 +156,132 @@ TEST_F(WorkoutEditing, DeletingAsksWithTheFileName) {
 
 TEST_F(WorkoutEditing, DeletingTakesTheFileOfTheNameInTheCurrentDirectory) {
   PutFile("Monday.RPV", "beside");
-  dialogs.answers = {"OK"};
-  Click("DeleteSelectedWorkoutButton");
+  Delete();
   EXPECT_FALSE(fs::exists("Monday.RPV"));
   EXPECT_TRUE(fs::exists("workouts/Monday.RPV"));
   EXPECT_EQ(state.WorkoutFileName, "");
-  EXPECT_EQ(Box().currentIndex(), -1);
+  EXPECT_EQ(screen.workouts.selected, -1);
 }
 
 TEST_F(WorkoutEditing, DeletingListsTheWorkoutsAnew) {
   PutFile("Monday.RPV", "beside");
   PutFile("workouts/Late.RPV", EncodeWorkout({}));
-  dialogs.answers = {"OK"};
-  Click("DeleteSelectedWorkoutButton");
-  EXPECT_THAT(BoxNames(), ElementsAre("Late.RPV", "Monday.RPV"));
+  Delete();
+  EXPECT_THAT(screen.workouts.rows, ElementsAre("Late.RPV", "Monday.RPV"));
 }
 
 TEST_F(WorkoutEditing, DeletingLeavesTheWorkoutInMemoryAndOnTheScreen) {
-  AddExercise("Squat");
+  AddNewExercise("Squat");
   PutFile("Monday.RPV", "beside");
-  dialogs.answers = {"OK"};
-  Click("DeleteSelectedWorkoutButton");
+  Delete();
   EXPECT_EQ(state.Workout[0].ExerciseName.Text(), "Squat");
-  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Squat"));
+  EXPECT_THAT(screen.exercises.rows, ElementsAre("Squat"));
+}
+
+TEST_F(WorkoutEditing, NothingIsDeletedWithoutAWorkout) {
+  state.WorkoutFileName = " ";
+  DeleteSelectedWorkoutButton_Click(editor);
+  EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 
 TEST_F(WorkoutEditing, AFileThatIsNotThereIsToldAndNothingChanges) {
-  dialogs.answers = {"OK"};
-  Click("DeleteSelectedWorkoutButton");
-  ASSERT_THAT(dialogs.asked, SizeIs(2));
-  EXPECT_EQ(dialogs.asked[1],
-            "message|Repvolta|Monday.RPV could not be deleted: No such file or directory");
+  EXPECT_THAT(
+      [this] { Delete(); },
+      ThrowsMessage<FileError>("Monday.RPV could not be deleted: No such file or directory"));
   EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
 }
 
 TEST_F(WorkoutEditing, AReadOnlyFileIsNotDeleted) {
   PutFile("Monday.RPV", "beside");
   fs::permissions("Monday.RPV", fs::perms::owner_read);
-  dialogs.answers = {"OK"};
-  Click("DeleteSelectedWorkoutButton");
-  EXPECT_EQ(dialogs.asked.back(),
-            "message|Repvolta|Monday.RPV could not be deleted: it is read-only");
+  EXPECT_THAT([this] { Delete(); },
+              ThrowsMessage<FileError>("Monday.RPV could not be deleted: it is read-only"));
   EXPECT_TRUE(fs::exists("Monday.RPV"));
 }
 
 TEST_F(WorkoutEditing, ChoosingLoadsTheWorkout) {
-  AddExercise("Squat");
-  ListWorkouts({"Tuesday"});
-  form->SelectWorkout(0);
+  AddNewExercise("Squat");
+  ListTuesday();
   Choose(1);
   EXPECT_EQ(state.WorkoutFileName, "Tuesday.RPV");
-  EXPECT_THAT(Rows("ExerciseList"), IsEmpty());
+  EXPECT_THAT(screen.exercises.rows, IsEmpty());
   Choose(0);
   EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
-  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Squat"));
-}
-
-TEST_F(WorkoutEditing, ChoosingByHandLoadsOnce) {
-  ListWorkouts({"Tuesday"});
-  form->SelectWorkout(0);
-  fs::remove("workouts/Tuesday.RPV");
-  Box().setFocus();
-  QTest::keyClick(&Box(), Qt::Key_Down);
-  QApplication::processEvents();
-  EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|Error: Workout file not found"));
+  EXPECT_THAT(screen.exercises.rows, ElementsAre("Squat"));
 }
 
 TEST_F(WorkoutEditing, ChoosingTheSelectedWorkoutLoadsItAgain) {
   ExerciseSlots changed;
   changed[0].ExerciseName = "Row";
   PutFile("workouts/Monday.RPV", EncodeWorkout(changed));
-  ChooseAgain();
-  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Row"));
-}
-
-TEST_F(WorkoutEditing, AChoiceByAnAssistiveToolLoadsTheWorkout) {
-  ListWorkouts({"Tuesday"});
-  form->SelectWorkout(0);
-  Box().setCurrentIndex(1);
-  QApplication::processEvents();
-  EXPECT_EQ(state.WorkoutFileName, "Tuesday.RPV");
-}
-
-TEST_F(WorkoutEditing, WhatTheProgramSelectsIsNoChoice) {
-  ListWorkouts({"Tuesday"});
-  form->SelectWorkout(1);
-  QApplication::processEvents();
-  EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
+  Choose(0);
+  EXPECT_THAT(screen.exercises.rows, ElementsAre("Row"));
 }
 
 TEST_F(WorkoutEditing, NoWorkoutCanBeChosenToo) {
-  Box().setCurrentIndex(-1);
-  QApplication::processEvents();
+  WorkoutDropBox_Click(editor, "");
   EXPECT_EQ(state.WorkoutFileName, "");
-  EXPECT_FALSE(Get<QWidget>("AddExerciseButton").isEnabled());
+  EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 
 TEST_F(WorkoutEditing, ALoadSelectsTheFirstExercise) {
-  AddExercise("Squat");
-  AddExercise("Row");
-  ClickRow("ExerciseList", 1);
-  ChooseAgain();
-  EXPECT_EQ(List("ExerciseList").SelectedRow(), 0);
+  AddNewExercise("Squat");
+  AddNewExercise("Row");
+  state.CurrentExercise = 1;
+  screen.UpdateWorkoutScreen();
+  Choose(0);
+  EXPECT_EQ(screen.exercises.selected, 0);
 }
 
 TEST_F(WorkoutEditing, AVanishedWorkoutIsToldAndTheOneBeforeStaysChosen) {
-  AddExercise("Squat");
-  ListWorkouts({"Tuesday"});
-  form->SelectWorkout(0);
+  AddNewExercise("Squat");
+  ListTuesday();
   fs::remove("workouts/Tuesday.RPV");
   Choose(1);
   EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|Error: Workout file not found"));
   EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
-  EXPECT_EQ(Box().currentIndex(), 0);
-  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Squat"));
+  EXPECT_EQ(screen.workouts.selected, 0);
+  EXPECT_THAT(screen.exercises.rows, ElementsAre("Squat"));
 }
 
 TEST_F(WorkoutEditing, AWorkoutThatIsNoFileIsToldAndTheOneBeforeStaysChosen) {
-  ListWorkouts({"Tuesday"});
-  form->SelectWorkout(0);
+  ListTuesday();
   fs::remove("workouts/Tuesday.RPV");
   fs::create_directory("workouts/Tuesday.RPV");
   Choose(1);
   EXPECT_THAT(dialogs.asked, SizeIs(1));
   EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
+  EXPECT_EQ(screen.workouts.selected, 0);
+}
+
+TEST_F(WorkoutEditing, AWorkoutThatCannotBeReadIsToldAndTheOneBeforeStaysChosen) {
+  ListTuesday();
+  const UnreadableFile unreadable("workouts/Tuesday.RPV");
+  EXPECT_THROW(Choose(1), FileError);
+  EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
+  EXPECT_EQ(screen.workouts.selected, 0);
 }
 
 TEST_F(WorkoutEditing, GarbageIsToldAndCanBeLeftAgain) {
-  AddExercise("Squat");
-  PutFile("workouts/Tuesday.RPV", Bytes(kWorkoutFileSize, 0x7F));
-  repvolta::ListWorkouts(form->GetEditor());
-  form->SelectWorkout(0);
+  const Bytes garbage(kWorkoutFileSize, 0x7F);
+  AddNewExercise("Squat");
+  ListTuesday(garbage);
   Choose(1);
   EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|Tuesday.RPV seems to be damaged: it "
                                          "holds numbers that no workout can have."));
   EXPECT_EQ(state.WorkoutFileName, "Tuesday.RPV");
   Choose(0);
-  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Squat"));
-  EXPECT_EQ(GetFile("workouts/Tuesday.RPV"), Bytes(kWorkoutFileSize, 0x7F));
+  EXPECT_THAT(screen.exercises.rows, ElementsAre("Squat"));
+  EXPECT_EQ(GetFile("workouts/Tuesday.RPV"), garbage);
 }
 
 TEST_F(WorkoutEditing, AChosenWorkoutCanBeEditedBeforeItIsLoaded) {
-  PutFile("workouts/Tuesday.RPV", Bytes(kWorkoutFileSize, 0x7F));
-  repvolta::ListWorkouts(form->GetEditor());
+  ListTuesday(Bytes(kWorkoutFileSize, 0x7F));
   state.WorkoutFileName = "";
-  form->EnableWorkoutControls();
+  screen.EnableWorkoutControls();
   bool enabled = false;
-  dialogs.whenAsked = [&] { enabled = Get<QWidget>("AddExerciseButton").isEnabled(); };
-  Box().setCurrentIndex(1);
-  QApplication::processEvents();
+  dialogs.whenAsked = [&] { enabled = screen.workoutCanBeEdited; };
+  Choose(1);
   EXPECT_THAT(dialogs.asked, SizeIs(1));
   EXPECT_TRUE(enabled);
 }
@@ -308,38 +292,21 @@ TEST_F(WorkoutEditing, TimesThatCannotBeAddedUpAreToldWhenTheWorkoutIsChosen) {
     workout[slot].ExerciseName = "Run";
     workout[slot].TotalMusicTime = 32767;
   }
-  PutFile("workouts/Tuesday.RPV", EncodeWorkout(workout));
-  repvolta::ListWorkouts(form->GetEditor());
-  form->SelectWorkout(0);
-  Choose(1);
-  EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|The workout cannot be shown as a "
-                                         "whole.\rThe number is too large"));
+  ListTuesday(EncodeWorkout(workout));
+  EXPECT_THAT([this] { Choose(1); }, ThrowsMessage<std::overflow_error>("The number is too large"));
 }
 
-TEST_F(WorkoutEditing, TheKeyForANewWorkoutWorksFromAnywhereInTheTab) {
-  form->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
-  for (const char* control : {"ExitButton", "ExerciseList"}) {
-    dialogs.asked.clear();
-    dialogs.answers = {""};
-    Get<QWidget>(control).setFocus();
-    QTest::keyClick(&Get<QWidget>(control), Qt::Key_N, Qt::ControlModifier);
-    EXPECT_THAT(dialogs.asked, SizeIs(1)) << control;
-  }
-}
-
-TEST_F(WorkoutEditing, AnEmptyFolderLeavesTheBoxEmptyAndSaysWhatToDo) {
+TEST_F(WorkoutEditing, AnEmptyFolderLeavesNothingToChoose) {
   fs::remove("workouts/Monday.RPV");
-  repvolta::ListWorkouts(form->GetEditor());
-  EXPECT_EQ(Box().count(), 0);
+  ListWorkouts(editor);
+  EXPECT_THAT(screen.workouts.rows, IsEmpty());
   EXPECT_EQ(state.NumberOfWorkouts, 0);
-  EXPECT_EQ(Box().placeholderText(), "No workouts yet: create one.");
 }
 
 TEST_F(WorkoutEditing, TwoThousandWorkoutsAreListed) {
   for (int i = 0; i < 2000; ++i) PutFile("workouts/W" + std::to_string(i) + ".RPV", "");
-  repvolta::ListWorkouts(form->GetEditor());
-  EXPECT_EQ(Box().count(), 2001);
+  ListWorkouts(editor);
+  EXPECT_EQ(screen.workouts.rows.size(), 2001U);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "support/FailingClose.h"
 #include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
+#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -124,6 +125,21 @@ TEST_F(MergeWAV, LeavesTheOtherHeaderFieldsAlone) {
   const Bytes joined = GetFile("target.wav");
   for (const std::size_t offset : {0, 8, 12, 20, 22, 24, 28, 32, 34, 36, 38})
     EXPECT_EQ(joined[offset], 'x') << offset;
+}
+
+TEST_F(MergeWAV, JoinsSoundsOfAnotherFormatAsTheyAre) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  Bytes source = WavHeader({.rate = 44100, .bits = 8, .channels = 2}, 100);
+  source.resize(source.size() + 100, 's');
+  PutFile("source.wav", source);
+
+  MergeWAVfiles("target.wav", "source.wav", run);
+
+  const Bytes joined = GetFile("target.wav");
+  ASSERT_EQ(joined.size(), 346U);
+  EXPECT_EQ(TargetNumber(24), 16000U);
+  EXPECT_EQ(AsText(std::span(joined).subspan(246)), std::string(100, 's'));
+  EXPECT_THAT(run.log, IsEmpty());
 }
 
 TEST_F(MergeWAV, LogsAMissingSourceAndChangesNothing) {
@@ -241,6 +257,24 @@ TEST_F(MergeWAV, SaysWhyAClipCouldNotBeJoined) {
   MergeWAVfiles("target.wav", "source.wav", run);
   EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
                                    "File too large"));
+}
+
+TEST_F(MergeWAV, SaysOnceThatNothingCanBeWritten) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  const FullDisk full(0);
+  MergeWAVfiles("target.wav", "source.wav", run);
+  EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+                                      "File too large"));
+}
+
+TEST_F(MergeWAV, SaysWhyAClipThatIsThereCannotBeRead) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  PutFile("source.wav", ClipBytes(Bytes(100, 's')));
+  const UnreadableFile unreadable("source.wav");
+  MergeWAVfiles("target.wav", "source.wav", run);
+  EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
+                                      "Permission denied"));
 }
 
 TEST_F(MergeWAV, TakesAFolderForNoFile) {

@@ -123,6 +123,10 @@ INSTANTIATE_TEST_SUITE_P(
                            kFalse,
                            {{50, 10}, {60, 8}},
                            "2 sets 50 kilograms for 10 reps 60 kilograms for 8 reps"},
+        InstructionExample{kWeightAndReps,
+                           kFalse,
+                           {{50, 10}, {50, 10}},
+                           "2 sets 50 kilograms for 10 reps 50 kilograms for 10 reps"},
         InstructionExample{
             kWeightAndReps, kTrue, {{135, 1}}, "1 set 100 and 30 5 pounds for 1 reps"},
         InstructionExample{kWeightAndReps, kOtherFlag, {{50, 1}}, "1 set 50 pounds for 1 reps"},

@@ -64,6 +64,11 @@ INSTANTIATE_TEST_SUITE_P(
         Example{"Dips", 0, 0, {{0, 1.5F}}, "Dips - 1 set, 0kg for 1.5reps"}));
 
 INSTANTIATE_TEST_SUITE_P(
+    EqualSets, Sentence,
+    testing::Values(Example{
+        "A", 0, 0, {{50, 10}, {50, 10}}, "A - 2 sets, 50kg for 10reps, 50kg for 10reps"}));
+
+INSTANTIATE_TEST_SUITE_P(
     Plurals, Sentence,
     testing::Values(Example{"A", 0, 0, {{1, 1}}, "A - 1 set, 1kg for 1rep"},
                     Example{"A", 0, 0, {{1, 1.01F}}, "A - 1 set, 1kg for 1.01reps"},

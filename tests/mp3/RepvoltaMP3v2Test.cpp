@@ -38,6 +38,17 @@ TEST(cMP3ID3v2, ReadsVersion4LikeVersion3) {
   EXPECT_EQ(ReadTag(Id3v2Bytes(4).Text("TIT2", std::string(199, 'x'))).Title().size(), 199U);
 }
 
+TEST(cMP3ID3v2, KeepsFourMebibytesOfFramesAndPassesOverMore) {
+  const auto lengthWith = [](std::size_t size) {
+    return ReadTag(Id3v2Bytes(3).Text("TIT2", "a").Frame("TPE1", std::string(size, 'x')))
+        .Artist()
+        .size();
+  };
+  constexpr std::size_t kRoom = std::size_t{4} * 1024 * 1024 - 2;
+  EXPECT_EQ(lengthWith(kRoom), kRoom);
+  EXPECT_EQ(lengthWith(kRoom + 1), 0U);
+}
+
 TEST(cMP3ID3v2, ReadsVersion2UnderTheIdentifiersOfVersion3) {
   const cMP3ID3v2 tag = ReadTag(Id3v2Bytes(2)
                                     .Text("TP1", "a")

@@ -51,6 +51,30 @@ TEST(WavReader, MixesTheChannels) {
               ElementsAre(0.25F, -0.5F));
 }
 
+TEST(WavReader, MixesUpToEightChannels) {
+  EXPECT_THAT(Samples(WavBytes().Format(8, 8000, 16).Samples16({16384, 0, 0, 0, 0, 0, 0, 16384})),
+              ElementsAre(0.125F));
+}
+
+/// Why the file is refused; empty when it is not.
+std::string RefusalOf(std::span<const Byte> file) {
+  try {
+    ReadWav(file);
+  } catch (const WavError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST(WavReader, SaysWhyAFileIsRefused) {
+  EXPECT_EQ(RefusalOf(AsBytes("ID3")), "It is no WAV file");
+  EXPECT_EQ(RefusalOf(WavBytes().Chunk("fmt ", "\1\0\1\0"sv).Samples16({1})),
+            "Its format is not described");
+  EXPECT_EQ(RefusalOf(WavBytes().Format(9, 8000, 16).Samples16({1})),
+            "Its samples are of a kind that is not understood");
+  EXPECT_EQ(RefusalOf(WavBytes().Format(1, 8000, 16)), "It holds no sound");
+}
+
 TEST(WavReader, LooksIntoTheExtensionForTheKindOfSamples) {
   EXPECT_THAT(Samples(WavBytes().ExtensibleFormat(1, 48000, 16).Samples16({16384})),
               ElementsAre(0.5F));

@@ -31,60 +31,23 @@ namespace repvolta {
 /// "Monday" is loaded and has no exercises. Today is day 39166, 25 March 2007, noon.
 class FormFixture : public testing::Test {
  protected:
-  FormFixture() {
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
-                       QString::fromStdString(folder.Path() + "desktop"));
-    state.ProgramDirectory = folder.Path();
-    state.Settings.DefaultExerciseTime = 5;
-    state.Settings.OutputPath = folder.Path() + "player";
-    state.Settings.MusicPath = folder.Path() + "music";
-    std::filesystem::create_directory("player");
-    std::filesystem::create_directory("music");
-    OpenForm();
-    ListWorkouts({"Monday"});
-    Load("Monday.RPV");
-  }
+  FormFixture();
+  ~FormFixture() override;
 
-  void OpenForm() {
-    form.reset();
-    form = std::make_unique<RepvoltaForm>(program, dialogs, progress, pleaseWait, layoutFile);
-    form->show();
-  }
+  void OpenForm();
 
   /// Makes empty workouts and lists them.
-  void ListWorkouts(const std::vector<std::string>& names) {
-    for (const std::string& name : names) {
-      PutFile("workouts/" + name + ".RPV", EncodeWorkout({}));
-    }
-    repvolta::ListWorkouts(form->GetEditor());
-  }
+  void ListWorkouts(const std::vector<std::string>& names);
 
   /// Loads a listed workout without the window.
-  void Load(const std::string& fileName) {
-    const auto& names = state.WorkoutNames;
-    form->SelectWorkout(
-        static_cast<int>(std::find(names.begin(), names.end(), fileName) - names.begin()));
-    state.WorkoutFileName = fileName;
-    LoadAndShowWorkout(form->GetEditor());
-    form->EnableWorkoutControls();
-  }
+  void Load(const std::string& fileName);
 
   /// A new exercise of the loaded workout, saved and shown.
-  ExerciseRecord& AddExercise(const std::string& name) {
-    ExerciseRecord& exercise = state.Workout[state.NumberOfExercises++];
-    InitialiseExercise(exercise, state.Settings, clock.Today());
-    exercise.ExerciseName = name;
-    Show();
-    return exercise;
-  }
+  ExerciseRecord& AddExercise(const std::string& name);
 
-  void Show() {
-    SaveWorkout(state);
-    form->UpdateWorkoutScreen();
-    form->UpdateExerciseScreen();
-  }
+  void Show();
 
-  void OpenTab(int index) { Get<QTabWidget>("SSTab1").setCurrentIndex(index); }
+  void OpenTab(int index);
 
   template <class Control>
   Control& Get(const char* name) {
@@ -92,35 +55,14 @@ class FormFixture : public testing::Test {
   }
 
   /// Clicks at the left end of the button, where a check box has its box.
-  void Click(const char* name) {
-    auto& button = Get<QAbstractButton>(name);
-    QTest::mouseClick(&button, Qt::LeftButton, {}, {button.height() / 2, button.height() / 2});
-  }
+  void Click(const char* name);
 
-  RowList& List(const char* name) { return Get<RowList>(name); }
-
-  void ClickRow(const char* list, int row) {
-    QTest::mouseClick(List(list).viewport(), Qt::LeftButton, {}, PlaceOf(list, row));
-  }
-
-  void DoubleClickRow(const char* list, int row) {
-    ClickRow(list, row);
-    QTest::mouseDClick(List(list).viewport(), Qt::LeftButton, {}, PlaceOf(list, row));
-  }
-
-  QPoint PlaceOf(const char* list, int row) {
-    return List(list).visualItemRect(List(list).item(row)).center();
-  }
-
-  std::vector<std::string> Rows(const char* list) {
-    std::vector<std::string> rows;
-    for (int i = 0; i < List(list).count(); ++i) {
-      rows.push_back(List(list).item(i)->text().toStdString());
-    }
-    return rows;
-  }
-
-  std::string Text(const char* label) { return Get<QLabel>(label).text().toStdString(); }
+  RowList& List(const char* name);
+  void ClickRow(const char* list, int row);
+  void DoubleClickRow(const char* list, int row);
+  QPoint PlaceOf(const char* list, int row);
+  std::vector<std::string> Rows(const char* list);
+  std::string Text(const char* label);
 
   TemporaryFolder folder;
   ProgramState state;

@@ -5,6 +5,7 @@
 
 #include "app/RecordFormat.h"
 #include "app/Settings.h"
+#include "base/ProgramFiles.h"
 
 #include "support/TemporaryFolder.h"
 

@@ -6,6 +6,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing::StartsWith;
 
 class ExerciseScreen : public FormFixture {
  protected:
@@ -216,6 +217,107 @@ TEST_F(ExerciseScreen, ATabChangeWhileTheScreenIsUpdatingDoesNothing) {
   state.ScreenUpdating = true;
   OpenTab(1);
   EXPECT_EQ(state.CurrentExercise, 0);
+}
+
+/// The tab of an exercise with two sets and two music files.
+class ExerciseControls : public ExerciseScreen {
+ protected:
+  ExerciseControls() {
+    AddExercise("Squat").NumberOfSets = 2;
+    Exercise().MusicFile[0] = "a.mp3";
+    Exercise().MusicFile[1] = "b.mp3";
+    Exercise().NumberOfMusicFiles = 2;
+    Show();
+    OpenTab(1);
+  }
+};
+
+TEST_F(ExerciseControls, TheKindOfSetsIsSavedAndShown) {
+  for (int i : {3, 2, 1, 0}) {
+    Click(("SetButton_" + std::to_string(i)).c_str());
+    EXPECT_EQ(Saved()[0].SetType, i);
+  }
+  Click("SetButton_2");
+  EXPECT_EQ(Text("SetListLabel1"), "Distance");
+  EXPECT_EQ(Text("SetListIncLabel2"), "Speed");
+}
+
+TEST_F(ExerciseControls, TheUnitsAreSaved) {
+  Click("UnitsSelection_1");
+  EXPECT_EQ(Saved()[0].Units, kTrue);
+  Click("UnitsSelection_0");
+  EXPECT_EQ(Saved()[0].Units, kFalse);
+}
+
+TEST_F(ExerciseControls, AChoiceByAnAssistiveToolCountsToo) {
+  Get<QAbstractButton>("SetButton_1").setChecked(true);
+  Get<QAbstractButton>("UnitsSelection_1").setChecked(true);
+  Get<QAbstractButton>("RandomMusicCheckBox").setChecked(true);
+  EXPECT_EQ(Saved()[0].SetType, kLevelAndTime);
+  EXPECT_EQ(Saved()[0].Units, kTrue);
+  EXPECT_EQ(Saved()[0].RandomMusic, kTrue);
+}
+
+TEST_F(ExerciseControls, AnotherKindByAnAssistiveToolIsShown) {
+  Get<QAbstractButton>("SetButton_2").setChecked(true);
+  EXPECT_EQ(Text("SetListLabel1"), "Distance");
+}
+
+TEST_F(ExerciseControls, ChoicesCountForNothingWhileTheScreenIsUpdating) {
+  state.ScreenUpdating = true;
+  Click("SetButton_2");
+  Click("UnitsSelection_1");
+  Click("RandomMusicCheckBox");
+  EXPECT_EQ(Exercise().SetType, kWeightAndReps);
+  EXPECT_EQ(Exercise().Units, kFalse);
+  EXPECT_EQ(Exercise().RandomMusic, kFalse);
+}
+
+TEST_F(ExerciseControls, ShowingAnotherExerciseChangesNoRecord) {
+  AddExercise("Row").SetType = kUserDefined;
+  state.Workout[1].Units = kTrue;
+  const ExerciseSlots before = state.Workout;
+  OpenTab(0);
+  ClickRow("ExerciseList", 1);
+  OpenTab(1);
+  EXPECT_TRUE(Get<QAbstractButton>("SetButton_3").isChecked());
+  EXPECT_TRUE(Get<QAbstractButton>("UnitsSelection_1").isChecked());
+  EXPECT_EQ(state.Workout, before);
+}
+
+TEST_F(ExerciseControls, RandomMusicIsSavedWithoutARedraw) {
+  Get<QLabel>("ExerciseNameLabel").setText("as it was");
+  Click("RandomMusicCheckBox");
+  EXPECT_EQ(Saved()[0].RandomMusic, kTrue);
+  Click("RandomMusicCheckBox");
+  EXPECT_EQ(Saved()[0].RandomMusic, kFalse);
+  EXPECT_EQ(Text("ExerciseNameLabel"), "as it was");
+}
+
+TEST_F(ExerciseControls, TheFocusSelectsNoMusicFile) {
+  List("MusicList").setFocus();
+  Click("MoveMusicFileUpListButton");
+  Click("RemoveMusicFileButton");
+  EXPECT_THAT(dialogs.asked, IsEmpty());
+}
+
+TEST_F(ExerciseControls, TheFileThatTookTheRemovedOnesPlaceIsSelected) {
+  ClickRow("MusicList", 1);
+  dialogs.answers = {"OK"};
+  Click("RemoveMusicFileButton");
+  EXPECT_EQ(List("MusicList").SelectedRow(), 0);
+}
+
+TEST_F(ExerciseControls, ACommandThatFailsSaysWhatDidNotHappen) {
+  dialogs.answers = {"1e39", "1e39", "/" + std::string(256, 'x')};
+  Click("AddNewSetButton");
+  EXPECT_EQ(dialogs.asked.back(),
+            "message|Repvolta|The set could not be added.\rThe number is too large");
+  DoubleClickRow("SetList1", 0);
+  EXPECT_EQ(dialogs.asked.back(), "message|Repvolta|Nothing was changed.\rThe number is too large");
+  Click("AddMusicFileButton");
+  EXPECT_THAT(dialogs.asked.back(), StartsWith("message|Repvolta|The music file could not be "
+                                               "added.\rThe path cannot be kept"));
 }
 
 }  // namespace

@@ -199,6 +199,17 @@ TEST_F(MainWindowAccess, KeysOfTheWindowWork) {
   EXPECT_FALSE(form->isVisible());
 }
 
+TEST_F(MainWindowAccess, TheKeyForANewWorkoutWorksAnywhereOnItsTab) {
+  dialogs.answers = {""};
+  Press("ExitButton", Qt::CTRL | Qt::Key_N);
+  ASSERT_EQ(dialogs.asked.size(), 1U);
+  EXPECT_THAT(dialogs.asked[0], HasSubstr("ask|"));
+  OpenTab(1);
+  dialogs.asked.clear();
+  Press("SetList1", Qt::CTRL | Qt::Key_N);
+  EXPECT_THAT(dialogs.asked, IsEmpty());
+}
+
 TEST_F(MainWindowAccess, AKeyThatIsHeldDownGivesItsCommandOnce) {
   for (const auto* shortcut : form->findChildren<QShortcut*>()) {
     const QString key = shortcut->key().toString();

@@ -2,6 +2,7 @@
 #include <QSplitter>
 #include <QTimer>
 
+#include "base/ProgramFiles.h"
 #include "update/Steps.h"
 
 #include "support/FormFixture.h"

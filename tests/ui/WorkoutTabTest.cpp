@@ -6,6 +6,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 class WorkoutScreen : public FormFixture {};
 
@@ -111,6 +112,183 @@ TEST_F(WorkoutScreen, AnEmptyListSaysWhatToDo) {
   state.WorkoutFileName = "";
   form->EnableWorkoutControls();
   EXPECT_EQ(List("ExerciseList").Hint(), "Create or choose a workout first.");
+}
+
+/// The workouts "Monday" with two exercises, which is loaded, and "Tuesday" with none.
+class WorkoutControls : public WorkoutScreen {
+ protected:
+  WorkoutControls() {
+    AddExercise("Squat");
+    AddExercise("Row");
+    ListWorkouts({"Tuesday"});
+    form->SelectWorkout(0);
+  }
+
+  QComboBox& Box() { return Get<QComboBox>("WorkoutDropBox"); }
+
+  void Press(Qt::Key key) {
+    Box().setFocus();
+    QTest::keyClick(&Box(), key);
+  }
+};
+
+TEST_F(WorkoutControls, TheListsSelectTogether) {
+  ClickRow("ExerciseList", 1);
+  EXPECT_EQ(List("ExerciseSummaryList").SelectedRow(), 1);
+  ClickRow("ExerciseSummaryList", 0);
+  EXPECT_EQ(List("ExerciseList").SelectedRow(), 0);
+}
+
+TEST_F(WorkoutControls, TheListsDoNotFollowWhileTheScreenIsUpdating) {
+  state.ScreenUpdating = true;
+  List("ExerciseList").SelectRow(1);
+  EXPECT_EQ(List("ExerciseSummaryList").SelectedRow(), 0);
+}
+
+TEST_F(WorkoutControls, ADoubleClickOnEitherListOpensTheExercise) {
+  for (const char* list : {"ExerciseList", "ExerciseSummaryList"}) {
+    OpenTab(0);
+    state.CurrentExercise = 0;
+    form->UpdateWorkoutScreen();
+    DoubleClickRow(list, 1);
+    EXPECT_EQ(Get<QTabWidget>("SSTab1").currentIndex(), 1) << list;
+    EXPECT_EQ(Text("ExerciseNameLabel"), "Row") << list;
+  }
+}
+
+TEST_F(WorkoutControls, TheFocusSelectsNoRow) {
+  List("ExerciseList").SelectRow(-1);
+  List("ExerciseList").setFocus();
+  Click("EditExerciseNameButton");
+  Click("RemoveExerciseButton");
+  Click("MoveUpExerciseListButton");
+  EXPECT_THAT(dialogs.asked, IsEmpty());
+}
+
+TEST_F(WorkoutControls, TheNewExerciseIsSelectedInBothLists) {
+  dialogs.answers = {"Press"};
+  Click("AddExerciseButton");
+  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Squat", "Row", "Press"));
+  EXPECT_EQ(List("ExerciseList").SelectedRow(), 2);
+  EXPECT_EQ(List("ExerciseSummaryList").SelectedRow(), 2);
+}
+
+TEST_F(WorkoutControls, ANameIsShownAsItIs) {
+  dialogs.answers = {"<b>R&B</b> スクワット"};
+  Click("AddExerciseButton");
+  EXPECT_EQ(Rows("ExerciseList").back(), "<b>R&B</b> スクワット");
+  OpenTab(1);
+  EXPECT_EQ(Text("ExerciseNameLabel"), "<b>R&B</b> スクワット");
+  EXPECT_EQ(Get<QLabel>("ExerciseNameLabel").textFormat(), Qt::PlainText);
+}
+
+TEST_F(WorkoutControls, CreatingShowsTheNewWorkoutOnItsTab) {
+  OpenTab(2);
+  dialogs.answers = {"<b>月曜日"};
+  Get<QAbstractButton>("CreateNewWorkoutButton").click();
+  EXPECT_EQ(Get<QTabWidget>("SSTab1").currentIndex(), 0);
+  EXPECT_EQ(Box().currentText(), "<b>月曜日.RPV");
+  EXPECT_THAT(Rows("ExerciseList"), IsEmpty());
+}
+
+TEST_F(WorkoutControls, AChoiceByKeyLoadsTheWorkout) {
+  Press(Qt::Key_Down);
+  EXPECT_EQ(state.WorkoutFileName, "Tuesday.RPV");
+  EXPECT_THAT(Rows("ExerciseList"), IsEmpty());
+  Press(Qt::Key_Up);
+  EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
+  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Squat", "Row"));
+}
+
+TEST_F(WorkoutControls, AChoiceByKeyLoadsOnce) {
+  std::filesystem::remove("workouts/Tuesday.RPV");
+  Press(Qt::Key_Down);
+  QApplication::processEvents();
+  EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|Error: Workout file not found"));
+  EXPECT_EQ(Box().currentIndex(), 0);
+}
+
+TEST_F(WorkoutControls, ChoosingTheSelectedWorkoutLoadsItAgain) {
+  ExerciseSlots changed;
+  changed[0].ExerciseName = "Press";
+  PutFile("workouts/Monday.RPV", EncodeWorkout(changed));
+  // As a person does who opens the list and picks the entry that is selected already.
+  emit Box().activated(Box().currentIndex());
+  EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Press"));
+}
+
+TEST_F(WorkoutControls, AChoiceByAnAssistiveToolLoadsTheWorkout) {
+  Box().setCurrentIndex(1);
+  QApplication::processEvents();
+  EXPECT_EQ(state.WorkoutFileName, "Tuesday.RPV");
+}
+
+TEST_F(WorkoutControls, WhatTheProgramSelectsIsNoChoice) {
+  form->SelectWorkout(1);
+  QApplication::processEvents();
+  EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
+}
+
+TEST_F(WorkoutControls, NoWorkoutCanBeChosenToo) {
+  Box().setCurrentIndex(-1);
+  QApplication::processEvents();
+  EXPECT_EQ(state.WorkoutFileName, "");
+  EXPECT_FALSE(Get<QWidget>("AddExerciseButton").isEnabled());
+}
+
+TEST_F(WorkoutControls, AChosenWorkoutCanBeEditedBeforeItIsLoaded) {
+  PutFile("workouts/Tuesday.RPV", Bytes(kWorkoutFileSize, 0x7F));
+  state.WorkoutFileName = "";
+  form->EnableWorkoutControls();
+  bool enabled = false;
+  dialogs.whenAsked = [&] { enabled = Get<QWidget>("AddExerciseButton").isEnabled(); };
+  Box().setCurrentIndex(1);
+  QApplication::processEvents();
+  EXPECT_TRUE(enabled);
+}
+
+TEST_F(WorkoutControls, AnEmptyFolderLeavesTheBoxEmptyAndSaysWhatToDo) {
+  for (const char* name : {"Monday", "Tuesday"}) {
+    std::filesystem::remove(std::string("workouts/") + name + ".RPV");
+  }
+  repvolta::ListWorkouts(form->GetEditor());
+  EXPECT_EQ(Box().count(), 0);
+  EXPECT_EQ(Box().placeholderText(), "No workouts yet: create one.");
+}
+
+TEST_F(WorkoutControls, TheKeyForANewWorkoutWorksFromAnywhereInTheTab) {
+  form->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+  for (const char* control : {"ExitButton", "ExerciseList"}) {
+    dialogs.asked.clear();
+    dialogs.answers = {""};
+    Get<QWidget>(control).setFocus();
+    QTest::keyClick(&Get<QWidget>(control), Qt::Key_N, Qt::ControlModifier);
+    EXPECT_THAT(dialogs.asked, SizeIs(1)) << control;
+  }
+}
+
+TEST_F(WorkoutControls, ACommandThatFailsSaysWhatDidNotHappen) {
+  state.Settings.DefaultExerciseTime = 600;
+  dialogs.answers = {"Press", "Friday"};
+  Click("AddExerciseButton");
+  EXPECT_EQ(dialogs.asked.back(),
+            "message|Repvolta|The exercise could not be added.\rThe number is too large");
+  Click("CreateNewWorkoutButton");
+  EXPECT_EQ(dialogs.asked.back(),
+            "message|Repvolta|The workout could not be created.\rThe number is too large");
+}
+
+TEST_F(WorkoutControls, AChoiceThatCannotBeShownAsAWholeSaysSo) {
+  ExerciseSlots workout;
+  for (const int slot : {0, 1}) {
+    workout[slot].ExerciseName = "Run";
+    workout[slot].TotalMusicTime = 32767;
+  }
+  PutFile("workouts/Tuesday.RPV", EncodeWorkout(workout));
+  Press(Qt::Key_Down);
+  EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|The workout cannot be shown as a "
+                                         "whole.\rThe number is too large"));
 }
 
 }  // namespace

@@ -52,6 +52,15 @@ TEST(Growth, IsOffWithoutAPositiveFrequency) {
   }
 }
 
+TEST(Growth, LeavesOutWhatStandsBehindTheLastSet) {
+  ExerciseRecord exercise = Growing(7, 8);
+  AddSet(exercise, 60, 8);
+  exercise.SetFrequency1[1] = 1;
+  exercise.NextUpdate1[1] = kToday - 8;
+  exercise.NumberOfSets = 1;
+  EXPECT_THAT(GrowthOn(exercise, kToday), ElementsAre(Grown(0, 1, 50, 52.5F)));
+}
+
 TEST(Growth, JudgesEachFieldOfEachSetByItself) {
   ExerciseRecord exercise = Growing(7, 8);
   AddSet(exercise, 60, 8);

@@ -7,16 +7,12 @@
 #include "mp3/RepvoltaMP3.h"
 #include "update/ProcessMP3tag.h"
 
+#include "fakes/RecordingLog.h"
 #include "support/Mp3Bytes.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
 namespace {
-
-class NoLog : public ProgressLog {
- public:
-  void AddLineToUpdateList(std::string_view) override {}
-};
 
 /// A file with everything that the program reads, in which some bytes are then damaged.
 Bytes Damaged(std::mt19937& random) {
@@ -69,7 +65,7 @@ TEST(HostileFile, GrowsByNoMoreThanATagWhenItIsTagged) {
   for (int round = 0; round < 100; ++round) {
     const Bytes file = Damaged(random);
     PutFile("song.mp3", file);
-    NoLog log;
+    RecordingLog log;
     Try([&] { ProcessMP3tag("song.mp3", "title", "Monday.RPV", log); });
     ASSERT_LE(std::filesystem::file_size("song.mp3"), file.size() + 4096) << round;
   }

@@ -222,6 +222,29 @@ TEST_F(OutputDirectory, OnlyGainsNewFilesWhereItIsNotOurs) {
   EXPECT_TRUE(output.MayChange(output.Path() + "RV002-Song.mp3"));
 }
 
+/// Why a file may not be put there; empty when it may.
+std::string RefusalOf(OutputFolder& output, const std::string& path) {
+  try {
+    output.Claim(path);
+  } catch (const FileError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST_F(OutputDirectory, SaysWhyAFileIsNotPutThere) {
+  PutFile("player/Monday/RV001-Song.mp3", "theirs");
+  OutputFolder output = Monday();
+  Refusal(output, {.folders = {Full("player/Monday")}});
+  const std::string song = output.Path() + "RV001-Song.mp3";
+  EXPECT_EQ(RefusalOf(output, song), song + " could not be created: File exists");
+
+  OutputFolder outside(Full("player"), "..");
+  Refusal(outside);
+  EXPECT_EQ(RefusalOf(outside, "Song.mp3"),
+            "Song.mp3 could not be created: It does not lie in the output path");
+}
+
 TEST_F(OutputDirectory, CannotBeMadeWhereThereIsNoOutputPath) {
   OutputFolder output(Full("gone"), "Monday");
   output.Clear({});

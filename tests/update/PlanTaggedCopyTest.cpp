@@ -6,6 +6,7 @@
 #include "base/File.h"
 #include "update/ProcessMP3tag.h"
 
+#include "fakes/RecordingLog.h"
 #include "support/Mp3Bytes.h"
 #include "support/TemporaryFolder.h"
 
@@ -17,13 +18,6 @@ constexpr const char* kCopy = "out/RV002-A Song.mp3";
 constexpr const char* kTitle = "Squats, 3 sets";
 constexpr const char* kWorkout = " Monday.RPV ";
 
-class Lines : public ProgressLog {
- public:
-  void AddLineToUpdateList(std::string_view line) override { all.emplace_back(line); }
-
-  std::vector<std::string> all;
-};
-
 struct Outcome {
   Bytes copy;
   std::vector<std::string> log;
@@ -33,20 +27,20 @@ struct Outcome {
 
 /// The result of copying the source and then tagging the copy.
 Outcome InTwoSteps() {
-  Lines log;
+  RecordingLog log;
   CopyFileOver(kSource, kCopy);
   ProcessMP3tag(kCopy, kTitle, kWorkout, log);
-  return {GetFile(kCopy), log.all};
+  return {GetFile(kCopy), log.lines};
 }
 
 /// The result of the plan; nothing without a plan.
 std::optional<Outcome> InOnePass() {
   const auto plan = PlanTaggedCopy(kSource, kCopy, kTitle, kWorkout);
   if (!plan) return std::nullopt;
-  Lines log;
+  RecordingLog log;
   CopyFileOver(kSource, kCopy, {plan->tag, plan->audioOffset});
   LogTagged(kCopy, log);
-  return Outcome{GetFile(kCopy), log.all};
+  return Outcome{GetFile(kCopy), log.lines};
 }
 
 void PutSong(std::span<const Byte> content) {

@@ -8,6 +8,7 @@
 #include "mp3/TagError.h"
 #include "update/ProcessMP3tag.h"
 
+#include "fakes/RecordingLog.h"
 #include "support/FullDisk.h"
 #include "support/Mp3Bytes.h"
 #include "support/TemporaryFolder.h"
@@ -18,13 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 
-class Lines : public ProgressLog {
- public:
-  void AddLineToUpdateList(std::string_view line) override { all.emplace_back(line); }
-
-  std::vector<std::string> all;
-};
-
 cMP3ID3v2 TagOf(const std::string& path) {
   cMP3ID3v2 tag;
   tag.SetFileName(path);
@@ -34,7 +28,7 @@ cMP3ID3v2 TagOf(const std::string& path) {
 TEST(ProcessMP3tag, SetsItsFramesInOrder) {
   TemporaryFolder folder;
   PutFile("out/RV001-Instructions.mp3", Mp3Bytes().Frames(3));
-  Lines log;
+  RecordingLog log;
 
   ProcessMP3tag("out/RV001-Instructions.mp3", "Squats, 3 sets", "Monday.RPV", log);
 
@@ -45,14 +39,14 @@ TEST(ProcessMP3tag, SetsItsFramesInOrder) {
   EXPECT_EQ(tag.Title(), "RV001- Squats, 3 sets");
   EXPECT_EQ(tag.Track(), "0");
   EXPECT_EQ(tag.UserUrl(), "https://repvolta.example/");
-  EXPECT_THAT(log.all, ElementsAre("RV001-Instructions.mp3  TAG modified OK"));
+  EXPECT_THAT(log.lines, ElementsAre("RV001-Instructions.mp3  TAG modified OK"));
 }
 
 TEST(ProcessMP3tag, WritesThisTagByteForByte) {
   TemporaryFolder folder;
   const Mp3Bytes audio = Mp3Bytes().Frames(3);
   PutFile("RV002-x.mp3", audio);
-  Lines log;
+  RecordingLog log;
 
   ProcessMP3tag("RV002-x.mp3", "Go", "A.RPV", log);
 
@@ -73,7 +67,7 @@ TEST(ProcessMP3tag, WritesThisTagByteForByte) {
 TEST(ProcessMP3tag, TrimsTheAlbum) {
   TemporaryFolder folder;
   PutFile("song.mp3", Mp3Bytes().Frame());
-  Lines log;
+  RecordingLog log;
   ProcessMP3tag("song.mp3", "t", "  My day.RPV ", log);
   EXPECT_EQ(TagOf("song.mp3").Album(), "My day.RPV");
 }
@@ -81,7 +75,7 @@ TEST(ProcessMP3tag, TrimsTheAlbum) {
 TEST(ProcessMP3tag, TakesAShortNameWhole) {
   TemporaryFolder folder;
   PutFile("ab.mp3", Mp3Bytes().Frame());
-  Lines log;
+  RecordingLog log;
   ProcessMP3tag("ab.mp3", "title ", "", log);
   EXPECT_EQ(TagOf("ab.mp3").Title(), "ab title");
 }
@@ -89,7 +83,7 @@ TEST(ProcessMP3tag, TakesAShortNameWhole) {
 TEST(ProcessMP3tag, TrimsTheTitle) {
   TemporaryFolder folder;
   PutFile(" ab.mp3", Mp3Bytes().Frame());
-  Lines log;
+  RecordingLog log;
   ProcessMP3tag(" ab.mp3", "", "", log);
   EXPECT_EQ(TagOf(" ab.mp3").Title(), "ab");
 }
@@ -97,7 +91,7 @@ TEST(ProcessMP3tag, TrimsTheTitle) {
 TEST(ProcessMP3tag, CountsCharactersOfTheNameAndNotBytes) {
   TemporaryFolder folder;
   PutFile("äöüßéèXY.mp3", Mp3Bytes().Frame());
-  Lines log;
+  RecordingLog log;
   ProcessMP3tag("äöüßéèXY.mp3", "t", "", log);
   EXPECT_EQ(TagOf("äöüßéèXY.mp3").Title(), "äöüßéè t");
 }
@@ -107,38 +101,38 @@ TEST(ProcessMP3tag, RemovesTheOldTag) {
   const Mp3Bytes audio = Mp3Bytes().Frames(3);
   PutFile("song.mp3",
           Mp3Bytes().Id3v2(Id3v2Bytes().Syncsafe().Text("TCOM", "Old").Padding(5000)).Raw(audio));
-  Lines log;
+  RecordingLog log;
 
   ProcessMP3tag("song.mp3", "t", "", log);
 
   EXPECT_EQ(TagOf("song.mp3").Composer(), "");
   EXPECT_EQ(fs::file_size("song.mp3"), 2048 + audio.Size());
-  EXPECT_THAT(log.all, ElementsAre("song.mp3  TAG modified OK"));
+  EXPECT_THAT(log.lines, ElementsAre("song.mp3  TAG modified OK"));
 }
 
 TEST(ProcessMP3tag, RemovesItsOwnTag) {
   TemporaryFolder folder;
   PutFile("song.mp3", Mp3Bytes().Frames(3));
-  Lines log;
+  RecordingLog log;
   ProcessMP3tag("song.mp3", "first", "A.RPV", log);
   const Bytes once = GetFile("song.mp3");
 
   ProcessMP3tag("song.mp3", "first", "A.RPV", log);
 
   EXPECT_EQ(GetFile("song.mp3"), once);
-  EXPECT_THAT(log.all, ElementsAre("song.mp3  TAG modified OK", "song.mp3  TAG modified OK"));
+  EXPECT_THAT(log.lines, ElementsAre("song.mp3  TAG modified OK", "song.mp3  TAG modified OK"));
 }
 
 TEST(ProcessMP3tag, LeavesAFileWithoutAFrameWholeAndSaysSo) {
   TemporaryFolder folder;
   const Mp3Bytes file = Mp3Bytes().Id3v2(Id3v2Bytes().Text("TCOM", "Old")).Garbage(300);
   PutFile("song.mp3", file);
-  Lines log;
+  RecordingLog log;
 
   ProcessMP3tag("song.mp3", "t", "", log);
 
-  EXPECT_THAT(log.all, ElementsAre("ERROR:song.mp3 - MP3v2 TAG could not be removed.",
-                                   "song.mp3  TAG modified OK"));
+  EXPECT_THAT(log.lines, ElementsAre("ERROR:song.mp3 - MP3v2 TAG could not be removed.",
+                                     "song.mp3  TAG modified OK"));
   EXPECT_EQ(TagOf("song.mp3").Composer(), "Old");
   const Bytes now = GetFile("song.mp3");
   EXPECT_TRUE(std::equal(now.end() - 300, now.end(), Bytes(file).end() - 300));
@@ -147,12 +141,12 @@ TEST(ProcessMP3tag, LeavesAFileWithoutAFrameWholeAndSaysSo) {
 TEST(ProcessMP3tag, LogsAMarkerInsideTheAudioAndGoesOn) {
   TemporaryFolder folder;
   PutFile("song.mp3", Mp3Bytes().Frame(kMpeg2Layer3).Raw("ID3").Garbage(500));
-  Lines log;
+  RecordingLog log;
 
   ProcessMP3tag("song.mp3", "t", "", log);
 
-  EXPECT_THAT(log.all, ElementsAre("ERROR:song.mp3 - MP3v2 TAG could not be removed.",
-                                   "song.mp3  TAG modified OK"));
+  EXPECT_THAT(log.lines, ElementsAre("ERROR:song.mp3 - MP3v2 TAG could not be removed.",
+                                     "song.mp3  TAG modified OK"));
   EXPECT_EQ(TagOf("song.mp3").Title(), "song t");
 }
 
@@ -160,10 +154,10 @@ TEST(ProcessMP3tag, TagsFilesOfAnySize) {
   for (const std::size_t size : {0, 3, 128, 129}) {
     TemporaryFolder folder;
     PutFile("song.mp3", Mp3Bytes().Garbage(size));
-    Lines log;
+    RecordingLog log;
     ProcessMP3tag("song.mp3", "t", "", log);
     EXPECT_EQ(fs::file_size("song.mp3"), 2048 + size);
-    EXPECT_THAT(log.all, ElementsAre("song.mp3  TAG modified OK"));
+    EXPECT_THAT(log.lines, ElementsAre("song.mp3  TAG modified OK"));
   }
 }
 
@@ -171,7 +165,7 @@ TEST(ProcessMP3tag, LeavesThePlayTimeAsItWas) {
   TemporaryFolder folder;
   PutFile("song.mp3", Mp3Bytes().Frames(200).Id3v1("Title"));
   const int before = GetPlayTime("song.mp3");
-  Lines log;
+  RecordingLog log;
   ProcessMP3tag("song.mp3", "t", "", log);
   EXPECT_EQ(GetPlayTime("song.mp3"), before);
 }
@@ -179,7 +173,7 @@ TEST(ProcessMP3tag, LeavesThePlayTimeAsItWas) {
 TEST(ProcessMP3tag, WritesNothingAnewBeforeItTagsAnUntaggedFile) {
   TemporaryFolder folder;
   PutFile("song.mp3", Mp3Bytes().Garbage(20).Frames(3));
-  Lines log;
+  RecordingLog log;
   ProcessMP3tag("song.mp3", "t", "", log);
   EXPECT_EQ(fs::file_size("song.mp3"), 2048 + 20 + 3 * 417U) << "the garbage is still there";
 }
@@ -189,22 +183,22 @@ TEST(ProcessMP3tag, LogsATagThatCouldNotBeCutOffAndRaisesOneThatCouldNotBeWritte
   const Id3v2Bytes appended = Id3v2Bytes(4, 0x10).Syncsafe();
   const Mp3Bytes file = Mp3Bytes().Garbage(9).Frames(5).Id3v2(appended).Footer(appended);
   PutFile("song.mp3", file);
-  Lines log;
+  RecordingLog log;
 
   {
     FullDisk disk(1000);
     EXPECT_THROW(ProcessMP3tag("song.mp3", "t", "", log), TagError);
   }
 
-  EXPECT_THAT(log.all, ElementsAre("ERROR:song.mp3 - MP3v2 TAG could not be removed."));
+  EXPECT_THAT(log.lines, ElementsAre("ERROR:song.mp3 - MP3v2 TAG could not be removed."));
   EXPECT_EQ(GetFile("song.mp3"), Bytes(file));
 }
 
 TEST(ProcessMP3tag, RaisesAMissingFile) {
   TemporaryFolder folder;
-  Lines log;
+  RecordingLog log;
   EXPECT_THROW(ProcessMP3tag("gone.mp3", "t", "", log), FileError);
-  EXPECT_THAT(log.all, ElementsAre());
+  EXPECT_THAT(log.lines, ElementsAre());
 }
 
 }  // namespace

@@ -47,6 +47,13 @@ TEST(CompileMusicList, ListsTheMusicBelowTheFolderByFullPath) {
                                          folder.Path() + "music/sub/deep er/B.MP3"));
 }
 
+TEST(CompileMusicList, ListsAFileThatIsNamedByTheEndingAlone) {
+  TemporaryFolder folder;
+  PutFile("music/.mp3", "");
+  CompileMusicList(folder.Path() + "music");
+  EXPECT_THAT(ListedLines(), ElementsAre(folder.Path() + "music/.mp3"));
+}
+
 TEST(CompileMusicList, FollowsNoLinksToFolders) {
   TemporaryFolder folder;
   PutFile("music/a.mp3", "");
@@ -122,6 +129,13 @@ TEST_F(Draw, TakesTheLineThatTheNumberSays) {
   ScriptedNumbers random({0.7});
   EXPECT_EQ(GetRandomMusicFile(3, 0, 100, random), Path("30.mp3"));
   EXPECT_EQ(random.seeded, 1);
+}
+
+TEST_F(Draw, SeedsItsNumbersEachTime) {
+  ScriptedNumbers random;
+  GetRandomMusicFile(3, 0, 100, random);
+  GetRandomMusicFile(3, 0, 100, random);
+  EXPECT_EQ(random.seeded, 2);
 }
 
 TEST_F(Draw, TriesAgainUntilTheTimeIsInRange) {

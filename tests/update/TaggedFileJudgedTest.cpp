@@ -12,15 +12,11 @@
 #include "mp3/RepvoltaMP3v2.h"
 #include "update/ProcessMP3tag.h"
 
+#include "fakes/RecordingLog.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
 namespace {
-
-class NoLog : public ProgressLog {
- public:
-  void AddLineToUpdateList(std::string_view) override {}
-};
 
 /// The program's standard output; fails the test when the program fails.
 QByteArray Output(const QString& program, const QStringList& arguments) {
@@ -77,7 +73,7 @@ void Encode(const Sound& sound, const QStringList& options = {"-V4"}) {
 constexpr const char* kSong = "RV001-Instructions.mp3";
 
 void Tag(std::string_view title = "Squats, 3 sets") {
-  NoLog log;
+  RecordingLog log;
   ProcessMP3tag(kSong, title, "Monday.RPV", log);
 }
 

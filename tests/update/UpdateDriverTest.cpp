@@ -11,6 +11,8 @@
 #include "update/UpdateDriver.h"
 #include "update/UpdateFixture.h"
 
+#include "support/HiddenFile.h"
+
 namespace repvolta {
 namespace {
 
@@ -82,6 +84,14 @@ TEST_F(UpdateDriver, GivesMusicTheTagOfItsInstruction) {
   const std::string song = GetTextFile("player/Monday/RV002-Song.mp3");
   EXPECT_THAT(song, testing::HasSubstr("RV002- Squat - 1 set, 50kg for 10reps"));
   EXPECT_THAT(song, testing::HasSubstr("Monday.RPV"));
+  EXPECT_THAT(GetTextFile("player/Monday/RV001-Instructions.mp3"),
+              testing::HasSubstr("RV001- Squat - 1 set, 50kg for 10reps"));
+}
+
+TEST_F(UpdateDriver, HasTheValuesInTheTitleAlsoWhenTheyAreNotSaid) {
+  state.Settings.IncludeWeightValues = kFalse;
+  AddSet(AddNamed("Squat"), 50, 10);
+  Update();
   EXPECT_THAT(GetTextFile("player/Monday/RV001-Instructions.mp3"),
               testing::HasSubstr("RV001- Squat - 1 set, 50kg for 10reps"));
 }
@@ -163,6 +173,14 @@ TEST_F(UpdateDriver, KeepsTheWavFileWithoutAnEncoder) {
   EXPECT_THAT(processes.started, IsEmpty());
 }
 
+TEST_F(UpdateDriver, TagsNoWavFile) {
+  fs::remove("lame.exe");
+  AddNamed("Squat");
+  Update();
+  EXPECT_EQ(GetFile("player/Monday/RV001-Instructions.WAV"), GetFile("temp.wav"));
+  EXPECT_THAT(run.log, Not(Contains(testing::HasSubstr("TAG"))));
+}
+
 TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhereItMakesNone) {
   PutFile("temp.wav", "kept without an encoder");
   PutFile("temp.mp3", "not of this run either");
@@ -189,6 +207,16 @@ TEST_F(UpdateDriver, SaysSoWhenTheEncoderWritesNothing) {
   EXPECT_THAT(run.log, Contains("ERROR: temp.mp3 could not be read: No such file or directory"));
   EXPECT_FALSE(fs::exists("player/Monday/RV001-Instructions.mp3"));
   EXPECT_EQ(run.log.back(), "UPDATE COMPLETE.");
+}
+
+TEST_F(UpdateDriver, EndsEachStepWithItsLineAlsoBehindAnError) {
+  fs::remove("player");
+  AddNamed("Squat");
+  Update();
+  EXPECT_THAT(run.log, Contains("Created directory " + Full("player/Monday/")));
+  EXPECT_THAT(run.log,
+              Contains("RV001-Instructions.mp3 MP3 Instruction file created sucessfully."));
+  EXPECT_FALSE(fs::exists("player"));
 }
 
 TEST_F(UpdateDriver, GoesOnWhenAnExerciseCannotBeSpoken) {
@@ -246,12 +274,10 @@ TEST_F(UpdateDriver, SaysOnceWhatKeptAFileFromBeingCopied) {
 TEST_F(UpdateDriver, WaitsForACopyAsLongAsThePersonLikes) {
   PutFile("music/Song.mp3", SongBytes(3));
   AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
-  PutFolderInTheWay("player/Monday/RV002-Song.mp3");
+  const HiddenFile notYet("RV002-Song.mp3");
   int waits = 0;
   run.keepWaiting = [&] {
-    if (++waits < 5) return true;
-    fs::remove_all("player/Monday/RV002-Song.mp3");
-    PutFile("player/Monday/RV002-Song.mp3", SongBytes(3));
+    if (++waits == 5) HiddenFile::Show();
     return true;
   };
 
@@ -259,6 +285,23 @@ TEST_F(UpdateDriver, WaitsForACopyAsLongAsThePersonLikes) {
 
   EXPECT_EQ(waits, 5);
   EXPECT_THAT(run.log, Contains("RV002-Song.mp3  TAG modified OK"));
+}
+
+TEST_F(UpdateDriver, DoesNotWaitForACopyThatFailed) {
+  PutFile("music/Song.mp3", SongBytes(3));
+  AddSong(AddNamed("Squat"), Full("music/Song.mp3"));
+  PutFolderInTheWay("player/Monday/RV002-Song.mp3");
+  bool hasWaited = false;
+  run.keepWaiting = [&] {
+    hasWaited = true;
+    return false;
+  };
+
+  Update();
+
+  EXPECT_FALSE(hasWaited);
+  EXPECT_THAT(run.log, Contains("UPDATE COMPLETE."));
+  EXPECT_EQ(PlayList(), Full("player/Monday/RV001-Instructions.mp3") + "\r\n");
 }
 
 TEST_F(UpdateDriver, EndsAtTheNextStepWhenItIsStopped) {

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "base/FileError.h"
+#include "base/ProgramFiles.h"
 #include "update/UpdateLock.h"
 
 #include "support/TemporaryFolder.h"

@@ -1,0 +1,34 @@
+#pragma once
+
+namespace repvolta {
+
+// Every name in the program directory, which is current while the program works with its files;
+// docs/formats says what is in each. Folders end in the separator.
+
+inline constexpr const char* kSettingsFile = "settings.dat";
+inline constexpr const char* kMusicList = "musiclist.txt";
+inline constexpr const char* kEncoder = "lame.exe";
+inline constexpr const char* kUpdateLockFile = "update.lock";
+
+/// Only where the program directory is the executable's own folder.
+inline constexpr const char* kWindowLayoutFile = "window.ini";
+
+inline constexpr const char* kWorkoutFolder = "workouts/";
+inline constexpr const char* kWorkoutExtension = ".RPV";
+
+/// The lists of exercise names.
+inline constexpr const char* kExerciseFolder = "exercise/";
+inline constexpr const char* kExerciseListExtension = ".lst";
+
+/// The recorded clips: words and numbers in the first folder, names of exercises in the second.
+inline constexpr const char* kClipFolder = "voice/";
+inline constexpr const char* kClipExtension = ".wav";
+inline constexpr const char* kNameClipSubfolder = "exercise/";  // of the clip folder
+inline constexpr const char* kNameClipFolder = "voice/exercise/";
+inline constexpr const char* kNameClipExtension = ".WAV";
+
+/// The working files of an update.
+inline constexpr const char* kWorkingWav = "temp.wav";
+inline constexpr const char* kWorkingMp3 = "temp.mp3";
+
+}  // namespace repvolta

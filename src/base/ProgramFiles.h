@@ -2,15 +2,15 @@
 
 namespace repvolta {
 
-// Every name in the program directory, which is current while the program works with its files;
-// docs/formats says what is in each. Folders end in the separator.
+// All names in the program directory, which is current while the program works with its files;
+// docs/formats describes their content. Folders end with the separator.
 
 inline constexpr const char* kSettingsFile = "settings.dat";
 inline constexpr const char* kMusicList = "musiclist.txt";
 inline constexpr const char* kEncoder = "lame.exe";
 inline constexpr const char* kUpdateLockFile = "update.lock";
 
-/// Only where the program directory is the executable's own folder.
+/// Exists only if the program directory is the executable's own folder.
 inline constexpr const char* kWindowLayoutFile = "window.ini";
 
 inline constexpr const char* kWorkoutFolder = "workouts/";

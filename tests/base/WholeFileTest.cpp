@@ -51,13 +51,13 @@ TEST(WholeFileWriter, SaysWhyNothingCanBeMadeBesideTheFile) {
             "workouts/Monday.RPV could not be written: Permission denied");
 }
 
-/// A leftover of a user whose name nobody knows.
+/// A leftover of a user without a name.
 class ForeignLeftover : public testing::Test {
  protected:
   void Leave(fs::perms rights) {
     PutFile("workouts/.Monday.RPV.new", "half");
     fs::permissions("workouts/.Monday.RPV.new", rights);
-    // For others than the superuser it stays their own, and is then removed.
+    // For a user other than the superuser it stays their own file and is removed.
     isGiven_ = chown("workouts/.Monday.RPV.new", kUser, getegid()) == 0;
   }
 
@@ -129,7 +129,7 @@ TEST(WriteWholeFile, KeepsTheGroup) {
   TemporaryFolder folder;
   PutFile("Monday.RPV", "old");
   fs::permissions("Monday.RPV", fs::perms(0660));
-  // Only the superuser can give it to any group; for others it stays in their own.
+  // Only the superuser can set any group; for other users the file stays in their own.
   const bool isGiven = chown("Monday.RPV", geteuid(), kOtherGroup) == 0;
 
   WriteWholeFile("Monday.RPV", AsBytes("new"));

@@ -10,16 +10,16 @@
 
 namespace repvolta {
 
-/// A list of which one row can be selected.
+/// A list with at most one selected row.
 struct ListModel {
-  /// A row that is not there: none.
+  /// A row that does not exist selects none.
   void Select(int row);
 
   std::vector<std::string> rows;
   int selected = -1;  // -1: none
 };
 
-/// What a person would see of the main window as far as the commands change it, without a window.
+/// Stands for the main window: keeps what the commands show in it, without a window.
 class ModelScreen : public MainScreen {
  public:
   ModelScreen(const ProgramState& state, const Clock& clock) : state_(state), clock_(clock) {}
@@ -56,7 +56,7 @@ class ModelScreen : public MainScreen {
   std::int16_t targetTime = 0;
   std::int16_t musicTime = 0;
 
-  /// What the settings tab shows of them.
+  /// The settings as the settings tab shows them.
   SettingsRecord settings;
   std::int32_t randomMusicFiles = 0;
 

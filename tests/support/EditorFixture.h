@@ -14,14 +14,14 @@
 
 namespace repvolta {
 
-/// What the editing commands work with, without a window: a program directory of its own, scripted
-/// boxes, and a screen that keeps what it is given to show. The workout "Monday" is loaded and has
-/// no exercises. Today is day 39166, 25 March 2007, noon.
+/// The editing commands without a window: a fresh program directory, scripted boxes, and a screen
+/// that keeps what it shows. The workout "Monday" is loaded and has no exercises. Today is day
+/// 39166, 25 March 2007, noon.
 class EditorFixture : public ProgramFixture {
  protected:
   EditorFixture();
 
-  /// Makes empty workouts and lists them; none is selected then.
+  /// Makes empty workouts, lists them and selects none.
   void ListEmptyWorkouts(const std::vector<std::string>& names);
 
   /// A new exercise of the loaded workout, saved and shown.

@@ -10,8 +10,8 @@
 
 namespace repvolta {
 
-/// While it lives, files with the name `name` are not seen where they are looked at by path, as on
-/// a player that shows a copy only after a while. They can be opened all the same.
+/// While this object exists, stat does not find files with the name `name`, as on a player that
+/// shows a copy only after a while. They can still be opened.
 class HiddenFile {
  public:
   explicit HiddenFile(const std::string& name) { Name() = name; }
@@ -32,7 +32,7 @@ class HiddenFile {
 
 }  // namespace repvolta
 
-/// Takes the place of the system's in the test program.
+/// Replaces the system's stat in the test program.
 extern "C" __attribute__((used)) inline int stat(const char* path, struct stat* status) noexcept {
   if (repvolta::HiddenFile::Hides(path)) {
     errno = ENOENT;

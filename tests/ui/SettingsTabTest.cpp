@@ -173,7 +173,7 @@ TEST_F(SettingsScreen, TheScreenShowsTheVoicesRateAndVolumeAndTheStoredRest) {
   state.Settings.VoiceRate = 9;
   state.Settings.VoiceIndex = 2;
   state.Settings.IncludeWeightValues = kTrue;
-  state.Settings.AutoLoadPlaylist = 1;  // no true flag
+  state.Settings.AutoLoadPlaylist = 1;  // any value but kTrue is false
   state.Settings.MusicPath = "  /m  ";
   state.RandomMusicFiles = 4711;
   const SettingsRecord before = state.Settings;
@@ -207,7 +207,7 @@ TEST_F(SettingsScreen, AVoiceThatIsNoMoreIsNotReplacedByAnother) {
 
 TEST_F(SettingsScreen, AChosenAudioOutputChangesNothing) {
   form->ShowAudioOutputs({"Loudspeaker", "Headphones"});
-  state.Settings.VoiceVolume = 33;  // which a save would store
+  state.Settings.VoiceVolume = 33;  // a save would store this
   const SettingsRecord before = state.Settings;
   const Bytes file = GetFile("settings.dat");
   QComboBox& box = Get<QComboBox>("AudioOutputCB");

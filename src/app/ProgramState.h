@@ -10,7 +10,7 @@
 
 namespace repvolta {
 
-/// How SpeakToFile speaks: set up from the settings at the start, then changed by the settings tab.
+/// How SpeakToFile speaks: set up from the settings at the start, then changed by what is chosen.
 struct VoiceState {
   std::int16_t Voice = 0;    // position in VoiceCB
   std::int16_t Rate = 0;     // -10 .. 10
@@ -40,7 +40,7 @@ struct ProgramState {
   bool SettingsAreUnread = false;  // the file has settings that could not be read
 
   std::int16_t NumberOfExercises = 0;  // slots in use in Workout
-  std::int16_t CurrentExercise = 0;    // the slot that the exercise tab shows
+  std::int16_t CurrentExercise = 0;    // the slot that is shown and edited
   std::int16_t NumberOfWorkouts = 0;
   std::vector<std::string> WorkoutNames;  // what WorkoutDropBox lists: file names with ".RPV"
   std::string WorkoutFileName;            // of the workout in memory; empty: none

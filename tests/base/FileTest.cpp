@@ -80,6 +80,7 @@ TEST(File, IsTheOtherWhenThatTakesItsPlace) {
   PutFile("a", "first");
   PutFile("b", "second one");
   File file = File::Open("a", File::Access::kRead);
+  // cppcheck-suppress redundantInitialization
   file = File::Open("b", File::Access::kRead);
   EXPECT_EQ(file.Path(), "b");
   EXPECT_EQ(file.Size(), 10U);

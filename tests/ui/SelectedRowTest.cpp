@@ -60,7 +60,8 @@ class SelectedRow : public FormFixture {
 
   static std::vector<float> SavedValues(int exercise) {
     const ExerciseRecord record = Saved()[exercise];
-    return {record.SetValue1.begin(), record.SetValue1.begin() + record.NumberOfSets};
+    const auto begin = record.SetValue1.begin();
+    return std::vector<float>(begin, begin + record.NumberOfSets);
   }
 
   static std::vector<std::string> SavedSongs(int exercise) {

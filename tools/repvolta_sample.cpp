@@ -19,7 +19,7 @@
 #include "platform/Clock.h"
 #include "platform/QtChildProcesses.h"
 #include "sound/WavFormat.h"
-#include "update/RandomMusicList.h"
+#include "update/MusicListing.h"
 
 // Makes the files of a sample program directory, with music of its own, and shows what an update
 // made of them.

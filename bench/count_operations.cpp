@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "update/RandomMusicList.h"
+#include "update/MusicListing.h"
 
 #include "Operations.h"
 

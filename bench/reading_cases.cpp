@@ -3,7 +3,7 @@
 #include <taglib/fileref.h>
 
 #include "base/ProgramFiles.h"
-#include "update/RandomMusicList.h"
+#include "update/MusicListing.h"
 
 #include "Operations.h"
 #include "Suite.h"

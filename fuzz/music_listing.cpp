@@ -6,6 +6,7 @@
 #include "base/Lines.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
+#include "update/MusicListing.h"
 #include "update/RandomMusicList.h"
 
 #include "support/Cost.h"

@@ -19,7 +19,7 @@
 #include "platform/Clock.h"
 #include "platform/QtChildProcesses.h"
 #include "sound/WavFormat.h"
-#include "update/RandomMusicList.h"
+#include "update/MusicListing.h"
 
 // Makes a sample program directory, including music, and shows the result of an update.
 

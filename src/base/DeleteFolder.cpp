@@ -1,3 +1,5 @@
+#include "base/DeleteFolder.h"
+
 #include <exception>
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -29,15 +29,6 @@ void MakeFolder(const std::string& path);
 /// Like MakeFolder, and creates its parent folders too.
 void MakeFolders(const std::string& path);
 
-/// True when something is mounted at the folder `path`, even another part of the same file system.
-/// Throws FileError, as DeleteFolder would, when the system cannot tell.
-bool IsMountPoint(const std::string& path);
-
-/// Deletes the folder and everything in it, even read-only folders; it need not exist. Links are
-/// deleted, never followed, and mounted file systems are left alone, even if `path` itself is one.
-/// Deletes all it can, then throws FileError for the first entry that it could not.
-void DeleteFolder(const std::string& path);
-
 /// Calls `take` for each entry of the folder except "." and "..", in the file system's order.
 /// Returns 0, or the errno value when the folder could not be read to its end.
 int ForEachEntry(const std::string& folder, const TakeEntry& take);

@@ -5,7 +5,7 @@
 #include "app/WorkoutFiles.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "editing/MusicListing.h"
+#include "editing/ListMusic.h"
 #include "update/RandomMusicList.h"
 
 namespace repvolta {

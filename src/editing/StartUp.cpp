@@ -8,8 +8,8 @@
 #include "base/FileError.h"
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
+#include "editing/ListMusic.h"
 #include "editing/LoadedWorkout.h"
-#include "editing/MusicListing.h"
 #include "update/RandomMusicList.h"
 
 namespace repvolta {

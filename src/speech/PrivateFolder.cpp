@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/DeleteFolder.h"
 #include "base/FileError.h"
 #include "base/Folder.h"
 #include "base/Lock.h"

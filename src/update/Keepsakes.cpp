@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/DeleteFolder.h"
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"

@@ -1,3 +1,5 @@
+#include "update/MusicListing.h"
+
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
@@ -7,7 +9,6 @@
 #include "base/Folder.h"
 #include "base/ProgramFiles.h"
 #include "base/WholeFile.h"
-#include "update/RandomMusicList.h"
 
 namespace repvolta {
 namespace {

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <stdexcept>
 
+#include "base/DeleteFolder.h"
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"

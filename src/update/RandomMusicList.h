@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 
 #include "app/ProgramState.h"
@@ -10,12 +9,6 @@
 namespace repvolta {
 
 /// The music list has one full path of a music file a line. The program directory must be current.
-
-/// Rebuilds the music list, all or nothing: every file below `musicPath` whose name ends in ".mp3"
-/// in any case. Links to folders are not followed, folders that cannot be read are skipped, and so
-/// are paths with a line break. If the path is empty or not a folder, the list is empty.
-/// `whileListing` is called now and then. Throws FileError when the list cannot be written.
-void CompileMusicList(const std::string& musicPath, const std::function<void()>& whileListing = {});
 
 /// Sets RandomMusicFiles to the number of lines of the music list; 0 when there is none. Throws
 /// FileError.

@@ -19,7 +19,6 @@
 #include "update/PlayList.h"
 #include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
-#include "update/RandomMusicList.h"
 #include "update/Steps.h"
 
 namespace repvolta {

@@ -5,10 +5,9 @@
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/Lock.h"
-#include "base/WholeFile.h"
-#include "base/WorkingFile.h"
 
 #include "support/FailingClose.h"
+#include "support/FailureOf.h"
 #include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
 
@@ -16,11 +15,6 @@ namespace repvolta {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::size_t EntriesHere() {
-  return static_cast<std::size_t>(
-      std::distance(fs::directory_iterator("."), fs::directory_iterator()));
-}
 
 TEST(File, RefusesWhatIsNoRegularFile) {
   TemporaryFolder folder;
@@ -42,36 +36,25 @@ TEST(File, NamesTheFileAndTheReason) {
   }
 }
 
-/// Why a file is refused; empty when it is not.
-template <class Opening>
-std::string RefusalOf(Opening open) {
-  try {
-    open();
-  } catch (const FileError& error) {
-    return error.what();
-  }
-  return "";
-}
-
 TEST(File, SaysWhatElseThanAFileIsRefusedFor) {
   TemporaryFolder folder;
   fs::create_directory("folder");
   PutFile("a", "x");
   fs::create_hard_link("a", "b");
-  EXPECT_EQ(RefusalOf([] { File::Open("folder", File::Access::kRead); }),
+  EXPECT_EQ(FailureOf([] { File::Open("folder", File::Access::kRead); }),
             "folder could not be read: It is not a file");
-  EXPECT_EQ(RefusalOf([] { File::Open("gone", File::Access::kReadWrite); }),
+  EXPECT_EQ(FailureOf([] { File::Open("gone", File::Access::kReadWrite); }),
             "gone could not be opened for writing: No such file or directory");
-  EXPECT_EQ(RefusalOf([] { File::OpenOrCreate("b"); }),
+  EXPECT_EQ(FailureOf([] { File::OpenOrCreate("b"); }),
             "b could not be opened for writing: It has another name elsewhere");
-  EXPECT_EQ(RefusalOf([] { File::CreateNew("a"); }), "a could not be created: File exists");
+  EXPECT_EQ(FailureOf([] { File::CreateNew("a"); }), "a could not be created: File exists");
 }
 
 TEST(File, SaysThatItCouldNotBeWritten) {
   TemporaryFolder folder;
   File file = File::CreateNew("a");
   const FullDisk disk(0);
-  EXPECT_EQ(RefusalOf([&] { file.WriteAt(0, AsBytes("x")); }),
+  EXPECT_EQ(FailureOf([&] { file.WriteAt(0, AsBytes("x")); }),
             "a could not be written: File too large");
 }
 
@@ -90,14 +73,8 @@ TEST(File, IsNotMadeThroughALink) {
   TemporaryFolder folder;
   PutFile("precious", "old");
   fs::create_symlink("precious", "Monday.M3U");
-  EXPECT_EQ(RefusalOf([] { File::OpenOrCreate("Monday.M3U"); }),
+  EXPECT_EQ(FailureOf([] { File::OpenOrCreate("Monday.M3U"); }),
             "Monday.M3U could not be opened for writing: Too many levels of symbolic links");
-}
-
-TEST(FileError, SpeaksEnglishInEveryLocale) {
-  EXPECT_EQ(FileError("a", "failed", ENOSPC).Reason(), "No space left on device");
-  EXPECT_EQ(FileError("a", "failed", 9999).Reason(), "Error 9999");
-  EXPECT_EQ(FileError("a", "failed", ENOSPC).Error(), ENOSPC);
 }
 
 TEST(File, ReadsOnlyWhatIsThere) {
@@ -212,125 +189,12 @@ TEST(CopyContent, CopiesAFileToItsOwnEnd) {
   EXPECT_TRUE(GetTextFile("file") == beginning + beginning.substr(1) + "x");
 }
 
-TEST(WriteWholeFile, ReplacesTheContentAndKeepsThePermissions) {
-  TemporaryFolder folder;
-  PutFile("settings.dat", "old");
-  fs::permissions("settings.dat", fs::perms(0640));
-
-  WriteWholeFile("settings.dat", AsBytes("new"));
-
-  EXPECT_EQ(GetTextFile("settings.dat"), "new");
-  EXPECT_EQ(fs::status("settings.dat").permissions(), fs::perms(0640));
-}
-
-TEST(WriteWholeFile, GivesANewFileTheUsualPermissions) {
-  TemporaryFolder folder;
-  const mode_t before = umask(022);
-
-  WriteWholeFile("new", AsBytes("x"));
-  umask(before);
-
-  EXPECT_EQ(fs::status("new").permissions(), fs::perms(0644));
-}
-
-TEST(WriteWholeFile, LeavesTheOldFileWholeOnAFullDisk) {
-  TemporaryFolder folder;
-  PutFile("Monday.RPV", "old");
-
-  {
-    FullDisk disk(1000);
-    EXPECT_THROW(WriteWholeFile("Monday.RPV", Bytes(5000)), FileError);
-  }
-
-  EXPECT_EQ(GetTextFile("Monday.RPV"), "old");
-  EXPECT_EQ(EntriesHere(), 1U);
-}
-
 TEST(File, StaysLockedWhenItIsConfirmed) {
   TemporaryFolder folder;
   const File file = File::CreateNew("file");
   ASSERT_EQ(TryLock(file.OpenAs()), 0);
   file.ConfirmWritten();
   EXPECT_EQ(TryLock(OpenDescriptor("file", 0)), EWOULDBLOCK);
-}
-
-TEST(WriteWholeFile, NamesTheFileAndNotTheOneBesideIt) {
-  TemporaryFolder folder;
-  try {
-    WriteWholeFile("no/such/folder", AsBytes("x"));
-    FAIL() << "written";
-  } catch (const FileError& error) {
-    EXPECT_STREQ(error.what(), "no/such/folder could not be written: No such file or directory");
-  }
-}
-
-TEST(WholeFileWriter, LeavesNothingWithoutACommit) {
-  TemporaryFolder folder;
-  { WholeFileWriter("musiclist.txt").Append("a song\n"); }
-  EXPECT_EQ(EntriesHere(), 0U);
-}
-
-TEST(WholeFileWriter, TakesOverWhatADeadProcessLeft) {
-  TemporaryFolder folder;
-  PutFile(WorkingName("Monday.RPV"), "half");
-  WriteWholeFile("Monday.RPV", AsBytes("new"));
-  EXPECT_EQ(GetTextFile("Monday.RPV"), "new");
-  EXPECT_EQ(EntriesHere(), 1U);
-}
-
-TEST(WholeFileWriter, NeverWritesThroughALink) {
-  TemporaryFolder folder;
-  PutFile("precious", "old");
-  fs::create_symlink("precious", WorkingName("a"));
-  fs::create_hard_link("precious", WorkingName("b"));
-  fs::create_symlink("precious", "c");
-
-  for (const char* name : {"a", "b", "c"}) WriteWholeFile(name, AsBytes("new"));
-
-  EXPECT_EQ(GetTextFile("precious"), "old");
-  EXPECT_EQ(GetTextFile("c"), "new");
-  EXPECT_EQ(EntriesHere(), 4U);
-}
-
-TEST(WholeFileWriter, LeavesAFileAloneThatAnotherIsWriting) {
-  TemporaryFolder folder;
-  WholeFileWriter first("Monday.RPV");
-  first.Append("first");
-
-  EXPECT_EQ(RefusalOf([] { WriteWholeFile("Monday.RPV", AsBytes("second")); }),
-            "Monday.RPV could not be written: Another program is writing it");
-  first.Commit();
-
-  EXPECT_EQ(GetTextFile("Monday.RPV"), "first");
-  WriteWholeFile("Monday.RPV", AsBytes("second"));
-  EXPECT_EQ(GetTextFile("Monday.RPV"), "second");
-}
-
-TEST(WholeFileWriter, SaysSoWhereAFolderIsInItsWay) {
-  TemporaryFolder folder;
-  fs::create_directory(WorkingName("Monday.RPV"));
-  EXPECT_THROW(WriteWholeFile("Monday.RPV", AsBytes("new")), FileError);
-}
-
-TEST(WholeFileWriter, IsPrivateWhileItIsWritten) {
-  TemporaryFolder folder;
-  const WholeFileWriter writer("Monday.RPV");
-  EXPECT_EQ(fs::status(WorkingName("Monday.RPV")).permissions(), fs::perms(0600));
-}
-
-TEST(WholeFileWriter, WritesNamesOfAnyLength) {
-  TemporaryFolder folder;
-  const std::string longest(255, 'x');
-  WriteWholeFile(longest, AsBytes("new"));
-  EXPECT_EQ(GetTextFile(longest), "new");
-}
-
-TEST(WholeFileWriter, KnowsTheStampOfWhatItPutInPlace) {
-  TemporaryFolder folder;
-  WholeFileWriter writer("Monday.RPV");
-  EXPECT_FALSE(writer.Placed());
-  writer.Commit();
-  EXPECT_EQ(writer.Placed(), StampOf("Monday.RPV"));
 }
 
 TEST(File, IsNotOpenedForMoreWhereItHasAnotherName) {
@@ -350,22 +214,6 @@ TEST(IsLinked, KnowsLinksOfBothKinds) {
   fs::create_symlink("gone", "link");
   fs::create_hard_link("song", "other");
   for (const char* name : {"link", "song", "other"}) EXPECT_TRUE(IsLinked(name)) << name;
-}
-
-TEST(WholeFileWriter, WritesMoreThanItHolds) {
-  TemporaryFolder folder;
-  WholeFileWriter writer("musiclist.txt");
-  const std::string line(999, 'x');
-  for (int i = 0; i < 1000; ++i) writer.Append(line + "\n");
-  writer.Commit();
-  EXPECT_EQ(fs::file_size("musiclist.txt"), 1000000U);
-}
-
-TEST(ReadWholeFile, StopsAtTheLimit) {
-  TemporaryFolder folder;
-  PutFile("long", std::string(5000, 'x'));
-  EXPECT_EQ(ReadWholeFile("long", 100).size(), 100U);
-  EXPECT_EQ(ReadWholeFile("long", 9000).size(), 5000U);
 }
 
 TEST(RemoveFile, RemovesReadOnlyFilesAndMindsNoMissingOnes) {

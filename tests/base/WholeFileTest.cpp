@@ -1,5 +1,6 @@
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "base/File.h"
@@ -9,9 +10,9 @@
 #include "base/WorkingFile.h"
 
 #include "support/FailingClose.h"
+#include "support/FullDisk.h"
 #include "support/OrdinaryRights.h"
 #include "support/TemporaryFolder.h"
-#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -23,68 +24,78 @@ std::size_t EntriesHere() {
       std::distance(fs::directory_iterator("."), fs::directory_iterator()));
 }
 
-TEST(WholeFileWriter, WritesAgainOnceALeftoverCanBeRemoved) {
+TEST(WriteWholeFile, ReplacesTheContentAndKeepsThePermissions) {
   TemporaryFolder folder;
-  PutFile(WorkingName("workouts/Monday.RPV"), "half");
+  PutFile("settings.dat", "old");
+  fs::permissions("settings.dat", fs::perms(0640));
+
+  WriteWholeFile("settings.dat", AsBytes("new"));
+
+  EXPECT_EQ(GetTextFile("settings.dat"), "new");
+  EXPECT_EQ(fs::status("settings.dat").permissions(), fs::perms(0640));
+}
+
+TEST(WriteWholeFile, GivesANewFileTheUsualPermissions) {
+  TemporaryFolder folder;
+  const mode_t before = umask(022);
+
+  WriteWholeFile("new", AsBytes("x"));
+  umask(before);
+
+  EXPECT_EQ(fs::status("new").permissions(), fs::perms(0644));
+}
+
+TEST(WriteWholeFile, LeavesTheOldFileWholeOnAFullDisk) {
+  TemporaryFolder folder;
+  PutFile("Monday.RPV", "old");
+
   {
-    const UnreadableFile readOnly("workouts", fs::perms::owner_read | fs::perms::owner_exec);
-    EXPECT_THROW(WriteWholeFile("workouts/Monday.RPV", AsBytes("first")), FileError);
+    FullDisk disk(1000);
+    EXPECT_THROW(WriteWholeFile("Monday.RPV", Bytes(5000)), FileError);
   }
-  WriteWholeFile("workouts/Monday.RPV", AsBytes("second"));
-  EXPECT_EQ(GetTextFile("workouts/Monday.RPV"), "second");
+
+  EXPECT_EQ(GetTextFile("Monday.RPV"), "old");
+  EXPECT_EQ(EntriesHere(), 1U);
 }
 
-std::string FailureOfWriting(const std::string& path) {
+TEST(WriteWholeFile, NamesTheFileAndNotTheOneBesideIt) {
+  TemporaryFolder folder;
   try {
-    WriteWholeFile(path, AsBytes("new"));
+    WriteWholeFile("no/such/folder", AsBytes("x"));
+    FAIL() << "written";
   } catch (const FileError& error) {
-    return error.what();
+    EXPECT_STREQ(error.what(), "no/such/folder could not be written: No such file or directory");
   }
-  return "written";
 }
 
-TEST(WholeFileWriter, SaysWhyNothingCanBeMadeBesideTheFile) {
+TEST(WholeFileWriter, LeavesNothingWithoutACommit) {
   TemporaryFolder folder;
-  fs::create_directory("workouts");
-  const UnreadableFile readOnly("workouts", fs::perms::owner_read | fs::perms::owner_exec);
-  EXPECT_EQ(FailureOfWriting("workouts/Monday.RPV"),
-            "workouts/Monday.RPV could not be written: Permission denied");
+  { WholeFileWriter("musiclist.txt").Append("a song\n"); }
+  EXPECT_EQ(EntriesHere(), 0U);
 }
 
-/// A leftover of a user without a name.
-class ForeignLeftover : public testing::Test {
- protected:
-  void Leave(fs::perms rights) {
-    PutFile("workouts/.Monday.RPV.new", "half");
-    fs::permissions("workouts/.Monday.RPV.new", rights);
-    // For a user other than the superuser it stays their own file and is removed.
-    isGiven_ = chown("workouts/.Monday.RPV.new", kUser, getegid()) == 0;
-  }
-
-  void ExpectTold() {
-    const OrdinaryRights ordinary;
-    EXPECT_EQ(FailureOfWriting("workouts/Monday.RPV"),
-              isGiven_
-                  ? "workouts/Monday.RPV could not be written: .Monday.RPV.new belongs to user "
-                    "12345 and cannot be removed"
-                  : "written");
-  }
-
-  static constexpr uid_t kUser = 12345;
-  bool isGiven_ = false;
+TEST(WholeFileWriter, KnowsTheStampOfWhatItPutInPlace) {
   TemporaryFolder folder;
-};
-
-TEST_F(ForeignLeftover, IsToldWhereItCannotBeOpened) {
-  Leave(fs::perms(0600));
-  ExpectTold();
+  WholeFileWriter writer("Monday.RPV");
+  EXPECT_FALSE(writer.Placed());
+  writer.Commit();
+  EXPECT_EQ(writer.Placed(), StampOf("Monday.RPV"));
 }
 
-TEST_F(ForeignLeftover, IsToldWhereItCannotBeRemoved) {
-  Leave(fs::perms(0644));
-  fs::permissions("workouts", fs::perms(01777));
-  ASSERT_EQ(chown("workouts", isGiven_ ? kUser : geteuid(), getegid()), 0);
-  ExpectTold();
+TEST(WholeFileWriter, WritesMoreThanItHolds) {
+  TemporaryFolder folder;
+  WholeFileWriter writer("musiclist.txt");
+  const std::string line(999, 'x');
+  for (int i = 0; i < 1000; ++i) writer.Append(line + "\n");
+  writer.Commit();
+  EXPECT_EQ(fs::file_size("musiclist.txt"), 1000000U);
+}
+
+TEST(ReadWholeFile, StopsAtTheLimit) {
+  TemporaryFolder folder;
+  PutFile("long", std::string(5000, 'x'));
+  EXPECT_EQ(ReadWholeFile("long", 100).size(), 100U);
+  EXPECT_EQ(ReadWholeFile("long", 9000).size(), 5000U);
 }
 
 TEST(WholeFileWriter, KeepsTheOldFileWhenTheLastCheckFails) {
@@ -129,7 +140,7 @@ TEST(WriteWholeFile, KeepsTheGroup) {
   TemporaryFolder folder;
   PutFile("Monday.RPV", "old");
   fs::permissions("Monday.RPV", fs::perms(0660));
-  // Only the superuser can set any group; for other users the file stays in their own.
+  // Only the superuser can give it to any group; for others it stays in their own.
   const bool isGiven = chown("Monday.RPV", geteuid(), kOtherGroup) == 0;
 
   WriteWholeFile("Monday.RPV", AsBytes("new"));

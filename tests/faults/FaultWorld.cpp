@@ -7,7 +7,6 @@
 #include "app/RecordFormat.h"
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
-#include "update/RandomMusicList.h"
 
 #include "support/ClipBytes.h"
 #include "support/Mp3Bytes.h"

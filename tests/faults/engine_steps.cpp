@@ -9,6 +9,7 @@
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
 #include "editing/StartUp.h"
+#include "update/MusicListing.h"
 #include "update/RandomMusicList.h"
 
 #include "fakes/FakeServices.h"

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "update/Encoder.h"
-#include "update/RepvoltaShellWait.h"
 
 #include "fakes/FakeServices.h"
 #include "support/TemporaryFolder.h"
@@ -61,18 +60,6 @@ TEST(EncodeMP3file, LeavesNoOlderResult) {
   PutFile("temp.mp3", "another exercise");
   EncodeMP3file(processes, "temp.wav", "temp.mp3");
   EXPECT_FALSE(std::filesystem::exists("temp.mp3"));
-}
-
-TEST(ShellWait, PartsTheCommandLineAtBlanks) {
-  FakeProcesses processes;
-  ShellWait(processes, "lame.exe  -V4 a b", 0);
-  EXPECT_THAT(processes.started, ElementsAre("lame.exe -V4 a b"));
-}
-
-TEST(ShellWait, NeedsNoWindowState) {
-  FakeProcesses processes;
-  ShellWait(processes, "lame.exe");
-  EXPECT_THAT(processes.started, ElementsAre("lame.exe"));
 }
 
 }  // namespace

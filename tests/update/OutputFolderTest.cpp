@@ -197,16 +197,6 @@ TEST_F(OutputDirectory, IsNotDeletedWhenASongLiesInAFolderThatCannotBeListed) {
               HasSubstr("lies there"));
 }
 
-TEST(IsNumberedName, AsksForThreeDigitsBetweenItsMarks) {
-  for (const char* name : {"RV001-Song.mp3", "RV1000-", "RV123456-x"}) {
-    EXPECT_TRUE(IsNumberedName(name)) << name;
-  }
-  for (const char* name : {"", "RV", "RV01-Song.mp3", "RV001", "RV001 Song.mp3", "rv001-Song.mp3",
-                           "RV-001-Song.mp3", "RVxxx-Song.mp3", "01 RV001-Song.mp3"}) {
-    EXPECT_FALSE(IsNumberedName(name)) << name;
-  }
-}
-
 TEST_F(OutputDirectory, OnlyGainsNewFilesWhereItIsNotOurs) {
   PutFile("player/Monday/RV001-Song.mp3", "theirs");
   PutFile("song.mp3", "ours");

@@ -1,6 +1,6 @@
-#include "editing/MusicListing.h"
+#include "editing/ListMusic.h"
 
-#include "update/RandomMusicList.h"
+#include "update/MusicListing.h"
 
 namespace repvolta {
 

@@ -87,6 +87,14 @@ TEST_F(ForeignLeftover, IsToldWhereItCannotBeRemoved) {
   ExpectTold();
 }
 
+TEST(WholeFileWriter, NamesAFolderThatStandsInItsWay) {
+  TemporaryFolder folder;
+  fs::create_directories("workouts/.Monday.RPV.new");
+  EXPECT_EQ(FailureOfWriting("workouts/Monday.RPV"),
+            "workouts/Monday.RPV could not be written: workouts/.Monday.RPV.new could not be "
+            "deleted: Is a directory");
+}
+
 TEST(WholeFileWriter, KeepsTheOldFileWhenTheLastCheckFails) {
   TemporaryFolder folder;
   PutFile("Monday.RPV", "old");

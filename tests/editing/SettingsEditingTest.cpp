@@ -5,6 +5,7 @@
 #include "update/RandomMusicList.h"
 
 #include "support/FormFixture.h"
+#include "support/FullDisk.h"
 
 namespace repvolta {
 namespace {
@@ -284,6 +285,18 @@ TEST_F(SettingsEditing, WhatAnotherSavedMeanwhileIsKeptAndShown) {
   EXPECT_EQ(SavedSettings().IncludeWeightValues, kTrue);
   EXPECT_EQ(Field("OutputPathTextBox"), "/other");
   EXPECT_TRUE(Get<QAbstractButton>("AutoLoadPLaylistCheckbox").isChecked());
+}
+
+TEST_F(SettingsEditing, WhatAnotherSavedMeanwhileIsShownAlsoWhereNothingCanBeSaved) {
+  ProgramState other = state;
+  other.Settings.OutputPath = "/other";
+  SaveSettings(other);
+  {
+    const FullDisk full(0);
+    Click("IncludeWeightValuesCheck");
+  }
+  EXPECT_EQ(state.Settings.OutputPath.Text(), "/other");
+  EXPECT_EQ(Field("OutputPathTextBox"), "/other");
 }
 
 TEST_F(SettingsEditing, AChoiceByAnAssistiveToolCountsToo) {

@@ -48,8 +48,9 @@ std::string RemoveAbandoned(const std::string& name) {
   try {
     if (error == ELOOP || (error == 0 && Lock(found) && IsStillAt(found, name))) RemoveFile(name);
   } catch (const FileError& failure) {
-    if (!IsDenied(failure.Error())) throw;
-    throw FileError(name, kFailure, ReasonOfDenial(name, failure.Reason()));
+    throw FileError(
+        name, kFailure,
+        IsDenied(failure.Error()) ? ReasonOfDenial(name, failure.Reason()) : failure.what());
   }
   return kInUse;
 }

@@ -38,8 +38,16 @@ void SaveChangedWorkout(const Editor& editor) {
 
 void SaveChangedSettings(const Editor& editor) {
   const SettingsRecord ours = editor.State().Settings;
-  SaveOrSay([&] { SaveSettings(editor.State()); });
-  if (editor.State().Settings != ours) editor.screen.UpdateSettingsScreen();
+  const auto showTheirs = [&] {
+    if (editor.State().Settings != ours) editor.screen.UpdateSettingsScreen();
+  };
+  try {
+    SaveOrSay([&] { SaveSettings(editor.State()); });
+  } catch (const FileError&) {
+    showTheirs();
+    throw;
+  }
+  showTheirs();
 }
 
 void ShowWorkout(const Editor& editor) {

@@ -65,12 +65,17 @@ void ReloadChangedWorkout(const Editor& editor) {
   if (!WorkoutChangedOnDisk(state)) return;
   const std::vector<std::string> rows = RowsOf(state);
   ReadWorkoutAgain(state);
-  ShowTabs(editor);
-  if (RowsOf(state) == rows) return;
-  const std::string damage = DamageOf(state);
+  std::string failure;
+  try {
+    ShowTabs(editor);
+    if (RowsOf(state) == rows) return;
+    failure = DamageOf(state);
+  } catch (const std::exception& error) {
+    failure = error.what();
+  }
   throw WorkoutReplaced(state.WorkoutFileName +
                         " was changed by another program and has been loaded again." +
-                        (damage.empty() ? "" : "\r" + damage));
+                        (failure.empty() ? "" : "\r" + failure));
 }
 
 }  // namespace repvolta

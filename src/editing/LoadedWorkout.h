@@ -29,7 +29,8 @@ class WorkoutReplaced : public std::runtime_error {
 
 /// If another process has changed the workout's file, loads it again and shows it on both tabs; the
 /// current exercise stays. Throws FileError, and WorkoutReplaced when more than values changed: the
-/// exercises, the number of sets or the current exercise's music.
+/// exercises, the number of sets or the current exercise's music; also when it cannot be shown as a
+/// whole.
 void ReloadChangedWorkout(const Editor& editor);
 
 }  // namespace repvolta

@@ -1,5 +1,7 @@
 #include "editing/StartUp.h"
 
+#include <stdexcept>
+
 #include "app/PathField.h"
 #include "app/ScreenUpdate.h"
 #include "app/Settings.h"
@@ -53,6 +55,9 @@ void LoadLastWorkout(const Editor& editor) {
     screen.SelectWorkout(kNone);
     screen.EnableWorkoutControls();
     throw;
+  } catch (const std::exception& error) {
+    throw std::runtime_error(std::string("The workout cannot be shown as a whole.\r") +
+                             error.what());
   }
 }
 

@@ -53,9 +53,9 @@ class WorkoutUpdate {
     return playList_;
   }
 
-  /// Removes the working files that this run has made. Throws FileError.
+  /// Removes the working files that this run has made, but not those that stay. Throws FileError.
   void RemoveWorkingFiles() {
-    if (workingFiles_ == WorkingFiles::kNotMade) return;
+    if (workingFiles_ != WorkingFiles::kMade) return;
     RemoveFile(kWorkingWav);
     RemoveFile(kWorkingMp3);
   }

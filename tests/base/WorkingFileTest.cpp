@@ -24,6 +24,14 @@ std::string FailureOfWriting(const std::string& path) {
   return FailureOf([&] { WriteWholeFile(path, AsBytes("new")); });
 }
 
+TEST(WorkingFile, NamesAFolderThatStandsInItsWay) {
+  TemporaryFolder folder;
+  fs::create_directories("workouts/.Monday.RPV.new");
+  EXPECT_EQ(FailureOfWriting("workouts/Monday.RPV"),
+            "workouts/Monday.RPV could not be written: workouts/.Monday.RPV.new could not be "
+            "deleted: Is a directory");
+}
+
 TEST(WorkingFile, StandsBesideItsFile) {
   EXPECT_EQ(WorkingName("workouts/Monday.RPV"), "workouts/.Monday.RPV.new");
   EXPECT_EQ(WorkingName("musiclist.txt"), ".musiclist.txt.new");

@@ -81,6 +81,22 @@ TEST_F(LoadedWorkout, IsToldToBeDamagedAndNothingElseWhereItCannotBeShown) {
   EXPECT_THROW(LoadAndShowWorkout(throwing.EditorOf(program)), std::overflow_error);
 }
 
+TEST_F(LoadedWorkout, IsToldToBeAnotherAlsoWhereItCannotBeShown) {
+  Load();
+  ProgramState other = state;
+  other.Workout[1].ExerciseName = "C";
+  SaveWorkout(other);
+  WindowThatThrows throwing;
+  try {
+    ReloadChangedWorkout(throwing.EditorOf(program));
+    FAIL();
+  } catch (const WorkoutReplaced& replaced) {
+    EXPECT_STREQ(replaced.what(),
+                 "Monday.RPV was changed by another program and has been loaded again.\r"
+                 "The number is too large");
+  }
+}
+
 /// Notes whether the program itself fills the list of workouts.
 class WindowThatLooks : public RecordingWindow {
  public:

@@ -9,6 +9,7 @@
 #include "update/RandomMusicList.h"
 
 #include "support/EditorFixture.h"
+#include "support/FullDisk.h"
 
 namespace repvolta {
 namespace {
@@ -248,6 +249,18 @@ TEST_F(SettingsEditing, WhatAnotherSavedMeanwhileIsKeptAndShown) {
   EXPECT_EQ(SavedSettings().IncludeWeightValues, kTrue);
   EXPECT_EQ(screen.settings.OutputPath.Text(), "/other");
   EXPECT_EQ(screen.settings.AutoLoadPlaylist, kTrue);
+}
+
+TEST_F(SettingsEditing, WhatAnotherSavedMeanwhileIsShownAlsoWhereNothingCanBeSaved) {
+  ProgramState other = state;
+  other.Settings.OutputPath = "/other";
+  SaveSettings(other);
+  {
+    const FullDisk full(0);
+    EXPECT_THROW(IncludeWeightValuesCheck_Click(editor, CheckBox::kTicked), UnsavedChange);
+  }
+  EXPECT_EQ(state.Settings.OutputPath.Text(), "/other");
+  EXPECT_EQ(screen.settings.OutputPath.Text(), "/other");
 }
 
 TEST_F(SettingsEditing, NothingIsSavedWhileTheScreenIsUpdating) {

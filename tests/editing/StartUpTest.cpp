@@ -166,6 +166,18 @@ TEST_F(StartUp, TellsOfADamagedWorkoutAndGoesOn) {
   EXPECT_EQ(window.calls.back(), "settings screen");
 }
 
+TEST_F(StartUp, TellsThatAWorkoutCannotBeShownAsAWhole) {
+  class WindowThatThrows : public RecordingWindow {
+    void UpdateWorkoutScreen() override { throw std::overflow_error("The number is too large"); }
+  } throwing;
+  PutTwoWorkouts();
+  PutLastWorkout(1);
+  Form_Load(throwing.EditorOf(program), outputs);
+  EXPECT_THAT(throwing.messages, ElementsAre("The workout cannot be shown as a whole.\r"
+                                             "The number is too large"));
+  EXPECT_EQ(state.WorkoutFileName, "Tuesday.RPV");
+}
+
 TEST_F(StartUp, LetsNobodyEditAWorkoutThatCouldNotBeRead) {
   PutTwoWorkouts();
   PutLastWorkout(1);

@@ -265,7 +265,7 @@ TEST_F(MergeWAV, SaysOnceThatNothingCanBeWritten) {
   const FullDisk full(0);
   MergeWAVfiles("target.wav", "source.wav", run);
   EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
-                                      "File too large"));
+                                   "File too large"));
 }
 
 TEST_F(MergeWAV, SaysWhyAClipThatIsThereCannotBeRead) {
@@ -274,7 +274,7 @@ TEST_F(MergeWAV, SaysWhyAClipThatIsThereCannotBeRead) {
   const UnreadableFile unreadable("source.wav");
   MergeWAVfiles("target.wav", "source.wav", run);
   EXPECT_THAT(run.log, ElementsAre("ERROR: source.wav could not be joined to target.wav: "
-                                      "Permission denied"));
+                                   "Permission denied"));
 }
 
 TEST_F(MergeWAV, TakesAFolderForNoFile) {

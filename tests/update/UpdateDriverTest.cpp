@@ -179,22 +179,6 @@ TEST_F(UpdateDriver, TagsNoWavFile) {
   EXPECT_THAT(run.log, Not(Contains(testing::HasSubstr("TAG"))));
 }
 
-TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhereItMakesNone) {
-  PutFile("temp.wav", "kept without an encoder");
-  PutFile("temp.mp3", "not of this run either");
-  Update();
-  EXPECT_EQ(GetTextFile("temp.wav"), "kept without an encoder");
-  EXPECT_EQ(GetTextFile("temp.mp3"), "not of this run either");
-}
-
-TEST_F(UpdateDriver, LeavesTheWavFileOfAnUpdateBeforeWhenItIsStoppedAtOnce) {
-  PutFile("temp.wav", "kept without an encoder");
-  AddNamed("Squat");
-  run.stopRequested = [] { return true; };
-  EXPECT_THROW(Update(), UpdateStopped);
-  EXPECT_EQ(GetTextFile("temp.wav"), "kept without an encoder");
-}
-
 TEST_F(UpdateDriver, SaysSoWhenTheEncoderWritesNothing) {
   processes.run = nullptr;
   PutFile("temp.mp3", "the instruction of another day");

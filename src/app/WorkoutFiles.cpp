@@ -93,6 +93,24 @@ WorkoutLoad LoadWorkout(ProgramState& state) {
   return WorkoutLoad::kLoaded;
 }
 
+std::vector<std::string> SongsOf(const ExerciseSlots& workout) {
+  std::vector<std::string> songs;
+  for (const ExerciseRecord& exercise : workout) {
+    const int count = std::min<int>(exercise.NumberOfMusicFiles, kMusicSlots);
+    for (int i = 0; i < count; ++i) songs.push_back(exercise.MusicFile[i].Trimmed());
+  }
+  return songs;
+}
+
+std::vector<std::string> SongsOfAllWorkoutFiles() {
+  std::vector<std::string> songs;
+  for (const std::string& name : ListFiles(kWorkoutFolder, kWorkoutExtension)) {
+    const Bytes file = ReadWholeFile(kWorkoutFolder + name, kWorkoutFileSize);
+    for (std::string& song : SongsOf(DecodeWorkout(file))) songs.push_back(std::move(song));
+  }
+  return songs;
+}
+
 void SaveWorkout(ProgramState& state) {
   MakeProgramDirectoryCurrent(state);
   if (TrimBlanks(state.WorkoutFileName).empty()) return;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "app/ProgramState.h"
 
 namespace repvolta {
@@ -14,6 +17,13 @@ enum class WorkoutLoad { kLoaded, kNoName, kNotFound };
 /// one. Throws FileError when it cannot be read. Unless the result is kLoaded, the workout in
 /// memory is unchanged.
 WorkoutLoad LoadWorkout(ProgramState& state);
+
+/// The songs of all exercises of a workout, as their paths.
+std::vector<std::string> SongsOf(const ExerciseSlots& workout);
+
+/// The songs of every file in the workout folder. The program directory must be current. Throws
+/// FileError.
+std::vector<std::string> SongsOfAllWorkoutFiles();
 
 /// Makes the program directory current and writes Workout to the file named by WorkoutFileName, all
 /// or nothing; without a name it writes nothing. Throws FileError, also for a file whose content

@@ -142,6 +142,9 @@ std::optional<std::string> FindKeepsake(const std::string& folder, const Keepsak
   for (const std::string& song : keep.songs) {
     if (content.HoldsSong(song)) return song;
   }
+  for (const std::string& song : keep.otherSongs ? keep.otherSongs() : std::vector<std::string>{}) {
+    if (content.HoldsSong(song)) return song;
+  }
   return FindListedSong(content, keep.songList);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,8 @@ struct Keepsakes {
   std::vector<std::string> folders = {};  // with everything in them; "" is none
   std::vector<std::string> songs = {};    // except for names that an update gives
   std::string songList = {};              // a file that lists more songs, one a line; "": none
+  /// More songs, which are asked for only when the folder may hold any.
+  std::function<std::vector<std::string>()> otherSongs = {};
 };
 
 /// True for a name that an update gives to its files: "RV", three or more digits, "-".

@@ -81,19 +81,9 @@ class WorkoutUpdate {
     const char* home = std::getenv("HOME");
     return {.folders = {state_.Settings.MusicPath.Trimmed(), state_.ProgramDirectory,
                         home == nullptr ? "" : home},
-            .songs = Songs(),
-            .songList = kMusicList};
-  }
-
-  /// The songs of all exercises before any are drawn.
-  std::vector<std::string> Songs() const {
-    std::vector<std::string> songs;
-    for (int i = 0; i < state_.NumberOfExercises; ++i) {
-      const ExerciseRecord& exercise = state_.Workout[i];
-      const int count = std::min<int>(exercise.NumberOfMusicFiles, kMusicSlots);
-      for (int j = 0; j < count; ++j) songs.push_back(exercise.MusicFile[j].Trimmed());
-    }
-    return songs;
+            .songs = SongsOf(state_.Workout),
+            .songList = kMusicList,
+            .otherSongs = SongsOfAllWorkoutFiles};
   }
 
   void ProduceInstruction(std::int16_t exercise) {
@@ -255,7 +245,11 @@ std::optional<std::string> UpdateCurrentWorkout(Program& program, ProgressLog& l
   try {
     return update.Run();
   } catch (const UpdateStopped&) {
-    update.RemoveWorkingFiles();
+    try {
+      update.RemoveWorkingFiles();
+    } catch (const FileError&) {
+      // The next update tries again; that this one was stopped must not get lost.
+    }
     throw;
   }
 }

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "app/RecordFormat.h"
 #include "update/UpdateFixture.h"
 
 namespace repvolta {
@@ -58,6 +59,17 @@ TEST_F(UpdateDriver, ErasesNoMusicWhereTheMusicIsTheOutputPath) {
 TEST_F(UpdateDriver, ErasesNoSongOfTheMusicList) {
   PutFile("player/Monday/lead.mp3", SongBytes(3));
   PutFile("musiclist.txt", Full("player/Monday/lead.mp3\n"));
+  Update();
+  EXPECT_EQ(GetFile("player/Monday/lead.mp3"), SongBytes(3));
+}
+
+TEST_F(UpdateDriver, ErasesNoSongOfAnotherWorkout) {
+  PutFile("player/Monday/lead.mp3", SongBytes(3));
+  ExerciseSlots other;
+  other[0].ExerciseName = "Squat";
+  other[0].MusicFile[0] = Full("player/Monday/lead.mp3");
+  other[0].NumberOfMusicFiles = 1;
+  PutFile("workouts/Tuesday.RPV", EncodeWorkout(other));
   Update();
   EXPECT_EQ(GetFile("player/Monday/lead.mp3"), SongBytes(3));
 }

@@ -36,5 +36,12 @@ TEST_F(UpdateDriver, LeavesTheWavFileWithoutAnEncoderAlsoWhenItIsStopped) {
   EXPECT_TRUE(fs::exists("temp.wav"));
 }
 
+TEST_F(UpdateDriver, IsStoppedAlsoWhereItsWorkingFilesCannotBeRemoved) {
+  AddNamed("Squat");
+  processes.run = [](const ChildCommand&) { PutFile("temp.mp3/in the way", ""); };
+  run.stopRequested = [&] { return !processes.started.empty(); };
+  EXPECT_THROW(Update(), UpdateStopped);
+}
+
 }  // namespace
 }  // namespace repvolta

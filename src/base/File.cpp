@@ -120,6 +120,11 @@ void File::FlushToDevice() {
   if (Flush(descriptor_) != 0) throw FileError(path_, "could not be written", errno);
 }
 
+void File::CutBackTo(std::uint64_t size) noexcept {
+  static_cast<void>(
+      Uninterrupted([&] { return ftruncate(descriptor_.Number(), static_cast<off_t>(size)); }));
+}
+
 void File::ConfirmWritten() const {
   // Closing a duplicate descriptor makes the file system report its errors as well. The first one
   // stays open, because closing it would release a lock and could not be repeated after a signal.

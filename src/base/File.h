@@ -61,6 +61,9 @@ class File {
   /// locked. Throws FileError.
   void ConfirmWritten() const;
 
+  /// Takes back what was written behind `size` bytes, after an error that is being reported.
+  void CutBackTo(std::uint64_t size) noexcept;
+
   /// Makes the system start to write the content to the device, and does not wait for it.
   void StartFlush() const noexcept;
 

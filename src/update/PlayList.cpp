@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "base/File.h"
+#include "base/FileError.h"
 
 namespace repvolta {
 
@@ -11,8 +12,15 @@ void AddToPlaylistFile(const std::string& line, const std::string& playList) {
     throw std::invalid_argument(line + " cannot stand in a play list: there is a line break in it");
   }
   File file = File::OpenOrCreate(playList);
-  file.WriteAt(file.Size(), AsBytes(line + "\r\n"));
-  file.ConfirmWritten();
+  const std::uint64_t size = file.Size();
+  try {
+    file.WriteAt(size, AsBytes(line + "\r\n"));
+    file.ConfirmWritten();
+  } catch (const FileError&) {
+    // The next line must not continue half of this one.
+    file.CutBackTo(size);
+    throw;
+  }
 }
 
 }  // namespace repvolta

@@ -6,6 +6,7 @@
 #include "update/PlayList.h"
 
 #include "support/FailingClose.h"
+#include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -38,6 +39,17 @@ TEST(AddToPlaylistFile, FailsWhereTheCloseCallsTheLineUnwritten) {
   TemporaryFolder folder;
   const FailingClose unwritten("Monday.M3U");
   EXPECT_THROW(AddToPlaylistFile("/a.mp3", "Monday.M3U"), FileError);
+}
+
+TEST(AddToPlaylistFile, LeavesNoHalfLineOnAFullPlayer) {
+  TemporaryFolder folder;
+  AddToPlaylistFile("/player/first.mp3", "Monday.M3U");
+  {
+    const FullDisk full(25);
+    EXPECT_THROW(AddToPlaylistFile("/player/second.mp3", "Monday.M3U"), FileError);
+  }
+  AddToPlaylistFile("/player/third.mp3", "Monday.M3U");
+  EXPECT_EQ(GetTextFile("Monday.M3U"), "/player/first.mp3\r\n/player/third.mp3\r\n");
 }
 
 TEST(AddToPlaylistFile, FailsWhereThereIsNoFolder) {

@@ -91,6 +91,7 @@ std::string TotalMusicTimeText(const ProgramState& state) {
 
 std::vector<std::string> MusicRows(const ExerciseRecord& exercise) {
   std::vector<std::string> rows;
+  rows.reserve(kMusicSlots);
   for (int i = 0; i < exercise.NumberOfMusicFiles; ++i) {
     rows.push_back(exercise.MusicFile[i].Trimmed());
   }

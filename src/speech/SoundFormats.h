@@ -35,7 +35,4 @@ inline constexpr std::array<SoundFormat, 36> kSoundFormats = {{
     {"SAFT48kHz16BitMono", {48000, 16, 1}, 38}, {"SAFT48kHz16BitStereo", {48000, 16, 2}, 39},
 }};
 
-/// The position of the recorded clips' format.
-inline constexpr int kDefaultSoundFormat = 14;
-
 }  // namespace repvolta

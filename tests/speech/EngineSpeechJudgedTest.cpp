@@ -22,6 +22,8 @@ using testing::Lt;
 constexpr const char* kText =
     "Bench press, then the treadmill for five minutes, and stretch your back";
 
+constexpr int kFormatOfTheClips = 14;
+
 /// The installed engines, judged by sox.
 class EngineSpeechJudged : public testing::Test {
  protected:
@@ -100,7 +102,7 @@ TEST_F(EngineSpeechJudged, WritesTheFormatsThatItNames) {
 }
 
 TEST_F(EngineSpeechJudged, KeepsTheLengthInEveryFormat) {
-  Speak({.format = kDefaultSoundFormat});
+  Speak({.format = kFormatOfTheClips});
   const double seconds = Seconds();
   for (int format = 0; format < std::ssize(kSoundFormats); format += 5) {
     Speak({.format = format});
@@ -135,9 +137,9 @@ TEST_F(EngineSpeechJudged, SpeaksThreeTimesAsSlowlyAndAsFast) {
 }
 
 TEST_F(EngineSpeechJudged, HalvesTheLevelByHalfTheVolume) {
-  Speak({.volume = 100, .format = kDefaultSoundFormat});
+  Speak({.volume = 100, .format = kFormatOfTheClips});
   const double full = Level({});
-  Speak({.volume = 50, .format = kDefaultSoundFormat});
+  Speak({.volume = 50, .format = kFormatOfTheClips});
   EXPECT_NEAR(Level({}) / full, 0.5, 0.001);
 }
 

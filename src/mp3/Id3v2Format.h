@@ -16,7 +16,6 @@ inline constexpr std::string_view kId3v2FooterMarker = "3DI";
 // Header and footer: marker 3, major version 1, revision 1, flags 1, size 4.
 inline constexpr std::size_t kId3v2HeaderSize = 10;
 inline constexpr std::size_t kId3v2VersionOffset = 3;
-inline constexpr std::size_t kId3v2RevisionOffset = 4;
 inline constexpr std::size_t kId3v2FlagsOffset = 5;
 inline constexpr std::size_t kId3v2SizeOffset = 6;
 

@@ -60,9 +60,6 @@ SelectDirectory::SelectDirectory(const QStringList& drives, const QString& start
   ui_->setupUi(this);
   new WheelGuard(this);
   resize(kWidth * fontMetrics().averageCharWidth(), kHeight * fontMetrics().lineSpacing());
-  askName_ = [this] {
-    return InputBox::Ask(this, tr("Enter a name for the new folder"), tr("New Folder"));
-  };
   folders_->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
   folders_->setRootPath(QDir::rootPath());
   ui_->DirListBox->setModel(folders_);
@@ -94,7 +91,8 @@ void SelectDirectory::DirListBox_Change() {
 
 void SelectDirectory::NewFolderButton_Click() {
   // The settings would not keep a blank at the end of a path.
-  const QString name = askName_().trimmed();
+  const QString name =
+      InputBox::Ask(this, tr("Enter a name for the new folder"), tr("New Folder")).trimmed();
   if (name.isEmpty()) return;
   const QString folder = QDir(CurrentFolder()).filePath(name);
   if (!IsFileName(name.toStdString())) {

@@ -3,7 +3,6 @@
 #include <QDialog>
 #include <QFileSystemModel>
 #include <QStringList>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -21,15 +20,10 @@ class SelectDirectory : public QDialog {
   Q_OBJECT
 
  public:
-  /// Asks for the name of a new folder; an empty name creates none.
-  using AskName = std::function<QString()>;
-
   /// Opens at the folder `start`, or at its nearest existing parent. `drives` are the entries of
   /// DriveListBox.
   SelectDirectory(const QStringList& drives, const QString& start, QWidget* parent = nullptr);
   ~SelectDirectory() override;
-
-  void SetAskName(AskName askName) { askName_ = std::move(askName); }
 
   /// The full path of the chosen folder when the dialog was closed with OK, else empty.
   std::string SelectedDirectory() const { return selectedDirectory_; }
@@ -53,7 +47,6 @@ class SelectDirectory : public QDialog {
   std::unique_ptr<Ui::SelectDirectory> ui_;
   QFileSystemModel* folders_;
   QPersistentModelIndex shown_;  // the folder to keep in sight, if any
-  AskName askName_;
   std::string selectedDirectory_;
 };
 

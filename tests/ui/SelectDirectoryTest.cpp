@@ -1,6 +1,7 @@
 #include <QComboBox>
 #include <QFileSystemModel>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
@@ -35,6 +36,28 @@ class SelectDirectoryDialog : public testing::Test {
   std::string Accepted() {
     Click("OKButton");
     return dialog->SelectedDirectory();
+  }
+  /// Answers the box that asks for the name of the new folder.
+  void MakeFolder(
+      const QString& name, const std::function<void()>& beforeTheAnswer = [] {}) {
+    WhenModal([=](QWidget& box) {
+      EXPECT_EQ(Find<QLabel>(box, "PromptLabel").text(), "Enter a name for the new folder");
+      QTest::keyClicks(&Find<QLineEdit>(box, "AnswerBox"), name);
+      beforeTheAnswer();
+      QTest::keyClick(&box, Qt::Key_Return);
+    });
+    Click("NewFolderButton");
+  }
+  /// What the box says that follows the answer.
+  QString RefusalOf(const QString& name) {
+    QString message;
+    MakeFolder(name, [&] {
+      WhenModal([&](QWidget& box) {
+        message = dynamic_cast<QMessageBox&>(box).text();
+        box.close();
+      });
+    });
+    return message;
   }
 
   TemporaryFolder folder;
@@ -179,15 +202,13 @@ TEST_F(SelectDirectoryDialog, GivesTheFolderThatIsChosenWithTheKeyboard) {
 }
 
 TEST_F(SelectDirectoryDialog, MakesANewFolderAndSelectsIt) {
-  dialog->SetAskName([] { return QString("Player"); });
-  Click("NewFolderButton");
+  MakeFolder("Player");
   EXPECT_TRUE(std::filesystem::is_directory("start/Player"));
   EXPECT_EQ(Accepted(), folder.Path() + "start/Player");
 }
 
 TEST_F(SelectDirectoryDialog, MakesNoFolderThatEndsInABlank) {
-  dialog->SetAskName([] { return QString(" Player "); });
-  Click("NewFolderButton");
+  MakeFolder(" Player ");
   EXPECT_EQ(Accepted(), folder.Path() + "start/Player");
 }
 
@@ -203,34 +224,17 @@ TEST_F(SelectDirectoryDialog, TheWheelDoesNotChangeTheDriveWithoutTheFocus) {
 }
 
 TEST_F(SelectDirectoryDialog, MakesNoFolderWithoutAName) {
-  for (const char* name : {"", "  "}) {
-    dialog->SetAskName([&] { return QString(name); });
-    Click("NewFolderButton");
-  }
+  for (const char* name : {"", "  "}) MakeFolder(name);
   EXPECT_EQ(Accepted(), folder.Path() + "start");
 }
 
 TEST_F(SelectDirectoryDialog, RefusesANameThatIsNone) {
-  QString message;
-  WhenModal([&](QWidget& box) {
-    message = dynamic_cast<QMessageBox&>(box).text();
-    box.close();
-  });
-  dialog->SetAskName([] { return QString("../x"); });
-  Click("NewFolderButton");
-  EXPECT_EQ(message, "\"../x\" cannot be the name of a folder.");
+  EXPECT_EQ(RefusalOf("../x"), "\"../x\" cannot be the name of a folder.");
   EXPECT_FALSE(std::filesystem::exists("x"));
 }
 
 TEST_F(SelectDirectoryDialog, SaysWhenTheFolderCannotBeMade) {
-  QString message;
-  WhenModal([&](QWidget& box) {
-    message = dynamic_cast<QMessageBox&>(box).text();
-    box.close();
-  });
-  dialog->SetAskName([] { return QString("inner"); });
-  Click("NewFolderButton");
-  EXPECT_EQ(message, "The folder " + At("start/inner") + " could not be made.");
+  EXPECT_EQ(RefusalOf("inner"), "The folder " + At("start/inner") + " could not be made.");
   EXPECT_EQ(Accepted(), folder.Path() + "start");
 }
 

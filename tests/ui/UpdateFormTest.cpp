@@ -1,5 +1,4 @@
 #include <QEvent>
-#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
@@ -7,7 +6,6 @@
 #include <QtTest/QTest>
 #include <gtest/gtest.h>
 
-#include "ui/RandomMusicMessage.h"
 #include "ui/UpdateForm.h"
 
 #include "support/Accessibility.h"
@@ -115,23 +113,6 @@ TEST_F(UpdateWindow, IsEmptyWhenItIsShownAgain) {
 
 TEST_F(UpdateWindow, IsHeardByDistinctNames) {
   EXPECT_EQ(HeardNames(form), (std::map<std::string, int>{{"OK", 1}, {"Update progress", 1}}));
-}
-
-TEST(RandomMusicMessage, AsksForPatienceWithoutBlocking) {
-  RandomMusicMessage message;
-  message.Show();
-  EXPECT_TRUE(message.isVisible());
-  EXPECT_FALSE(message.isModal());
-  EXPECT_EQ(Find<QLabel>(message, "MessageLabel").text(),
-            "Generating the Random Music file list, please wait...");
-  message.Hide();
-  EXPECT_FALSE(message.isVisible());
-}
-
-// The message box that follows has the program's name as its title; the two must differ in a list
-// of windows.
-TEST(RandomMusicMessage, HasATitleOfItsOwn) {
-  EXPECT_EQ(RandomMusicMessage().windowTitle(), "Random Music File List");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include "mp3/Id3v2Reader.h"
 
+#include "support/Mp3Bytes.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -67,6 +68,41 @@ TEST(HasId3v2Behind, LooksOnlyBehindTheOffset) {
   EXPECT_FALSE(HasId3v2Behind(file, 8));
   EXPECT_TRUE(HasId3v2Behind(file, 13));
   EXPECT_FALSE(HasId3v2Behind(file, 100));
+}
+
+TEST(LocateId3v2, TellsTheVersionAndSizeOfItsHeader) {
+  TemporaryFolder folder;
+  PutFile("song.mp3", Mp3Bytes().Garbage(5).Id3v2(Id3v2Bytes(4).ClaimSize(0x1234)));
+  const Id3v2Place place = LocateId3v2(File::Open("song.mp3", File::Access::kRead));
+  EXPECT_EQ(place.position, 5 + 4);
+  EXPECT_EQ(place.Offset(), 5U);
+  EXPECT_EQ(place.version, 4);
+  EXPECT_EQ(place.size, 0x1234);
+}
+
+TEST(LocateId3v2, TellsNoSizeOfAVersionThatIsNotRead) {
+  TemporaryFolder folder;
+  PutFile("song.mp3", Id3v2Bytes(5).Text("TIT2", "Squats").Build());
+  const Id3v2Place place = LocateId3v2(File::Open("song.mp3", File::Access::kRead));
+  EXPECT_EQ(place.version, 5);
+  EXPECT_EQ(place.size, 0);
+}
+
+TEST(ReadId3v2Frames, ReadsTheFramesAtTheirPlace) {
+  TemporaryFolder folder;
+  PutFile("song.mp3",
+          Mp3Bytes().Garbage(5).Id3v2(Id3v2Bytes(2).Text("TT2", "Squats").Text("XYZ", "kept")));
+  const File file = File::Open("song.mp3", File::Access::kRead);
+  const Id3v2Frames frames = ReadId3v2Frames(file, LocateId3v2(file));
+  EXPECT_EQ(frames.Text("TIT2", 1), "Squats");
+  EXPECT_EQ(frames.Text("XYZ", 1), "kept");
+}
+
+TEST(ReadId3v2Frames, ReadsNoneWithoutATag) {
+  TemporaryFolder folder;
+  PutFile("song.mp3", Mp3Bytes().Frame());
+  const File file = File::Open("song.mp3", File::Access::kRead);
+  EXPECT_EQ(ReadId3v2Frames(file, LocateId3v2(file)).Identifiers().size(), 0U);
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include "editing/ScreenTexts.h"
+
 #include "support/FormFixture.h"
 
 namespace repvolta {
@@ -231,7 +233,7 @@ TEST_F(SelectedRow, IsTheSetWhoseDatesADoubleClickShows) {
   ChangeElsewhere([](ExerciseSlots& workout) { workout[2].NextUpdate1[1] = 0; });
   QTest::keyClick(&List("NextUpdateList"), Qt::Key_Return);
   ASSERT_THAT(dialogs.asked, SizeIs(1));
-  EXPECT_THAT(dialogs.asked[0], testing::HasSubstr("1899"));
+  EXPECT_THAT(dialogs.asked[0], testing::HasSubstr("Field 1 Next Update Date: " + DateText(0)));
 }
 
 TEST_F(SelectedRow, IsTheMusicFileThatIsRemoved) {

@@ -79,6 +79,7 @@ std::vector<std::string> ExerciseRows(const ProgramState& state) {
 
 std::vector<std::string> SummaryRows(const ProgramState& state) {
   std::vector<std::string> rows;
+  rows.reserve(kExerciseSlots);
   for (int i = 0; i < state.NumberOfExercises; ++i) rows.push_back(SummaryLine(state.Workout[i]));
   return rows;
 }

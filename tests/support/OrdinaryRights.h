@@ -12,7 +12,7 @@ class OrdinaryRights {
   OrdinaryRights() {
     syscall(SYS_capget, &header_, before_);
     __user_cap_data_struct fewer[2] = {before_[0], before_[1]};
-    for (const unsigned right : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH, CAP_FOWNER, CAP_CHOWN}) {
+    for (const int right : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH, CAP_FOWNER, CAP_CHOWN}) {
       fewer[0].effective &= ~(1U << right);
     }
     syscall(SYS_capset, &header_, fewer);

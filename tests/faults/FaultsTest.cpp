@@ -43,29 +43,38 @@ bool IsToBeSurvived(const std::string& failure) {
   return failure == "EINTR" || failure == "SHORT" || failure == "UNTYPED";
 }
 
-/// Calls `run` for the 1st, 2nd, 3rd ... call of each group, until there is no such call. The short
-/// form tries only every `stride`th call, with one failure each, in turn. Prints the number of
+/// Calls `run` for the 1st, 2nd, 3rd ... call of the group, until there is no such call. The short
+/// form tries only every `stride`th call, with one failure each, in turn. Returns the number of
 /// tried points.
+template <class Run>
+int ForEachFaultOf(const Group& group, Run run, int stride) {
+  int points = 0;
+  const std::size_t kinds = group.failures.size();
+  std::vector<bool> isLeft(kinds, true);
+  for (int number = 1; std::ranges::count(isLeft, true) > 0; number += stride) {
+    for (std::size_t kind = 0; kind < kinds; ++kind) {
+      if (!isLeft[kind]) continue;
+      if (!IsLongRun() && static_cast<std::size_t>(number) % kinds != kind) continue;
+      const bool hit = run(Fault{group.name, number, group.failures[kind]});
+      if (hit) ++points;
+      if (!hit && !IsLongRun()) isLeft.assign(kinds, false);
+      isLeft[kind] = hit;
+      if (testing::Test::HasFatalFailure()) return points;
+    }
+  }
+  return points;
+}
+
+void PrintPoints(const std::string& title, int points) {
+  std::printf("[  POINTS  ] %s: %d calls failed, one at a time\n", title.c_str(), points);
+}
+
+/// The same for each group. Prints the number of tried points.
 template <class Run>
 void ForEachFault(const char* title, Run run, int stride = 1) {
   int points = 0;
-  stride = PointStep(stride);
-  for (const Group& group : kGroups) {
-    const std::size_t kinds = group.failures.size();
-    std::vector<bool> isLeft(kinds, true);
-    for (int number = 1; std::ranges::count(isLeft, true) > 0; number += stride) {
-      for (std::size_t kind = 0; kind < kinds; ++kind) {
-        if (!isLeft[kind]) continue;
-        if (!IsLongRun() && static_cast<std::size_t>(number) % kinds != kind) continue;
-        const bool hit = run(Fault{group.name, number, group.failures[kind]});
-        if (hit) ++points;
-        if (!hit && !IsLongRun()) isLeft.assign(kinds, false);
-        isLeft[kind] = hit;
-        if (testing::Test::HasFatalFailure()) return;
-      }
-    }
-  }
-  std::printf("[  POINTS  ] %s: %d calls failed, one at a time\n", title, points);
+  for (const Group& group : kGroups) points += ForEachFaultOf(group, run, PointStep(stride));
+  PrintPoints(title, points);
 }
 
 std::string Where(const Fault& fault, const FaultyRun& faulty) {
@@ -99,10 +108,17 @@ class Faults : public FaultWorld {
   }
 };
 
-TEST_F(Faults, OfOneCallLoseNothingInAnUpdate) {
+/// Each group of calls is a test of its own, so that they run side by side.
+class FaultsOfOneCall : public Faults, public testing::WithParamInterface<Group> {};
+
+TEST_P(FaultsOfOneCall, LoseNothingInAnUpdate) {
   LearnWhatIsRight();
-  ForEachFault("update", [&](const Fault& fault) { return TryUpdate(fault); });
+  const auto run = [&](const Fault& fault) { return TryUpdate(fault); };
+  PrintPoints(std::string("update, ") + GetParam().name, ForEachFaultOf(GetParam(), run, 1));
 }
+
+INSTANTIATE_TEST_SUITE_P(Groups, FaultsOfOneCall, testing::ValuesIn(kGroups),
+                         [](const auto& group) { return std::string(group.param.name); });
 
 TEST_F(Faults, OfOneCallLoseNothingWhileANameIsSpoken) {
   MakeMondaySpeak();

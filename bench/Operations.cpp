@@ -5,13 +5,14 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "app/ProgressLog.h"
 #include "base/File.h"
 #include "base/FileNames.h"
 #include "instruction/MergeWAVfiles.h"
 #include "mp3/GetPlayTime.h"
 #include "update/ProcessMP3tag.h"
 #include "update/RandomMusicList.h"
+
+#include "NobodyWatching.h"
 
 namespace repvolta::bench {
 namespace {
@@ -21,15 +22,9 @@ namespace fs = std::filesystem;
 constexpr const char* kTitle = "Squats, 3 sets, 60 kilograms for 12 reps";
 constexpr const char* kWorkout = "Monday.RPV";
 
-/// Drops the log, because the window or terminal behind it is not measured here.
-class NoLog : public ProgressLog {
- public:
-  void AddLineToUpdateList(std::string_view /*line*/) override {}
-};
-
 /// A file that is too long to examine stays untagged.
 void Tag(const std::string& path) {
-  NoLog log;
+  NobodyWatching log;
   try {
     ProcessMP3tag(path, kTitle, kWorkout, log);
   } catch (const std::overflow_error&) {
@@ -67,7 +62,7 @@ void CopyThenTag(const std::vector<std::string>& songs, const std::string& folde
 }
 
 void JoinClips(const std::string& target, const std::vector<std::string>& clips) {
-  NoLog log;
+  NobodyWatching log;
   for (const std::string& clip : clips) MergeWAVfiles(target, clip, log);
 }
 

@@ -1,16 +1,16 @@
 #!/usr/bin/env python3
-"""Holds what the program's work costs against stored figures: calls of the system, bytes read and
-written, instructions. None of them depends on how busy the machine is, on its processor, on the
-temporary folder's path or on the file system that it lies in.
+"""Compares the cost of the program's work with stored figures: system calls, bytes read and written,
+instructions. These do not depend on the processor or its load, nor on the path or the file system of
+the temporary folder.
 
     counts_test.py PROGRAM CLIPS            fails when a figure is worse than the stored one, and
                                             says which ones are better and should be stored
     counts_test.py PROGRAM CLIPS --store    stores the figures of today
 
-PROGRAM is repvolta_operations, CLIPS the folder of the recorded clips. A figure is what twice the work
-costs more than the work once, divided by the count of files, lines or bytes, so that the program's start
-does not count. Instructions may grow by a tenth, for another compiler, and bytes that are read by one, as
-they are rounded; the rest may not grow at all."""
+PROGRAM is repvolta_operations, CLIPS the folder of the recorded clips. The work is done once and then
+twice. A figure is the difference of the two costs, divided by the number of files, lines or bytes; so the
+start of the program does not count. The instructions may grow by a tenth, because compilers differ, and
+the bytes that are read by one, because they are rounded. The other figures may not grow at all."""
 
 import collections
 import ctypes
@@ -24,24 +24,25 @@ import tempfile
 
 STORED = pathlib.Path(__file__).with_name("counts.json")
 TOLERANCE = 0.1
-# The program reads its own figures, so that a length more or less of a number may round up or down.
+# The program also reads its own figures, and a longer number there can change the rounded result.
 ROOM = {"read": 1, "written": 0}
 MOST_BETWEEN_WORST_CASES = 1.2
 CASE_SIZE = 2 * 1024 * 1024
 
-# The current folder under a name of one length wherever it is.
+# A name of the current folder that is equally long on every machine.
 HERE = "/proc/self/cwd"
 
-# How many entries of a folder one call gives, and where the heap begins, is the system's affair.
+# The system decides how many entries of a folder one call gives, and where the heap begins.
 NOT_COUNTED = {"getdents64", "brk"}
 
-# The C library chooses its copying and searching by the processor, and one way of copying takes one
-# instruction a byte or none, by the addresses. From what size on memory comes by a call of its own
-# depends on what was freed before. Here it does neither.
+# The C library has several ways to copy and search, and chooses one by the processor; the number of
+# instructions of one of them even depends on the addresses. It also asks the system for large blocks of
+# memory by a call of their own, and what counts as large depends on the blocks that were freed before.
+# These settings fix both choices.
 ALIKE_EVERYWHERE = {"GLIBC_TUNABLES": "glibc.malloc.mmap_max=0:glibc.cpu.hwcaps=-ERMS,-AVX2,-AVX,"
                                       "-AVX_Fast_Unaligned_Load,-SSSE3,-SSE4_2"}
 
-# Where a folder does not tell the types of its entries, each is asked for.
+# On a file system whose folders do not tell the types of their entries, each entry costs a call.
 ASKING_FOR_TYPE = {"calls": 1, "instructions": 25}
 
 FRAME = bytes([0xFF, 0xFB, 0x50, 0xC4]) + bytes(204)
@@ -60,7 +61,7 @@ Work = collections.namedtuple("Work", "once twice units")
 
 
 class Entry(ctypes.Structure):
-    """What the C library's readdir gives."""
+    """An entry of a folder, as the C library's readdir returns it."""
     _fields_ = [("number", ctypes.c_uint64), ("offset", ctypes.c_int64), ("length", ctypes.c_uint16),
                 ("type", ctypes.c_uint8), ("name", ctypes.c_char * 256)]
 
@@ -109,7 +110,7 @@ def bytes_moved(program, arguments, cwd):
 
 
 def cost(program, work, cwd):
-    """The cost of one unit of the work, by the name of the figure."""
+    """The cost of one unit of the work: a dictionary from the name of a figure to the figure."""
     def more(measure):
         return (measure(program, work.twice, cwd) - measure(program, work.once, cwd)) / work.units
 
@@ -129,7 +130,7 @@ def copies(folder, name, content, count):
 
 
 def make_work(folder, clips):
-    """What is measured, by its name."""
+    """The kinds of work that are measured: a dictionary from the name to the work."""
     work = {}
     (folder / "out").mkdir()
     for kind, content in SONGS.items():
@@ -156,7 +157,7 @@ def make_work(folder, clips):
 
 
 def compare(figures, stored):
-    """The figures that are worse than the stored ones, and those that are better, as lines."""
+    """Two lists of lines: the figures that are worse than the stored ones, and the better ones."""
     worse, better = [], []
     for row, costs in figures.items():
         for name, figure in costs.items():

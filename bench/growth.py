@@ -1,4 +1,4 @@
-"""Measures how the cost of the work grows with its size and draws it."""
+"""Measures how the cost of the work grows with its size, and draws it as curves."""
 
 import pathlib
 import shutil
@@ -63,7 +63,7 @@ PICTURES = [
 
 
 def place(value, values, length):
-    """Where the value stands on an axis of that length that begins at 0 and ends at the largest."""
+    """The place of a value on an axis of this length, which reaches from 0 to the largest value."""
     return length * value / max(values)
 
 

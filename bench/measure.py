@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Runs the measurements and writes their table into docs/measured/speed.md, and what it says of each
-promise into docs/performance.md; with --growth it draws docs/pictures/growth.svg instead.
+"""Runs the measurements. Writes their table into docs/measured/speed.md and a line for each promise
+into docs/performance.md. With --growth it draws docs/pictures/growth.svg instead.
 
     measure.py [--growth] DATA
 
-DATA holds the collection; work is done there, too. Without a verdict the exit status is 1: when
-another program took so much of the processors that the figures say nothing."""
+DATA is the folder of the collection; the measured work is done there, too. The exit status is 1 when
+other programs took so much of the processors that the figures say nothing."""
 
 import collections
 import json
@@ -52,8 +52,8 @@ def verdict(figure, must, aim):
 
 
 class OtherWork:
-    """How much of a processor was taken by others since it was made: what is in /proc/stat but
-    neither ours nor the writing and reading that the system does for us."""
+    """How much of a processor other programs have taken since this object was made: the time in
+    /proc/stat, less our own and less what the system spent on reading and writing for us."""
 
     def __init__(self):
         self.start = self.now()
@@ -97,7 +97,7 @@ def operation(*arguments):
 
 
 def rows_of_times(times):
-    """A line of the table for each way of each row."""
+    """The lines of the table: one for each way of doing the work of each row."""
     for row in RATIOS:
         for name in sorted(name for name in times if name.startswith(row.what)):
             ways = times[name]
@@ -122,7 +122,7 @@ def rows_of_comparisons(times):
 
 
 def rows_of_memory(data):
-    """Memory beyond what the same program holds for a file of next to nothing."""
+    """The memory for large files, less what the same program holds for a file of 1,000 bytes."""
     small = data / "small.mp3"
     small.write_bytes(bytes(1000))
     out = data / "out"
@@ -170,14 +170,14 @@ def make_table(data):
 
 
 def promise_of(what, way):
-    """What a judged line of the table belongs to: its kinds of files share one promise."""
+    """The promise that a judged line of the table belongs to. Several kinds of files share one."""
     if way != "ours":
         return what
     return next((row.what for row in RATIOS if what.startswith(row.what)), what.split(",")[0])
 
 
 def promises_of(table):
-    """A line for each promise: what is the least good of its lines of the table."""
+    """A line for each promise, made from the worst of its lines of the table."""
     worst = {}
     for line in table.splitlines():
         cells = [cell.strip() for cell in line.strip("|").split("|")]

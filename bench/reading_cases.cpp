@@ -67,7 +67,7 @@ void RegisterPlayTimes(const Places& places) {
   Register(
       {cold, "limit", forget, Timed([=] { benchmark::DoNotOptimize(limits::ReadPlaces(few)); })});
 
-  // A small file, so many times.
+  // The file is too small to be measured by a single reading.
   const Files tags(kTagRounds, places.collection + "/worst/tags.mp3");
   const std::string inARow = "10,000 empty tags";
   Register({inARow, "ours", {}, Timed([=] { benchmark::DoNotOptimize(PlayTimes(tags)); })});

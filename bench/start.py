@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Measures how long repvolta-update takes to its first line and repvolta to its window on the screen,
-with 200 workouts and a list of 100,000 songs; without speech engines, too, to see what they cost.
+"""Measures the time until repvolta-update prints its first line and until repvolta shows its window,
+with 200 workouts and a list of 100,000 songs. Measures it again without speech engines, whose cost is
+the difference.
 
     start.py PROGRAMS WORK
 
-PROGRAMS is the folder of the built programs; WORK, which is made anew, receives a program directory.
+PROGRAMS is the folder of the built programs. WORK is deleted and then receives a program directory.
 Needs Xvfb and xdotool."""
 
 import os

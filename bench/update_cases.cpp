@@ -14,6 +14,7 @@
 #include "update/ProcessMP3tag.h"
 #include "update/UpdateDriver.h"
 
+#include "NobodyWatching.h"
 #include "Operations.h"
 #include "Suite.h"
 #include "limits/Limits.h"
@@ -25,14 +26,6 @@ namespace fs = std::filesystem;
 using Files = std::vector<std::string>;
 
 constexpr const char* kSpokenName = "A name of my own";
-
-/// Drops all lines: the work of a window or a terminal is not measured.
-class NobodyWatching : public ProgressLog, public UpdateHost {
- public:
-  void AddLineToUpdateList(std::string_view /*line*/) override {}
-  bool KeepWaiting() override { return false; }
-  bool StopRequested() override { return false; }
-};
 
 /// A program directory with a workout of 5 exercises, 3 sets and 10 songs each; one exercise's name
 /// is spoken by an engine. The directory is the current folder.

@@ -3,6 +3,7 @@
 #include "instruction/MergeWAVfiles.h"
 #include "sound/WavFormat.h"
 
+#include "fakes/RecordingLog.h"
 #include "support/Cost.h"
 #include "support/Fuzz.h"
 
@@ -13,17 +14,6 @@ namespace {
 
 constexpr const char* kTarget = "temp.wav";
 constexpr const char* kSource = "clip.wav";
-
-class CountingLog : public ProgressLog {
- public:
-  void AddLineToUpdateList(std::string_view line) override {
-    Require(line.starts_with("ERROR: ") &&
-                (line.ends_with(" NOT FOUND.") || line.ends_with(" too short for a WAV file")),
-            "a log line");
-    ++lines;
-  }
-  int lines = 0;
-};
 
 void Put32(Bytes& file, std::size_t offset, std::size_t value) {
   StoreLittleEndian(std::span(file).subspan(offset), static_cast<std::uint32_t>(value));
@@ -46,16 +36,25 @@ Bytes JoinedByRule(std::span<const Byte> target, std::span<const Byte> source) {
   return joined;
 }
 
+bool IsShort(std::span<const Byte> file) { return file.size() < kWavHeaderSize; }
+
+/// Requires a single line with this reason when something is wrong, and else none.
+void RequireTold(const RecordingLog& log, bool isWrong, std::string_view reason) {
+  Require(log.lines.size() == (isWrong ? 1 : 0), "what is wrong is told, once");
+  for (const std::string& line : log.lines) {
+    Require(line.starts_with("ERROR: ") && line.ends_with(reason), "the line tells what is wrong");
+  }
+}
+
 void JoinTwo(std::span<const Byte> target, std::span<const Byte> source) {
   PutFile(kTarget, target);
   PutFile(kSource, source);
-  CountingLog log;
+  RecordingLog log;
   {
     const LinearCost cost(target.size() + source.size());
     MergeWAVfiles(kTarget, kSource, log);
   }
-  const bool isShort = std::min(target.size(), source.size()) < kWavHeaderSize;
-  Require(log.lines == (isShort ? 1 : 0), "a file that is too short is told, once");
+  RequireTold(log, IsShort(target) || IsShort(source), " too short for a WAV file");
   Require(GetFile(kTarget) == JoinedByRule(target, source), "the joined file is the rule's");
   Require(std::ranges::equal(GetFile(kSource), source), "the clip is untouched");
 }
@@ -63,17 +62,18 @@ void JoinTwo(std::span<const Byte> target, std::span<const Byte> source) {
 /// Joining a file to itself must end, and at most double its length.
 void JoinToItself(std::span<const Byte> target) {
   PutFile(kTarget, target);
-  CountingLog log;
+  RecordingLog log;
   MergeWAVfiles(kTarget, kTarget, log);
+  RequireTold(log, IsShort(target), " too short for a WAV file");
   Require(GetFile(kTarget).size() == JoinedByRule(target, target).size(),
           "a file joins itself once");
 }
 
 void JoinMissing(std::span<const Byte> target) {
   PutFile(kTarget, target);
-  CountingLog log;
+  RecordingLog log;
   MergeWAVfiles(kTarget, "missing.wav", log);
-  Require(log.lines == 1, "a missing clip is told");
+  RequireTold(log, true, " NOT FOUND.");
   Require(std::ranges::equal(GetFile(kTarget), target), "a missing clip changes nothing");
 }
 

@@ -125,7 +125,6 @@ void Load(ProgramState& state, const std::string& executable) {
   if (!FileExists(settings)) {
     throw CannotStart("There is no " + settings + "; start repvolta first");
   }
-  FillProgramDirectory(state.ProgramDirectory, executable);
   MakeProgramDirectoryCurrent(state);
   LoadSettings(state);
   if (IsOutputPathMissing(state.Settings)) {
@@ -142,6 +141,7 @@ int Run(const std::string& executable, const std::vector<std::string>& arguments
   Load(state, executable);
   const std::vector<std::string> workouts = ChosenWorkouts(state, operands);
   const UpdateLock lock(state.ProgramDirectory);
+  FillProgramDirectory(state.ProgramDirectory, executable);
 
   Console console;
   SystemClock clock;

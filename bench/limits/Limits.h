@@ -6,13 +6,13 @@
 
 #include "base/Bytes.h"
 
-// The bare work, programmed as plainly as possible, whose times ours are compared with. Every
-// failure throws std::runtime_error.
+// The bare work, programmed as plainly as possible. The program's times are compared with these.
+// Every failure throws std::runtime_error.
 
 namespace repvolta::limits {
 
 /// Opens each file and reads 10 bytes at its start, 4 KiB after its tag and 128 bytes at its end.
-/// Returns a sum of the bytes, so that the reading is not optimised away.
+/// Returns a sum of the bytes, which keeps the compiler from leaving out the reading.
 std::uint64_t ReadPlaces(const std::vector<std::string>& files);
 
 /// Reads the whole file once, a block at a time.

@@ -4,9 +4,9 @@
 
 namespace repvolta {
 
-/// Sets up the speaking voice from the settings at the start. Until the next start it keeps its
-/// rate and volume, whatever the settings say (quirk 112); a newly chosen voice speaks at once. The
-/// format always begins as SAFT16kHz16BitMono (quirk 111).
+/// Sets up the speaking voice from the settings. The program does this once, when it starts: a
+/// new rate or volume is not heard before the next start (quirk 112), and the format is always
+/// SAFT16kHz16BitMono at first (quirk 111).
 void SetUpVoice(ProgramState& state);
 
 }  // namespace repvolta

@@ -27,8 +27,8 @@ std::string OddSizeOf(const ProgramState& state) {
   if (!state.KnownFile || state.KnownFile->name != state.WorkoutFileName) return {};
   const std::uint64_t size = state.KnownFile->stamp.size;
   if (size == kWorkoutFileSize) return {};
-  return state.WorkoutFileName + " has " + std::to_string(size) + " bytes instead of " +
-         std::to_string(kWorkoutFileSize) +
+  return state.WorkoutFileName + " has " + std::to_string(size) + (size == 1 ? " byte" : " bytes") +
+         " instead of " + std::to_string(kWorkoutFileSize) +
          (size < kWorkoutFileSize ? "; what is missing was filled up with blanks."
                                   : "; what is too much was ignored.");
 }

@@ -57,7 +57,7 @@ void MakeWorkoutFolder() {
   }
 }
 
-/// Counts the named exercises up to the first blank name; later names are never looked at
+/// Counts the named exercises up to the first blank name; later names are never read
 /// (quirk 103).
 std::int16_t CountExercises(ExerciseSlots& workout) {
   for (std::int16_t i = 0; i < MaxExercises; ++i) {

@@ -31,7 +31,7 @@ void AddExerciseButton_Click(Editor& editor) {
   ProgramState& state = editor.State();
   if (!HasWorkout(state)) return;
   if (state.NumberOfExercises >= MaxExercises) {
-    // Quirk 101.
+    // The slip in this text is quirk 101.
     editor.dialogs.ShowMessage("Maxmimum number of Exercises reached. Cannot add any more.");
     return;
   }

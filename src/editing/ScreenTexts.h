@@ -17,8 +17,9 @@ FieldNames FieldNamesOf(const ExerciseRecord& exercise);
 std::string SummaryLine(const ExerciseRecord& exercise);
 
 /// The days from `now` to the next growth of a value: " 5", "N/A" when it does not grow, "Due" when
-/// the day has passed. " 0" can stand on a day when an update does not let it grow yet
-/// (quirk 32). Throws std::overflow_error when the day is too far off for 16 bits, or none.
+/// the day has passed. The text can be " 0" although an update of the same day does not let the
+/// value grow yet (quirk 32). Throws std::overflow_error when there is no such day, or when it is
+/// too far off for 16 bits.
 std::string DaysText(float frequency, double nextUpdate, double now);
 
 /// The days of both values, such as " 5, N/A"; "Never" for a day that is too far off.

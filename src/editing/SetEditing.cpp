@@ -10,7 +10,7 @@
 namespace repvolta {
 namespace {
 
-/// The six numbers that move with a set. Quirk 93: the two next update dates stay with their slot.
+/// The six numbers that move with a set. The two next update dates stay in their slots (quirk 93).
 constexpr std::array kNumbersOfSet = {
     &ExerciseRecord::SetValue1,     &ExerciseRecord::SetValue2,     &ExerciseRecord::SetIncrement1,
     &ExerciseRecord::SetIncrement2, &ExerciseRecord::SetFrequency1, &ExerciseRecord::SetFrequency2,
@@ -27,7 +27,7 @@ void KeepAndSelect(const Editor& editor, int row) {
   });
 }
 
-/// No answer is a 0 (quirk 91).
+/// Cancel gives 0 (quirk 91).
 float AskForValue(Editor& editor, const std::string& fieldName) {
   const std::string answer =
       editor.dialogs.AskText("Enter the " + fieldName + " required:", fieldName);

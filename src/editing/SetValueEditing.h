@@ -14,8 +14,8 @@ void SetList2_DblClick(Editor& editor, int row);
 void SetListInc1_DblClick(Editor& editor, int row);
 void SetListInc2_DblClick(Editor& editor, int row);
 
-// These set the next update date to the new frequency behind today. The first growth then comes
-// after twice the frequency (quirk 30).
+// These set the next update date to today plus the new frequency. Growth counts the frequency from
+// that date, so the first growth comes after twice the frequency (quirk 30).
 void FreqList1_DblClick(Editor& editor, int row);
 void FreqList2_DblClick(Editor& editor, int row);
 

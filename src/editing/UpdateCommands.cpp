@@ -78,7 +78,8 @@ void UpdateAllWorkoutsButton_Click(const Editor& editor) {
   editor.State().UpdatingAllWorkouts = true;
   const std::vector<std::string> names = editor.State().WorkoutNames;
   for (const std::string& name : names) LoadAndUpdate(editor, name);
-  // One pass more than there are workouts: the command ends with no workout's name (quirk 56).
+  // One pass more than there are workouts, with an empty name: no workout is loaded afterwards
+  // (quirk 56).
   LoadAndUpdate(editor, "");
   editor.dialogs.ShowMessage("Update COMPLETED on all Workouts");
 }

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
 
 #include "app/Exercises.h"
 #include "app/ScreenUpdate.h"
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/FileStatus.h"
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
@@ -16,8 +16,6 @@
 
 namespace repvolta {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr int kNone = -1;
 
@@ -74,12 +72,10 @@ void InitialiseWorkout(Editor& editor) {
 /// Unlike RemoveFile, refuses to delete a read-only file.
 void DeleteWorkoutFile(const std::string& path) {
   constexpr const char* kFailure = "could not be deleted";
-  if (!FileExists(path)) throw FileError(path, kFailure, ENOENT);
-  constexpr auto kWritable =
-      fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-  if ((fs::status(path).permissions() & kWritable) == fs::perms::none) {
-    throw FileError(path, kFailure, "it is read-only");
-  }
+  const auto status = StatusOf(path, Links::kFollowed);
+  if (!status || !S_ISREG(status->st_mode)) throw FileError(path, kFailure, ENOENT);
+  constexpr mode_t kWritable = S_IWUSR | S_IWGRP | S_IWOTH;
+  if ((status->st_mode & kWritable) == 0) throw FileError(path, kFailure, "it is read-only");
   RemoveFile(path);
 }
 

@@ -67,9 +67,9 @@ class Joint {
     }
   }
 
-  /// The copied header byte replaces the last byte of the target (quirk 23), and the data size is
-  /// one less than the bytes behind the header, so -1 where none are (quirk 24). Files that are too
-  /// short are told, and get what they have room for (quirk 28).
+  /// The copied header byte replaces the last byte of the target (quirk 23). The data size is one
+  /// less than the number of bytes after the header, and -1 if there are none (quirk 24). A file
+  /// that is too short is reported, and joined all the same (quirk 28).
   void Append(File& target, const File& source) {
     const std::uint64_t length = target.Size();
     if (source.Size() < kWavHeaderSize) Tell("It is too short for a WAV file");

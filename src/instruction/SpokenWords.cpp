@@ -14,8 +14,8 @@ class NumberSpeaker {
 
   void SayThousands() { SayMultipleOf(1000); }
 
-  /// "And" is said only where hundreds may have come before and something whole remains
-  /// (quirk 15). A value of 10000 or more gets here whole and says only "and" (quirk 14).
+  /// "And" is said only after hundreds, and only if something whole remains (quirk 15). A value of
+  /// 10000 or more arrives here unchanged, and of its whole part only "and" is said (quirk 14).
   void SayHundreds() {
     if (number_.rest < 100) return;
     SayMultipleOf(100);
@@ -33,7 +33,7 @@ class NumberSpeaker {
 
   void SayUnits() { SayMultipleOf(1); }
 
-  /// "Point" is said alone when the fraction rounds to nothing or to one (quirk 16).
+  /// If the fraction rounds to nothing or to one, no digit follows "point" (quirk 16).
   void SayDecimal() {
     if (!(number_.rest > 0 && number_.rest < 1)) return;
     Say("point");

@@ -5,7 +5,7 @@
 namespace repvolta {
 namespace {
 
-/// Quirk 5.
+/// Only numbers above 1 have a plural, so it is "0rep" and ".5min" (quirk 5).
 std::string PluralEnding(float value) { return value > 1.0F ? "s" : ""; }
 
 /// Any units but zero are imperial (quirk 3).
@@ -21,7 +21,7 @@ std::string LevelAndTime(const ExerciseRecord& exercise, int set) {
          PluralEnding(minutes);
 }
 
-/// Quirk 1.
+/// The distance has the unit of speed, and the speed has "km" (quirk 1).
 std::string DistanceAndSpeed(const ExerciseRecord& exercise, int set) {
   return NumberText(exercise.SetValue1[set]) + (exercise.Units != kFalse ? "mph" : "kph") +
          " for " + NumberText(exercise.SetValue2[set]) + "km";
@@ -42,7 +42,7 @@ std::string SetText(const ExerciseRecord& exercise, int set) {
 
 }  // namespace
 
-// The values stand in the sentence also where they are not heard (quirk 10).
+// The sentence has the values even if the person does not want to hear them (quirk 10).
 std::string GenerateTextInstruction(const ExerciseSlots& workout, std::int16_t exerciseIndex) {
   const ExerciseRecord& exercise = workout[exerciseIndex];
   std::string text = exercise.ExerciseName.Trimmed() + " - " + NumberText(exercise.NumberOfSets) +

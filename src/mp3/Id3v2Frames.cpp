@@ -66,7 +66,7 @@ std::vector<std::string> Id3v2Frames::Identifiers() const {
 Bytes Id3v2Frames::Build() const {
   Bytes frames;
   for (const Entry& entry : entries_) {
-    // Quirk 65.
+    // A reader would take such a frame for the start of a tag (quirk 65).
     if (entry.identifier.find(kId3v2Marker) != std::string::npos) continue;
     for (const std::string& text : entry.texts) AppendFrame(frames, entry.identifier, text);
   }

@@ -83,8 +83,8 @@ inline constexpr std::array<std::string_view, 4> kChannelModes{"Stereo", "Joint 
 inline constexpr std::array<std::string_view, 4> kEmphases{"None", "50/15 ms", "Reserved",
                                                            "CCIT j.17"};
 
-/// Where the Xing header stands behind the start of the first frame's header: the place of MPEG-1
-/// stereo. It is looked for in no other place (quirk 83).
+/// From the start of the first frame to the Xing header, in bytes. This is its place in MPEG-1
+/// stereo, and the only one where it is looked for (quirk 83).
 inline constexpr std::int32_t kXingOffset = 36;
 inline constexpr std::size_t kXingSize = 12;  // what is read of it
 

@@ -236,7 +236,7 @@ void RepvoltaMP3::ReadXing(FileWindow& window) {
   const auto xing = BytesAt<kXingSize>(window, position + kXingOffset);
   if (!StartsWith(xing, kXingMarker)) return;
   info_.vbr = true;
-  // Quirk 85.
+  // Without a count of frames the figures of the first frame stay (quirk 85).
   info_.valid = (xing[kXingFlagsByte] & kXingHasFrameCount) != 0;
   if (!info_.valid) return;
   info_.frameCount = ReadBigEndianLong(std::span(xing).subspan(kXingFrameCountOffset));
@@ -247,8 +247,8 @@ void RepvoltaMP3::ReadXing(FileWindow& window) {
 std::int32_t RepvoltaMP3::AverageBitRate() const {
   if (info_.frameCount == 0) Divide(info_.fileLength, info_.frameCount);
   const double bits = static_cast<double>(info_.fileLength) / info_.frameCount * info_.sampleRate;
-  // Quirk 84: the whole file counts, tags too, and versions other than 1 come out twelve times too
-  // low.
+  // The tags count as audio here, and versions other than 1 get a twelfth of their bit rate
+  // (quirk 84).
   const int factor = info_.mpegVersion == 1 ? 12 : 144;
   return Checked(std::llrint(bits / (factor * 1000))) / 12;
 }

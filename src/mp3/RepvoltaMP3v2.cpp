@@ -137,10 +137,10 @@ void cMP3ID3v2::WriteTag() {
 void cMP3ID3v2::WriteInto(File& file) const {
   Bytes tag = BuildTag();
   const Id3v2Place old = LocateId3v2(file);
-  // No tag has a negative size: nothing of the file counts as the old tag then.
+  // A negative size means that the file has no tag that could be replaced.
   const auto oldSize = static_cast<std::size_t>(std::max(old.size, 0));
   if (old.position >= 1 && oldSize > tag.size()) {
-    // Quirk 68.
+    // The larger old tag keeps its size, so the audio need not be moved (quirk 68).
     StoreSize(oldSize, tag);
     EndFrames(oldSize, tag);
     file.WriteAt(old.Offset(), tag);

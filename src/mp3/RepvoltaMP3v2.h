@@ -8,12 +8,12 @@
 namespace repvolta {
 
 /// The ID3v2 tag at the start of one file: reads versions 2.2 to 2.4, replaces frames, and writes
-/// the tag as version 2.3. Texts are UTF-8; in the file they are Windows-1252. All sizes are plain
-/// big-endian numbers, in reading and in writing, unlike those that RepvoltaMP3 reads (quirk 60).
+/// the tag as version 2.3. Texts are UTF-8 here and Windows-1252 in the file. All sizes in the file
+/// are plain big-endian numbers, while RepvoltaMP3 reads seven bits of each byte (quirk 60).
 class cMP3ID3v2 {
  public:
-  /// Makes `path` the current file and reads its tag; what was set before is gone. Throws TagError
-  /// with the source ".cMP3ID3v1" (quirk 61).
+  /// Makes `path` the current file and reads its tag. Drops all frames of the file before. Throws
+  /// TagError with the source ".cMP3ID3v1" (quirk 61).
   void SetFileName(const std::string& path);
 
   /// True when "ID3" comes before the audio.

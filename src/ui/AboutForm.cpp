@@ -8,7 +8,7 @@
 namespace repvolta {
 namespace {
 
-// Quirk 121.
+// The slips in this text are quirk 121.
 constexpr const char* kDescription =
     "All Rights Resvered\n"
     "Copyright (C) 2007 the makers of Repvolta\n"

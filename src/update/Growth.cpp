@@ -24,8 +24,8 @@ constexpr GrowingField kField1 = {1, &ExerciseRecord::SetValue1, &ExerciseRecord
 constexpr GrowingField kField2 = {2, &ExerciseRecord::SetValue2, &ExerciseRecord::SetIncrement2,
                                   &ExerciseRecord::SetFrequency2, &ExerciseRecord::NextUpdate2};
 
-/// A value is due the day after its frequency has passed (quirk 29), once however long ago that was
-/// (quirk 31).
+/// A value is due the day after its frequency has passed (quirk 29). It is due only once, however
+/// many frequencies have passed (quirk 31).
 bool IsDue(const ExerciseRecord& exercise, const GrowingField& field, int set, double day) {
   const float frequency = (exercise.*field.frequency)[set];
   return frequency > 0 && (exercise.*field.nextUpdate)[set] + static_cast<double>(frequency) < day;
@@ -70,7 +70,7 @@ std::vector<SetGrowth> GrowthOn(const ExerciseRecord& exercise, double day) {
 
 void Apply(const SetGrowth& growth, ExerciseRecord& exercise) {
   const GrowingField& field = growth.field == kField1.number ? kField1 : kField2;
-  (exercise.*field.nextUpdate)[growth.set] = growth.day;  // quirk 33
+  (exercise.*field.nextUpdate)[growth.set] = growth.day;  // even if the value stays (quirk 33)
   (exercise.*field.value)[growth.set] = growth.to;
 }
 

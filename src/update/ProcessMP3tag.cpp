@@ -39,7 +39,7 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count) {
   return text.substr(0, end);
 }
 
-/// Quirk 70.
+/// The title begins with the number of the file, so that players show the order (quirk 70).
 std::string TitleOf(const std::string& path, std::string_view title) {
   const std::string baseName = BaseName(path);
   std::string text(FirstCharacters(baseName, kNameCharactersInTitle));
@@ -64,7 +64,7 @@ void ProcessMP3tag(const std::string& path, std::string_view title,
   cMP3ID3v2 tag;
   tag.SetFileName(path);
   if (!removed || tag.HasTag()) {
-    // Quirk 71.
+    // Scripts look for this line, which has no blank after the colon (quirk 71).
     log.AddLineToUpdateList("ERROR:" + FileName(path) + " - MP3v2 TAG could not be removed.");
   }
   SetFrames(tag, path, title, workoutFileName);

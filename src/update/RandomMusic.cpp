@@ -19,7 +19,7 @@ class RandomFill {
   /// Returns the full paths of the files.
   std::vector<std::string> Run() {
     exercise_.NumberOfMusicFiles = 0;
-    // Quirk 36.
+    // An exercise has room for more files, but gets no more than by hand (quirk 36).
     for (int slot = 0; slot < MaxMusicFiles && FillSlot(slot); ++slot) {
       // The file that crosses the target is kept (quirk 35). Without a target one file is enough,
       // even one whose play time is not known (quirk 44).
@@ -50,7 +50,7 @@ class RandomFill {
     return true;
   }
 
-  /// Quirk 37.
+  /// A song that fits: no longer than twice the target time (quirk 37).
   std::string Draw() {
     std::string path;
     steps_.Run([&] {

@@ -42,7 +42,7 @@ class WorkoutUpdate {
     Prepare();
     GrowWorkout(program_, steps_);
     drawn_ = DrawRandomMusic(program_, steps_);
-    // Quirk 34.
+    // The growth is saved first, so that it stays even if all the rest fails (quirk 34).
     steps_.Run([&] { SaveWorkout(state_); });
     for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
       text_.clear();
@@ -73,7 +73,7 @@ class WorkoutUpdate {
     steps_.Log("Updating Workout " + FileName(state_.WorkoutFileName));
     steps_.LogFailure(clearing);
     steps_.LogFailure(creation);
-    // Quirk 47.
+    // This line ends the step, even if the step has failed (quirk 47).
     steps_.Log("Created directory " + folder_.Path());
   }
 
@@ -109,7 +109,7 @@ class WorkoutUpdate {
     steps_.Run([&] { folder_.CopyInto(kWorkingMp3, path); });
     steps_.Run([&] { RemoveFile(kWorkingWav); });
     steps_.Run([&] { RemoveFile(kWorkingMp3); });
-    // Quirks 47 and 48.
+    // The line also comes after an error, and has always been misspelled (quirks 47 and 48).
     steps_.Log(FileName(path) + " MP3 Instruction file created sucessfully.");
     Tag(path);
     List(path);

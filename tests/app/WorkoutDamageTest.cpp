@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "app/RecordFormat.h"
@@ -91,6 +92,11 @@ TEST_F(OddSize, IsToldOfAFileThatIsTooShort) {
   LoadFileOf(266239);
   EXPECT_EQ(OddSizeOf(state),
             std::string("Monday.RPV has 266239 bytes instead of 266240") + kFilledUp);
+}
+
+TEST_F(OddSize, OfOneByteIsSingular) {
+  LoadFileOf(1);
+  EXPECT_THAT(OddSizeOf(state), testing::StartsWith("Monday.RPV has 1 byte instead of 266240;"));
 }
 
 TEST_F(OddSize, IsToldOfAFileThatIsTooLong) {

@@ -102,6 +102,7 @@ void ExerciseTab::ChooseRandomMusic(bool chosen) {
   handlers_.Run("The choice could not be kept.", [&] {
     RandomMusicCheckBox_Click(editor_, chosen ? CheckBox::kTicked : CheckBox::kUnticked);
   });
+  if (!editor_.State().ScreenUpdating) ShowTarget(editor_.Exercise());
   // Refreshing the tab does not touch the box, so a choice that had no effect is undone here.
   if (editor_.State().ScreenUpdating || (editor_.Exercise().RandomMusic == kTrue) == chosen) return;
   const ScreenUpdate updating(editor_.State());
@@ -172,6 +173,7 @@ void ExerciseTab::ShowExercise(const ExerciseRecord& exercise) {
       QString::fromStdString("Target Exercise Time = " + FormatTime(exercise.TargetExerciseTime)));
   ui_->TotalMusicTimeLabel->setText(
       QString::fromStdString("Total Music Time = " + FormatTime(exercise.TotalMusicTime)));
+  ShowTarget(exercise);
   ShowFieldNames(exercise);
   ShowChoices(exercise);
   ShowSets(exercise);
@@ -183,6 +185,10 @@ void ExerciseTab::ShowMusic(const ExerciseRecord& exercise) {
   const int selected = SelectedMusic();
   ui_->MusicList->SetRows(files);
   ui_->MusicList->SelectRow(selected);
+}
+
+void ExerciseTab::ShowTarget(const ExerciseRecord& exercise) {
+  ui_->TargetLabel->setText(QString::fromStdString(TargetText(exercise)));
 }
 
 void ExerciseTab::ShowFieldNames(const ExerciseRecord& exercise) {

@@ -47,6 +47,7 @@ class ExerciseTab : public QWidget {
   void ChooseRandomMusic(bool chosen);
   void ShowExercise(const ExerciseRecord& exercise);
   void ShowMusic(const ExerciseRecord& exercise);
+  void ShowTarget(const ExerciseRecord& exercise);
   void ShowFieldNames(const ExerciseRecord& exercise);
   void ShowChoices(const ExerciseRecord& exercise);
   void ShowSets(const ExerciseRecord& exercise);

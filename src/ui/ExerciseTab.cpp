@@ -8,6 +8,7 @@
 #include "editing/ScreenTexts.h"
 #include "editing/SetEditing.h"
 #include "editing/SetValueEditing.h"
+#include "ui/FileDrop.h"
 #include "ui/Keys.h"
 #include "ui/SetTable.h"
 
@@ -124,6 +125,16 @@ void ExerciseTab::ConnectMusic() {
     AddKey(scope, Qt::Key_Delete, ui_->RemoveMusicFileButton);
     AddKey(scope, Qt::ALT | Qt::Key_Up, ui_->MoveMusicFileUpListButton);
   }
+  new FileDrop(
+      ui_->MusicList->viewport(), [this] { return TakesMusic(); },
+      [this](const std::vector<std::string>& paths) {
+        handlers_.Run("The music could not be added.", [&] { MusicList_DragDrop(editor_, paths); });
+      });
+}
+
+bool ExerciseTab::TakesMusic() const {
+  return ui_->MusicList->isEnabled() && !handlers_.AreRunning() &&
+         editor_.State().NumberOfExercises >= 1;
 }
 
 int ExerciseTab::SelectedSet() const { return sets_->SelectedRow(); }

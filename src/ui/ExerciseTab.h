@@ -53,6 +53,7 @@ class ExerciseTab : public QWidget {
   void ShowSets(const ExerciseRecord& exercise);
   int SelectedSet() const;
   int SelectedMusic() const;
+  bool TakesMusic() const;
 
   Editor& editor_;
   Handlers& handlers_;

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/Product.h"
 
@@ -29,8 +30,8 @@ class Dialogs {
   /// SelectDirectory. Returns "" when it was cancelled.
   virtual std::string SelectDirectory() = 0;
 
-  /// The file-open dialog for music. Returns "" when it was cancelled.
-  virtual std::string SelectMusicFile(const std::string& startFolder) = 0;
+  /// The file-open dialog for music. Returns no files when it was cancelled.
+  virtual std::vector<std::string> SelectMusicFiles(const std::string& startFolder) = 0;
 
   /// AboutForm.
   virtual void ShowAbout() = 0;

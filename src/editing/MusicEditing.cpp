@@ -4,11 +4,10 @@
 #include <limits>
 #include <utility>
 
-#include "app/Exercises.h"
-#include "app/PathField.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "mp3/GetPlayTime.h"
+#include "editing/FindMusic.h"
+#include "editing/MusicAddition.h"
 
 namespace repvolta {
 namespace {
@@ -26,18 +25,22 @@ void KeepAndSelect(const Editor& editor, int row) {
   });
 }
 
-/// Changes the current exercise and sums its play times. If either throws, the exercise is
-/// unchanged.
-template <class Change>
-void ChangeMusic(Editor& editor, Change change) {
-  const ExerciseRecord before = editor.Exercise();
-  try {
-    change(editor.Exercise());
-    CalculateExerciseMusicTime(editor.State());
-  } catch (...) {
-    editor.Exercise() = before;
-    throw;
+/// Adds what was found and tells the rest; the workout is saved once.
+void AddAndTell(Editor& editor, const FoundMusic& found) {
+  const MusicAddition addition = AddFoundMusic(editor.State(), found);
+  const auto tell = [&] {
+    const std::string text = NotAddedText(addition);
+    if (!text.empty()) editor.dialogs.ShowMessage(text);
+  };
+  if (addition.added.empty()) {
+    tell();
+    return;
   }
+  SaveAndShow(editor, [&] {
+    ShowExercise(editor);
+    editor.screen.SelectMusic(editor.Exercise().NumberOfMusicFiles - 1);
+    tell();
+  });
 }
 
 }  // namespace
@@ -49,15 +52,20 @@ void AddMusicFileButton_Click(Editor& editor) {
     editor.dialogs.ShowMessage("Cannot add any more music files");
     return;
   }
-  const std::string path = editor.dialogs.SelectMusicFile(state.Settings.MusicPath.Trimmed());
-  if (path.empty()) return;
+  const std::vector<std::string> paths =
+      editor.dialogs.SelectMusicFiles(state.Settings.MusicPath.Trimmed());
+  if (paths.empty()) return;
   MakeProgramDirectoryCurrent(state);
-  ChangeMusic(editor, [&](ExerciseRecord& exercise) {
-    exercise.MusicFile[count] = PathField(path);
-    exercise.MusicFilePlayTime[count] = GetPlayTime(path);
-    ++exercise.NumberOfMusicFiles;
-  });
+  if (paths.size() > 1) {
+    AddAndTell(editor, {.songs = InNameOrder(paths), .noMusic = {}, .failures = {}});
+    return;
+  }
+  AddMusicFile(state, paths.front());
   KeepAndSelect(editor, count);
+}
+
+void MusicList_DragDrop(Editor& editor, const std::vector<std::string>& paths) {
+  AddAndTell(editor, FindMusic(paths, editor.runEvents));
 }
 
 void MoveMusicFileUpListButton_Click(Editor& editor, int row) {
@@ -81,7 +89,7 @@ void RemoveMusicFileButton_Click(Editor& editor, int row) {
                               "Remove Music File")) {
     return;
   }
-  ChangeMusic(editor, [&](ExerciseRecord& exercise) {
+  ChangeMusic(editor.State(), [&](ExerciseRecord& exercise) {
     // The play times stay where they are, so the total can count the removed file and leave out the
     // last one (quirk 98).
     RemoveItem(exercise.MusicFile, row, count);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "editing/Editor.h"
 
 namespace repvolta {
@@ -7,10 +10,12 @@ namespace repvolta {
 // The commands that edit the music of the current exercise. `row` is the selected row of MusicList,
 // or -1. Each change is saved; docs/decisions/0001-errors.md says what happens when that fails.
 
-/// Asks for a file and adds it after the others. Throws what GetPlayTime throws,
-/// std::overflow_error when the total time does not fit and std::length_error when the path does
-/// not; then nothing is added.
+/// Asks for files and adds them after the others. Throws for a single file what AddMusicFile
+/// throws; of several files, a message says which ones were not added.
 void AddMusicFileButton_Click(Editor& editor);
+
+/// Adds the songs in dropped files and folders. One message says what was not added.
+void MusicList_DragDrop(Editor& editor, const std::vector<std::string>& paths);
 
 void MoveMusicFileUpListButton_Click(Editor& editor, int row);
 

@@ -3,6 +3,7 @@
 #include <QDate>
 #include <QLocale>
 #include <cmath>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "base/Numbers.h"
@@ -20,6 +21,14 @@ std::string DaysOrNever(float frequency, double nextUpdate, double now) {
   } catch (const std::overflow_error&) {
     return "Never";
   }
+}
+
+/// "55 s", "2:10"
+std::string ShortTime(int seconds) {
+  constexpr int kMinute = 60;
+  if (seconds < kMinute) return std::to_string(seconds) + " s";
+  const std::string rest = std::to_string(seconds % kMinute);
+  return std::to_string(seconds / kMinute) + (rest.size() == 1 ? ":0" : ":") + rest;
 }
 
 }  // namespace
@@ -97,6 +106,17 @@ std::vector<std::string> MusicRows(const ExerciseRecord& exercise) {
     rows.push_back(exercise.MusicFile[i].Trimmed());
   }
   return rows;
+}
+
+std::string TargetText(const ExerciseRecord& exercise) {
+  if (exercise.RandomMusic == kTrue || exercise.NumberOfMusicFiles <= 0 ||
+      exercise.TargetExerciseTime <= 0) {
+    return {};
+  }
+  const int difference = exercise.TotalMusicTime - exercise.TargetExerciseTime;
+  if (difference == 0) return "exactly as long as the target";
+  return ShortTime(std::abs(difference)) +
+         (difference > 0 ? " longer than the target" : " short of the target");
 }
 
 SetColumns SetRows(const ExerciseRecord& exercise, double now) {

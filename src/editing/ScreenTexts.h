@@ -44,6 +44,11 @@ std::string TotalMusicTimeText(const ProgramState& state);
 /// The music files of the exercise. Throws std::out_of_range when there are more than slots.
 std::vector<std::string> MusicRows(const ExerciseRecord& exercise);
 
+/// What the target makes of the exercise's music: "55 s longer than the target", "2:10 short of the
+/// target". Empty without music or target, and with random music, which every update draws anew. It
+/// compares the stored times, which the tab shows beside it, so no song is read for it.
+std::string TargetText(const ExerciseRecord& exercise);
+
 /// The lists of sets, from left to right.
 enum SetColumn : std::size_t {
   kSetList1,

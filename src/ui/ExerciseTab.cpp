@@ -8,6 +8,7 @@
 #include "editing/ScreenTexts.h"
 #include "editing/SetEditing.h"
 #include "editing/SetValueEditing.h"
+#include "ui/FileDrop.h"
 #include "ui/Keys.h"
 #include "ui/SetTable.h"
 
@@ -102,6 +103,7 @@ void ExerciseTab::ChooseRandomMusic(bool chosen) {
   handlers_.Run("The choice could not be kept.", [&] {
     RandomMusicCheckBox_Click(editor_, chosen ? CheckBox::kTicked : CheckBox::kUnticked);
   });
+  if (!editor_.State().ScreenUpdating) ShowTarget(editor_.Exercise());
   // Refreshing the tab does not touch the box, so a choice that had no effect is undone here.
   if (editor_.State().ScreenUpdating || (editor_.Exercise().RandomMusic == kTrue) == chosen) return;
   const ScreenUpdate updating(editor_.State());
@@ -123,6 +125,16 @@ void ExerciseTab::ConnectMusic() {
     AddKey(scope, Qt::Key_Delete, ui_->RemoveMusicFileButton);
     AddKey(scope, Qt::ALT | Qt::Key_Up, ui_->MoveMusicFileUpListButton);
   }
+  new FileDrop(
+      ui_->MusicList->viewport(), [this] { return TakesMusic(); },
+      [this](const std::vector<std::string>& paths) {
+        handlers_.Run("The music could not be added.", [&] { MusicList_DragDrop(editor_, paths); });
+      });
+}
+
+bool ExerciseTab::TakesMusic() const {
+  return ui_->MusicList->isEnabled() && !handlers_.AreRunning() &&
+         editor_.State().NumberOfExercises >= 1;
 }
 
 int ExerciseTab::SelectedSet() const { return sets_->SelectedRow(); }
@@ -172,6 +184,7 @@ void ExerciseTab::ShowExercise(const ExerciseRecord& exercise) {
       QString::fromStdString("Target Exercise Time = " + FormatTime(exercise.TargetExerciseTime)));
   ui_->TotalMusicTimeLabel->setText(
       QString::fromStdString("Total Music Time = " + FormatTime(exercise.TotalMusicTime)));
+  ShowTarget(exercise);
   ShowFieldNames(exercise);
   ShowChoices(exercise);
   ShowSets(exercise);
@@ -183,6 +196,10 @@ void ExerciseTab::ShowMusic(const ExerciseRecord& exercise) {
   const int selected = SelectedMusic();
   ui_->MusicList->SetRows(files);
   ui_->MusicList->SelectRow(selected);
+}
+
+void ExerciseTab::ShowTarget(const ExerciseRecord& exercise) {
+  ui_->TargetLabel->setText(QString::fromStdString(TargetText(exercise)));
 }
 
 void ExerciseTab::ShowFieldNames(const ExerciseRecord& exercise) {

@@ -47,11 +47,13 @@ class ExerciseTab : public QWidget {
   void ChooseRandomMusic(bool chosen);
   void ShowExercise(const ExerciseRecord& exercise);
   void ShowMusic(const ExerciseRecord& exercise);
+  void ShowTarget(const ExerciseRecord& exercise);
   void ShowFieldNames(const ExerciseRecord& exercise);
   void ShowChoices(const ExerciseRecord& exercise);
   void ShowSets(const ExerciseRecord& exercise);
   int SelectedSet() const;
   int SelectedMusic() const;
+  bool TakesMusic() const;
 
   Editor& editor_;
   Handlers& handlers_;

@@ -57,15 +57,19 @@ std::string QtDialogs::SelectDirectory() {
   return dialog.SelectedDirectory();
 }
 
-std::string QtDialogs::SelectMusicFile(const std::string& startFolder) {
+std::vector<std::string> QtDialogs::SelectMusicFiles(const std::string& startFolder) {
   QFileDialog dialog(owner_, "Music File Selection", QFile::decodeName(startFolder.c_str()));
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
-  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setFileMode(QFileDialog::ExistingFiles);
   dialog.setNameFilters({"MP3 (*.MP3)", "WMA (*.WMA)"});
   new WheelGuard(&dialog);
   if (dialog.exec() != QDialog::Accepted) return {};
-  return QFile::encodeName(dialog.selectedFiles().value(0)).toStdString();
+  std::vector<std::string> files;
+  for (const QString& file : dialog.selectedFiles()) {
+    files.push_back(QFile::encodeName(file).toStdString());
+  }
+  return files;
 }
 
 void QtDialogs::ShowAbout() { AboutForm(owner_).exec(); }

@@ -19,7 +19,7 @@ class QtDialogs : public Dialogs {
                       std::string_view initial = {}) override;
   std::string SelectExercise() override;
   std::string SelectDirectory() override;
-  std::string SelectMusicFile(const std::string& startFolder) override;
+  std::vector<std::string> SelectMusicFiles(const std::string& startFolder) override;
   void ShowAbout() override;
   void OpenDocument(const std::string& path) override;
 

@@ -1,6 +1,5 @@
 #include "update/MusicListing.h"
 
-#include <cerrno>
 #include <filesystem>
 #include <system_error>
 #include <vector>
@@ -13,6 +12,29 @@
 namespace repvolta {
 namespace {
 
+bool IsOneLine(std::string_view text) {
+  return text.find('\n') == std::string::npos && text.find('\r') == std::string::npos;
+}
+
+/// Takes the songs of a folder, and adds its subfolders to those still to be searched.
+void SearchFolder(const std::string& folder, const MusicSearch& search,
+                  std::vector<std::string>& folders) {
+  std::string path = folder.ends_with('/') ? folder : folder + "/";
+  const std::size_t start = path.size();
+  const int error = ForEachEntry(folder, [&](std::string_view name, EntryType type) {
+    path.replace(start, std::string::npos, name);
+    if (type == EntryType::kFolder) {
+      folders.push_back(path);
+    } else if (IsMusicName(name) &&
+               (type == EntryType::kFile || (type == EntryType::kLink && FileIsReachable(path)))) {
+      search.takeSong(path);
+    }
+  });
+  if (error != 0 && search.takeUnreadable) search.takeUnreadable(folder, error);
+}
+
+}  // namespace
+
 /// Ignores the case of ASCII letters, which is enough: no other letter folds to "m" or "p".
 bool IsMusicName(std::string_view name) {
   constexpr std::string_view kExtension = ".mp3";
@@ -21,40 +43,28 @@ bool IsMusicName(std::string_view name) {
   return name[0] == '.' && (name[1] | 0x20) == 'm' && (name[2] | 0x20) == 'p' && name[3] == '3';
 }
 
-bool IsOneLine(std::string_view text) {
-  return text.find('\n') == std::string::npos && text.find('\r') == std::string::npos;
+void SearchMusic(const std::string& folder, const MusicSearch& search) {
+  std::vector<std::string> folders = {folder};
+  while (!folders.empty()) {
+    const std::string next = std::move(folders.back());
+    folders.pop_back();
+    SearchFolder(next, search, folders);
+    if (search.whileSearching) search.whileSearching();
+  }
 }
-
-/// Adds the music files of a folder to the list and its subfolders to those still to be listed.
-/// Unreadable folders are skipped.
-void ListFolder(const std::string& folder, WholeFileWriter& list,
-                std::vector<std::string>& folders) {
-  std::string path = folder.ends_with('/') ? folder : folder + "/";
-  const std::size_t start = path.size();
-  const bool isOneLine = IsOneLine(path);
-  ForEachEntry(folder, [&](std::string_view name, EntryType type) {
-    path.replace(start, std::string::npos, name);
-    if (type == EntryType::kFolder) {
-      folders.push_back(path);
-    } else if (isOneLine && IsMusicName(name) && IsOneLine(name) &&
-               (type == EntryType::kFile || (type == EntryType::kLink && FileIsReachable(path)))) {
-      list.Append(path.append("\n"));
-    }
-  });
-}
-
-}  // namespace
 
 void CompileMusicList(const std::string& musicPath, const std::function<void()>& whileListing) {
   WholeFileWriter list(kMusicList);
-  std::vector<std::string> folders;
   std::error_code error;
-  if (!musicPath.empty()) folders.push_back(std::filesystem::absolute(musicPath, error));
-  while (!folders.empty()) {
-    const std::string folder = std::move(folders.back());
-    folders.pop_back();
-    ListFolder(folder, list, folders);
-    if (whileListing) whileListing();
+  if (!musicPath.empty()) {
+    SearchMusic(std::filesystem::absolute(musicPath, error), {.takeSong =
+                                                                  [&](const std::string& path) {
+                                                                    if (!IsOneLine(path)) return;
+                                                                    list.Append(path);
+                                                                    list.Append("\n");
+                                                                  },
+                                                              .takeUnreadable = {},
+                                                              .whileSearching = whileListing});
   }
   list.Commit();
 }

@@ -29,5 +29,14 @@ TEST(PathField, RefusesAPathThatWouldLoseItsBlanks) {
   }
 }
 
+TEST(PathField, SaysWhenAPathIsNotUtf8) {
+  try {
+    PathField("/caf\xE9.mp3");
+    FAIL() << "kept";
+  } catch (const std::length_error& error) {
+    EXPECT_STREQ(error.what(), "The path cannot be kept: it is not UTF-8.");
+  }
+}
+
 }  // namespace
 }  // namespace repvolta

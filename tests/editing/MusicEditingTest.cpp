@@ -1,9 +1,13 @@
+#include <array>
 #include <filesystem>
 #include <stdexcept>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 #include "app/WorkoutFiles.h"
 #include "base/FileError.h"
 #include "editing/MusicEditing.h"
+#include "update/Steps.h"
 
 #include "support/EditorFixture.h"
 #include "support/SongBytes.h"
@@ -106,6 +110,90 @@ TEST_F(MusicEditing, AFileWithoutMusicCountsZeroSeconds) {
   Add(folder.Path() + "music/song.wma");
   EXPECT_EQ(Saved()[0].NumberOfMusicFiles, 1);
   EXPECT_EQ(Saved()[0].MusicFilePlayTime[0], 0);
+}
+
+TEST_F(MusicEditing, SeveralChosenFilesAreAddedInNameOrder) {
+  const std::string second = Song("b.wma", 20);
+  const std::string first = Song("A.mp3", 100);
+  Add(second + "\n" + first);
+  EXPECT_THAT(dialogs.asked, SizeIs(1));
+  EXPECT_THAT(screen.music.rows, ElementsAre(first, second));
+  EXPECT_EQ(screen.music.selected, 1);
+  EXPECT_EQ(Saved()[0].TotalMusicTime, 120);
+}
+
+TEST_F(MusicEditing, OfSeveralChosenFilesTheOthersAreAddedWhenOneIsGone) {
+  const std::string song = Song("a.mp3", 1);
+  Add("/nowhere/b.mp3\n" + song);
+  EXPECT_THAT(Saved()[0].MusicFile[0].Text(), song);
+  EXPECT_THAT(dialogs.asked.back(),
+              StartsWith("message|Repvolta|1 song was added.\r\r1 could not be read or kept:\r"
+                         "/nowhere/b.mp3 "));
+}
+
+TEST_F(MusicEditing, DroppedFoldersAndFilesAreAddedAndSaved) {
+  const std::string second = Song("b.mp3", 20);
+  const std::string first = Song("album/a.mp3", 100);
+  MusicList_DragDrop(editor, {second, folder.Path() + "music/album"});
+  EXPECT_THAT(dialogs.asked, IsEmpty());
+  EXPECT_EQ(Saved()[0].NumberOfMusicFiles, 2);
+  EXPECT_THAT(screen.music.rows, ElementsAre(first, second));
+  EXPECT_EQ(screen.music.selected, 1);
+  EXPECT_EQ(screen.musicTime, 120);
+}
+
+TEST_F(MusicEditing, ADropIsSavedOnce) {
+  const int watch = inotify_init1(IN_NONBLOCK);
+  const std::vector<std::string> songs = {Song("a.mp3", 1), Song("b.mp3", 1), Song("c.mp3", 1)};
+  inotify_add_watch(watch, "workouts", IN_MOVED_TO);
+  MusicList_DragDrop(editor, songs);
+  alignas(inotify_event) std::array<char, 4096> events{};
+  const ssize_t size = read(watch, events.data(), events.size());
+  close(watch);
+  ASSERT_GT(size, 0);
+  const auto* first = reinterpret_cast<const inotify_event*>(events.data());
+  EXPECT_EQ(static_cast<std::size_t>(size), sizeof(inotify_event) + first->len);
+}
+
+TEST_F(MusicEditing, OneMessageSaysWhatOfADropWasNotAddedWhenTheRestIsSaved) {
+  const std::string song = Song("a.mp3", 1);
+  PutFile("music/cover.jpg", "");
+  dialogs.whenAsked = [] { EXPECT_EQ(Saved()[0].NumberOfMusicFiles, 1); };
+  MusicList_DragDrop(editor, {"/nowhere/b.mp3", song, folder.Path() + "music/cover.jpg"});
+  ASSERT_THAT(dialogs.asked, SizeIs(1));
+  EXPECT_THAT(dialogs.asked[0],
+              AllOf(StartsWith("message|Repvolta|1 song was added.\r\r1 is no MP3 file"),
+                    HasSubstr("\rcover.jpg\r\r1 could not"), HasSubstr("\r/nowhere/b.mp3 ")));
+}
+
+TEST_F(MusicEditing, ADropWithoutMusicIsToldAndSavesNothing) {
+  BlockWorkouts();
+  MusicList_DragDrop(editor, {folder.Path() + "music"});
+  EXPECT_THAT(dialogs.asked, ElementsAre("message|Repvolta|0 songs were added.\r\r1 is no MP3 "
+                                         "file, or a folder without one:\rmusic/"));
+}
+
+TEST_F(MusicEditing, AFullListTakesNothingOfADrop) {
+  Exercise().NumberOfMusicFiles = 10;
+  MusicList_DragDrop(editor, {Song("a.mp3", 1)});
+  EXPECT_THAT(dialogs.asked, ElementsAre(HasSubstr("1 song did not fit")));
+  EXPECT_EQ(Exercise().NumberOfMusicFiles, 10);
+}
+
+TEST_F(MusicEditing, ADropThatCannotBeSavedIsShownLikeASingleFile) {
+  const std::string first = Song("a.mp3", 1);
+  const std::string second = Song("b.mp3", 1);
+  BlockWorkouts();
+  EXPECT_THROW(MusicList_DragDrop(editor, {first, second, "/nowhere/c.mp3"}), UnsavedChange);
+  EXPECT_THAT(screen.music.rows, ElementsAre(first, second));
+  EXPECT_THAT(dialogs.asked, ElementsAre(HasSubstr("/nowhere/c.mp3")));
+}
+
+TEST_F(MusicEditing, ADropThatIsStoppedAddsNothing) {
+  const std::string song = Song("a.mp3", 1);
+  editor.runEvents = [] { throw UpdateStopped(); };
+  EXPECT_THROW(MusicList_DragDrop(editor, {song, folder.Path() + "music"}), UpdateStopped);
+  EXPECT_EQ(Exercise().NumberOfMusicFiles, 0);
 }
 
 TEST_F(MusicEditing, AnEleventhFileIsRefused) {

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "editing/ScreenTexts.h"
@@ -138,6 +139,49 @@ TEST(ScreenTexts, EachMusicFileHasARow) {
   EXPECT_THAT(MusicRows(exercise), ElementsAre("b.mp3", "a.mp3"));
   exercise.NumberOfMusicFiles = kMusicSlots + 1;
   EXPECT_THROW(MusicRows(exercise), std::out_of_range);
+}
+
+TEST(ScreenTexts, TheTargetSaysHowMuchLongerOrShorterTheMusicIs) {
+  ExerciseRecord exercise;
+  exercise.NumberOfMusicFiles = 1;
+  exercise.TargetExerciseTime = 300;
+  const std::vector<std::pair<int, std::string>> texts = {
+      {355, "55 s longer than the target"},     {301, "1 s longer than the target"},
+      {360, "1:00 longer than the target"},     {425, "2:05 longer than the target"},
+      {32767, "541:07 longer than the target"}, {170, "2:10 short of the target"},
+      {241, "59 s short of the target"},        {0, "5:00 short of the target"},
+      {300, "exactly as long as the target"}};
+  for (const auto& [seconds, text] : texts) {
+    exercise.TotalMusicTime = static_cast<std::int16_t>(seconds);
+    EXPECT_EQ(TargetText(exercise), text);
+  }
+}
+
+TEST(ScreenTexts, WithoutMusicOrTargetThereIsNothingToCompare) {
+  ExerciseRecord exercise;
+  exercise.TargetExerciseTime = 300;
+  EXPECT_EQ(TargetText(exercise), "");
+  exercise.NumberOfMusicFiles = 1;
+  EXPECT_NE(TargetText(exercise), "");
+  exercise.TargetExerciseTime = 0;
+  EXPECT_EQ(TargetText(exercise), "");
+}
+
+TEST(ScreenTexts, TheTargetIsNotComparedWithRandomMusicThatIsDrawnAnew) {
+  ExerciseRecord exercise;
+  exercise.NumberOfMusicFiles = 2;
+  exercise.TargetExerciseTime = 300;
+  exercise.TotalMusicTime = 400;
+  exercise.RandomMusic = kTrue;
+  EXPECT_EQ(TargetText(exercise), "");
+}
+
+TEST(ScreenTexts, OddTimesOfADamagedWorkoutAreCompared) {
+  ExerciseRecord exercise;
+  exercise.NumberOfMusicFiles = 1;
+  exercise.TargetExerciseTime = 32767;
+  exercise.TotalMusicTime = -32768;
+  EXPECT_EQ(TargetText(exercise), "1092:15 short of the target");
 }
 
 TEST(ScreenTexts, EachSetHasARowInAllColumns) {

@@ -47,7 +47,9 @@ class RecordingWindow : public RecordingRun,
     folders.pop_front();
     return folder;
   }
-  std::string SelectMusicFile(const std::string& /*startFolder*/) override { return {}; }
+  std::vector<std::string> SelectMusicFiles(const std::string& /*startFolder*/) override {
+    return {};
+  }
   void ShowAbout() override {}
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
 

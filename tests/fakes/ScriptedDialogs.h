@@ -3,6 +3,7 @@
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -41,9 +42,13 @@ class ScriptedDialogs : public Dialogs {
     return NextAnswer();
   }
 
-  std::string SelectMusicFile(const std::string& startFolder) override {
+  /// The answer has a line for each file.
+  std::vector<std::string> SelectMusicFiles(const std::string& startFolder) override {
     asked.push_back("music|" + startFolder);
-    return NextAnswer();
+    std::vector<std::string> files;
+    std::istringstream lines(NextAnswer());
+    for (std::string file; std::getline(lines, file);) files.push_back(file);
+    return files;
   }
 
   void ShowAbout() override { asked.emplace_back("about"); }

@@ -308,6 +308,30 @@ TEST_F(ExerciseControls, TheFileThatTookTheRemovedOnesPlaceIsSelected) {
   EXPECT_EQ(List("MusicList").SelectedRow(), 0);
 }
 
+TEST_F(ExerciseControls, TheLineBelowTheMusicComparesItWithTheTarget) {
+  Exercise().TotalMusicTime = 355;
+  form->UpdateExerciseScreen();
+  EXPECT_EQ(Text("TargetLabel"), "55 s longer than the target");
+  EXPECT_EQ(Get<QLabel>("TargetLabel").textFormat(), Qt::PlainText);
+  dialogs.answers = {"10"};
+  Click("SetExerciseTimeButton");
+  EXPECT_EQ(Text("TargetLabel"), "4:05 short of the target");
+}
+
+TEST_F(ExerciseControls, TheLineBelowTheMusicFollowsTheRandomMusicBox) {
+  Click("RandomMusicCheckBox");
+  EXPECT_EQ(Text("TargetLabel"), "");
+  Click("RandomMusicCheckBox");
+  EXPECT_EQ(Text("TargetLabel"), "5:00 short of the target");
+}
+
+TEST_F(ExerciseControls, TheLineBelowTheMusicKeepsItsPlaceWhenItIsEmpty) {
+  const QRect place = List("MusicList").geometry();
+  Click("RandomMusicCheckBox");
+  QApplication::processEvents();
+  EXPECT_EQ(List("MusicList").geometry(), place);
+}
+
 TEST_F(ExerciseControls, ACommandThatFailsSaysWhatDidNotHappen) {
   dialogs.answers = {"1e39", "1e39", "/" + std::string(256, 'x')};
   Click("AddNewSetButton");

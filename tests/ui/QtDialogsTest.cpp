@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QtTest/QTest>
 #include <filesystem>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "ui/QtDialogs.h"
@@ -17,6 +18,9 @@
 
 namespace repvolta {
 namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 class QtDialogsTest : public testing::Test {
  protected:
@@ -104,12 +108,24 @@ TEST_F(QtDialogsTest, SelectAMusicFile) {
     Find<QLineEdit>(box, "fileNameEdit").setText("走る.MP3");
     QTest::keyClick(&box, Qt::Key_Return);
   });
-  EXPECT_EQ(dialogs.SelectMusicFile(folder.Path() + "Läufe"), folder.Path() + "Läufe/走る.MP3");
+  EXPECT_THAT(dialogs.SelectMusicFiles(folder.Path() + "Läufe"),
+              ElementsAre(folder.Path() + "Läufe/走る.MP3"));
 }
 
 TEST_F(QtDialogsTest, SelectNoMusicFileWhenCancelled) {
   WhenModal([](QWidget& box) { box.close(); });
-  EXPECT_EQ(dialogs.SelectMusicFile(folder.Path()), "");
+  EXPECT_THAT(dialogs.SelectMusicFiles(folder.Path()), IsEmpty());
+}
+
+TEST_F(QtDialogsTest, SelectSeveralMusicFilesAtOnce) {
+  PutFile("a.mp3", "x");
+  PutFile("b c.mp3", "x");
+  WhenModal([](QWidget& box) {
+    Find<QLineEdit>(box, "fileNameEdit").setText("\"a.mp3\" \"b c.mp3\"");
+    QTest::keyClick(&box, Qt::Key_Return);
+  });
+  EXPECT_THAT(dialogs.SelectMusicFiles(folder.Path()),
+              ElementsAre(folder.Path() + "a.mp3", folder.Path() + "b c.mp3"));
 }
 
 TEST_F(QtDialogsTest, OfferMp3AndWmaFilesInAnyCase) {
@@ -118,7 +134,7 @@ TEST_F(QtDialogsTest, OfferMp3AndWmaFilesInAnyCase) {
   WhenModal([&](QWidget& box) {
     auto& dialog = dynamic_cast<QFileDialog&>(box);
     EXPECT_EQ(dialog.windowTitle(), "Music File Selection");
-    EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
+    EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFiles);
     EXPECT_EQ(Find<QComboBox>(box, "fileTypeCombo").itemText(0), "MP3");
     EXPECT_EQ(Find<QComboBox>(box, "fileTypeCombo").itemText(1), "WMA");
     auto& model = *box.findChild<QFileSystemModel*>();
@@ -129,7 +145,7 @@ TEST_F(QtDialogsTest, OfferMp3AndWmaFilesInAnyCase) {
     }
     box.close();
   });
-  dialogs.SelectMusicFile(folder.Path());
+  dialogs.SelectMusicFiles(folder.Path());
   shown.sort();
   EXPECT_EQ(shown, (QStringList{"a.mp3", "b.MP3"}));
 }
@@ -139,7 +155,7 @@ TEST_F(QtDialogsTest, LeaveTheKindOfMusicFileToMoreThanTheWheel) {
     EXPECT_EQ(Find<QComboBox>(box, "fileTypeCombo").focusPolicy(), Qt::StrongFocus);
     box.close();
   });
-  dialogs.SelectMusicFile(folder.Path());
+  dialogs.SelectMusicFiles(folder.Path());
 }
 
 TEST_F(QtDialogsTest, ShowTheAboutBox) {

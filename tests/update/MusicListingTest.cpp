@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,6 +29,26 @@ std::vector<std::string> ListedLines() {
   EXPECT_EQ(line, "") << "the last line has no end";
   std::sort(lines.begin(), lines.end());
   return lines;
+}
+
+TEST(MusicName, EndsInMp3InAnyCase) {
+  for (const char* name : {"a.mp3", "a.MP3", "a.Mp3", ".mp3", "a.jpg.mp3"}) {
+    EXPECT_TRUE(IsMusicName(name)) << name;
+  }
+  for (const char* name : {"", "mp3", "a.mp", "a.mp3 ", "a.mp4", "amp3", "a.mp3.jpg"}) {
+    EXPECT_FALSE(IsMusicName(name)) << name;
+  }
+}
+
+TEST(SearchMusic, ReportsTheFoldersThatCannotBeRead) {
+  TemporaryFolder folder;
+  std::vector<std::pair<std::string, int>> unreadable;
+  SearchMusic(folder.Path() + "gone",
+              {.takeSong = [](const std::string&) {},
+               .takeUnreadable = [&](const std::string& path,
+                                     int error) { unreadable.emplace_back(path, error); },
+               .whileSearching = {}});
+  EXPECT_THAT(unreadable, ElementsAre(std::pair(folder.Path() + "gone", ENOENT)));
 }
 
 TEST(CompileMusicList, ListsTheMusicBelowTheFolderByFullPath) {

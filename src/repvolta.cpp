@@ -9,6 +9,7 @@
 #include "platform/QtChildProcesses.h"
 #include "platform/desktop/DesktopAudioOutputs.h"
 #include "platform/desktop/SingleInstance.h"
+#include "platform/desktop/UDisks.h"
 #include "speech/EngineSpeech.h"
 #include "ui/MessageBox.h"
 #include "ui/QtDialogs.h"
@@ -64,6 +65,7 @@ class Desktop {
     window_ = &form_;
     dialogs_.SetOwner(&form_);
     progress_.SetOwner(&form_);
+    progress_.OfferEject(disks_, [this] { return state_.Settings.OutputPath.Trimmed(); });
     pleaseWait_.SetOwner(&form_);
     QObject::connect(&form_, &RepvoltaForm::Ended, qApp, &QCoreApplication::quit,
                      Qt::QueuedConnection);
@@ -89,6 +91,7 @@ class Desktop {
   QtChildProcesses processes_{[this] { RunEvents(); }};
   EngineSpeech speech_{InstalledEngines(processes_)};
   DesktopAudioOutputs outputs_;
+  UDisks disks_;
   QtDialogs dialogs_;
   UpdateForm progress_;
   RandomMusicMessage pleaseWait_;

@@ -8,6 +8,7 @@
 
 #include "app/ExerciseTypes.h"
 #include "base/FileError.h"
+#include "platform/MountedVolumes.h"
 #include "ui/AboutForm.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
@@ -52,7 +53,8 @@ std::string QtDialogs::SelectExercise() {
 }
 
 std::string QtDialogs::SelectDirectory() {
-  repvolta::SelectDirectory dialog(MountedVolumes(), QDir::homePath(), owner_);
+  MountedVolumes volumes;
+  repvolta::SelectDirectory dialog(volumes, QDir::homePath(), owner_);
   dialog.exec();
   return dialog.SelectedDirectory();
 }

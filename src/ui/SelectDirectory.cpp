@@ -2,9 +2,10 @@
 
 #include <QDir>
 #include <QFile>
-#include <QMessageBox>
 #include <QScrollBar>
-#include <QStorageInfo>
+#include <QSignalBlocker>
+#include <QStandardItemModel>
+#include <algorithm>
 #include <utility>
 
 #include "base/FileNames.h"
@@ -21,16 +22,6 @@ namespace {
 constexpr int kWidth = 64;
 constexpr int kHeight = 28;
 
-/// False for file systems that hold the machine's state, not a person's files.
-bool IsPersonal(const QStorageInfo& volume) {
-  static const QStringList personal{"btrfs", "cifs",    "exfat", "ext2",    "ext3",    "ext4",
-                                    "f2fs",  "fuseblk", "hfs",   "hfsplus", "iso9660", "jfs",
-                                    "msdos", "nfs",     "nfs4",  "ntfs",    "ntfs3",   "reiserfs",
-                                    "smb3",  "udf",     "vfat",  "xfs",     "zfs"};
-  return personal.contains(QString::fromLatin1(volume.fileSystemType())) ||
-         volume.fileSystemType().startsWith("fuse.");
-}
-
 /// The folder, or its nearest existing parent.
 QString ExistingFolder(const QString& folder) {
   QString path = QDir(folder).absolutePath();
@@ -40,50 +31,37 @@ QString ExistingFolder(const QString& folder) {
 
 }  // namespace
 
-QStringList MountedVolumes() {
-  QStringList roots;
-  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-    const QString root = volume.rootPath();
-    if (volume.isReady() && IsPersonal(volume) && QFileInfo(root).isDir()) roots << root;
-  }
-  roots.removeAll(QDir::rootPath());
-  roots.sort();
-  roots.removeDuplicates();
-  roots.prepend(QDir::rootPath());
-  return roots;
-}
-
-SelectDirectory::SelectDirectory(const QStringList& drives, const QString& start, QWidget* parent)
-    : QDialog(parent),
-      ui_(std::make_unique<Ui::SelectDirectory>()),
-      folders_(new QFileSystemModel(this)) {
+SelectDirectory::SelectDirectory(Volumes& volumes, const QString& start, QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::SelectDirectory>()), volumes_(volumes) {
   ui_->setupUi(this);
   new WheelGuard(this);
   resize(kWidth * fontMetrics().averageCharWidth(), kHeight * fontMetrics().lineSpacing());
-  folders_->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
-  folders_->setRootPath(QDir::rootPath());
-  ui_->DirListBox->setModel(folders_);
-  for (int column = 1; column < folders_->columnCount(); ++column) {
-    ui_->DirListBox->hideColumn(column);
-  }
-  ui_->DriveListBox->addItems(drives);
+  OpenTree();
   Show(ExistingFolder(start));
-  ShowDriveOf(CurrentFolder());
+  ShowDrives(DriveEntries(volumes_.Now()));
+  ui_->DriveListBox->setCurrentIndex(EntryHolding(drives_, CurrentFolder()));
+  volumes_.OnChange([this] { VolumesChange(); });
 
   connect(ui_->DriveListBox, &QComboBox::currentIndexChanged, this,
           &SelectDirectory::DriveListBox_Change);
-  connect(ui_->DirListBox->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          &SelectDirectory::DirListBox_Change);
-  KeepInSight();
+  connect(ui_->DirListBox->verticalScrollBar(), &QScrollBar::actionTriggered, this,
+          &SelectDirectory::LetGo);
+  connect(ui_->DirListBox, &QTreeView::expanded, this, &SelectDirectory::LetGo);
+  connect(ui_->DirListBox, &QTreeView::collapsed, this, &SelectDirectory::LetGo);
   connect(ui_->NewFolderButton, &QPushButton::clicked, this,
           &SelectDirectory::NewFolderButton_Click);
   connect(ui_->OKButton, &QPushButton::clicked, this, &SelectDirectory::OKButton_Click);
   connect(ui_->CancelButton, &QPushButton::clicked, this, &SelectDirectory::CancelButton_Click);
 }
 
-SelectDirectory::~SelectDirectory() = default;
+SelectDirectory::~SelectDirectory() {
+  volumes_.OnChange({});
+  CloseTree();
+}
 
-void SelectDirectory::DriveListBox_Change() { Show(ui_->DriveListBox->currentText()); }
+void SelectDirectory::DriveListBox_Change() {
+  if (ui_->DriveListBox->currentIndex() >= 0) Show(ui_->DriveListBox->currentData().toString());
+}
 
 void SelectDirectory::DirListBox_Change() {
   ui_->SelectedFolderLabel->setText(QDir::toNativeSeparators(CurrentFolder()));
@@ -138,30 +116,82 @@ void SelectDirectory::Reveal() {
   shown_ = shown;
 }
 
+void SelectDirectory::OpenTree() {
+  CloseTree();
+  folders_ = new QFileSystemModel(this);
+  folders_->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
+  folders_->setRootPath(QDir::rootPath());
+  ui_->DirListBox->setModel(folders_);
+  for (int column = 1; column < folders_->columnCount(); ++column) {
+    ui_->DirListBox->hideColumn(column);
+  }
+  connect(ui_->DirListBox->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &SelectDirectory::DirListBox_Change);
+  connect(ui_->DirListBox->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          &SelectDirectory::LetGo);
+  KeepInSight();
+}
+
+/// Deleting the model waits until it has read its last folder, which never happens on a drive that
+/// does not answer.
+void SelectDirectory::CloseTree() {
+  if (!folders_) return;
+  ui_->DirListBox->setModel(nullptr);
+  folders_->disconnect(this);
+  const bool mayNeverEnd = std::any_of(drives_.begin(), drives_.end(),
+                                       [](const DriveEntry& drive) { return !drive.canBeChosen; });
+  if (mayNeverEnd) {
+    folders_->setParent(nullptr);
+  } else {
+    delete folders_;
+  }
+  folders_ = nullptr;
+}
+
 /// The folders above and beside the shown one are read and sorted in the background, which can
 /// scroll it out of sight. This scrolls back to it until the person selects something else.
 void SelectDirectory::KeepInSight() {
-  const auto reveal = [this] { Reveal(); };
-  connect(folders_, &QFileSystemModel::directoryLoaded, this, reveal);
-  connect(folders_, &QFileSystemModel::rowsInserted, this, reveal);
-  connect(folders_, &QFileSystemModel::layoutChanged, this, reveal);
-
-  const auto letGo = [this] { shown_ = QModelIndex(); };
-  connect(ui_->DirListBox->selectionModel(), &QItemSelectionModel::currentChanged, this, letGo);
-  connect(ui_->DirListBox, &QTreeView::expanded, this, letGo);
-  connect(ui_->DirListBox, &QTreeView::collapsed, this, letGo);
-  connect(ui_->DirListBox->verticalScrollBar(), &QScrollBar::actionTriggered, this, letGo);
+  connect(folders_, &QFileSystemModel::directoryLoaded, this, &SelectDirectory::Reveal);
+  connect(folders_, &QFileSystemModel::rowsInserted, this, &SelectDirectory::Reveal);
+  connect(folders_, &QFileSystemModel::layoutChanged, this, &SelectDirectory::Reveal);
 }
 
-/// Selects the innermost volume of DriveListBox that contains the folder.
-void SelectDirectory::ShowDriveOf(const QString& folder) {
-  int best = -1;
-  for (int i = 0; i < ui_->DriveListBox->count(); ++i) {
-    const QString root = ui_->DriveListBox->itemText(i);
-    const bool holds = folder == root || folder.startsWith(root.endsWith('/') ? root : root + '/');
-    if (holds && (best < 0 || root.size() > ui_->DriveListBox->itemText(best).size())) best = i;
+void SelectDirectory::LetGo() { shown_ = QModelIndex(); }
+
+/// What is selected stays, in both lists, unless it is gone.
+void SelectDirectory::VolumesChange() {
+  const std::vector<DriveEntry> now = DriveEntries(volumes_.Now());
+  if (now == drives_) return;
+  const QSignalBlocker quiet(ui_->DriveListBox);
+  const QString drive = ui_->DriveListBox->currentData().toString();
+  const QString folder = CurrentFolder();
+  const int holder = EntryHolding(drives_, folder);
+  const QString pulledOut = holder < 0 ? QString() : drives_[static_cast<std::size_t>(holder)].path;
+  ShowDrives(now);
+  if (EntryAt(now, pulledOut) < 0) {
+    OpenTree();
+    Show(ExistingFolder(folder));
   }
-  ui_->DriveListBox->setCurrentIndex(best);
+  const int kept = EntryAt(now, drive);
+  ui_->DriveListBox->setCurrentIndex(kept >= 0 ? kept : EntryHolding(now, CurrentFolder()));
+}
+
+/// Changes only the entries that differ, so that the list can stay open meanwhile.
+void SelectDirectory::ShowDrives(const std::vector<DriveEntry>& drives) {
+  QComboBox& box = *ui_->DriveListBox;
+  auto& model = dynamic_cast<QStandardItemModel&>(*box.model());
+  for (int i = box.count() - 1; i >= 0; --i) {
+    if (EntryAt(drives, box.itemData(i).toString()) < 0) box.removeItem(i);
+  }
+  int row = 0;
+  for (const DriveEntry& drive : drives) {
+    if (box.itemData(row).toString() != drive.path) box.insertItem(row, drive.text, drive.path);
+    box.setItemText(row, drive.text);
+    box.setItemData(row, QDir::toNativeSeparators(drive.path), Qt::ToolTipRole);
+    model.item(row)->setEnabled(drive.canBeChosen);
+    ++row;
+  }
+  drives_ = drives;
 }
 
 QString SelectDirectory::CurrentFolder() const {

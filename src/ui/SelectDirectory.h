@@ -2,9 +2,12 @@
 
 #include <QDialog>
 #include <QFileSystemModel>
-#include <QStringList>
 #include <memory>
 #include <string>
+#include <vector>
+
+#include "platform/Volumes.h"
+#include "ui/DriveEntries.h"
 
 namespace Ui {
 class SelectDirectory;
@@ -12,17 +15,14 @@ class SelectDirectory;
 
 namespace repvolta {
 
-/// The roots of the volumes that may hold a person's files, "/" first.
-QStringList MountedVolumes();
-
 /// Picks a folder; can create a new one first.
 class SelectDirectory : public QDialog {
   Q_OBJECT
 
  public:
-  /// Opens at the folder `start`, or at its nearest existing parent. `drives` are the entries of
-  /// DriveListBox.
-  SelectDirectory(const QStringList& drives, const QString& start, QWidget* parent = nullptr);
+  /// Opens at the folder `start`, or at its nearest existing parent. DriveListBox follows the
+  /// volumes, which must outlive the dialog.
+  SelectDirectory(Volumes& volumes, const QString& start, QWidget* parent = nullptr);
   ~SelectDirectory() override;
 
   /// The full path of the chosen folder when the dialog was closed with OK, else empty.
@@ -38,14 +38,20 @@ class SelectDirectory : public QDialog {
   void OKButton_Click();
   void CancelButton_Click();
 
+  void OpenTree();
+  void CloseTree();
+  void VolumesChange();
+  void ShowDrives(const std::vector<DriveEntry>& drives);
   void Show(const QString& folder);
   void Reveal();
   void KeepInSight();
-  void ShowDriveOf(const QString& folder);
+  void LetGo();
   QString CurrentFolder() const;
 
   std::unique_ptr<Ui::SelectDirectory> ui_;
-  QFileSystemModel* folders_;
+  Volumes& volumes_;
+  std::vector<DriveEntry> drives_;
+  QFileSystemModel* folders_ = nullptr;
   QPersistentModelIndex shown_;  // the folder to keep in sight, if any
   std::string selectedDirectory_;
 };

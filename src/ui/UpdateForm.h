@@ -2,9 +2,12 @@
 
 #include <QDialog>
 #include <QPointer>
+#include <functional>
 #include <memory>
+#include <string>
 
 #include "editing/ProgressWindows.h"
+#include "platform/Disks.h"
 
 namespace Ui {
 class UpdateForm;
@@ -24,12 +27,16 @@ class UpdateForm : public QDialog, public ProgressWindow {
   /// The form stays above this window.
   void SetOwner(QWidget* owner) { owner_ = owner; }
 
+  /// After an update the form offers to eject the removable disk that then holds `outputPath`.
+  void OfferEject(Disks& disks, std::function<std::string()> outputPath);
+
   void Show() override;
   void Hide() override { hide(); }
   void AddLine(std::string_view line) override;
 
  private:
   void UpdateOKbutton_Click();
+  void ShowEjection(const QString& line);
 
   std::unique_ptr<Ui::UpdateForm> ui_;
   QPointer<QWidget> owner_;

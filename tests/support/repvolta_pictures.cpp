@@ -11,6 +11,7 @@
 #include "base/Days.h"
 #include "editing/StartUp.h"
 #include "platform/Clock.h"
+#include "platform/MountedVolumes.h"
 #include "ui/AboutForm.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
@@ -117,7 +118,8 @@ void TakeDialogs(const Pictures& pictures) {
   exercise.findChild<QListWidget*>("ExerciseTypeList")->setCurrentRow(2);
   exercise.findChild<QListWidget*>("ExerciseNameList")->setCurrentRow(0);
   pictures.Take(exercise, "SelectExerciseDialog");
-  SelectDirectory directory(MountedVolumes(), QDir::homePath());
+  MountedVolumes volumes;
+  SelectDirectory directory(volumes, QDir::homePath());
   pictures.Take(directory, "SelectDirectory");
   AboutForm about;
   pictures.Take(about, "AboutForm");

@@ -1,3 +1,4 @@
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QFileSystemModel>
 #include <QLabel>
@@ -13,8 +14,11 @@
 
 #include "ui/SelectDirectory.h"
 
+#include "fakes/FakeVolumes.h"
 #include "support/Accessibility.h"
 #include "support/Modal.h"
+#include "support/ProgramsBeside.h"
+#include "support/RunProgram.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -26,7 +30,7 @@ class SelectDirectoryDialog : public testing::Test {
   SelectDirectoryDialog() {
     for (const char* name : {"a/Music", "b", "start/inner"})
       std::filesystem::create_directories(name);
-    dialog = std::make_unique<SelectDirectory>(QStringList{"/", At("a"), At("b")}, At("start"));
+    dialog = std::make_unique<SelectDirectory>(volumes, At("start"));
   }
 
   QString At(const char* name) const { return QString::fromStdString(folder.Path() + name); }
@@ -61,6 +65,7 @@ class SelectDirectoryDialog : public testing::Test {
   }
 
   TemporaryFolder folder;
+  FakeVolumes volumes{{"/", folder.Path() + "a", folder.Path() + "b"}};
   std::unique_ptr<SelectDirectory> dialog;
 };
 
@@ -70,7 +75,7 @@ TEST_F(SelectDirectoryDialog, OpensAtTheGivenFolder) {
 }
 
 TEST_F(SelectDirectoryDialog, OpensAtTheNearestFolderThatExists) {
-  SelectDirectory other({"/"}, At("start/gone/deeper"));
+  SelectDirectory other(volumes, At("start/gone/deeper"));
   Find<QPushButton>(other, "OKButton").click();
   EXPECT_EQ(other.SelectedDirectory(), folder.Path() + "start");
 }
@@ -91,7 +96,7 @@ class SelectDirectoryDeepDown : public testing::Test {
   }
 
   void Open() {
-    dialog = std::make_unique<SelectDirectory>(QStringList{"/"}, At(kDeep));
+    dialog = std::make_unique<SelectDirectory>(volumes, At(kDeep));
     dialog->show();
     folders = dialog->findChild<QTreeView*>("DirListBox");
     QAbstractItemModel& model = *folders->model();
@@ -116,6 +121,7 @@ class SelectDirectoryDeepDown : public testing::Test {
   }
 
   TemporaryFolder folder;
+  FakeVolumes volumes{std::vector<std::string>{"/"}};
   std::unique_ptr<SelectDirectory> dialog;
   QTreeView* folders = nullptr;
 };
@@ -181,7 +187,7 @@ TEST_F(SelectDirectoryDialog, ListsNoFiles) {
 TEST_F(SelectDirectoryDialog, ListsTheDrivesAndSelectsTheOneOfTheFolder) {
   EXPECT_EQ(Drives().count(), 3);
   EXPECT_EQ(Drives().currentText(), "/");
-  SelectDirectory other({"/", At("a"), At("b")}, At("a/Music"));
+  SelectDirectory other(volumes, At("a/Music"));
   EXPECT_EQ(Find<QComboBox>(other, "DriveListBox").currentText(), At("a"));
 }
 
@@ -240,7 +246,7 @@ TEST_F(SelectDirectoryDialog, SaysWhenTheFolderCannotBeMade) {
 
 TEST_F(SelectDirectoryDialog, GivesNamesWithAccentsAndJapaneseAsTheyAreOnDisk) {
   std::filesystem::create_directories("Müsik/音楽");
-  SelectDirectory other({"/"}, At("Müsik/音楽"));
+  SelectDirectory other(volumes, At("Müsik/音楽"));
   Find<QPushButton>(other, "OKButton").click();
   EXPECT_EQ(other.SelectedDirectory(), folder.Path() + "Müsik/音楽");
 }
@@ -255,16 +261,118 @@ TEST_F(SelectDirectoryDialog, HasNoMnemonicTwice) {
   for (const auto& [letter, count] : Mnemonics(*dialog)) EXPECT_EQ(count, 1) << letter;
 }
 
-TEST(MountedVolumes, BeginWithTheRoot) {
-  const QStringList volumes = MountedVolumes();
-  ASSERT_FALSE(volumes.isEmpty());
-  EXPECT_EQ(volumes.first(), "/");
-  EXPECT_EQ(volumes.count("/"), 1);
+/// The picker with a player among the drives, which can be plugged in and pulled out.
+class SelectDirectoryWithPlayers : public SelectDirectoryDialog {
+ protected:
+  Volume Fixed(const char* name) const { return {.root = folder.Path() + name}; }
+  Volume Player(const char* name, std::uint64_t freeBytes = 3'200'000'000) const {
+    return {.root = folder.Path() + name,
+            .label = name,
+            .kind = Volume::Kind::kRemovable,
+            .freeBytes = freeBytes};
+  }
+  Volume Root() const { return {.root = "/"}; }
+
+  std::vector<std::string> Texts() {
+    std::vector<std::string> texts;
+    for (int i = 0; i < Drives().count(); ++i) texts.push_back(Drives().itemText(i).toStdString());
+    return texts;
+  }
+  std::string Selected() {
+    return Find<QLabel>(*dialog, "SelectedFolderLabel").text().toStdString();
+  }
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(SelectDirectoryWithPlayers, ShowsTheirLabelsAndTheirPathsAsToolTips) {
+  volumes.ChangeTo({Root(), Player("b")});
+  EXPECT_EQ(Texts(), (Names{"/", "b (3.2 GB free)"}));
+  EXPECT_EQ(Drives().itemData(1, Qt::ToolTipRole), At("b"));
 }
 
-TEST(MountedVolumes, LeaveOutTheMachinesOwn) {
-  EXPECT_FALSE(MountedVolumes().contains("/proc"));
-  EXPECT_FALSE(MountedVolumes().contains("/sys"));
+TEST_F(SelectDirectoryWithPlayers, PointsAtTheFolderOfTheChosenOne) {
+  volumes.ChangeTo({Root(), Player("b")});
+  Drives().setCurrentIndex(1);
+  EXPECT_EQ(Accepted(), folder.Path() + "b");
+}
+
+TEST_F(SelectDirectoryWithPlayers, KeepsWhatIsSelectedWhenOneIsPluggedIn) {
+  Drives().setCurrentIndex(2);
+  std::filesystem::create_directory("aa");
+  volumes.ChangeTo({Root(), Fixed("a"), Player("aa"), Fixed("b")});
+  EXPECT_EQ(Texts(),
+            (Names{"/", At("a").toStdString(), "aa (3.2 GB free)", At("b").toStdString()}));
+  EXPECT_EQ(Drives().currentText(), At("b"));
+  EXPECT_EQ(Accepted(), folder.Path() + "b");
+}
+
+TEST_F(SelectDirectoryWithPlayers, KeepsAnOpenedFolderWhenAnotherIsPulledOut) {
+  Drives().setCurrentIndex(1);
+  const QModelIndex opened = Folders().currentIndex();
+  volumes.ChangeTo({Root(), Fixed("a")});
+  EXPECT_EQ(Texts(), (Names{"/", At("a").toStdString()}));
+  EXPECT_EQ(Drives().currentText(), At("a"));
+  EXPECT_EQ(Folders().currentIndex(), opened);
+  EXPECT_TRUE(Folders().isExpanded(opened));
+}
+
+TEST_F(SelectDirectoryWithPlayers, ShowsTheNearestFolderThatIsLeftWhenTheSelectedOneIsPulledOut) {
+  std::filesystem::create_directories("b/Music");
+  SelectDirectory other(volumes, At("b/Music"));
+  std::filesystem::remove_all("b");
+  volumes.ChangeTo({Root(), Fixed("a")});
+  EXPECT_EQ(Find<QLabel>(other, "SelectedFolderLabel").text().toStdString() + "/", folder.Path());
+  EXPECT_EQ(Find<QComboBox>(other, "DriveListBox").currentText(), "/");
+}
+
+TEST_F(SelectDirectoryWithPlayers, ShowsTheRoomThatIsLeftNow) {
+  volumes.ChangeTo({Root(), Player("b")});
+  Drives().setCurrentIndex(1);
+  volumes.ChangeTo({Root(), Player("b", 1'000'000)});
+  EXPECT_EQ(Drives().currentText(), "b (1.0 MB free)");
+  EXPECT_EQ(Selected(), folder.Path() + "b");
+}
+
+TEST_F(SelectDirectoryWithPlayers, DoesNotOfferADriveThatDoesNotAnswer) {
+  dialog->show();
+  Volume silent = Fixed("a");
+  silent.state = Volume::State::kSilent;
+  volumes.ChangeTo({Root(), silent, Fixed("b")});
+  Drives().setFocus();
+  QTest::keyClick(&Drives(), Qt::Key_Down);
+  EXPECT_EQ(Drives().currentText(), At("b"));
+  volumes.ChangeTo({Root(), Fixed("a"), Fixed("b")});
+  QTest::keyClick(&Drives(), Qt::Key_Up);
+  EXPECT_EQ(Drives().currentText(), At("a"));
+}
+
+TEST_F(SelectDirectoryWithPlayers, KeepsItsOpenListOpen) {
+  dialog->show();
+  Drives().showPopup();
+  volumes.ChangeTo({Root(), Fixed("a"), Player("aa"), Fixed("b")});
+  EXPECT_TRUE(Drives().view()->isVisible());
+  EXPECT_EQ(Drives().view()->model()->rowCount(), 4);
+}
+
+TEST_F(SelectDirectoryWithPlayers, TakesNoNoticeOnceItIsClosed) {
+  dialog.reset();
+  volumes.ChangeTo({Root(), Player("b")});
+}
+
+TEST(SelectDirectory, FollowsRealMountsAndIsNotHeldUpByOneThatHangs) {
+  const TemporaryFolder folder;
+  const ProgramRun run = RunWithMounts("true", {ProgramBeside("picker_at_work")});
+  EXPECT_EQ(run.output,
+            "offered: mnt\n"
+            "selected: start\n"
+            "listed: Music\n"
+            "offered: hung (does not answer)\n"
+            "selected: mnt\n"
+            "gone: mnt\n"
+            "selected: mnt\n"
+            "closed\n");
+  EXPECT_EQ(run.status, 0) << run.errors;
 }
 
 }  // namespace

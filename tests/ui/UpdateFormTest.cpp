@@ -1,4 +1,5 @@
 #include <QEvent>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
@@ -8,6 +9,7 @@
 
 #include "ui/UpdateForm.h"
 
+#include "fakes/FakeDisks.h"
 #include "support/Accessibility.h"
 #include "support/Modal.h"
 
@@ -113,6 +115,78 @@ TEST_F(UpdateWindow, IsEmptyWhenItIsShownAgain) {
 
 TEST_F(UpdateWindow, IsHeardByDistinctNames) {
   EXPECT_EQ(HeardNames(form), (std::map<std::string, int>{{"OK", 1}, {"Update progress", 1}}));
+}
+
+/// The window of an update to a player.
+class UpdateWindowWithPlayer : public testing::Test {
+ protected:
+  UpdateWindowWithPlayer() {
+    form.OfferEject(disks, [] { return std::string("/media/WALKMAN"); });
+    form.Show();
+    disks.answer(possible);
+  }
+  void FinishUpdate() {
+    form.AddLine("UPDATE COMPLETE.");
+    disks.answer(possible);
+  }
+
+  const Ejection possible{Ejection::State::kPossible, "WALKMAN", ""};
+  FakeDisks disks;
+  UpdateForm form;
+  QPushButton& eject = Find<QPushButton>(form, "EjectButton");
+  QLabel& line = Find<QLabel>(form, "EjectLabel");
+};
+
+TEST_F(UpdateWindowWithPlayer, OffersToEjectItOnceTheUpdateIsComplete) {
+  form.AddLine("Created directory /media/WALKMAN/Monday/");
+  EXPECT_FALSE(eject.isEnabled());
+  FinishUpdate();
+  EXPECT_TRUE(eject.isVisible());
+  EXPECT_TRUE(eject.isEnabled());
+  EXPECT_EQ(eject.text(), "&Eject");
+}
+
+TEST_F(UpdateWindowWithPlayer, SaysBelowTheListWhenItCanBeUnplugged) {
+  FinishUpdate();
+  EXPECT_FALSE(line.isVisible());
+  eject.click();
+  disks.end("");
+  EXPECT_TRUE(line.isVisible());
+  EXPECT_EQ(line.text(), "WALKMAN can be unplugged now.");
+  EXPECT_EQ(Find<QListWidget>(form, "UpdateList").count(), 1);
+}
+
+TEST_F(UpdateWindowWithPlayer, ForgetsTheLastEjectionWhenItIsShownAgain) {
+  FinishUpdate();
+  eject.click();
+  disks.end("");
+  form.Show();
+  EXPECT_FALSE(line.isVisible());
+  EXPECT_FALSE(eject.isEnabled());
+}
+
+TEST_F(UpdateWindowWithPlayer, IsStillClosedByEnter) {
+  FinishUpdate();
+  QTest::keyClick(&form, Qt::Key_Return);
+  EXPECT_FALSE(form.isVisible());
+  EXPECT_TRUE(disks.ejected.empty());
+}
+
+TEST_F(UpdateWindowWithPlayer, EjectsItByKeyboard) {
+  FinishUpdate();
+  QTest::keyClick(&eject, Qt::Key_Space);
+  EXPECT_EQ(disks.ejected.size(), 1);
+}
+
+TEST_F(UpdateWindowWithPlayer, IsHeardByDistinctNames) {
+  FinishUpdate();
+  EXPECT_EQ(HeardNames(form),
+            (std::map<std::string, int>{{"Eject", 1}, {"OK", 1}, {"Update progress", 1}}));
+}
+
+TEST_F(UpdateWindow, OffersNoEjectionWithoutAPlayer) {
+  form.AddLine("UPDATE COMPLETE.");
+  EXPECT_TRUE(Find<QPushButton>(form, "EjectButton").isHidden());
 }
 
 }  // namespace

@@ -1,0 +1,65 @@
+#include "ui/EjectButton.h"
+
+#include <utility>
+
+namespace repvolta {
+
+EjectButton::EjectButton(QWidget* parent) : QPushButton(parent) {
+  connect(this, &QPushButton::clicked, this, &EjectButton::Eject);
+}
+
+void EjectButton::Use(Disks& disks, std::function<std::string()> outputPath) {
+  disks_ = &disks;
+  outputPath_ = std::move(outputPath);
+}
+
+void EjectButton::Look(Moment moment) {
+  if (!disks_) return;
+  emit Said({});
+  setEnabled(false);
+  folder_ = outputPath_();
+  disks_->Ask(folder_, [this, moment](const Ejection& found) { ShowEjection(moment, found); });
+}
+
+void EjectButton::ShowEjection(Moment moment, const Ejection& ejection) {
+  disk_ = QString::fromStdString(ejection.disk);
+  setVisible(ejection.state != Ejection::State::kNone);
+  if (ejection.state == Ejection::State::kRefused) {
+    Grey(QString::fromStdString(ejection.reason));
+  } else if (moment == Moment::kDuringUpdate) {
+    Grey(tr("The update still writes to %1.").arg(disk_));
+  } else {
+    Describe(tr("Make %1 ready to be unplugged").arg(disk_));
+    setEnabled(true);
+  }
+}
+
+void EjectButton::Eject() {
+  Grey(tr("%1 is being ejected.").arg(disk_));
+  emit Said(tr("%1 is being ejected. Do not unplug it yet.").arg(disk_));
+  disks_->Eject(folder_,
+                [this](const std::string& failure) { ShowEnd(QString::fromStdString(failure)); });
+}
+
+void EjectButton::ShowEnd(const QString& failure) {
+  if (failure.isEmpty()) {
+    Grey(tr("%1 can be unplugged now.").arg(disk_));
+    emit Said(tr("%1 can be unplugged now.").arg(disk_));
+  } else {
+    Describe(tr("Make %1 ready to be unplugged").arg(disk_));
+    setEnabled(true);
+    emit Said(failure);
+  }
+}
+
+void EjectButton::Describe(const QString& text) {
+  setToolTip(text);
+  setAccessibleDescription(text);
+}
+
+void EjectButton::Grey(const QString& reason) {
+  Describe(reason);
+  setEnabled(false);
+}
+
+}  // namespace repvolta

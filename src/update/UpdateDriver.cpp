@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "app/Options.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
 #include "base/FileError.h"
@@ -17,6 +18,8 @@
 #include "update/Growth.h"
 #include "update/OutputFolder.h"
 #include "update/PlayList.h"
+#include "update/PlayerDisk.h"
+#include "update/PlayerPlayList.h"
 #include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
 #include "update/Steps.h"
@@ -35,7 +38,8 @@ class WorkoutUpdate {
         steps_(log, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
-        playList_(folder_.Path() + workoutName_ + kPlayListExtension) {}  // quirk 51
+        playList_(folder_.Path() + workoutName_ + kPlayListExtension),  // quirk 51
+        disk_(state_.Settings.OutputPath.Text()) {}
 
   /// Returns the path of the play list.
   std::string Run() {
@@ -53,11 +57,20 @@ class WorkoutUpdate {
     return playList_;
   }
 
-  /// Removes the working files that this run has made, but not those that stay. Throws FileError.
-  void RemoveWorkingFiles() {
-    if (workingFiles_ != WorkingFiles::kMade) return;
-    RemoveFile(kWorkingWav);
-    RemoveFile(kWorkingMp3);
+  /// After a stop: removes the working files that this run has made, but not those that stay, and
+  /// lists for the player what is there.
+  void ClearAway() {
+    // What fails is left to the next update; that this one was stopped must not get lost.
+    const auto tryTo = [](const auto& statement) {
+      try {
+        statement();
+      } catch (const FileError&) {
+      }
+    };
+    if (workingFiles_ == WorkingFiles::kMade) {
+      for (const char* file : {kWorkingWav, kWorkingMp3}) tryTo([&] { RemoveFile(file); });
+    }
+    tryTo([&] { WritePlayerPlayList(); });
   }
 
  private:
@@ -106,13 +119,14 @@ class WorkoutUpdate {
   }
 
   void KeepMp3(const std::string& path) {
+    Measure(kWorkingMp3);
     steps_.Run([&] { folder_.CopyInto(kWorkingMp3, path); });
     steps_.Run([&] { RemoveFile(kWorkingWav); });
     steps_.Run([&] { RemoveFile(kWorkingMp3); });
     // Quirks 47 and 48.
     steps_.Log(FileName(path) + " MP3 Instruction file created sucessfully.");
     Tag(path);
-    List(path);
+    List(path, TitleOf(path, text_));
   }
 
   /// Without an encoder the instruction stays a WAV file, and the working file is kept too
@@ -120,7 +134,8 @@ class WorkoutUpdate {
   void KeepWav(const std::string& path) {
     steps_.Run([&] { folder_.CopyInto(kWorkingWav, path); });
     steps_.Log(FileName(path) + " WAV Instruction file created sucessfully.");
-    List(path);
+    seconds_ = kUnknownSeconds;
+    List(path, BaseName(path));
   }
 
   void CopyMusic(std::int16_t exercise) {
@@ -155,7 +170,8 @@ class WorkoutUpdate {
     } else {
       Tag(path);
     }
-    List(path);
+    Measure(source);
+    List(path, TitleOf(path, text_));
   }
 
   void CopyOrSayWhy(const std::string& source, const std::string& path, const CopyStart& start) {
@@ -193,13 +209,32 @@ class WorkoutUpdate {
     steps_.Run([&] { ProcessMP3tag(path, text_, state_.WorkoutFileName, log_); });
   }
 
-  /// Appends the latest file to the play list and moves on to the next number.
-  void List(const std::string& path) {
+  bool ListsForPlayer() const { return Get(state_.Options, kPlayListForPlayer); }
+
+  /// Takes the play time of the latest file from one on this computer that sounds the same.
+  void Measure(const std::string& file) {
+    if (ListsForPlayer()) seconds_ = SecondsOf(file);
+  }
+
+  /// Appends the latest file to the play lists and moves on to the next number.
+  void List(const std::string& path, const std::string& title) {
     steps_.Run([&] {
       folder_.Claim(playList_);
       AddToPlaylistFile(path, playList_);
     });
+    if (ListsForPlayer()) playerPlayList_.Add({FileName(path), title, seconds_});
     ++counter_;
+  }
+
+  /// Players that take each file only once get it whole. Throws FileError.
+  void WritePlayerPlayList() {
+    if (playerPlayList_.IsEmpty()) return;
+    const std::string path = folder_.Path() + workoutName_ + kPlayerPlayListExtension;
+    folder_.Claim(path);
+    RemoveFile(path);
+    File file = File::CreateNew(path);
+    file.WriteAt(0, AsBytes(playerPlayList_.Text()));
+    file.ConfirmWritten();
   }
 
   /// The path of the next file: its number has at least three digits.
@@ -214,7 +249,9 @@ class WorkoutUpdate {
     if (workingFiles_ == WorkingFiles::kMade) {
       for (const char* file : {kWorkingWav, kWorkingMp3}) steps_.Run([&] { RemoveFile(file); });
     }
+    steps_.Run([&] { WritePlayerPlayList(); });
     steps_.Run([&] { folder_.FlushToDevice(); });
+    steps_.Run([&] { disk_.Remember(state_); });
     steps_.Log("");
     steps_.Log("UPDATE COMPLETE.");
   }
@@ -227,6 +264,9 @@ class WorkoutUpdate {
   std::string workoutName_;
   OutputFolder folder_;
   std::string playList_;
+  PlayerPlayList playerPlayList_;
+  int seconds_ = kUnknownSeconds;  // of the latest file
+  PlayerDisk disk_;
   DrawnSongs drawn_;
   std::string text_;  // the sentence of the current exercise, for its music too (quirk 53)
   int counter_ = 1;
@@ -245,11 +285,7 @@ std::optional<std::string> UpdateCurrentWorkout(Program& program, ProgressLog& l
   try {
     return update.Run();
   } catch (const UpdateStopped&) {
-    try {
-      update.RemoveWorkingFiles();
-    } catch (const FileError&) {
-      // The next update tries again; that this one was stopped must not get lost.
-    }
+    update.ClearAway();
     throw;
   }
 }

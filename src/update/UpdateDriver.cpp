@@ -23,6 +23,7 @@
 #include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
 #include "update/Steps.h"
+#include "update/TaggedSource.h"
 
 namespace repvolta {
 namespace {
@@ -38,7 +39,7 @@ class WorkoutUpdate {
         steps_(log, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
-        playList_(folder_.Path() + workoutName_ + kPlayListExtension),  // quirk 51
+        playList_(folder_, workoutName_ + kPlayListExtension),  // quirk 51
         disk_(state_.Settings.OutputPath.Text()) {}
 
   /// Returns the path of the play list.
@@ -54,23 +55,22 @@ class WorkoutUpdate {
       CopyMusic(i);
     }
     Finish();
-    return playList_;
+    return folder_.Path() + playList_.Name();
   }
 
-  /// After a stop: removes the working files that this run has made, but not those that stay, and
-  /// lists for the player what is there.
-  void ClearAway() {
-    // What fails is left to the next update; that this one was stopped must not get lost.
+  /// Completes the play lists, and removes the working files that this run has made, but not those
+  /// that stay. What fails is left to the next update: that this one was stopped must not get lost.
+  void EndEarly() {
     const auto tryTo = [](const auto& statement) {
       try {
         statement();
       } catch (const FileError&) {
       }
     };
-    if (workingFiles_ == WorkingFiles::kMade) {
-      for (const char* file : {kWorkingWav, kWorkingMp3}) tryTo([&] { RemoveFile(file); });
-    }
+    tryTo([&] { playList_.Complete(); });
     tryTo([&] { WritePlayerPlayList(); });
+    if (workingFiles_ != WorkingFiles::kMade) return;
+    for (const char* file : {kWorkingWav, kWorkingMp3}) tryTo([&] { RemoveFile(file); });
   }
 
  private:
@@ -79,6 +79,7 @@ class WorkoutUpdate {
   enum class WorkingFiles { kNotMade, kMade, kStay };
 
   void Prepare() {
+    const std::string asked = folder_.Name();
     // Showing the window clears its list, so an earlier failure is logged after that.
     const auto clearing = steps_.Try([&] { folder_.Clear(WhatToKeep()); });
     const auto creation = steps_.Try([&] { folder_.Create(); });
@@ -88,6 +89,12 @@ class WorkoutUpdate {
     steps_.LogFailure(creation);
     // Quirk 47.
     steps_.Log("Created directory " + folder_.Path());
+    if (folder_.Name() != asked) WarnOfName(asked, folder_.Name());
+  }
+
+  /// The player could not hold the name as it is.
+  void WarnOfName(const std::string& name, const std::string& kept) {
+    steps_.Log("WARNING: " + name + " is kept as " + kept);
   }
 
   Keepsakes WhatToKeep() const {
@@ -96,7 +103,8 @@ class WorkoutUpdate {
                         home == nullptr ? "" : home},
             .songs = SongsOf(state_.Workout),
             .songList = kMusicList,
-            .otherSongs = SongsOfAllWorkoutFiles};
+            .otherSongs = SongsOfAllWorkoutFiles,
+            .workouts = state_.WorkoutNames};
   }
 
   void ProduceInstruction(std::int16_t exercise) {
@@ -105,37 +113,50 @@ class WorkoutUpdate {
       GenerateHumanVoiceInstruction(state_, exercise, kWorkingWav, program_.speech, log_);
     });
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
-    const std::string path = NumberedPath("Instructions");
     Encoding encoding = Encoding::kNoEncoder;
     steps_.Run([&] {
       encoding = EncodeMP3file(program_.processes, kWorkingWav, kWorkingMp3);
       if (encoding == Encoding::kNoEncoder) workingFiles_ = WorkingFiles::kStay;
     });
+    const std::string name = NumberedName("Instructions");
     if (encoding == Encoding::kEncoderRun) {
-      KeepMp3(path + ".mp3");
+      KeepMp3(name + ".mp3");
     } else {
-      KeepWav(path + ".WAV");
+      KeepWav(name + ".WAV");
     }
   }
 
-  void KeepMp3(const std::string& path) {
-    Measure(kWorkingMp3);
-    steps_.Run([&] { folder_.CopyInto(kWorkingMp3, path); });
+  void KeepMp3(std::string name) {
+    const TaggedSource source = WithTag(kWorkingMp3, kWorkingMp3, name);
+    bool isCopied = false;
+    steps_.Run([&] {
+      name = folder_.CopyInto(source.FileToCopy(), name, source.Start());
+      isCopied = true;
+    });
     steps_.Run([&] { RemoveFile(kWorkingWav); });
     steps_.Run([&] { RemoveFile(kWorkingMp3); });
     // Quirks 47 and 48.
-    steps_.Log(FileName(path) + " MP3 Instruction file created sucessfully.");
-    Tag(path);
-    List(path, TitleOf(path, text_));
+    steps_.Log(name + " MP3 Instruction file created sucessfully.");
+    if (isCopied) {
+      LogTag(source, name);
+    } else {
+      latest_.reset();
+      // What is not there cannot have its tag, either.
+      steps_.Run([&] { folder_.OpenFile(name, File::Access::kRead); });
+    }
+    List(name);
   }
 
   /// Without an encoder the instruction stays a WAV file, and the working file is kept too
   /// (quirk 50).
-  void KeepWav(const std::string& path) {
-    steps_.Run([&] { folder_.CopyInto(kWorkingWav, path); });
-    steps_.Log(FileName(path) + " WAV Instruction file created sucessfully.");
-    seconds_ = kUnknownSeconds;
-    List(path, BaseName(path));
+  void KeepWav(std::string name) {
+    latest_.reset();
+    steps_.Run([&] {
+      name = folder_.CopyInto(kWorkingWav, name);
+      latest_ = {.name = name, .title = BaseName(name)};
+    });
+    steps_.Log(name + " WAV Instruction file created sucessfully.");
+    List(name);
   }
 
   void CopyMusic(std::int16_t exercise) {
@@ -155,93 +176,95 @@ class WorkoutUpdate {
       steps_.Log("ERROR: File not found. " + source);  // quirk 52
       return;
     }
-    const std::string path(TrimBlanks(NumberedPath(TrimBlanks(FileName(source)))));
-    const auto plan = PlanTaggedCopy(source, path, text_, state_.WorkoutFileName);
-    bool isCopied = false;
-    steps_.Run([&] {
-      CopyOrSayWhy(source, path, plan ? CopyStart{plan->tag, plan->audioOffset} : CopyStart{});
-      isCopied = true;
-    });
+    const std::string name(TrimBlanks(NumberedName(TrimBlanks(FileName(source)))));
     // A copy that failed never shows: it is left out like a song that is missing.
-    if (!isCopied || !WaitFor(path)) return;
-    if (plan) {
-      steps_.Run([&] { OutputFolder::StartFlush(path); });
-      LogTagged(path, log_);
-    } else {
-      Tag(path);
-    }
-    Measure(source);
-    List(path, TitleOf(path, text_));
+    const auto kept = CopyWithTag(source, name);
+    if (!kept) return;
+    List(*kept);
   }
 
-  void CopyOrSayWhy(const std::string& source, const std::string& path, const CopyStart& start) {
+  /// Returns the name of the copy; nothing when there is none.
+  std::optional<std::string> CopyWithTag(const std::string& source, const std::string& name) {
+    const TaggedSource tagged = WithTag(source, kWorkingSong, name);
+    std::optional<std::string> kept;
+    steps_.Run([&] { kept = CopyOrSayWhy(source, tagged, name); });
+    if (tagged.FileToCopy() == kWorkingSong) steps_.Run([&] { RemoveFile(kWorkingSong); });
+    if (kept && *kept != name) WarnOfName(FileName(source), *kept);
+    if (!kept || !WaitFor(*kept)) return std::nullopt;
+    LogTag(tagged, *kept);
+    return kept;
+  }
+
+  TaggedSource WithTag(const std::string& source, const std::string& workingFile,
+                       const std::string& name) {
+    steps_.CheckStop();
+    if (ListsForPlayer()) {
+      latest_ = {.name = name, .title = TitleOf(name, text_), .seconds = SecondsOf(source)};
+    }
+    return {source, workingFile, folder_.Path() + name, {text_, state_.WorkoutFileName}};
+  }
+
+  void LogTag(const TaggedSource& tagged, const std::string& name) {
+    steps_.LogFailure(tagged.Log(name, log_));
+  }
+
+  std::string CopyOrSayWhy(const std::string& source, const TaggedSource& tagged,
+                           const std::string& name) {
     try {
-      folder_.CopyInto(source, path, start);
+      return folder_.CopyInto(tagged.FileToCopy(), name, tagged.Start());
     } catch (const FileError& error) {
       throw std::runtime_error(FileName(source) + " could not be copied: " + error.Reason());
     }
   }
 
-  bool MayChange(const std::string& path) {
-    bool mayChange = false;
-    steps_.Run([&] { mayChange = folder_.MayChange(path); });
-    return mayChange;
-  }
-
-  /// False when the run no longer waits for the copy.
-  bool WaitFor(const std::string& path) {
-    if (!MayChange(path)) return false;
+  /// False when the run no longer waits for the copy, or something else has taken its name.
+  bool WaitFor(const std::string& name) {
     bool isThere = false;
-    steps_.Run([&] { isThere = Appears(path); });
+    steps_.Run([&] { isThere = Appears(name); });
     return isThere;
   }
 
-  bool Appears(const std::string& path) {
-    while (!FileExists(path)) {
+  bool Appears(const std::string& name) {
+    auto status = folder_.StatusOf(name);
+    while (!status) {
       steps_.CheckStop();
       if (!host_.KeepWaiting()) return false;
+      status = folder_.StatusOf(name);
     }
-    return true;
+    return S_ISREG(status->st_mode);
   }
 
-  void Tag(const std::string& path) {
-    if (!MayChange(path)) return;
-    steps_.Run([&] { ProcessMP3tag(path, text_, state_.WorkoutFileName, log_); });
+  /// Appends the latest file to the play list and moves on to the next number.
+  void List(const std::string& name) {
+    const std::string asked = playList_.Name();
+    steps_.Run([&] { playList_.AddToPlaylistFile(folder_.Path() + name); });
+    if (playList_.Name() != asked) WarnOfName(asked, playList_.Name());
+    ListForPlayer(name);
+    ++counter_;
   }
 
   bool ListsForPlayer() const { return Get(state_.Options, kPlayListForPlayer); }
 
-  /// Takes the play time of the latest file from one on this computer that sounds the same.
-  void Measure(const std::string& file) {
-    if (ListsForPlayer()) seconds_ = SecondsOf(file);
+  /// Only files that are there: the other play list also names an instruction that failed.
+  void ListForPlayer(const std::string& name) {
+    if (!ListsForPlayer() || !latest_) return;
+    latest_->name = name;
+    playerPlayList_.Add(*latest_);
   }
 
-  /// Appends the latest file to the play lists and moves on to the next number.
-  void List(const std::string& path, const std::string& title) {
-    steps_.Run([&] {
-      folder_.Claim(playList_);
-      AddToPlaylistFile(path, playList_);
-    });
-    if (ListsForPlayer()) playerPlayList_.Add({FileName(path), title, seconds_});
-    ++counter_;
-  }
-
-  /// Players that take each file only once get it whole. Throws FileError.
+  /// In one pass, since many players take each file only once. Throws FileError.
   void WritePlayerPlayList() {
     if (playerPlayList_.IsEmpty()) return;
-    const std::string path = folder_.Path() + workoutName_ + kPlayerPlayListExtension;
-    folder_.Claim(path);
-    RemoveFile(path);
-    File file = File::CreateNew(path);
-    file.WriteAt(0, AsBytes(playerPlayList_.Text()));
-    file.ConfirmWritten();
+    const std::string name = BaseName(playList_.Name()) + kPlayerPlayListExtension;
+    const std::string kept = folder_.WriteInto(name, playerPlayList_.Text());
+    if (kept != name) WarnOfName(name, kept);
   }
 
-  /// The path of the next file: its number has at least three digits.
-  std::string NumberedPath(std::string_view name) const {
+  /// The name of the next file: its number has at least three digits.
+  std::string NumberedName(std::string_view name) const {
     std::string number = std::to_string(counter_);
     if (number.size() < 3) number.insert(0, 3 - number.size(), '0');
-    return (folder_.Path() + "RV" + number + "-").append(name);
+    return ("RV" + number + "-").append(name);
   }
 
   void Finish() {
@@ -249,6 +272,7 @@ class WorkoutUpdate {
     if (workingFiles_ == WorkingFiles::kMade) {
       for (const char* file : {kWorkingWav, kWorkingMp3}) steps_.Run([&] { RemoveFile(file); });
     }
+    steps_.Run([&] { playList_.Complete(); });
     steps_.Run([&] { WritePlayerPlayList(); });
     steps_.Run([&] { folder_.FlushToDevice(); });
     steps_.Run([&] { disk_.Remember(state_); });
@@ -263,9 +287,9 @@ class WorkoutUpdate {
   Steps steps_;
   std::string workoutName_;
   OutputFolder folder_;
-  std::string playList_;
+  PlayList playList_;
   PlayerPlayList playerPlayList_;
-  int seconds_ = kUnknownSeconds;  // of the latest file
+  std::optional<PlayerFile> latest_;  // the file that is being made, for the player's play list
   PlayerDisk disk_;
   DrawnSongs drawn_;
   std::string text_;  // the sentence of the current exercise, for its music too (quirk 53)
@@ -285,7 +309,7 @@ std::optional<std::string> UpdateCurrentWorkout(Program& program, ProgressLog& l
   try {
     return update.Run();
   } catch (const UpdateStopped&) {
-    update.ClearAway();
+    update.EndEarly();
     throw;
   }
 }

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "app/Options.h"
 #include "app/ProgramDirectory.h"
 #include "app/Settings.h"
 #include "app/Voice.h"
@@ -18,8 +19,10 @@
 #include "platform/QtChildProcesses.h"
 #include "speech/EngineSpeech.h"
 #include "update/OutputPath.h"
+#include "update/PlayerDisk.h"
 #include "update/Program.h"
 #include "update/RandomMusicList.h"
+#include "update/Room.h"
 #include "update/Steps.h"
 #include "update/UpdateDriver.h"
 #include "update/UpdateLock.h"
@@ -96,11 +99,18 @@ std::vector<std::string> ChosenWorkouts(const ProgramState& state,
   return chosen;
 }
 
+void Warn(ProgressLog& log, const std::string& warning) {
+  if (!warning.empty()) log.AddLineToUpdateList("WARNING: " + warning);
+}
+
 /// Logs what is wrong with the loaded file.
 void WarnOfFile(const ProgramState& state, ProgressLog& log) {
-  for (const std::string& warning : {OddSizeOf(state), DamageOf(state)}) {
-    if (!warning.empty()) log.AddLineToUpdateList("WARNING: " + warning);
-  }
+  for (const std::string& warning : {OddSizeOf(state), DamageOf(state)}) Warn(log, warning);
+}
+
+void WarnOfRoom(const Program& program, ProgressLog& log) {
+  const auto lack = FindLackOfRoom({&program.state}, program.clock.Today());
+  if (lack) Warn(log, program.state.WorkoutFileName + " " + TextOf(*lack) + ".");
 }
 
 void UpdateWorkout(Program& program, const std::string& name, Console& console) {
@@ -109,6 +119,7 @@ void UpdateWorkout(Program& program, const std::string& name, Console& console) 
   try {
     if (LoadWorkout(program.state) == WorkoutLoad::kLoaded) {
       WarnOfFile(program.state, console);
+      WarnOfRoom(program, console);
       UpdateCurrentWorkout(program, console, console);
       return;
     }
@@ -118,7 +129,8 @@ void UpdateWorkout(Program& program, const std::string& name, Console& console) 
   console.AddLineToUpdateList("ERROR: " + failure);
 }
 
-/// Reads the settings, the list of workouts and the count of random music. Throws CannotStart.
+/// Reads the settings, the options, the list of workouts and the count of random music. Throws
+/// CannotStart.
 void Load(ProgramState& state, const std::string& executable) {
   state.ProgramDirectory = FindProgramDirectory(executable);
   const std::string settings = state.ProgramDirectory + kSettingsFile;
@@ -127,9 +139,13 @@ void Load(ProgramState& state, const std::string& executable) {
   }
   MakeProgramDirectoryCurrent(state);
   LoadSettings(state);
+  LoadOptions(state);
   if (IsOutputPathMissing(state.Settings)) {
     throw CannotStart("no Output file path has been specified");
   }
+  const std::string missing = WhyPlayerIsMissing(state);
+  if (!missing.empty()) throw CannotStart(missing);
+  FillProgramDirectory(state.ProgramDirectory, executable);
   SetUpVoice(state);
   LoadWorkoutNames(state);
   CountRandomMusicFiles(state);
@@ -149,6 +165,7 @@ int Run(const std::string& executable, const std::vector<std::string>& arguments
   QtChildProcesses processes([&console] { Steps(console, console).CheckStop(); });
   EngineSpeech speech(InstalledEngines(processes));
   Program program{state, clock, random, processes, speech};
+  Warn(console, OddOptions(state.Options));
   for (const std::string& workout : workouts) UpdateWorkout(program, workout, console);
   if (console.LostLine()) {
     std::cerr << "repvolta-update: The progress lines could not be written\n";

@@ -6,6 +6,7 @@
 
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
+#include "editing/UpdateQuestions.h"
 #include "update/OutputPath.h"
 #include "update/Steps.h"
 #include "update/UpdateDriver.h"
@@ -68,6 +69,7 @@ void LoadAndUpdate(const Editor& editor, const std::string& name) {
 void UpdateSelectedWorkoutButton_Click(const Editor& editor) {
   if (!CanUpdate(editor)) return;
   const UpdateLock lock(editor.State().ProgramDirectory);
+  if (!ConfirmUpdate(editor)) return;
   editor.State().UpdatingAllWorkouts = false;
   UpdateAndShow(editor);
 }
@@ -75,6 +77,7 @@ void UpdateSelectedWorkoutButton_Click(const Editor& editor) {
 void UpdateAllWorkoutsButton_Click(const Editor& editor) {
   if (!CanUpdate(editor)) return;
   const UpdateLock lock(editor.State().ProgramDirectory);
+  if (!ConfirmUpdateOfAll(editor)) return;
   editor.State().UpdatingAllWorkouts = true;
   const std::vector<std::string> names = editor.State().WorkoutNames;
   for (const std::string& name : names) LoadAndUpdate(editor, name);

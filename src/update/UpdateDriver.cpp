@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "app/Options.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
 #include "base/FileError.h"
@@ -17,6 +18,9 @@
 #include "update/Growth.h"
 #include "update/OutputFolder.h"
 #include "update/PlayList.h"
+#include "update/PlayerDisk.h"
+#include "update/PlayerPlayList.h"
+#include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
 #include "update/Steps.h"
 #include "update/TaggedSource.h"
@@ -35,7 +39,8 @@ class WorkoutUpdate {
         steps_(log, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
-        playList_(folder_, workoutName_ + kPlayListExtension) {}  // quirk 51
+        playList_(folder_, workoutName_ + kPlayListExtension),  // quirk 51
+        disk_(state_.Settings.OutputPath.Text()) {}
 
   /// Returns the path of the play list.
   std::string Run() {
@@ -53,13 +58,19 @@ class WorkoutUpdate {
     return folder_.Path() + playList_.Name();
   }
 
-  /// Completes the play list, and removes the working files that this run has made, but not those
-  /// that stay. Throws FileError.
+  /// Completes the play lists, and removes the working files that this run has made, but not those
+  /// that stay. What fails is left to the next update: that this one was stopped must not get lost.
   void EndEarly() {
-    playList_.Complete();
+    const auto tryTo = [](const auto& statement) {
+      try {
+        statement();
+      } catch (const FileError&) {
+      }
+    };
+    tryTo([&] { playList_.Complete(); });
+    tryTo([&] { WritePlayerPlayList(); });
     if (workingFiles_ != WorkingFiles::kMade) return;
-    RemoveFile(kWorkingWav);
-    RemoveFile(kWorkingMp3);
+    for (const char* file : {kWorkingWav, kWorkingMp3}) tryTo([&] { RemoveFile(file); });
   }
 
  private:
@@ -129,6 +140,7 @@ class WorkoutUpdate {
     if (isCopied) {
       LogTag(source, name);
     } else {
+      latest_.reset();
       // What is not there cannot have its tag, either.
       steps_.Run([&] { folder_.OpenFile(name, File::Access::kRead); });
     }
@@ -138,7 +150,11 @@ class WorkoutUpdate {
   /// Without an encoder the instruction stays a WAV file, and the working file is kept too
   /// (quirk 50).
   void KeepWav(std::string name) {
-    steps_.Run([&] { name = folder_.CopyInto(kWorkingWav, name); });
+    latest_.reset();
+    steps_.Run([&] {
+      name = folder_.CopyInto(kWorkingWav, name);
+      latest_ = {.name = name, .title = BaseName(name)};
+    });
     steps_.Log(name + " WAV Instruction file created sucessfully.");
     List(name);
   }
@@ -182,6 +198,9 @@ class WorkoutUpdate {
   TaggedSource WithTag(const std::string& source, const std::string& workingFile,
                        const std::string& name) {
     steps_.CheckStop();
+    if (ListsForPlayer()) {
+      latest_ = {.name = name, .title = TitleOf(name, text_), .seconds = SecondsOf(source)};
+    }
     return {source, workingFile, folder_.Path() + name, {text_, state_.WorkoutFileName}};
   }
 
@@ -220,7 +239,25 @@ class WorkoutUpdate {
     const std::string asked = playList_.Name();
     steps_.Run([&] { playList_.AddToPlaylistFile(folder_.Path() + name); });
     if (playList_.Name() != asked) WarnOfName(asked, playList_.Name());
+    ListForPlayer(name);
     ++counter_;
+  }
+
+  bool ListsForPlayer() const { return Get(state_.Options, kPlayListForPlayer); }
+
+  /// Only files that are there: the other play list also names an instruction that failed.
+  void ListForPlayer(const std::string& name) {
+    if (!ListsForPlayer() || !latest_) return;
+    latest_->name = name;
+    playerPlayList_.Add(*latest_);
+  }
+
+  /// In one pass, since many players take each file only once. Throws FileError.
+  void WritePlayerPlayList() {
+    if (playerPlayList_.IsEmpty()) return;
+    const std::string name = BaseName(playList_.Name()) + kPlayerPlayListExtension;
+    const std::string kept = folder_.WriteInto(name, playerPlayList_.Text());
+    if (kept != name) WarnOfName(name, kept);
   }
 
   /// The name of the next file: its number has at least three digits.
@@ -236,7 +273,9 @@ class WorkoutUpdate {
       for (const char* file : {kWorkingWav, kWorkingMp3}) steps_.Run([&] { RemoveFile(file); });
     }
     steps_.Run([&] { playList_.Complete(); });
+    steps_.Run([&] { WritePlayerPlayList(); });
     steps_.Run([&] { folder_.FlushToDevice(); });
+    steps_.Run([&] { disk_.Remember(state_); });
     steps_.Log("");
     steps_.Log("UPDATE COMPLETE.");
   }
@@ -249,6 +288,9 @@ class WorkoutUpdate {
   std::string workoutName_;
   OutputFolder folder_;
   PlayList playList_;
+  PlayerPlayList playerPlayList_;
+  std::optional<PlayerFile> latest_;  // the file that is being made, for the player's play list
+  PlayerDisk disk_;
   DrawnSongs drawn_;
   std::string text_;  // the sentence of the current exercise, for its music too (quirk 53)
   int counter_ = 1;
@@ -267,11 +309,7 @@ std::optional<std::string> UpdateCurrentWorkout(Program& program, ProgressLog& l
   try {
     return update.Run();
   } catch (const UpdateStopped&) {
-    try {
-      update.EndEarly();
-    } catch (const FileError&) {
-      // The next update writes all anew; that this one was stopped must not get lost.
-    }
+    update.EndEarly();
     throw;
   }
 }

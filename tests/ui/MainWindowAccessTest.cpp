@@ -130,11 +130,26 @@ TEST_F(MainWindowAccess, TheTabKeyFollowsTheEye) {
        "UpdateAllWorkoutsButton",
        "AboutButton",
        "ExitButton"},
-      {"MusicPathTextBox", "MusicPathButton", "RandomMusicTextBox", "CompileMusicList",
-       "OutputPathTextBox", "OutputPathButton", "AutoLoadPLaylistCheckbox", "ExerciseTimeTextBox",
-       "ExerciseTimeButton", "IncludeWeightValuesCheck", "VoiceCB", "RateSldr", "FormatCB",
-       "VolumeSldr", "AudioOutputCB", "UpdateSelectedWorkoutButton", "UpdateAllWorkoutsButton",
-       "AboutButton", "ExitButton"}};
+      {"MusicPathTextBox",
+       "MusicPathButton",
+       "RandomMusicTextBox",
+       "CompileMusicList",
+       "OutputPathTextBox",
+       "OutputPathButton",
+       "AutoLoadPLaylistCheckbox",
+       "PlayerPlayListCheck",
+       "ExerciseTimeTextBox",
+       "ExerciseTimeButton",
+       "IncludeWeightValuesCheck",
+       "VoiceCB",
+       "RateSldr",
+       "FormatCB",
+       "VolumeSldr",
+       "AudioOutputCB",
+       "UpdateSelectedWorkoutButton",
+       "UpdateAllWorkoutsButton",
+       "AboutButton",
+       "ExitButton"}};
   for (int tab = 0; tab < 3; ++tab) {
     OpenTab(tab);
     Get<QTabWidget>("SSTab1").tabBar()->setFocus();

@@ -4,8 +4,10 @@ plugged in again."""
 import errno
 import os
 import pathlib
+import re
 import signal
 import subprocess
+import sys
 import time
 
 LIMIT = 30  # seconds; nothing here takes as long, also on a busy machine
@@ -49,6 +51,7 @@ class Player:
     """A file system with `size` bytes for a player, mounted at `folder` once it is plugged in."""
 
     program = None  # which serves the file system
+    full = errno.ENOSPC  # what it answers when it is full
 
     def __init__(self, work, size=24 * MEBIBYTE):
         self.folder = work / "player"
@@ -116,7 +119,7 @@ class Player:
                 while True:
                     written += file.write(bytes(65536))
         except OSError as error:
-            if error.errno != errno.ENOSPC:
+            if error.errno != self.full:
                 raise
         path.unlink()
         return written
@@ -174,6 +177,7 @@ class Ntfs(Player):
 
 class Fat(Player):
     program = "fusefat"
+    full = errno.EPERM
 
     def make_file_system(self):
         run("mkfs.vfat", self.image)
@@ -232,3 +236,21 @@ class Mtp(Player):
 
 
 KINDS = {"exfat": ExFat, "ntfs": Ntfs, "fat": Fat, "mtp": Mtp}
+REFUSED = 77
+
+
+def try_to_mount(kind, work):
+    """Ends with REFUSED when this machine does not let this user mount such a file system."""
+    player = KINDS[kind](work)
+    try:
+        player.plug_in()
+    except AssertionError as failure:
+        if re.search("not permitted|denied", str(failure), re.IGNORECASE):
+            print(str(failure).splitlines()[-1])
+            sys.exit(REFUSED)
+        raise
+    player.end()
+
+
+if __name__ == "__main__":
+    try_to_mount(os.environ["REPVOLTA_PLAYER"], pathlib.Path(os.environ["REPVOLTA_WORK"]))

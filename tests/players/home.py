@@ -106,7 +106,7 @@ def play_list_of(folder):
 def listed(play_list):
     """The files that a play list names."""
     content = os.fsdecode(play_list.read_bytes())
-    assert content.endswith("\r\n"), content
+    assert content == "" or content.endswith("\r\n"), content
     return [pathlib.Path(line) for line in content.split("\r\n")[:-1]]
 
 

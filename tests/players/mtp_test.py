@@ -27,7 +27,7 @@ class MtpTest(FaultTest):
         for habits in HABITS:
             with self.subTest(habits=habits):
                 self.use_player_with(*habits)
-                self.expect_all_later("MTP: " + " ".join(habits), SONGS)
+                self.expect_all_later(" ".join(habits), SONGS)
 
     def test_that_is_pulled_out_while_a_file_is_written_is_told(self):
         least = SONGS

@@ -1,5 +1,6 @@
 """The base of the tests with players: each has a new home and a new player."""
 
+import collections
 import json
 import os
 import pathlib
@@ -26,6 +27,14 @@ def kept_as(name, kept):
     return re.sub("[\0-\x1f]", "?", f"WARNING: {name} is kept as {kept}")
 
 
+def contents_of_songs(folders):
+    """How often there is each content among the songs that the folders' play lists name."""
+    play_lists = [play_list_of(folder) for folder in folders]
+    return collections.Counter(
+        content_of(file, numbered=False) for play_list in play_lists if play_list
+        for file in listed(play_list) if "-Instructions." not in file.name and file.is_file())
+
+
 class PlayerTest(unittest.TestCase):
     size = 24 * MEBIBYTE
     maxDiff = 3000
@@ -38,10 +47,10 @@ class PlayerTest(unittest.TestCase):
         self.addCleanup(self.player.end)
         self.player.plug_in()
 
-    def update_plain(self, *names):
-        """The same update on the computer's own disk; it must go well."""
-        plain = self.home.update(self.home.plain, *names)
-        self.assertEqual((plain.status, plain.complaint), (0, ""), plain.said)
+    def update_plain(self, status=0):
+        """The same update on the computer's own disk."""
+        plain = self.home.update(self.home.plain)
+        self.assertEqual((plain.status, plain.complaint), (status, ""), plain.said)
         return plain
 
     def expect_same(self, plain, on_player):
@@ -80,6 +89,11 @@ class PlayerTest(unittest.TestCase):
         else:
             self.assertNotEqual(kept, name)
             self.assertEqual(on_player.lines.count(kept_as(shown, kept)), 1, on_player.said)
+
+    def songs_on_player(self):
+        """The contents of the songs that the player's play lists name and that are there."""
+        return contents_of_songs([folder for folder in self.player.folder.iterdir()
+                                  if folder.is_dir()])
 
     def tell(self, what, songs, arrived, lost):
         """Adds a row for the table of docs/reliability.md."""

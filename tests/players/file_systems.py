@@ -2,10 +2,12 @@
 plugged in again."""
 
 import errno
+import fcntl
 import os
 import pathlib
 import re
 import signal
+import struct
 import subprocess
 import sys
 import time
@@ -45,6 +47,25 @@ def command_lines():
         if words:
             found[int(entry.parent.name)] = [os.fsdecode(word) for word in words]
     return found
+
+
+def loop_device(image):
+    """A device with the image's content, opened. It ends by itself when nobody has it open, even
+    when this program is killed, which `losetup` cannot promise."""
+    get_free, configure, autoclear = 0x4C82, 0x4C0A, 4  # of linux/loop.h
+    offset_of_flags, size = 8 + 52, 304
+    with open("/dev/loop-control", "rb") as control, open(image, "r+b") as file:
+        while True:
+            device = open(f"/dev/loop{fcntl.ioctl(control, get_free)}", "r+b", buffering=0)
+            settings = struct.pack("=I", file.fileno()).ljust(offset_of_flags, b"\0")
+            settings += struct.pack("=I", autoclear)
+            try:
+                fcntl.ioctl(device, configure, settings.ljust(size, b"\0"))
+                return device
+            except OSError as error:
+                device.close()
+                if error.errno != errno.EBUSY:  # another process was quicker
+                    raise
 
 
 class Player:
@@ -157,12 +178,9 @@ class ExFat(Player):
         run("mkfs.exfat", "-c", "4096", self.image)
 
     def mount(self, options):
-        device = run("losetup", "--find", "--show", self.image).strip()
-        try:
-            run("mount.exfat-fuse", "-o", ",".join([*options, "noatime"]), device, self.folder)
-        finally:
-            # It stays until the file system lets go of it.
-            run("losetup", "--detach", device)
+        # It stays until the file system lets go of it.
+        with loop_device(self.image) as device:
+            run("mount.exfat-fuse", "-o", ",".join([*options, "noatime"]), device.name, self.folder)
 
 
 class Ntfs(Player):
@@ -244,8 +262,8 @@ def try_to_mount(kind, work):
     player = KINDS[kind](work)
     try:
         player.plug_in()
-    except AssertionError as failure:
-        if re.search("not permitted|denied", str(failure), re.IGNORECASE):
+    except (AssertionError, OSError) as failure:
+        if re.search("not permitted|denied|/dev/loop", str(failure), re.IGNORECASE):
             print(str(failure).splitlines()[-1])
             sys.exit(REFUSED)
         raise

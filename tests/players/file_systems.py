@@ -5,11 +5,9 @@ import errno
 import fcntl
 import os
 import pathlib
-import re
 import signal
 import struct
 import subprocess
-import sys
 import time
 
 LIMIT = 30  # seconds; nothing here takes as long, also on a busy machine
@@ -254,21 +252,3 @@ class Mtp(Player):
 
 
 KINDS = {"exfat": ExFat, "ntfs": Ntfs, "fat": Fat, "mtp": Mtp}
-REFUSED = 77
-
-
-def try_to_mount(kind, work):
-    """Ends with REFUSED when this machine does not let this user mount such a file system."""
-    player = KINDS[kind](work)
-    try:
-        player.plug_in()
-    except (AssertionError, OSError) as failure:
-        if re.search("not permitted|denied|/dev/loop", str(failure), re.IGNORECASE):
-            print(str(failure).splitlines()[-1])
-            sys.exit(REFUSED)
-        raise
-    player.end()
-
-
-if __name__ == "__main__":
-    try_to_mount(os.environ["REPVOLTA_PLAYER"], pathlib.Path(os.environ["REPVOLTA_WORK"]))

@@ -17,9 +17,9 @@
 #include "update/Growth.h"
 #include "update/OutputFolder.h"
 #include "update/PlayList.h"
-#include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
 #include "update/Steps.h"
+#include "update/TaggedSource.h"
 
 namespace repvolta {
 namespace {
@@ -35,7 +35,7 @@ class WorkoutUpdate {
         steps_(log, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
-        playList_(folder_.Path() + workoutName_ + kPlayListExtension) {}  // quirk 51
+        playList_(folder_, workoutName_ + kPlayListExtension) {}  // quirk 51
 
   /// Returns the path of the play list.
   std::string Run() {
@@ -50,11 +50,13 @@ class WorkoutUpdate {
       CopyMusic(i);
     }
     Finish();
-    return playList_;
+    return folder_.Path() + playList_.Name();
   }
 
-  /// Removes the working files that this run has made, but not those that stay. Throws FileError.
-  void RemoveWorkingFiles() {
+  /// Completes the play list, and removes the working files that this run has made, but not those
+  /// that stay. Throws FileError.
+  void EndEarly() {
+    playList_.Complete();
     if (workingFiles_ != WorkingFiles::kMade) return;
     RemoveFile(kWorkingWav);
     RemoveFile(kWorkingMp3);
@@ -66,6 +68,7 @@ class WorkoutUpdate {
   enum class WorkingFiles { kNotMade, kMade, kStay };
 
   void Prepare() {
+    const std::string asked = folder_.Name();
     // Showing the window clears its list, so an earlier failure is logged after that.
     const auto clearing = steps_.Try([&] { folder_.Clear(WhatToKeep()); });
     const auto creation = steps_.Try([&] { folder_.Create(); });
@@ -75,6 +78,12 @@ class WorkoutUpdate {
     steps_.LogFailure(creation);
     // Quirk 47.
     steps_.Log("Created directory " + folder_.Path());
+    if (folder_.Name() != asked) WarnOfName(asked, folder_.Name());
+  }
+
+  /// The player could not hold the name as it is.
+  void WarnOfName(const std::string& name, const std::string& kept) {
+    steps_.Log("WARNING: " + name + " is kept as " + kept);
   }
 
   Keepsakes WhatToKeep() const {
@@ -83,7 +92,8 @@ class WorkoutUpdate {
                         home == nullptr ? "" : home},
             .songs = SongsOf(state_.Workout),
             .songList = kMusicList,
-            .otherSongs = SongsOfAllWorkoutFiles};
+            .otherSongs = SongsOfAllWorkoutFiles,
+            .workouts = state_.WorkoutNames};
   }
 
   void ProduceInstruction(std::int16_t exercise) {
@@ -92,35 +102,45 @@ class WorkoutUpdate {
       GenerateHumanVoiceInstruction(state_, exercise, kWorkingWav, program_.speech, log_);
     });
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
-    const std::string path = NumberedPath("Instructions");
     Encoding encoding = Encoding::kNoEncoder;
     steps_.Run([&] {
       encoding = EncodeMP3file(program_.processes, kWorkingWav, kWorkingMp3);
       if (encoding == Encoding::kNoEncoder) workingFiles_ = WorkingFiles::kStay;
     });
+    const std::string name = NumberedName("Instructions");
     if (encoding == Encoding::kEncoderRun) {
-      KeepMp3(path + ".mp3");
+      KeepMp3(name + ".mp3");
     } else {
-      KeepWav(path + ".WAV");
+      KeepWav(name + ".WAV");
     }
   }
 
-  void KeepMp3(const std::string& path) {
-    steps_.Run([&] { folder_.CopyInto(kWorkingMp3, path); });
+  void KeepMp3(std::string name) {
+    const TaggedSource source = WithTag(kWorkingMp3, kWorkingMp3, name);
+    bool isCopied = false;
+    steps_.Run([&] {
+      name = folder_.CopyInto(source.FileToCopy(), name, source.Start());
+      isCopied = true;
+    });
     steps_.Run([&] { RemoveFile(kWorkingWav); });
     steps_.Run([&] { RemoveFile(kWorkingMp3); });
     // Quirks 47 and 48.
-    steps_.Log(FileName(path) + " MP3 Instruction file created sucessfully.");
-    Tag(path);
-    List(path);
+    steps_.Log(name + " MP3 Instruction file created sucessfully.");
+    if (isCopied) {
+      LogTag(source, name);
+    } else {
+      // What is not there cannot have its tag, either.
+      steps_.Run([&] { folder_.OpenFile(name, File::Access::kRead); });
+    }
+    List(name);
   }
 
   /// Without an encoder the instruction stays a WAV file, and the working file is kept too
   /// (quirk 50).
-  void KeepWav(const std::string& path) {
-    steps_.Run([&] { folder_.CopyInto(kWorkingWav, path); });
-    steps_.Log(FileName(path) + " WAV Instruction file created sucessfully.");
-    List(path);
+  void KeepWav(std::string name) {
+    steps_.Run([&] { name = folder_.CopyInto(kWorkingWav, name); });
+    steps_.Log(name + " WAV Instruction file created sucessfully.");
+    List(name);
   }
 
   void CopyMusic(std::int16_t exercise) {
@@ -140,73 +160,74 @@ class WorkoutUpdate {
       steps_.Log("ERROR: File not found. " + source);  // quirk 52
       return;
     }
-    const std::string path(TrimBlanks(NumberedPath(TrimBlanks(FileName(source)))));
-    const auto plan = PlanTaggedCopy(source, path, text_, state_.WorkoutFileName);
-    bool isCopied = false;
-    steps_.Run([&] {
-      CopyOrSayWhy(source, path, plan ? CopyStart{plan->tag, plan->audioOffset} : CopyStart{});
-      isCopied = true;
-    });
+    const std::string name(TrimBlanks(NumberedName(TrimBlanks(FileName(source)))));
     // A copy that failed never shows: it is left out like a song that is missing.
-    if (!isCopied || !WaitFor(path)) return;
-    if (plan) {
-      steps_.Run([&] { OutputFolder::StartFlush(path); });
-      LogTagged(path, log_);
-    } else {
-      Tag(path);
-    }
-    List(path);
+    const auto kept = CopyWithTag(source, name);
+    if (!kept) return;
+    List(*kept);
   }
 
-  void CopyOrSayWhy(const std::string& source, const std::string& path, const CopyStart& start) {
+  /// Returns the name of the copy; nothing when there is none.
+  std::optional<std::string> CopyWithTag(const std::string& source, const std::string& name) {
+    const TaggedSource tagged = WithTag(source, kWorkingSong, name);
+    std::optional<std::string> kept;
+    steps_.Run([&] { kept = CopyOrSayWhy(source, tagged, name); });
+    if (tagged.FileToCopy() == kWorkingSong) steps_.Run([&] { RemoveFile(kWorkingSong); });
+    if (kept && *kept != name) WarnOfName(FileName(source), *kept);
+    if (!kept || !WaitFor(*kept)) return std::nullopt;
+    LogTag(tagged, *kept);
+    return kept;
+  }
+
+  TaggedSource WithTag(const std::string& source, const std::string& workingFile,
+                       const std::string& name) {
+    steps_.CheckStop();
+    return {source, workingFile, folder_.Path() + name, {text_, state_.WorkoutFileName}};
+  }
+
+  void LogTag(const TaggedSource& tagged, const std::string& name) {
+    steps_.LogFailure(tagged.Log(name, log_));
+  }
+
+  std::string CopyOrSayWhy(const std::string& source, const TaggedSource& tagged,
+                           const std::string& name) {
     try {
-      folder_.CopyInto(source, path, start);
+      return folder_.CopyInto(tagged.FileToCopy(), name, tagged.Start());
     } catch (const FileError& error) {
       throw std::runtime_error(FileName(source) + " could not be copied: " + error.Reason());
     }
   }
 
-  bool MayChange(const std::string& path) {
-    bool mayChange = false;
-    steps_.Run([&] { mayChange = folder_.MayChange(path); });
-    return mayChange;
-  }
-
-  /// False when the run no longer waits for the copy.
-  bool WaitFor(const std::string& path) {
-    if (!MayChange(path)) return false;
+  /// False when the run no longer waits for the copy, or something else has taken its name.
+  bool WaitFor(const std::string& name) {
     bool isThere = false;
-    steps_.Run([&] { isThere = Appears(path); });
+    steps_.Run([&] { isThere = Appears(name); });
     return isThere;
   }
 
-  bool Appears(const std::string& path) {
-    while (!FileExists(path)) {
+  bool Appears(const std::string& name) {
+    auto status = folder_.StatusOf(name);
+    while (!status) {
       steps_.CheckStop();
       if (!host_.KeepWaiting()) return false;
+      status = folder_.StatusOf(name);
     }
-    return true;
-  }
-
-  void Tag(const std::string& path) {
-    if (!MayChange(path)) return;
-    steps_.Run([&] { ProcessMP3tag(path, text_, state_.WorkoutFileName, log_); });
+    return S_ISREG(status->st_mode);
   }
 
   /// Appends the latest file to the play list and moves on to the next number.
-  void List(const std::string& path) {
-    steps_.Run([&] {
-      folder_.Claim(playList_);
-      AddToPlaylistFile(path, playList_);
-    });
+  void List(const std::string& name) {
+    const std::string asked = playList_.Name();
+    steps_.Run([&] { playList_.AddToPlaylistFile(folder_.Path() + name); });
+    if (playList_.Name() != asked) WarnOfName(asked, playList_.Name());
     ++counter_;
   }
 
-  /// The path of the next file: its number has at least three digits.
-  std::string NumberedPath(std::string_view name) const {
+  /// The name of the next file: its number has at least three digits.
+  std::string NumberedName(std::string_view name) const {
     std::string number = std::to_string(counter_);
     if (number.size() < 3) number.insert(0, 3 - number.size(), '0');
-    return (folder_.Path() + "RV" + number + "-").append(name);
+    return ("RV" + number + "-").append(name);
   }
 
   void Finish() {
@@ -214,6 +235,7 @@ class WorkoutUpdate {
     if (workingFiles_ == WorkingFiles::kMade) {
       for (const char* file : {kWorkingWav, kWorkingMp3}) steps_.Run([&] { RemoveFile(file); });
     }
+    steps_.Run([&] { playList_.Complete(); });
     steps_.Run([&] { folder_.FlushToDevice(); });
     steps_.Log("");
     steps_.Log("UPDATE COMPLETE.");
@@ -226,7 +248,7 @@ class WorkoutUpdate {
   Steps steps_;
   std::string workoutName_;
   OutputFolder folder_;
-  std::string playList_;
+  PlayList playList_;
   DrawnSongs drawn_;
   std::string text_;  // the sentence of the current exercise, for its music too (quirk 53)
   int counter_ = 1;
@@ -246,9 +268,9 @@ std::optional<std::string> UpdateCurrentWorkout(Program& program, ProgressLog& l
     return update.Run();
   } catch (const UpdateStopped&) {
     try {
-      update.RemoveWorkingFiles();
+      update.EndEarly();
     } catch (const FileError&) {
-      // The next update tries again; that this one was stopped must not get lost.
+      // The next update writes all anew; that this one was stopped must not get lost.
     }
     throw;
   }

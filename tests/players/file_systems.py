@@ -1,0 +1,254 @@
+"""The file systems of players: each is made anew in a file, mounted at a folder, pulled out and
+plugged in again."""
+
+import errno
+import fcntl
+import os
+import pathlib
+import signal
+import struct
+import subprocess
+import time
+
+LIMIT = 30  # seconds; nothing here takes as long, also on a busy machine
+PAUSE = 0.01
+MEBIBYTE = 1024 * 1024
+
+
+def wait_for(what, condition):
+    end = time.monotonic() + LIMIT
+    while time.monotonic() < end:
+        value = condition()
+        if value:
+            return value
+        time.sleep(PAUSE)
+    raise AssertionError(f"waited in vain for {what}")
+
+
+def run(*command):
+    """The output of a command that must succeed."""
+    done = subprocess.run([str(word) for word in command], stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL, text=True,
+                          timeout=LIMIT, check=False)
+    assert done.returncode == 0, f"{command} ended with {done.returncode}:\n{done.stdout}"
+    return done.stdout
+
+
+def command_lines():
+    """The words with which each running program was started, by its number."""
+    found = {}
+    for entry in pathlib.Path("/proc").glob("[0-9]*/cmdline"):
+        try:
+            words = entry.read_bytes().split(b"\0")[:-1]
+        except OSError:
+            continue  # it has just ended
+        if words:
+            found[int(entry.parent.name)] = [os.fsdecode(word) for word in words]
+    return found
+
+
+def loop_device(image):
+    """A device with the image's content, opened. It ends by itself when nobody has it open, even
+    when this program is killed, which `losetup` cannot promise."""
+    get_free, configure, autoclear = 0x4C82, 0x4C0A, 4  # of linux/loop.h
+    offset_of_flags, size = 8 + 52, 304
+    with open("/dev/loop-control", "rb") as control, open(image, "r+b") as file:
+        while True:
+            device = open(f"/dev/loop{fcntl.ioctl(control, get_free)}", "r+b", buffering=0)
+            settings = struct.pack("=I", file.fileno()).ljust(offset_of_flags, b"\0")
+            settings += struct.pack("=I", autoclear)
+            try:
+                fcntl.ioctl(device, configure, settings.ljust(size, b"\0"))
+                return device
+            except OSError as error:
+                device.close()
+                if error.errno != errno.EBUSY:  # another process was quicker
+                    raise
+
+
+class Player:
+    """A file system with `size` bytes for a player, mounted at `folder` once it is plugged in."""
+
+    program = None  # which serves the file system
+    full = errno.ENOSPC  # what it answers when it is full
+
+    def __init__(self, work, size=24 * MEBIBYTE):
+        self.folder = work / "player"
+        self.image = work / "image"
+        self.size = size
+        self.folder.mkdir()
+        self.format()
+
+    def format(self):
+        with open(self.image, "wb") as image:
+            image.truncate(self.size)
+        self.make_file_system()
+
+    def make_file_system(self):
+        raise NotImplementedError
+
+    def mount(self, options):
+        raise NotImplementedError
+
+    def plug_in(self, *options):
+        """`options`: "ro" for a player that is locked."""
+        self.mount(options)
+        wait_for(f"{self.folder} to be mounted", self.is_mounted)
+
+    def is_mounted(self, folder=None):
+        with open("/proc/self/mountinfo", encoding="utf-8") as mounts:
+            return any(line.split()[4] == str(folder or self.folder) for line in mounts)
+
+    def servers(self):
+        """The numbers of the processes that serve the file system."""
+        return [number for number, words in command_lines().items()
+                if os.path.basename(words[0]) == self.program and str(self.folder) in words]
+
+    def unplug(self):
+        """Unmounts it, as a person does who waits for it; again is no fault."""
+        if self.is_mounted():
+            run("umount", self.folder)
+        wait_for("the file system to be written", lambda: not self.servers())
+
+    def pull_out(self):
+        """The file system dies at once, in the middle of whatever it does."""
+        for number in self.servers():
+            os.kill(number, signal.SIGKILL)
+
+    def pull_out_command(self):
+        """The same for a shell script."""
+        return "kill -KILL " + " ".join(map(str, self.servers()))
+
+    def clear_away(self):
+        """Ends the mount of a file system that has died."""
+        if self.is_mounted():
+            run("umount", "--lazy", self.folder)
+        wait_for("the file system to end", lambda: not self.servers())
+
+    def end(self):
+        self.pull_out()
+        self.clear_away()
+
+    def room(self):
+        """The bytes that can be written."""
+        path = self.folder / "filling"
+        written = 0
+        try:
+            with open(path, "wb", buffering=0) as file:
+                while True:
+                    written += file.write(bytes(65536))
+        except OSError as error:
+            if error.errno != self.full:
+                raise
+        path.unlink()
+        return written
+
+    def fill(self, leaving):
+        """Fills the player with photos up to so many bytes."""
+        size = self.room() - leaving
+        with open(self.folder / "photos", "wb", buffering=0) as file:
+            while size > 0:
+                size -= file.write(bytes(min(size, 65536)))
+
+    def make_room(self):
+        (self.folder / "photos").unlink()
+
+    def takes(self, name):
+        """True when a file can have just this name here."""
+        place = self.folder / "names"
+        place.mkdir(exist_ok=True)
+        try:
+            (place / name).write_bytes(b"")
+        except (OSError, ValueError):
+            taken = False
+        else:
+            taken = os.listdir(place) == [name]
+        for entry in list(place.iterdir()):
+            entry.unlink()
+        place.rmdir()
+        return taken
+
+
+class ExFat(Player):
+    program = "mount.exfat-fuse"
+
+    def make_file_system(self):
+        run("mkfs.exfat", "-c", "4096", self.image)
+
+    def mount(self, options):
+        # It stays until the file system lets go of it.
+        with loop_device(self.image) as device:
+            run("mount.exfat-fuse", "-o", ",".join([*options, "noatime"]), device.name, self.folder)
+
+
+class Ntfs(Player):
+    program = "ntfs-3g"
+
+    def make_file_system(self):
+        run("mkfs.ntfs", "--force", "--quick", "--quiet", self.image)
+
+    def mount(self, options):
+        run("ntfs-3g", "-o", ",".join([*options, "windows_names"]), self.image, self.folder)
+
+
+class Fat(Player):
+    program = "fusefat"
+    full = errno.EPERM
+
+    def make_file_system(self):
+        run("mkfs.vfat", self.image)
+
+    def mount(self, options):
+        run("fusefat", "-o", ",".join(options) or "rw+", self.image, self.folder)
+
+
+class Mtp(Player):
+    """It keeps its files in memory: what is unplugged is hidden."""
+
+    program = "mtp_like"
+
+    def __init__(self, work, size=24 * MEBIBYTE, habits=()):
+        self.habits = habits
+        self.server = None
+        self.away = work / "away"
+        self.away.mkdir()
+        super().__init__(work, size)
+
+    def format(self):
+        pass
+
+    def mount(self, options):
+        if self.server is None:
+            program = pathlib.Path(os.environ["REPVOLTA_BUILD"]) / "tests/mtp_like"
+            self.server = subprocess.Popen([program, self.folder, f"--full-at={self.size}",
+                                            *self.habits])
+            wait_for(f"{self.folder} to be mounted", self.is_mounted)
+        elif not self.is_mounted():
+            run("mount", "--move", self.away, self.folder)
+        self.server.send_signal(signal.SIGUSR1)
+        run("mount", "-o", ",".join(["remount", "bind", *(options or ["rw"])]), self.folder)
+
+    def unplug(self):
+        if self.is_mounted():
+            run("mount", "--move", self.folder, self.away)
+
+    def pull_out(self):
+        self.server.send_signal(signal.SIGUSR2)
+
+    def pull_out_command(self):
+        return f"kill -USR2 {self.server.pid}"
+
+    def clear_away(self):
+        pass
+
+    def end(self):
+        for folder in (self.folder, self.away):
+            if self.is_mounted(folder):
+                run("umount", "--lazy", folder)
+        self.server.wait(LIMIT)
+
+    def room(self):
+        return self.size - sum(file.stat().st_size for file in self.folder.rglob("*"))
+
+
+KINDS = {"exfat": ExFat, "ntfs": Ntfs, "fat": Fat, "mtp": Mtp}

@@ -2,8 +2,10 @@
 
 #include <QDialog>
 #include <QPointer>
+#include <functional>
 #include <memory>
 
+#include "app/ProblemCount.h"
 #include "editing/ProgressWindows.h"
 
 namespace Ui {
@@ -26,13 +28,21 @@ class UpdateForm : public QDialog, public ProgressWindow {
 
   void Show() override;
   void Hide() override { hide(); }
+  void UpdateEnds() override;
+  void OnStop(std::function<void()> stop) override { stop_ = std::move(stop); }
+  void ShowProgress(const Progress& progress) override;
   void AddLine(std::string_view line) override;
 
  private:
   void UpdateOKbutton_Click();
+  void StopButton_Click();
+  void ShowProblems();
 
   std::unique_ptr<Ui::UpdateForm> ui_;
   QPointer<QWidget> owner_;
+  std::function<void()> stop_ = [] {};
+  bool isStopping_ = false;
+  ProblemCount problems_;
 };
 
 }  // namespace repvolta

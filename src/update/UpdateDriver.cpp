@@ -23,7 +23,9 @@
 #include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
 #include "update/Steps.h"
+#include "update/StopTexts.h"
 #include "update/TaggedSource.h"
+#include "update/UpdateWork.h"
 
 namespace repvolta {
 namespace {
@@ -37,6 +39,7 @@ class WorkoutUpdate {
         log_(log),
         host_(host),
         steps_(log, host),
+        work_(steps_, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
         playList_(folder_, workoutName_ + kPlayListExtension),  // quirk 51
@@ -49,6 +52,8 @@ class WorkoutUpdate {
     drawn_ = DrawRandomMusic(program_, steps_);
     // The growth is saved first, so that it stays even if all the rest fails (quirk 34).
     steps_.Run([&] { SaveWorkout(state_); });
+    stage_ = Stage::kSaved;
+    work_.Plan(WorkOfExercises(state_.Workout, state_.NumberOfExercises, drawn_));
     for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
       text_.clear();
       ProduceInstruction(i);
@@ -58,19 +63,18 @@ class WorkoutUpdate {
     return folder_.Path() + playList_.Name();
   }
 
-  /// Completes the play lists, and removes the working files that this run has made, but not those
-  /// that stay. What fails is left to the next update: that this one was stopped must not get lost.
-  void EndEarly() {
-    const auto tryTo = [](const auto& statement) {
-      try {
-        statement();
-      } catch (const FileError&) {
-      }
-    };
-    tryTo([&] { playList_.Complete(); });
-    tryTo([&] { WritePlayerPlayList(); });
-    if (workingFiles_ != WorkingFiles::kMade) return;
-    for (const char* file : {kWorkingWav, kWorkingMp3}) tryTo([&] { RemoveFile(file); });
+  /// After a stop: leaves no working files, and on the player the files of the play list, which are
+  /// on the device. Logs what is there.
+  void EndStopped() {
+    TidyUp([&] { ListFinished(); });
+    TidyUp([&] { playList_.Complete(); });
+    TidyUp([&] { WritePlayerPlayList(); });
+    TidyUp([&] { RemoveWorkingFiles(); });
+    TidyUp([&] {
+      if (stage_ == Stage::kSaved) folder_.FlushToDevice();
+    });
+    if (stage_ == Stage::kCleared) state_.Workout = workoutBefore_;
+    steps_.Log(StoppedLine());
   }
 
  private:
@@ -78,10 +82,15 @@ class WorkoutUpdate {
   /// them when there is no encoder.
   enum class WorkingFiles { kNotMade, kMade, kStay };
 
+  enum class Stage { kNotBegun, kCleared, kSaved };
+
   void Prepare() {
     const std::string asked = folder_.Name();
     // Showing the window clears its list, so an earlier failure is logged after that.
-    const auto clearing = steps_.Try([&] { folder_.Clear(WhatToKeep()); });
+    const auto clearing = steps_.Try([&] {
+      stage_ = Stage::kCleared;
+      folder_.Clear(WhatToKeep());
+    });
     const auto creation = steps_.Try([&] { folder_.Create(); });
     host_.UpdateBegins();
     steps_.Log("Updating Workout " + FileName(state_.WorkoutFileName));
@@ -108,6 +117,7 @@ class WorkoutUpdate {
   }
 
   void ProduceInstruction(std::int16_t exercise) {
+    work_.BeginInstruction(exercise);
     steps_.Run([&] {
       workingFiles_ = WorkingFiles::kMade;
       GenerateHumanVoiceInstruction(state_, exercise, kWorkingWav, program_.speech, log_);
@@ -124,6 +134,7 @@ class WorkoutUpdate {
     } else {
       KeepWav(name + ".WAV");
     }
+    work_.EndFile();
   }
 
   void KeepMp3(std::string name) {
@@ -131,6 +142,7 @@ class WorkoutUpdate {
     bool isCopied = false;
     steps_.Run([&] {
       name = folder_.CopyInto(source.FileToCopy(), name, source.Start());
+      unlisted_ = name;
       isCopied = true;
     });
     steps_.Run([&] { RemoveFile(kWorkingWav); });
@@ -152,7 +164,7 @@ class WorkoutUpdate {
   void KeepWav(std::string name) {
     latest_.reset();
     steps_.Run([&] {
-      name = folder_.CopyInto(kWorkingWav, name);
+      unlisted_ = name = folder_.CopyInto(kWorkingWav, name);
       latest_ = {.name = name, .title = BaseName(name)};
     });
     steps_.Log(name + " WAV Instruction file created sucessfully.");
@@ -163,12 +175,18 @@ class WorkoutUpdate {
     steps_.Run([&] {
       const auto drawn = drawn_.find(exercise);
       if (drawn != drawn_.end()) {
-        for (const std::string& song : drawn->second) CopySong(song);
+        for (const std::string& song : drawn->second) AddSong(song);
         return;
       }
       const ExerciseRecord& record = state_.Workout[exercise];
-      for (int j = 0; j < record.NumberOfMusicFiles; ++j) CopySong(record.MusicFile[j].Trimmed());
+      for (int j = 0; j < record.NumberOfMusicFiles; ++j) AddSong(record.MusicFile[j].Trimmed());
     });
+  }
+
+  void AddSong(const std::string& source) {
+    work_.BeginSong(source);
+    CopySong(source);
+    work_.EndFile();
   }
 
   void CopySong(const std::string& source) {
@@ -187,7 +205,10 @@ class WorkoutUpdate {
   std::optional<std::string> CopyWithTag(const std::string& source, const std::string& name) {
     const TaggedSource tagged = WithTag(source, kWorkingSong, name);
     std::optional<std::string> kept;
-    steps_.Run([&] { kept = CopyOrSayWhy(source, tagged, name); });
+    steps_.Run([&] {
+      kept = CopyOrSayWhy(source, tagged, name);
+      unlisted_ = *kept;
+    });
     if (tagged.FileToCopy() == kWorkingSong) steps_.Run([&] { RemoveFile(kWorkingSong); });
     if (kept && *kept != name) WarnOfName(FileName(source), *kept);
     if (!kept || !WaitFor(*kept)) return std::nullopt;
@@ -211,7 +232,9 @@ class WorkoutUpdate {
   std::string CopyOrSayWhy(const std::string& source, const TaggedSource& tagged,
                            const std::string& name) {
     try {
-      return folder_.CopyInto(tagged.FileToCopy(), name, tagged.Start());
+      CopyStart start = tagged.Start();
+      start.watch = work_.Watch();
+      return folder_.CopyInto(tagged.FileToCopy(), name, start);
     } catch (const FileError& error) {
       throw std::runtime_error(FileName(source) + " could not be copied: " + error.Reason());
     }
@@ -240,6 +263,8 @@ class WorkoutUpdate {
     steps_.Run([&] { playList_.AddToPlaylistFile(folder_.Path() + name); });
     if (playList_.Name() != asked) WarnOfName(asked, playList_.Name());
     ListForPlayer(name);
+    unlisted_.clear();
+    work_.AddListed();
     ++counter_;
   }
 
@@ -272,12 +297,45 @@ class WorkoutUpdate {
     if (workingFiles_ == WorkingFiles::kMade) {
       for (const char* file : {kWorkingWav, kWorkingMp3}) steps_.Run([&] { RemoveFile(file); });
     }
+    work_.BeginFlush();
     steps_.Run([&] { playList_.Complete(); });
     steps_.Run([&] { WritePlayerPlayList(); });
     steps_.Run([&] { folder_.FlushToDevice(); });
     steps_.Run([&] { disk_.Remember(state_); });
+    work_.End();
     steps_.Log("");
     steps_.Log("UPDATE COMPLETE.");
+  }
+
+  /// The next update writes all anew; that this one was stopped must not get lost.
+  template <class Statement>
+  void TidyUp(Statement&& statement) {
+    try {
+      statement();
+    } catch (const std::exception& error) {
+      steps_.LogFailure(error.what());
+    }
+  }
+
+  /// A file that is whole, but that the stop has kept from the play list.
+  void ListFinished() {
+    if (unlisted_.empty() || !folder_.StatusOf(unlisted_)) return;
+    playList_.AddToPlaylistFile(folder_.Path() + unlisted_);
+    ListForPlayer(unlisted_);
+    work_.AddListed();
+  }
+
+  void RemoveWorkingFiles() const {
+    RemoveFile(kWorkingSong);
+    if (workingFiles_ != WorkingFiles::kMade) return;
+    RemoveFile(kWorkingWav);
+    RemoveFile(kWorkingMp3);
+  }
+
+  std::string StoppedLine() const {
+    const std::string workout = FileName(state_.WorkoutFileName);
+    if (stage_ == Stage::kNotBegun) return NotUpdatedText({workout});
+    return stage_ == Stage::kCleared ? StoppedUnchangedText(workout) : work_.StoppedLine();
   }
 
   Program& program_;
@@ -285,6 +343,7 @@ class WorkoutUpdate {
   ProgressLog& log_;
   UpdateHost& host_;
   Steps steps_;
+  UpdateWork work_;
   std::string workoutName_;
   OutputFolder folder_;
   PlayList playList_;
@@ -295,6 +354,9 @@ class WorkoutUpdate {
   std::string text_;  // the sentence of the current exercise, for its music too (quirk 53)
   int counter_ = 1;
   WorkingFiles workingFiles_ = WorkingFiles::kNotMade;
+  Stage stage_ = Stage::kNotBegun;
+  ExerciseSlots workoutBefore_ = state_.Workout;
+  std::string unlisted_;  // a file that is on the player, but not yet in the play list
 };
 
 }  // namespace
@@ -309,7 +371,7 @@ std::optional<std::string> UpdateCurrentWorkout(Program& program, ProgressLog& l
   try {
     return update.Run();
   } catch (const UpdateStopped&) {
-    update.EndEarly();
+    update.EndStopped();
     throw;
   }
 }

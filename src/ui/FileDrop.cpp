@@ -41,14 +41,17 @@ FileDrop::FileDrop(QWidget* target, std::function<bool()> isOpen,
 bool FileDrop::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::DragEnter:
-      fits_ = !LocalPaths(*static_cast<QDropEvent*>(event)->mimeData()).empty();
+      // Kept for the drop: a program that ends after it cannot be asked again.
+      paths_ = LocalPaths(*static_cast<QDropEvent*>(event)->mimeData());
       Answer(*static_cast<QDropEvent*>(event));
       return true;
     case QEvent::DragMove:
       Answer(*static_cast<QDropEvent*>(event));
       return true;
     case QEvent::Drop:
-      if (Answer(*static_cast<QDropEvent*>(event))) Take(*static_cast<QDropEvent*>(event));
+      if (Answer(*static_cast<QDropEvent*>(event))) {
+        QTimer::singleShot(0, this, [this, paths = paths_] { take_(paths); });
+      }
       return true;
     default:
       return QObject::eventFilter(watched, event);
@@ -57,16 +60,13 @@ bool FileDrop::eventFilter(QObject* watched, QEvent* event) {
 
 bool FileDrop::Answer(QDropEvent& event) const {
   const Qt::DropActions possible = event.possibleActions();
-  const bool isTaken = fits_ && (possible & (Qt::CopyAction | Qt::LinkAction)) && isOpen_();
+  const bool isTaken =
+      !paths_.empty() && (possible & (Qt::CopyAction | Qt::LinkAction)) && isOpen_();
   if (isTaken) {
     event.setDropAction(possible.testFlag(Qt::CopyAction) ? Qt::CopyAction : Qt::LinkAction);
   }
   event.setAccepted(isTaken);
   return isTaken;
-}
-
-void FileDrop::Take(const QDropEvent& event) {
-  QTimer::singleShot(0, this, [this, paths = LocalPaths(*event.mimeData())] { take_(paths); });
 }
 
 }  // namespace repvolta

@@ -27,11 +27,10 @@ class FileDrop : public QObject {
 
  private:
   bool Answer(QDropEvent& event) const;
-  void Take(const QDropEvent& event);
 
   std::function<bool()> isOpen_;
   std::function<void(const std::vector<std::string>&)> take_;
-  bool fits_ = false;  // what is being dragged
+  std::vector<std::string> paths_;  // of what is being dragged
 };
 
 }  // namespace repvolta

@@ -40,6 +40,14 @@ TEST_F(DropTarget, TakesFilesAfterTheDrop) {
   EXPECT_THAT(taken, ElementsAre(ElementsAre("/m/a.mp3", "/m/ö 1")));
 }
 
+TEST_F(DropTarget, TakesFilesOfAProgramThatEndsWithTheDrop) {
+  Drag drag(widget);
+  drag.Files({"/m/a.mp3"}).Enter();
+  drag.Urls({}).Drop();
+  QApplication::processEvents();
+  EXPECT_THAT(taken, ElementsAre(ElementsAre("/m/a.mp3")));
+}
+
 TEST_F(DropTarget, CopiesWhatCouldAlsoBeMoved) {
   EXPECT_EQ(
       Drag(widget, Qt::CopyAction | Qt::MoveAction | Qt::LinkAction).Files({"/a.mp3"}).Enter(),

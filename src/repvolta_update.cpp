@@ -5,8 +5,10 @@
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
+#include "app/ProblemCount.h"
 #include "app/ProgramDirectory.h"
 #include "app/Settings.h"
 #include "app/Voice.h"
@@ -16,11 +18,14 @@
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "platform/QtChildProcesses.h"
+#include "platform/TerminalLine.h"
 #include "speech/EngineSpeech.h"
 #include "update/OutputPath.h"
 #include "update/Program.h"
 #include "update/RandomMusicList.h"
+#include "update/SeveralUpdates.h"
 #include "update/Steps.h"
+#include "update/StopTexts.h"
 #include "update/UpdateDriver.h"
 #include "update/UpdateLock.h"
 
@@ -44,14 +49,37 @@ class CannotStart : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Prints each progress line to standard output at once.
+/// Prints each progress line to standard output at once. If standard error is a terminal, a line
+/// there says how far the update is.
 class Console : public ProgressLog, public UpdateHost {
  public:
-  bool SawError() const { return sawError_; }
+  bool SawError() const { return problems_.Errors() > 0; }
   bool LostLine() const { return lostLine_; }
 
   void AddLineToUpdateList(std::string_view line) override {
-    if (line.starts_with("ERROR")) sawError_ = true;
+    problems_.Add(KindOfLine(line));
+    terminal_.Clear();
+    Print(line);
+    terminal_.Show(progress_);
+  }
+
+  bool IsWatched() const override { return terminal_.IsThere(); }
+  void ShowWork(const WorkDone& work) override {
+    progress_ = ProgressLine(meter_.Read(work, std::chrono::steady_clock::now()));
+    terminal_.Show(progress_);
+  }
+
+  bool KeepWaiting() override { return false; }
+  bool StopRequested() override { return stopSignal != 0; }
+
+  /// Takes the line of the progress away.
+  void End() {
+    progress_.clear();
+    terminal_.Clear();
+  }
+
+ private:
+  void Print(std::string_view line) {
     std::cout << ShownOnOneLine(line) << '\n' << std::flush;
     if (std::cout) return;
     // A reader that closed the pipe wants no more lines.
@@ -59,12 +87,11 @@ class Console : public ProgressLog, public UpdateHost {
     std::cout.clear();
   }
 
-  bool KeepWaiting() override { return false; }
-  bool StopRequested() override { return stopSignal != 0; }
-
- private:
-  bool sawError_ = false;
+  ProblemCount problems_;
   bool lostLine_ = false;
+  ProgressMeter meter_;
+  std::string progress_;
+  TerminalLine terminal_{STDERR_FILENO};
 };
 
 std::vector<std::string> Operands(const std::vector<std::string>& arguments) {
@@ -103,19 +130,34 @@ void WarnOfFile(const ProgramState& state, ProgressLog& log) {
   }
 }
 
-void UpdateWorkout(Program& program, const std::string& name, Console& console) {
+void UpdateWorkout(Program& program, const std::string& name, ProgressLog& log, UpdateHost& host) {
   program.state.WorkoutFileName = name;
   std::string failure = name + " could not be loaded";
   try {
     if (LoadWorkout(program.state) == WorkoutLoad::kLoaded) {
-      WarnOfFile(program.state, console);
-      UpdateCurrentWorkout(program, console, console);
+      WarnOfFile(program.state, log);
+      UpdateCurrentWorkout(program, log, host);
       return;
     }
   } catch (const std::exception& error) {
     failure = error.what();
   }
-  console.AddLineToUpdateList("ERROR: " + failure);
+  log.AddLineToUpdateList("ERROR: " + failure);
+}
+
+void UpdateWorkouts(Program& program, const std::vector<std::string>& workouts, Console& console) {
+  SeveralUpdates updates(console, workouts);
+  try {
+    for (const std::string& workout : workouts) {
+      updates.BeginNext();
+      UpdateWorkout(program, workout, console, updates);
+    }
+  } catch (const UpdateStopped&) {
+    const auto left = updates.NotBegun();
+    if (!left.empty()) console.AddLineToUpdateList(NotUpdatedText(left));
+    throw;
+  }
+  console.End();
 }
 
 /// Reads the settings, the list of workouts and the count of random music. Throws CannotStart.
@@ -149,7 +191,7 @@ int Run(const std::string& executable, const std::vector<std::string>& arguments
   QtChildProcesses processes([&console] { Steps(console, console).CheckStop(); });
   EngineSpeech speech(InstalledEngines(processes));
   Program program{state, clock, random, processes, speech};
-  for (const std::string& workout : workouts) UpdateWorkout(program, workout, console);
+  UpdateWorkouts(program, workouts, console);
   if (console.LostLine()) {
     std::cerr << "repvolta-update: The progress lines could not be written\n";
     return kDoneWithErrors;

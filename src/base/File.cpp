@@ -166,41 +166,40 @@ namespace {
 
 /// Lets the kernel copy without going through this program's memory. It may copy only a part, or
 /// nothing where the file system does not support it. Returns the offset in `from` that it reached.
-std::uint64_t CopyInSystem(const File& from, std::uint64_t offset, std::uint64_t end, File& to,
-                           std::uint64_t position) {
+std::uint64_t CopyInSystem(const File& from, std::uint64_t offset, std::uint64_t end,
+                           CopyTarget& to) {
   auto read = static_cast<off64_t>(offset);
-  auto written = static_cast<off64_t>(position);
+  auto written = static_cast<off64_t>(to.Position());
   while (static_cast<std::uint64_t>(read) < end) {
-    const auto wanted = std::min(end - static_cast<std::uint64_t>(read), kSystemCopyBlock);
-    const ssize_t count =
-        copy_file_range(from.OpenAs().Number(), &read, to.OpenAs().Number(), &written, wanted, 0);
+    const auto wanted =
+        std::min(end - static_cast<std::uint64_t>(read), to.Piece(kSystemCopyBlock));
+    const ssize_t count = copy_file_range(from.OpenAs().Number(), &read,
+                                          to.Output().OpenAs().Number(), &written, wanted, 0);
     if (count == 0 || (count < 0 && errno != EINTR)) break;
+    if (count > 0) to.Advance(static_cast<std::uint64_t>(count));
   }
   return static_cast<std::uint64_t>(read);
 }
 
 }  // namespace
 
-std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to,
-                          std::uint64_t position) {
+std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to, std::uint64_t position,
+                          const CopyWatch& watch) {
   // The end is read once: a file that is appended to itself would otherwise grow for ever.
   const std::uint64_t end = from.Size();
-  if (offset < end && end - offset > kCopyBlock) {
-    const std::uint64_t reached = CopyInSystem(from, offset, end, to, position);
-    position += reached - offset;
-    offset = reached;
-  }
-  if (offset >= end) return position;
+  CopyTarget target(to, position, watch);
+  if (offset < end && end - offset > kCopyBlock) offset = CopyInSystem(from, offset, end, target);
+  if (offset >= end) return target.Position();
   std::vector<Byte> block(static_cast<std::size_t>(std::min(end - offset, kCopyBlock)));
   while (offset < end) {
     const auto wanted = static_cast<std::size_t>(std::min(end - offset, kCopyBlock));
     const std::size_t count = from.ReadAt(offset, std::span(block).first(wanted));
     if (count == 0) break;
-    to.WriteAt(position, std::span(block).first(count));
+    to.WriteAt(target.Position(), std::span(block).first(count));
     offset += count;
-    position += count;
+    target.Advance(count);
   }
-  return position;
+  return target.Position();
 }
 
 void CopyFileToNew(const std::string& source, const std::string& target, const CopyStart& start) {
@@ -208,7 +207,7 @@ void CopyFileToNew(const std::string& source, const std::string& target, const C
   File to = File::CreateNew(target);
   try {
     to.WriteAt(0, start.head);
-    CopyContent(from, start.offset, to, start.head.size());
+    CopyContent(from, start.offset, to, start.head.size(), start.watch);
     to.ConfirmWritten();
   } catch (...) {
     unlink(target.c_str());

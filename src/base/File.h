@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/Bytes.h"
+#include "base/CopyTarget.h"
 #include "base/Descriptor.h"
 
 namespace repvolta {
@@ -92,14 +93,16 @@ bool IsLinked(const std::string& path);
 
 /// Copies `from`, from `offset` to its present end, into `to` at `position`, and returns the
 /// position after the copied bytes. Both may be the same file. Memory use does not depend on the
-/// size. Throws FileError.
-std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to, std::uint64_t position);
+/// size. Throws FileError, and what `watch` throws.
+std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to, std::uint64_t position,
+                          const CopyWatch& watch = {});
 
 /// How a copy differs from its source: it starts with `head`, and the source's bytes follow from
-/// `offset` on.
+/// `offset` on. `watch` may be null.
 struct CopyStart {
   std::span<const Byte> head = {};
   std::uint64_t offset = 0;
+  CopyWatch watch = {};
 };
 
 /// Copies the content of the file `source` to `target`. An existing `target` is replaced by a new

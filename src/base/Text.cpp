@@ -2,6 +2,7 @@
 
 #include <locale.h>
 #include <optional>
+#include <wchar.h>
 #include <wctype.h>
 
 namespace repvolta {
@@ -88,6 +89,23 @@ std::string ShownOnOneLine(std::string_view text) {
     if (isTwoBytes) ++i;
   }
   return line;
+}
+
+std::string CutToColumns(std::string_view text, std::size_t columns) {
+  const locale_t before = uselocale(NeutralLocale());
+  std::string cut;
+  while (!text.empty()) {
+    const auto character = FirstCharacter(text);
+    const int width = character ? wcwidth(static_cast<wchar_t>(character->code)) : -1;
+    const std::size_t size = character ? character->size : 1;
+    const std::size_t taken = width < 0 ? 1 : static_cast<std::size_t>(width);
+    if (taken > columns) break;
+    columns -= taken;
+    cut.append(width < 0 ? "?" : text.substr(0, size));
+    text.remove_prefix(size);
+  }
+  uselocale(before);
+  return cut;
 }
 
 std::u32string FoldCase(std::string_view text) {

@@ -21,6 +21,10 @@ std::string_view CutUtf8(std::string_view text, std::size_t limit);
 /// to U+001F, U+007F to U+009F in UTF-8).
 std::string ShownOnOneLine(std::string_view text);
 
+/// The beginning of the text that a terminal shows on `columns` columns, of which some characters
+/// take two and some none; "?" replaces bytes that are not UTF-8 and what cannot be shown.
+std::string CutToColumns(std::string_view text, std::size_t columns);
+
 /// The text without differences of case, to compare and sort names; bytes that are not UTF-8 stay
 /// as they are. The same in every locale.
 std::u32string FoldCase(std::string_view text);

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string_view>
+
+#include "update/Progress.h"
 
 namespace repvolta {
 
@@ -9,9 +12,18 @@ class ProgressWindow {
  public:
   virtual ~ProgressWindow() = default;
 
-  /// Clears the list and shows the window; does not wait until it is closed.
+  /// Clears the list and shows the window; does not wait until it is closed. An update runs now,
+  /// and the window offers to stop it.
   virtual void Show() = 0;
   virtual void Hide() = 0;
+
+  /// No update runs any more: the window stays as it is, but there is nothing to stop.
+  virtual void UpdateEnds() = 0;
+
+  /// `stop` is called when the person wants the update to stop.
+  virtual void OnStop(std::function<void()> stop) = 0;
+
+  virtual void ShowProgress(const Progress& progress) = 0;
 
   /// Appends a line and paints it before it returns. The list keeps its scroll position.
   virtual void AddLine(std::string_view line) = 0;

@@ -7,7 +7,9 @@
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
 #include "update/OutputPath.h"
+#include "update/SeveralUpdates.h"
 #include "update/Steps.h"
+#include "update/StopTexts.h"
 #include "update/UpdateDriver.h"
 #include "update/UpdateLock.h"
 
@@ -22,12 +24,23 @@ bool CanUpdate(const Editor& editor) {
   return false;
 }
 
+/// A stopped update may have grown the workout, too.
+std::optional<std::string> Update(const Editor& editor, UpdateHost& host) {
+  try {
+    return UpdateCurrentWorkout(editor.program, editor.log, host);
+  } catch (const UpdateStopped&) {
+    ShowExercise(editor);
+    throw;
+  }
+}
+
 /// The window's additions to an update. Their failures become lines of the update, too.
-void UpdateAndShow(const Editor& editor) {
-  const auto playList = UpdateCurrentWorkout(editor.program, editor.log, editor.host);
+void UpdateAndShow(const Editor& editor, UpdateHost& host) {
+  const auto playList = Update(editor, host);
   if (!playList) return;
-  if (editor.State().UpdatingAllWorkouts) editor.progress.Hide();
-  Steps steps(editor.log, editor.host);
+  // What a stop leaves out is listed in the open window.
+  if (editor.State().UpdatingAllWorkouts && !host.StopRequested()) editor.progress.Hide();
+  Steps steps(editor.log, host);
   steps.Run([&] { editor.screen.UpdateExerciseScreen(); });
   if (editor.State().Settings.AutoLoadPlaylist == kTrue) {
     steps.Run([&] { editor.dialogs.OpenDocument(*playList); });
@@ -54,13 +67,28 @@ void ShowOrTell(const Editor& editor) {
   }
 }
 
-void LoadAndUpdate(const Editor& editor, const std::string& name) {
+void LoadAndUpdate(const Editor& editor, UpdateHost& host, const std::string& name) {
   editor.State().WorkoutFileName = name;
   const WorkoutLoad load = LoadOrTell(editor);
   // The previous workout must not be saved under this one's name.
   if (load == WorkoutLoad::kNotFound) return;
   if (load == WorkoutLoad::kLoaded) ShowOrTell(editor);
-  UpdateAndShow(editor);
+  UpdateAndShow(editor, host);
+}
+
+void UpdateAll(const Editor& editor, const std::vector<std::string>& names) {
+  SeveralUpdates updates(editor.host, names);
+  try {
+    for (const std::string& name : names) {
+      updates.BeginNext();
+      LoadAndUpdate(editor, updates, name);
+    }
+  } catch (const UpdateStopped&) {
+    const auto left = updates.NotBegun();
+    if (!left.empty()) editor.log.AddLineToUpdateList(NotUpdatedText(left));
+    LoadAndUpdate(editor, editor.host, "");
+    throw;
+  }
 }
 
 }  // namespace
@@ -69,7 +97,7 @@ void UpdateSelectedWorkoutButton_Click(const Editor& editor) {
   if (!CanUpdate(editor)) return;
   const UpdateLock lock(editor.State().ProgramDirectory);
   editor.State().UpdatingAllWorkouts = false;
-  UpdateAndShow(editor);
+  UpdateAndShow(editor, editor.host);
 }
 
 void UpdateAllWorkoutsButton_Click(const Editor& editor) {
@@ -77,9 +105,9 @@ void UpdateAllWorkoutsButton_Click(const Editor& editor) {
   const UpdateLock lock(editor.State().ProgramDirectory);
   editor.State().UpdatingAllWorkouts = true;
   const std::vector<std::string> names = editor.State().WorkoutNames;
-  for (const std::string& name : names) LoadAndUpdate(editor, name);
+  UpdateAll(editor, names);
   // One pass more than there are workouts: the command ends with no workout's name (quirk 56).
-  LoadAndUpdate(editor, "");
+  LoadAndUpdate(editor, editor.host, "");
   editor.dialogs.ShowMessage("Update COMPLETED on all Workouts");
 }
 

@@ -51,6 +51,7 @@ RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& p
   setWindowFlags(Qt::Window);
   AddTabs();
   ConnectButtons();
+  progress.OnStop([this] { stopRequested_ = true; });
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
   RestoreWindowLayout(*this, layoutFile_);
@@ -128,10 +129,12 @@ void RepvoltaForm::StepTab(int step) {
 }
 
 void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
-  if (stopRequested_) {
+  if (exitRequested_) {
     End();
     return;
   }
+  stopRequested_ = false;
+  editor_.progress.UpdateEnds();
   if (outcome == Handlers::Outcome::kFailed) ShowWhatIsInMemory();
   SetBusy(false);
   EnableWorkoutControls();
@@ -157,7 +160,8 @@ void RepvoltaForm::ShowWhatIsInMemory() {
 }
 
 void RepvoltaForm::Exit() {
-  if (stopRequested_) return;
+  if (exitRequested_) return;
+  exitRequested_ = true;
   stopRequested_ = true;
   ExitButton_Click(editor_);
   SaveWindowLayout(*this, layoutFile_);
@@ -214,6 +218,11 @@ void RepvoltaForm::AddLineToUpdateList(std::string_view line) {
 }
 
 void RepvoltaForm::UpdateBegins() { editor_.progress.Show(); }
+
+void RepvoltaForm::ShowWork(const WorkDone& work) {
+  editor_.progress.ShowProgress(meter_.Read(work, std::chrono::steady_clock::now()));
+  LetEventsRun();
+}
 
 void RepvoltaForm::ShowWorkoutNames() { workoutTab_->ShowWorkoutNames(); }
 

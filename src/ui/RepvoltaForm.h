@@ -9,6 +9,7 @@
 #include "editing/Editor.h"
 #include "editing/MainScreen.h"
 #include "ui/Handlers.h"
+#include "update/Progress.h"
 
 namespace Ui {
 class RepvoltaForm;
@@ -34,8 +35,8 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   /// The editor of the commands, with this window as its screen.
   const Editor& GetEditor() const { return editor_; }
 
-  /// Handles the windows' events during a wait. Throws UpdateStopped when the person has ended the
-  /// program.
+  /// Handles the windows' events during a wait. Throws UpdateStopped when the person has stopped
+  /// the update or ended the program.
   void RunEvents();
 
   void AddLineToUpdateList(std::string_view line) override;
@@ -43,6 +44,8 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void UpdateWorkoutScreen() override;
   void UpdateExerciseScreen() override;
   void UpdateBegins() override;
+  bool IsWatched() const override { return true; }
+  void ShowWork(const WorkDone& work) override;
   bool KeepWaiting() override;
   bool StopRequested() override;
 
@@ -91,8 +94,10 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
+  ProgressMeter meter_;
   bool busy_ = false;
-  bool stopRequested_ = false;
+  bool stopRequested_ = false;  // the update or listing that runs ends at its next step
+  bool exitRequested_ = false;
   bool ended_ = false;
 };
 

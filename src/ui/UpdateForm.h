@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "app/ProblemCount.h"
 #include "editing/ProgressWindows.h"
 #include "platform/Disks.h"
 
@@ -32,14 +33,22 @@ class UpdateForm : public QDialog, public ProgressWindow {
 
   void Show() override;
   void Hide() override { hide(); }
+  void UpdateEnds() override;
+  void OnStop(std::function<void()> stop) override { stop_ = std::move(stop); }
+  void ShowProgress(const Progress& progress) override;
   void AddLine(std::string_view line) override;
 
  private:
   void UpdateOKbutton_Click();
   void ShowEjection(const QString& line);
+  void StopButton_Click();
+  void ShowProblems();
 
   std::unique_ptr<Ui::UpdateForm> ui_;
   QPointer<QWidget> owner_;
+  std::function<void()> stop_ = [] {};
+  bool isStopping_ = false;
+  ProblemCount problems_;
 };
 
 }  // namespace repvolta

@@ -9,8 +9,8 @@
 
 namespace repvolta {
 
-/// Thrown when the person ends the program during an update. Not derived from std::exception, so
-/// that no step catches it as a failure of its own.
+/// Thrown when the person stops an update or ends the program during one. Not derived from
+/// std::exception, so that no step catches it as a failure of its own.
 struct UpdateStopped {};
 
 /// Runs an update step by step: a failing step is logged as one line, and the update continues.
@@ -18,7 +18,7 @@ class Steps {
  public:
   Steps(ProgressLog& log, UpdateHost& host) : log_(log), host_(host) {}
 
-  /// Throws UpdateStopped when the person has ended the program.
+  /// Throws UpdateStopped when the person has stopped the update or ended the program.
   void CheckStop() const {
     if (host_.StopRequested()) throw UpdateStopped();
   }

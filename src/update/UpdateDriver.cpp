@@ -20,6 +20,8 @@
 #include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
 #include "update/Steps.h"
+#include "update/StopTexts.h"
+#include "update/UpdateWork.h"
 
 namespace repvolta {
 namespace {
@@ -33,6 +35,7 @@ class WorkoutUpdate {
         log_(log),
         host_(host),
         steps_(log, host),
+        work_(steps_, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
         playList_(folder_.Path() + workoutName_ + kPlayListExtension) {}  // quirk 51
@@ -44,6 +47,8 @@ class WorkoutUpdate {
     drawn_ = DrawRandomMusic(program_, steps_);
     // Quirk 34.
     steps_.Run([&] { SaveWorkout(state_); });
+    stage_ = Stage::kSaved;
+    work_.Plan(WorkOfExercises(state_.Workout, state_.NumberOfExercises, drawn_));
     for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
       text_.clear();
       ProduceInstruction(i);
@@ -53,21 +58,31 @@ class WorkoutUpdate {
     return playList_;
   }
 
-  /// Removes the working files that this run has made, but not those that stay. Throws FileError.
-  void RemoveWorkingFiles() {
-    if (workingFiles_ != WorkingFiles::kMade) return;
-    RemoveFile(kWorkingWav);
-    RemoveFile(kWorkingMp3);
+  /// After a stop: leaves no working files, and on the player no file that is not in the play list;
+  /// the files there are on the device. Logs what is there.
+  void EndStopped() {
+    TidyUp([&] { RemoveUnlisted(); });
+    TidyUp([&] { RemoveWorkingFiles(); });
+    TidyUp([&] {
+      if (stage_ == Stage::kSaved) folder_.FlushToDevice();
+    });
+    if (stage_ == Stage::kCleared) state_.Workout = workoutBefore_;
+    steps_.Log(StoppedLine());
   }
 
  private:
+  enum class Stage { kNotBegun, kCleared, kSaved };
+
   /// The state of "temp.wav" and "temp.mp3". The files may also be an earlier run's, which leaves
   /// them when there is no encoder.
   enum class WorkingFiles { kNotMade, kMade, kStay };
 
   void Prepare() {
     // Showing the window clears its list, so an earlier failure is logged after that.
-    const auto clearing = steps_.Try([&] { folder_.Clear(WhatToKeep()); });
+    const auto clearing = steps_.Try([&] {
+      stage_ = Stage::kCleared;
+      folder_.Clear(WhatToKeep());
+    });
     const auto creation = steps_.Try([&] { folder_.Create(); });
     host_.UpdateBegins();
     steps_.Log("Updating Workout " + FileName(state_.WorkoutFileName));
@@ -87,6 +102,7 @@ class WorkoutUpdate {
   }
 
   void ProduceInstruction(std::int16_t exercise) {
+    work_.BeginInstruction(exercise);
     steps_.Run([&] {
       workingFiles_ = WorkingFiles::kMade;
       GenerateHumanVoiceInstruction(state_, exercise, kWorkingWav, program_.speech, log_);
@@ -103,9 +119,11 @@ class WorkoutUpdate {
     } else {
       KeepWav(path + ".WAV");
     }
+    work_.EndFile();
   }
 
   void KeepMp3(const std::string& path) {
+    unlisted_ = path;
     steps_.Run([&] { folder_.CopyInto(kWorkingMp3, path); });
     steps_.Run([&] { RemoveFile(kWorkingWav); });
     steps_.Run([&] { RemoveFile(kWorkingMp3); });
@@ -118,6 +136,7 @@ class WorkoutUpdate {
   /// Without an encoder the instruction stays a WAV file, and the working file is kept too
   /// (quirk 50).
   void KeepWav(const std::string& path) {
+    unlisted_ = path;
     steps_.Run([&] { folder_.CopyInto(kWorkingWav, path); });
     steps_.Log(FileName(path) + " WAV Instruction file created sucessfully.");
     List(path);
@@ -127,12 +146,18 @@ class WorkoutUpdate {
     steps_.Run([&] {
       const auto drawn = drawn_.find(exercise);
       if (drawn != drawn_.end()) {
-        for (const std::string& song : drawn->second) CopySong(song);
+        for (const std::string& song : drawn->second) AddSong(song);
         return;
       }
       const ExerciseRecord& record = state_.Workout[exercise];
-      for (int j = 0; j < record.NumberOfMusicFiles; ++j) CopySong(record.MusicFile[j].Trimmed());
+      for (int j = 0; j < record.NumberOfMusicFiles; ++j) AddSong(record.MusicFile[j].Trimmed());
     });
+  }
+
+  void AddSong(const std::string& source) {
+    work_.BeginSong(source);
+    CopySong(source);
+    work_.EndFile();
   }
 
   void CopySong(const std::string& source) {
@@ -144,7 +169,9 @@ class WorkoutUpdate {
     const auto plan = PlanTaggedCopy(source, path, text_, state_.WorkoutFileName);
     bool isCopied = false;
     steps_.Run([&] {
-      CopyOrSayWhy(source, path, plan ? CopyStart{plan->tag, plan->audioOffset} : CopyStart{});
+      CopyStart start = plan ? CopyStart{plan->tag, plan->audioOffset} : CopyStart{};
+      start.watch = work_.Watch();
+      CopyOrSayWhy(source, path, start);
       isCopied = true;
     });
     // A copy that failed never shows: it is left out like a song that is missing.
@@ -160,6 +187,7 @@ class WorkoutUpdate {
 
   void CopyOrSayWhy(const std::string& source, const std::string& path, const CopyStart& start) {
     try {
+      unlisted_ = path;
       folder_.CopyInto(source, path, start);
     } catch (const FileError& error) {
       throw std::runtime_error(FileName(source) + " could not be copied: " + error.Reason());
@@ -199,6 +227,8 @@ class WorkoutUpdate {
       folder_.Claim(playList_);
       AddToPlaylistFile(path, playList_);
     });
+    unlisted_.clear();
+    work_.AddListed();
     ++counter_;
   }
 
@@ -214,9 +244,37 @@ class WorkoutUpdate {
     if (workingFiles_ == WorkingFiles::kMade) {
       for (const char* file : {kWorkingWav, kWorkingMp3}) steps_.Run([&] { RemoveFile(file); });
     }
+    work_.BeginFlush();
     steps_.Run([&] { folder_.FlushToDevice(); });
+    work_.End();
     steps_.Log("");
     steps_.Log("UPDATE COMPLETE.");
+  }
+
+  /// The next update tries again; that this one was stopped must not get lost.
+  template <class Statement>
+  void TidyUp(Statement&& statement) {
+    try {
+      statement();
+    } catch (const FileError& error) {
+      steps_.LogFailure(error.what());
+    }
+  }
+
+  void RemoveUnlisted() const {
+    if (!unlisted_.empty() && folder_.MayChange(unlisted_)) RemoveFile(unlisted_);
+  }
+
+  void RemoveWorkingFiles() const {
+    if (workingFiles_ != WorkingFiles::kMade) return;
+    RemoveFile(kWorkingWav);
+    RemoveFile(kWorkingMp3);
+  }
+
+  std::string StoppedLine() const {
+    const std::string workout = FileName(state_.WorkoutFileName);
+    if (stage_ == Stage::kNotBegun) return NotUpdatedText({workout});
+    return stage_ == Stage::kCleared ? StoppedUnchangedText(workout) : work_.StoppedLine();
   }
 
   Program& program_;
@@ -224,6 +282,7 @@ class WorkoutUpdate {
   ProgressLog& log_;
   UpdateHost& host_;
   Steps steps_;
+  UpdateWork work_;
   std::string workoutName_;
   OutputFolder folder_;
   std::string playList_;
@@ -231,6 +290,9 @@ class WorkoutUpdate {
   std::string text_;  // the sentence of the current exercise, for its music too (quirk 53)
   int counter_ = 1;
   WorkingFiles workingFiles_ = WorkingFiles::kNotMade;
+  Stage stage_ = Stage::kNotBegun;
+  ExerciseSlots workoutBefore_ = state_.Workout;
+  std::string unlisted_;  // the file that is being written, until it is in the play list
 };
 
 }  // namespace
@@ -245,11 +307,7 @@ std::optional<std::string> UpdateCurrentWorkout(Program& program, ProgressLog& l
   try {
     return update.Run();
   } catch (const UpdateStopped&) {
-    try {
-      update.RemoveWorkingFiles();
-    } catch (const FileError&) {
-      // The next update tries again; that this one was stopped must not get lost.
-    }
+    update.EndStopped();
     throw;
   }
 }

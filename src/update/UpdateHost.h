@@ -1,5 +1,7 @@
 #pragma once
 
+#include "update/Progress.h"
+
 namespace repvolta {
 
 /// The services that an update needs from the program that runs it.
@@ -10,11 +12,19 @@ class UpdateHost {
   /// A new update begins: a window shows itself and clears the lines of the previous update.
   virtual void UpdateBegins() {}
 
+  /// True when somebody sees ShowWork. Then the size of each song is looked up, and long copies
+  /// go in small pieces, at the pace of the player.
+  virtual bool IsWatched() const { return false; }
+
+  /// Called whenever some work has been done or begun, if the update is watched.
+  virtual void ShowWork(const WorkDone& /*work*/) {}
+
   /// Called repeatedly while a copied file is not there yet; a window handles its events meanwhile.
   /// False: stop waiting for the file.
   virtual bool KeepWaiting() = 0;
 
-  /// True when the person has ended the program: the update stops before its next step.
+  /// True when the person has stopped the update or ended the program: the update stops before its
+  /// next step.
   virtual bool StopRequested() = 0;
 };
 

@@ -20,11 +20,19 @@ class RecordingRun : public ProgressLog, public UpdateHost {
     calls.emplace_back("show");
     log.clear();
   }
+  bool IsWatched() const override { return isWatched; }
+  void ShowWork(const WorkDone& work) override {
+    progress.push_back(work);
+    if (whenProgress) whenProgress(work);
+  }
   bool KeepWaiting() override { return keepWaiting && keepWaiting(); }
   bool StopRequested() override { return stopRequested && stopRequested(); }
 
   std::vector<std::string> log;
   std::vector<std::string> calls;
+  std::vector<WorkDone> progress;
+  bool isWatched = false;
+  std::function<void(const WorkDone&)> whenProgress;
   std::function<bool()> keepWaiting;
   std::function<bool()> stopRequested;
 };

@@ -54,6 +54,9 @@ class RecordingWindow : public RecordingRun,
   // ProgressWindow
   void Show() override {}
   void Hide() override { calls.emplace_back("hide"); }
+  void UpdateEnds() override {}
+  void OnStop(std::function<void()> /*stop*/) override {}
+  void ShowProgress(const Progress& /*progress*/) override {}
   void AddLine(std::string_view line) override { AddLineToUpdateList(line); }
 
   // MainScreen

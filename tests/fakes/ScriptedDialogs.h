@@ -81,15 +81,21 @@ class RecordingProgress : public ProgressWindow {
     ++shown;
   }
   void Hide() override { visible = false; }
+  void UpdateEnds() override { ++ended; }
+  void OnStop(std::function<void()> onStop) override { stop = std::move(onStop); }
+  void ShowProgress(const Progress& progress) override { shares.push_back(progress.percent); }
   void AddLine(std::string_view line) override {
     lines.emplace_back(line);
     if (whenLine) whenLine();
   }
 
   std::vector<std::string> lines;
+  std::vector<int> shares;  // per cent
   bool visible = false;
   int shown = 0;
+  int ended = 0;
   std::function<void()> whenLine;
+  std::function<void()> stop;  // as the person would
 };
 
 class RecordingPleaseWait : public PleaseWait {

@@ -13,20 +13,29 @@ void EjectButton::Use(Disks& disks, std::function<std::string()> outputPath) {
   outputPath_ = std::move(outputPath);
 }
 
-void EjectButton::Look(Moment moment) {
+void EjectButton::UpdateBegins() {
+  isUpdating_ = true;
+  Look();
+}
+
+void EjectButton::UpdateEnds() {
+  if (std::exchange(isUpdating_, false)) Look();
+}
+
+void EjectButton::Look() {
   if (!disks_) return;
   emit Said({});
   setEnabled(false);
   folder_ = outputPath_();
-  disks_->Ask(folder_, [this, moment](const Ejection& found) { ShowEjection(moment, found); });
+  disks_->Ask(folder_, [this](const Ejection& found) { ShowEjection(found); });
 }
 
-void EjectButton::ShowEjection(Moment moment, const Ejection& ejection) {
+void EjectButton::ShowEjection(const Ejection& ejection) {
   disk_ = QString::fromStdString(ejection.disk);
   setVisible(ejection.state != Ejection::State::kNone);
   if (ejection.state == Ejection::State::kRefused) {
     Grey(QString::fromStdString(ejection.reason));
-  } else if (moment == Moment::kDuringUpdate) {
+  } else if (isUpdating_) {
     Grey(tr("The update still writes to %1.").arg(disk_));
   } else {
     Describe(tr("Make %1 ready to be unplugged").arg(disk_));

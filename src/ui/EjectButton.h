@@ -19,18 +19,18 @@ class EjectButton : public QPushButton {
   /// Until this call the button stays hidden. `disks` must outlive the button.
   void Use(Disks& disks, std::function<std::string()> outputPath);
 
-  void UpdateBegins() { Look(Moment::kDuringUpdate); }
-  void UpdateEnds() { Look(Moment::kAfterUpdate); }
+  void UpdateBegins();
+
+  /// Does nothing unless an update has begun.
+  void UpdateEnds();
 
  signals:
   /// How the ejection goes, as a sentence; empty when there is nothing to say any more.
   void Said(const QString& line);
 
  private:
-  enum class Moment { kDuringUpdate, kAfterUpdate };
-
-  void Look(Moment moment);
-  void ShowEjection(Moment moment, const Ejection& ejection);
+  void Look();
+  void ShowEjection(const Ejection& ejection);
   void Eject();
   void ShowEnd(const QString& failure);
   void Describe(const QString& text);
@@ -40,6 +40,7 @@ class EjectButton : public QPushButton {
   std::function<std::string()> outputPath_;
   std::string folder_;  // that the ejection is about
   QString disk_;
+  bool isUpdating_ = false;
 };
 
 }  // namespace repvolta

@@ -15,8 +15,6 @@ namespace {
 constexpr int kWidth = 90;
 constexpr int kHeight = 28;
 
-constexpr std::string_view kUpdateComplete = "UPDATE COMPLETE.";
-
 }  // namespace
 
 UpdateForm::UpdateForm() : ui_(std::make_unique<Ui::UpdateForm>()) {
@@ -52,6 +50,7 @@ void UpdateForm::UpdateEnds() {
   ui_->StopButton->setEnabled(false);
   ui_->FileLabel->SetWholeText("");
   ui_->TimeLeftLabel->clear();
+  ui_->EjectButton->UpdateEnds();
 }
 
 void UpdateForm::ShowProgress(const Progress& progress) {
@@ -66,7 +65,6 @@ void UpdateForm::AddLine(std::string_view line) {
   MarkProblem(*item, KindOfLine(line));
   problems_.Add(KindOfLine(line));
   ShowProblems();
-  if (line == kUpdateComplete) ui_->EjectButton->UpdateEnds();
   // The update goes on without returning to the event loop, so the line is painted at once.
   repaint();
   ui_->UpdateList->viewport()->repaint();

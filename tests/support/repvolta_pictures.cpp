@@ -1,17 +1,20 @@
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFont>
 #include <QIcon>
 #include <QListWidget>
 #include <QPalette>
+#include <QPushButton>
 #include <QTabWidget>
 
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
 #include "base/Days.h"
+#include "base/FileNames.h"
 #include "editing/StartUp.h"
 #include "platform/Clock.h"
-#include "platform/MountedVolumes.h"
 #include "ui/AboutForm.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
@@ -22,7 +25,9 @@
 #include "ui/SelectExerciseDialog.h"
 #include "ui/UpdateForm.h"
 
+#include "fakes/FakeDisks.h"
 #include "fakes/FakeServices.h"
+#include "fakes/FakeVolumes.h"
 #include "support/TemporaryFolder.h"
 
 // Takes pictures of the windows: repvolta_pictures FOLDER light|dark [FONT SIZE].
@@ -110,27 +115,29 @@ void MakeProgramDirectory(ProgramState& state) {
   SaveSettings(state);
 }
 
-void TakeDialogs(const Pictures& pictures) {
-  SelectExerciseDialog exercise({"Arms", "Back", "Chest", "Core", "Legs"}, [](const std::string&) {
-    return std::vector<std::string>{"Bench Press", "Cable Crossover", "Chest Dip"};
-  });
-  pictures.Take(exercise, "SelectExerciseDialog-empty");
-  exercise.findChild<QListWidget*>("ExerciseTypeList")->setCurrentRow(2);
-  exercise.findChild<QListWidget*>("ExerciseNameList")->setCurrentRow(0);
-  pictures.Take(exercise, "SelectExerciseDialog");
-  MountedVolumes volumes;
+void TakePicker(const Pictures& pictures) {
+  const std::string home = QDir::homePath().toStdString();
+  const TemporaryFolder player;
+  FakeVolumes volumes({{.root = "/"},
+                       {.root = home},
+                       {.root = "/mnt/nas", .state = Volume::State::kSilent},
+                       {.root = WithoutSeparator(player.Path()),
+                        .label = "WALKMAN",
+                        .kind = Volume::Kind::kRemovable,
+                        .freeBytes = 3'200'000'000}});
   SelectDirectory directory(volumes, QDir::homePath());
   pictures.Take(directory, "SelectDirectory");
-  AboutForm about;
-  pictures.Take(about, "AboutForm");
-  InputBox input("Enter new Value:", "Change Exercise Value", "12.5");
-  pictures.Take(input, "InputBox");
-  MessageBox message("Are you SURE you want to delete workout\r<b>Monday</b>.RPV", "Delete Workout",
-                     QMessageBox::Ok | QMessageBox::Cancel);
-  pictures.Take(message, "MessageBox");
-  RandomMusicMessage wait;
-  pictures.Take(wait, "RandomMusicMessage");
+  auto& drives = *directory.findChild<QComboBox*>("DriveListBox");
+  drives.setCurrentIndex(3);
+  pictures.Take(directory, "SelectDirectory-player");
+  drives.showPopup();
+  pictures.Take(*drives.view()->window(), "SelectDirectory-drives");
+}
+
+void TakeUpdate(const Pictures& pictures) {
+  FakeDisks disks;
   UpdateForm update;
+  update.OfferEject(disks, [] { return std::string(); });
   update.Show();
   for (const char* line :
        {"Updating Workout Monday.RPV", "Created directory /home/kim/Player/Monday/",
@@ -141,6 +148,33 @@ void TakeDialogs(const Pictures& pictures) {
     update.AddLine(line);
   }
   pictures.Take(update, "UpdateForm");
+  update.UpdateEnds();
+  disks.answer({Ejection::State::kPossible, "WALKMAN", ""});
+  pictures.Take(update, "UpdateForm-eject");
+  update.findChild<QPushButton*>("EjectButton")->click();
+  disks.end("");
+  pictures.Take(update, "UpdateForm-ejected");
+}
+
+void TakeDialogs(const Pictures& pictures) {
+  SelectExerciseDialog exercise({"Arms", "Back", "Chest", "Core", "Legs"}, [](const std::string&) {
+    return std::vector<std::string>{"Bench Press", "Cable Crossover", "Chest Dip"};
+  });
+  pictures.Take(exercise, "SelectExerciseDialog-empty");
+  exercise.findChild<QListWidget*>("ExerciseTypeList")->setCurrentRow(2);
+  exercise.findChild<QListWidget*>("ExerciseNameList")->setCurrentRow(0);
+  pictures.Take(exercise, "SelectExerciseDialog");
+  TakePicker(pictures);
+  AboutForm about;
+  pictures.Take(about, "AboutForm");
+  InputBox input("Enter new Value:", "Change Exercise Value", "12.5");
+  pictures.Take(input, "InputBox");
+  MessageBox message("Are you SURE you want to delete workout\r<b>Monday</b>.RPV", "Delete Workout",
+                     QMessageBox::Ok | QMessageBox::Cancel);
+  pictures.Take(message, "MessageBox");
+  RandomMusicMessage wait;
+  pictures.Take(wait, "RandomMusicMessage");
+  TakeUpdate(pictures);
 }
 
 void TakeWindow(const Pictures& pictures) {

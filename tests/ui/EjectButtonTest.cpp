@@ -120,6 +120,16 @@ TEST_F(EjectButtonTest, ForgetsTheLastEjectionWhenAnUpdateBegins) {
   EXPECT_FALSE(button.isEnabled());
 }
 
+TEST_F(EjectButtonTest, StaysAsItIsWhenOtherCommandsEnd) {
+  FinishUpdate(kPossible);
+  button.click();
+  disks.end("");
+  const std::size_t before = disks.asked.size();
+  button.UpdateEnds();
+  EXPECT_EQ(disks.asked.size(), before);
+  EXPECT_EQ(said.back(), "WALKMAN can be unplugged now.");
+}
+
 TEST_F(EjectButtonTest, IsHiddenAgainWhenTheOutputPathIsElsewhere) {
   FinishUpdate(kPossible);
   FinishUpdate(kNone);

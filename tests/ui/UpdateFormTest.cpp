@@ -219,6 +219,7 @@ class UpdateWindowWithPlayer : public testing::Test {
   }
   void FinishUpdate() {
     form.AddLine("UPDATE COMPLETE.");
+    form.UpdateEnds();
     disks.answer(possible);
   }
 
@@ -272,12 +273,12 @@ TEST_F(UpdateWindowWithPlayer, EjectsItByKeyboard) {
 
 TEST_F(UpdateWindowWithPlayer, IsHeardByDistinctNames) {
   FinishUpdate();
-  EXPECT_EQ(HeardNames(form),
-            (std::map<std::string, int>{{"Eject", 1}, {"OK", 1}, {"Update progress", 1}}));
+  EXPECT_EQ(HeardNames(form), (std::map<std::string, int>{
+                                  {"Eject", 1}, {"OK", 1}, {"Stop", 1}, {"Update progress", 1}}));
 }
 
 TEST_F(UpdateWindow, OffersNoEjectionWithoutAPlayer) {
-  form.AddLine("UPDATE COMPLETE.");
+  form.UpdateEnds();
   EXPECT_TRUE(Find<QPushButton>(form, "EjectButton").isHidden());
 }
 

@@ -7,7 +7,7 @@
 #include "base/FileNames.h"
 #include "base/FileStatus.h"
 #include "base/Folder.h"
-#include "update/OutputFolder.h"
+#include "update/PlayerNames.h"
 #include "update/RoomNeeded.h"
 
 namespace repvolta {
@@ -30,8 +30,14 @@ std::uint64_t TakenBelow(const std::string& folder, dev_t disk) {
   return taken;
 }
 
-std::string FolderOfWorkout(const ProgramState& state) {
-  return OutputFolder(state.Settings.OutputPath.Trimmed(), BaseName(state.WorkoutFileName)).Path();
+/// What the files of the workout's last update take, under whichever name the disk keeps them.
+std::uint64_t RoomTakenByOldFiles(const ProgramState& state) {
+  const std::string folder = state.Settings.OutputPath.Trimmed() + "/";
+  for (const std::string& name : PlayerNames(BaseName(state.WorkoutFileName))) {
+    const std::uint64_t taken = IsFileName(name) ? RoomTakenBy(folder + name) : 0;
+    if (taken > 0) return taken;
+  }
+  return 0;
 }
 
 /// False when the play times do not promise that all updates fit.
@@ -54,7 +60,7 @@ std::optional<LackOfRoom> Compare(const std::vector<const ProgramState*>& workou
   }
   for (const ProgramState* workout : workouts) {
     if (lack.needed <= lack.room) return std::nullopt;
-    lack.room += RoomTakenBy(FolderOfWorkout(*workout));
+    lack.room += RoomTakenByOldFiles(*workout);
   }
   if (lack.needed <= lack.room) return std::nullopt;
   return lack;

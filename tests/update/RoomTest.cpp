@@ -110,6 +110,19 @@ TEST_F(LackingRoom, CountsTheRoomOfTheOldFolder) {
   EXPECT_TRUE(Lack());
 }
 
+TEST_F(LackingRoom, CountsTheOldFolderUnderTheNameThatTheDiskKeeps) {
+  state.WorkoutFileName = "Week: 1.RPV";
+  PutFile("player/Week_ 1/RV002-old.mp3", Bytes(kSong, 'x'));
+  const FakeDisk disk(Free(100'000));
+  EXPECT_EQ(Lack(), std::nullopt);
+}
+
+TEST_F(LackingRoom, CountsNothingOutsideTheOutputPath) {
+  state.WorkoutFileName = "...RPV";
+  const FakeDisk disk(Free(100'000));
+  EXPECT_TRUE(Lack());
+}
+
 TEST_F(LackingRoom, IsThatOfAllWorkoutsTogether) {
   ProgramState other = state;
   other.WorkoutFileName = "Tuesday.RPV";

@@ -129,7 +129,7 @@ TEST_F(UpdateJudged, MusicOfEveryKindSoundsAsBefore) {
 
 TEST_F(UpdateJudged, MusicThatIsHardlyMusicIsCopiedAllTheSame) {
   Begin("Monday");
-  for (const std::size_t size : {0, 3, 128, 129}) {
+  for (const std::size_t size : {0U, 3U, 128U, 129U}) {
     AddMusic(std::to_string(size) + ".mp3", Bytes(size, 'x'));
   }
   AddMusic("no frame.mp3", Bytes(5000, 0));

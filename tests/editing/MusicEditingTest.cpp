@@ -31,7 +31,7 @@ class MusicEditing : public EditorFixture {
   ExerciseRecord& Exercise() { return state.Workout[0]; }
 
   std::string Song(const std::string& name, int seconds) {
-    const std::string path = folder.Path() + "music/" + name;
+    std::string path = folder.Path() + "music/" + name;
     PutFile(path, SongBytes(seconds));
     return path;
   }

@@ -116,14 +116,15 @@ TEST_F(MergeWAV, WritesTheFormatSizeWhateverItWas) {
 
 TEST_F(MergeWAV, LeavesTheOtherHeaderFieldsAlone) {
   Bytes target = ClipBytes(Bytes(200, 't'));
-  for (const std::size_t offset : {0, 8, 12, 20, 22, 24, 28, 32, 34, 36, 38}) target[offset] = 'x';
+  for (const std::size_t offset : {0U, 8U, 12U, 20U, 22U, 24U, 28U, 32U, 34U, 36U, 38U})
+    target[offset] = 'x';
   PutFile("target.wav", target);
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));
 
   MergeWAVfiles("target.wav", "source.wav", run);
 
   const Bytes joined = GetFile("target.wav");
-  for (const std::size_t offset : {0, 8, 12, 20, 22, 24, 28, 32, 34, 36, 38})
+  for (const std::size_t offset : {0U, 8U, 12U, 20U, 22U, 24U, 28U, 32U, 34U, 36U, 38U})
     EXPECT_EQ(joined[offset], 'x') << offset;
 }
 
@@ -163,7 +164,7 @@ TEST_F(MergeWAV, LogsOnlyTheSourceWhenBothAreMissing) {
 }
 
 TEST_F(MergeWAV, SaysThatASourceIsTooShort) {
-  for (const std::size_t size : {0, 1, 44, 45}) {
+  for (const std::size_t size : {0U, 1U, 44U, 45U}) {
     PutFile("target.wav", ClipBytes(Bytes(200, 't')));
     PutFile("source.wav", Bytes(size, 's'));
     MergeWAVfiles("target.wav", "source.wav", run);
@@ -177,9 +178,9 @@ TEST_F(MergeWAV, WritesOnlyTheNumbersOfTheHeaderForASourceThatIsTooShort) {
   Put32(expected, 4, 238);
   Put32(expected, 16, 18);
   Put32(expected, 42, 199);
-  for (const std::size_t size : {0, 1, 44, 45}) {
+  for (const std::size_t size : {0U, 1U, 44U, 45U}) {
     Bytes target = ClipBytes(Bytes(200, 't'));
-    for (const std::size_t offset : {4, 16, 42}) Put32(target, offset, 77);
+    for (const std::size_t offset : {4U, 16U, 42U}) Put32(target, offset, 77);
     PutFile("target.wav", target);
     PutFile("source.wav", Bytes(size, 's'));
     MergeWAVfiles("target.wav", "source.wav", run);
@@ -189,7 +190,7 @@ TEST_F(MergeWAV, WritesOnlyTheNumbersOfTheHeaderForASourceThatIsTooShort) {
 
 TEST_F(MergeWAV, SaysThatATargetIsTooShort) {
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));
-  for (const std::size_t size : {0, 1, 45}) {
+  for (const std::size_t size : {0U, 1U, 45U}) {
     PutFile("target.wav", Bytes(size, 't'));
     MergeWAVfiles("target.wav", "source.wav", run);
   }
@@ -202,7 +203,7 @@ TEST_F(MergeWAV, JoinsToATargetThatIsTooShortAsToAnyOther) {
   Bytes source = ClipBytes(Bytes(100, 's'));
   source[45] = 'h';
   PutFile("source.wav", source);
-  for (const std::size_t size : {1, 2, 20, 44, 45}) {
+  for (const std::size_t size : {1U, 2U, 20U, 44U, 45U}) {
     PutFile("target.wav", Bytes(size, 't'));
     MergeWAVfiles("target.wav", "source.wav", run);
     const std::string text = std::string(size - 1, 't') + "h" + std::string(100, 's');
@@ -220,7 +221,7 @@ TEST_F(MergeWAV, WritesTheNumbersOfTheHeaderAlsoWhereNoneIs) {
   Put32(expected, 4, 0xFFFFFFF8U);
   Put32(expected, 16, 18);
   Put32(expected, 42, 0xFFFFFFD1U);
-  for (const std::size_t size : {0, 45, 146}) {
+  for (const std::size_t size : {0U, 45U, 146U}) {
     PutFile("source.wav", Bytes(size, 's'));
     PutFile("target.wav", Bytes());
     MergeWAVfiles("target.wav", "source.wav", run);

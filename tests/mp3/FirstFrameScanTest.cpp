@@ -75,7 +75,7 @@ TEST(FirstFrameScan, AgreesWithTheRuleOnEveryHeader) {
 
 TEST(FirstFrameScan, AgreesWithTheRuleAcrossTheEndOfEveryBlock) {
   TemporaryFolder folder;
-  for (const std::size_t end : {4, 4 + 16, 4 + 16 + 64, 4 + 16 + 64 + 128}) {
+  for (const std::size_t end : {4U, 4U + 16, 4U + 16 + 64, 4U + 16 + 64 + 128}) {
     for (std::size_t before = end * 1024 - 80; before < end * 1024 + 3; ++before) {
       Bytes file(before, 0xFF);
       file.insert(file.end(), {0xFF, 0xFB, 0x90, 0x00, 0, 0, 0, 0, 0});

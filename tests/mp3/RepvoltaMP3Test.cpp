@@ -81,7 +81,7 @@ TEST(RepvoltaMP3, KnowsNothingOfAFileWithoutAFrame) {
 }
 
 TEST(RepvoltaMP3, ReadsTheShortestFiles) {
-  for (const std::size_t size : {0, 1, 3, 4, 5, 9, 10, 127, 128, 129, 137, 138, 139}) {
+  for (const std::size_t size : {0U, 1U, 3U, 4U, 5U, 9U, 10U, 127U, 128U, 129U, 137U, 138U, 139U}) {
     EXPECT_FALSE(Read(Mp3Bytes().Garbage(size)).valid) << size;
   }
 }

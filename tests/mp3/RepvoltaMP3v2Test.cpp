@@ -265,7 +265,8 @@ TEST(cMP3ID3v2, FindsATagBehindGarbage) {
 }
 
 TEST(cMP3ID3v2, FindsATagAcrossChunks) {
-  for (const std::size_t before : {4092, 4093, 4094, 4095, 4096, 8185, 8186, 8187, 8188, 8189}) {
+  for (const std::size_t before :
+       {4092U, 4093U, 4094U, 4095U, 4096U, 8185U, 8186U, 8187U, 8188U, 8189U}) {
     const cMP3ID3v2 tag = Read(Mp3Bytes().Garbage(before).Id3v2(Id3v2Bytes().Text("TIT2", "a")));
     EXPECT_EQ(tag.Place().position, static_cast<std::int32_t>(before) + 4);
     EXPECT_EQ(tag.Title(), "a") << before;
@@ -273,7 +274,7 @@ TEST(cMP3ID3v2, FindsATagAcrossChunks) {
 }
 
 TEST(cMP3ID3v2, LooksForNoTagBehindTheStartOfTheAudio) {
-  for (const std::size_t before : {0, 100, 4090, 4092, 4094, 4095, 4096, 9000}) {
+  for (const std::size_t before : {0U, 100U, 4090U, 4092U, 4094U, 4095U, 4096U, 9000U}) {
     const Mp3Bytes file = Mp3Bytes()
                               .Garbage(before)
                               .Raw("\xFF\xFB")

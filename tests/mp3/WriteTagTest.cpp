@@ -57,7 +57,7 @@ TEST(WriteTag, WritesEachByteAsItMust) {
 }
 
 TEST(WriteTag, AddsAtLeast2048BytesToAnUntaggedFile) {
-  for (const std::size_t size : {0, 3, 128, 129, 2048, 5000}) {
+  for (const std::size_t size : {0U, 3U, 128U, 129U, 2048U, 5000U}) {
     const Mp3Bytes file = Mp3Bytes().Garbage(size);
     const Bytes tagged = WithTitle(file, "t");
     ASSERT_EQ(tagged.size(), size + 2048);
@@ -161,7 +161,7 @@ Mp3Bytes SongWithClaimedTag(std::uint32_t size) {
 TEST(WriteTag, LeavesWhatStandsBehindATagThatGrewOverTheOldAsItIs) {
   constexpr std::size_t kRoom = 30;
   const Mp3Bytes file = SongWithClaimedTag(2048 - kRoom);
-  for (const std::size_t size : {2018, 2019, 2046, 2047}) {
+  for (const std::size_t size : {2018U, 2019U, 2046U, 2047U}) {
     const Bytes tagged = WithTitle(file, TitleForTagOf(size));
     ASSERT_EQ(tagged.size(), file.Size() + kRoom);
     EXPECT_TRUE(std::ranges::equal(std::span(tagged).subspan(size),

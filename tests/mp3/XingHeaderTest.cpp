@@ -52,7 +52,7 @@ TEST(XingHeader, MakesTheBitRateOfOtherVersionsTwelveTimesTooLow) {
 }
 
 TEST(XingHeader, CountsOnlyExactly36BytesBehindTheFrameHeader) {
-  for (const std::size_t offset : {13, 21, 35, 37}) {
+  for (const std::size_t offset : {13U, 21U, 35U, 37U}) {
     const MP3Info info = Read(Mp3Bytes().Frame({}, 1000).Xing(1, 200, offset));
     EXPECT_FALSE(info.vbr) << offset;
     EXPECT_EQ(info.bitRate, 128) << offset;

@@ -151,7 +151,7 @@ TEST(ProcessMP3tag, LogsAMarkerInsideTheAudioAndGoesOn) {
 }
 
 TEST(ProcessMP3tag, TagsFilesOfAnySize) {
-  for (const std::size_t size : {0, 3, 128, 129}) {
+  for (const std::size_t size : {0U, 3U, 128U, 129U}) {
     TemporaryFolder folder;
     PutFile("song.mp3", Mp3Bytes().Garbage(size));
     RecordingLog log;

@@ -55,7 +55,8 @@ Bytes WavOf(const Sound& sound) {
   std::copy_n("data", 4, wav.begin() + 36);
   StoreLittleEndian(all.subspan(40), size);
   for (std::uint32_t i = 0; i < samples * sound.channels; ++i) {
-    const double turn = 440.0 * (i / sound.channels) / sound.rate;
+    const std::uint32_t moment = i / sound.channels;
+    const double turn = 440.0 * moment / sound.rate;
     const double value = 9000 * std::sin(2 * std::numbers::pi * turn * (1 + turn / 4000));
     StoreLittleEndian(all.subspan(44 + 2 * std::size_t{i}),
                       static_cast<std::uint16_t>(static_cast<std::int16_t>(value)));

@@ -223,9 +223,10 @@ class Mtp(Player):
             self.server = subprocess.Popen([program, self.folder, f"--full-at={self.size}",
                                             *self.habits])
             wait_for(f"{self.folder} to be mounted", self.is_mounted)
-        elif not self.is_mounted():
-            run("mount", "--move", self.away, self.folder)
-        self.server.send_signal(signal.SIGUSR1)
+        else:
+            if not self.is_mounted():
+                run("mount", "--move", self.away, self.folder)
+            self.server.send_signal(signal.SIGUSR1)
         run("mount", "-o", ",".join(["remount", "bind", *(options or ["rw"])]), self.folder)
 
     def unplug(self):

@@ -22,6 +22,7 @@ class MtpTest(FaultTest):
         self.player = Mtp(work, self.size, habits)
         self.addCleanup(self.player.end)
         self.player.plug_in()
+        self.folder = self.player.folder / "Monday"
 
     def test_loses_nothing_by_what_it_refuses(self):
         for habits in HABITS:

@@ -72,9 +72,9 @@ class Player:
     program = None  # which serves the file system
     full = errno.ENOSPC  # what it answers when it is full
 
-    def __init__(self, work, size=24 * MEBIBYTE):
-        self.folder = work / "player"
-        self.image = work / "image"
+    def __init__(self, work, size=24 * MEBIBYTE, name="player"):
+        self.folder = work / name
+        self.image = work / f"{name}.image"
         self.size = size
         self.folder.mkdir()
         self.format()
@@ -207,12 +207,12 @@ class Mtp(Player):
 
     program = "mtp_like"
 
-    def __init__(self, work, size=24 * MEBIBYTE, habits=()):
+    def __init__(self, work, size=24 * MEBIBYTE, name="player", habits=()):
         self.habits = habits
         self.server = None
-        self.away = work / "away"
+        self.away = work / f"{name} away"
         self.away.mkdir()
-        super().__init__(work, size)
+        super().__init__(work, size, name)
 
     def format(self):
         pass
@@ -223,9 +223,10 @@ class Mtp(Player):
             self.server = subprocess.Popen([program, self.folder, f"--full-at={self.size}",
                                             *self.habits])
             wait_for(f"{self.folder} to be mounted", self.is_mounted)
-        elif not self.is_mounted():
-            run("mount", "--move", self.away, self.folder)
-        self.server.send_signal(signal.SIGUSR1)
+        else:
+            if not self.is_mounted():
+                run("mount", "--move", self.away, self.folder)
+            self.server.send_signal(signal.SIGUSR1)
         run("mount", "-o", ",".join(["remount", "bind", *(options or ["rw"])]), self.folder)
 
     def unplug(self):

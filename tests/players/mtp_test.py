@@ -8,8 +8,10 @@ import unittest
 from faults_test import SONGS, FaultTest
 from file_systems import MEBIBYTE, Mtp
 
-HABITS = [("--no-rename",), ("--no-room",), ("--fsync=EINVAL",), ("--fsync=ENOTSUP",),
-          ("--no-rename", "--no-room", "--fsync=ENOTSUP")]
+HABITS = {"renames nothing": ("--no-rename",), "does not tell its room": ("--no-room",),
+          "refuses flushes as invalid": ("--fsync=EINVAL",),
+          "refuses flushes as unknown": ("--fsync=ENOTSUP",),
+          "all this together": ("--no-rename", "--no-room", "--fsync=ENOTSUP")}
 # Bytes after which it is pulled out: in an instruction, in a song, in a late song.
 PULLED_OUT_AT = [2_000, 1_000_000, 4_000_000]
 if os.environ.get("REPVOLTA_LONG"):
@@ -19,15 +21,19 @@ if os.environ.get("REPVOLTA_LONG"):
 class MtpTest(FaultTest):
     def use_player_with(self, *habits):
         work = pathlib.Path(tempfile.mkdtemp(dir=os.environ["REPVOLTA_WORK"]))
-        self.player = Mtp(work, self.size, habits)
+        self.player = Mtp(work, self.size, habits=habits)
         self.addCleanup(self.player.end)
         self.player.plug_in()
+        self.folder = self.player.folder / "Monday"
 
     def test_loses_nothing_by_what_it_refuses(self):
-        for habits in HABITS:
+        for what, habits in HABITS.items():
             with self.subTest(habits=habits):
                 self.use_player_with(*habits)
-                self.expect_all_later(" ".join(habits), SONGS)
+                run = self.update()
+                arrived = self.songs_on_player().total()
+                self.tell(what, SONGS, arrived, SONGS - arrived)
+                self.expect_same(self.plain, run)
 
     def test_that_is_pulled_out_while_a_file_is_written_is_told(self):
         least = SONGS
@@ -37,8 +43,12 @@ class MtpTest(FaultTest):
                 run = self.update()
                 self.player.plug_in()
                 least = min(least, self.expect_told(run))
-                self.expect_same(self.plain, self.update())
-        self.tell(f"pulled out while writing, at {len(PULLED_OUT_AT)} places", SONGS, least, 0)
+                again = self.update()
+                self.lost += SONGS - self.songs_on_player().total()
+                self.expect_same(self.plain, again)
+                self.player.end()
+        self.tell(f"pulled out while writing, the least of {len(PULLED_OUT_AT)} places", SONGS,
+                  least, self.lost)
 
     def test_that_is_full_and_says_so_late_keeps_no_half_song(self):
         self.use_player_with("--full-on-close")

@@ -187,7 +187,6 @@ void Load(ProgramState& state, const std::string& executable) {
   }
   const std::string missing = WhyPlayerIsMissing(state);
   if (!missing.empty()) throw CannotStart(missing);
-  FillProgramDirectory(state.ProgramDirectory, executable);
   SetUpVoice(state);
   LoadWorkoutNames(state);
   CountRandomMusicFiles(state);

@@ -47,13 +47,14 @@ TEST(PersonalVolumes, HaveTheLabelsOfRemovableDisks) {
   tree.AddPartition("pci/ata1/sda/sda2", "8:2");
   tree.AddLabel("WALKMAN", "sdb1");
   tree.AddLabel("Data", "sda2");
+  const std::vector<Volume> expected = {
+      {.root = "/"},
+      {.root = "/home"},
+      {.root = "/media/me/w", .label = "WALKMAN", .kind = Volume::Kind::kRemovable}};
   EXPECT_EQ(PersonalVolumes(
                 {{"/media/me/w", "vfat", "/dev/sdb1", 8, 17}, {"/home", "ext4", "/dev/sda2", 8, 2}},
                 tree.Files()),
-            (std::vector<Volume>{
-                {.root = "/"},
-                {.root = "/home"},
-                {.root = "/media/me/w", .label = "WALKMAN", .kind = Volume::Kind::kRemovable}}));
+            expected);
 }
 
 TEST(PersonalVolumes, KeepTheRootWhatItIsWhenTheComputerStartedFromAStick) {

@@ -43,6 +43,31 @@ bool IsToBeSurvived(const std::string& failure) {
   return failure == "EINTR" || failure == "SHORT" || failure == "UNTYPED";
 }
 
+/// The short form tries one failure of each call.
+bool IsTried(int number, std::size_t kind, std::size_t kinds) {
+  return IsLongRun() || static_cast<std::size_t>(number) % kinds == kind;
+}
+
+/// Calls `run` for every `stride`th call of the group, until there is no such call. Returns the
+/// number of tried points.
+template <class Run>
+int TryGroup(const Group& group, Run& run, int stride) {
+  int points = 0;
+  const std::size_t kinds = group.failures.size();
+  std::vector<bool> isLeft(kinds, true);
+  for (int number = 1; std::ranges::count(isLeft, true) > 0; number += stride) {
+    for (std::size_t kind = 0; kind < kinds; ++kind) {
+      if (!isLeft[kind] || !IsTried(number, kind, kinds)) continue;
+      const bool hit = run(Fault{group.name, number, group.failures[kind]});
+      points += static_cast<int>(hit);
+      if (!hit && !IsLongRun()) isLeft.assign(kinds, false);
+      isLeft[kind] = hit;
+      if (testing::Test::HasFatalFailure()) return points;
+    }
+  }
+  return points;
+}
+
 /// Calls `run` for the 1st, 2nd, 3rd ... call of each group, until there is no such call. The short
 /// form tries only every `stride`th call, with one failure each, in turn. Prints the number of
 /// tried points.
@@ -51,19 +76,8 @@ void ForEachFault(const char* title, Run run, int stride = 1) {
   int points = 0;
   stride = PointStep(stride);
   for (const Group& group : kGroups) {
-    const std::size_t kinds = group.failures.size();
-    std::vector<bool> isLeft(kinds, true);
-    for (int number = 1; std::ranges::count(isLeft, true) > 0; number += stride) {
-      for (std::size_t kind = 0; kind < kinds; ++kind) {
-        if (!isLeft[kind]) continue;
-        if (!IsLongRun() && static_cast<std::size_t>(number) % kinds != kind) continue;
-        const bool hit = run(Fault{group.name, number, group.failures[kind]});
-        if (hit) ++points;
-        if (!hit && !IsLongRun()) isLeft.assign(kinds, false);
-        isLeft[kind] = hit;
-        if (testing::Test::HasFatalFailure()) return;
-      }
-    }
+    points += TryGroup(group, run, stride);
+    if (testing::Test::HasFatalFailure()) return;
   }
   std::printf("[  POINTS  ] %s: %d calls failed, one at a time\n", title, points);
 }

@@ -43,20 +43,24 @@ bool IsToBeSurvived(const std::string& failure) {
   return failure == "EINTR" || failure == "SHORT" || failure == "UNTYPED";
 }
 
+/// The short form tries one failure of each call.
+bool IsTried(int number, std::size_t kind, std::size_t kinds) {
+  return IsLongRun() || static_cast<std::size_t>(number) % kinds == kind;
+}
+
 /// Calls `run` for the 1st, 2nd, 3rd ... call of the group, until there is no such call. The short
 /// form tries only every `stride`th call, with one failure each, in turn. Returns the number of
 /// tried points.
 template <class Run>
-int ForEachFaultOf(const Group& group, Run run, int stride) {
+int TryGroup(const Group& group, Run& run, int stride) {
   int points = 0;
   const std::size_t kinds = group.failures.size();
   std::vector<bool> isLeft(kinds, true);
   for (int number = 1; std::ranges::count(isLeft, true) > 0; number += stride) {
     for (std::size_t kind = 0; kind < kinds; ++kind) {
-      if (!isLeft[kind]) continue;
-      if (!IsLongRun() && static_cast<std::size_t>(number) % kinds != kind) continue;
+      if (!isLeft[kind] || !IsTried(number, kind, kinds)) continue;
       const bool hit = run(Fault{group.name, number, group.failures[kind]});
-      if (hit) ++points;
+      points += static_cast<int>(hit);
       if (!hit && !IsLongRun()) isLeft.assign(kinds, false);
       isLeft[kind] = hit;
       if (testing::Test::HasFatalFailure()) return points;
@@ -73,7 +77,7 @@ void PrintPoints(const std::string& title, int points) {
 template <class Run>
 void ForEachFault(const char* title, Run run, int stride = 1) {
   int points = 0;
-  for (const Group& group : kGroups) points += ForEachFaultOf(group, run, PointStep(stride));
+  for (const Group& group : kGroups) points += TryGroup(group, run, PointStep(stride));
   PrintPoints(title, points);
 }
 
@@ -114,7 +118,7 @@ class FaultsOfOneCall : public Faults, public testing::WithParamInterface<Group>
 TEST_P(FaultsOfOneCall, LoseNothingInAnUpdate) {
   LearnWhatIsRight();
   const auto run = [&](const Fault& fault) { return TryUpdate(fault); };
-  PrintPoints(std::string("update, ") + GetParam().name, ForEachFaultOf(GetParam(), run, 1));
+  PrintPoints(std::string("update, ") + GetParam().name, TryGroup(GetParam(), run, PointStep(1)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Groups, FaultsOfOneCall, testing::ValuesIn(kGroups),

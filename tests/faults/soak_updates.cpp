@@ -3,7 +3,6 @@
 
 #include <QCoreApplication>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -98,7 +97,7 @@ int Soak(int runs) {
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
   try {
-    return repvolta::Soak(argc == 2 ? std::atoi(argv[1]) : 1);
+    return repvolta::Soak(argc == 2 ? std::stoi(argv[1]) : 1);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 1;

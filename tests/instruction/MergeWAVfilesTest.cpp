@@ -100,7 +100,7 @@ TEST_F(MergeWAV, WritesADataSizeOfMinusOneForTwoEmptyClips) {
 
 TEST_F(MergeWAV, JoinsAFileToItselfOnce) {
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
-  const FullDisk endsWhatRunsOn(1024 * 1024);
+  const FullDisk endsWhatRunsOn(rlim_t{1024} * 1024);
   MergeWAVfiles("target.wav", "target.wav", run);
   EXPECT_EQ(GetFile("target.wav").size(), 446U);
 }

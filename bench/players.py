@@ -125,9 +125,10 @@ def main():
         measure_in_spaces(build)
         return
     # Mounts and programs end with it.
-    subprocess.run(["unshare", "--mount", "--pid", "--fork", "--mount-proc", sys.executable,
-                    __file__, build, "--in-spaces"],
-                   env=dict(os.environ, REPVOLTA_BUILD=str(build)), check=True)
+    done = subprocess.run(["unshare", "--mount", "--pid", "--fork", "--mount-proc", sys.executable,
+                           __file__, build, "--in-spaces"],
+                          env=dict(os.environ, REPVOLTA_BUILD=str(build)), check=False)
+    sys.exit(done.returncode)
 
 
 if __name__ == "__main__":

@@ -210,7 +210,7 @@ class Mtp(Player):
     def __init__(self, work, size=24 * MEBIBYTE, name="player", habits=()):
         self.habits = habits
         self.server = None
-        self.away = work / f"{name} away"
+        self.away = work / f"{name}.away"
         self.away.mkdir()
         super().__init__(work, size, name)
 

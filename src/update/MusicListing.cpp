@@ -57,14 +57,11 @@ void CompileMusicList(const std::string& musicPath, const std::function<void()>&
   WholeFileWriter list(kMusicList);
   std::error_code error;
   if (!musicPath.empty()) {
-    SearchMusic(std::filesystem::absolute(musicPath, error), {.takeSong =
-                                                                  [&](const std::string& path) {
-                                                                    if (!IsOneLine(path)) return;
-                                                                    list.Append(path);
-                                                                    list.Append("\n");
-                                                                  },
-                                                              .takeUnreadable = {},
-                                                              .whileSearching = whileListing});
+    const auto listSong = [&](std::string& path) {
+      if (IsOneLine(path)) list.Append(path.append("\n"));
+    };
+    SearchMusic(std::filesystem::absolute(musicPath, error),
+                {.takeSong = listSong, .takeUnreadable = {}, .whileSearching = whileListing});
   }
   list.Commit();
 }

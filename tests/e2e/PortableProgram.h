@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
-#include <string>
 
 #include "app/ProgramState.h"
 #include "app/Settings.h"
@@ -14,15 +13,6 @@
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
-
-/// The content of a folder: paths, sizes and the bytes of regular files.
-inline std::map<std::string, std::string> Snapshot(const std::string& root) {
-  std::map<std::string, std::string> files;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
-    files[entry.path()] = entry.is_regular_file() ? GetTextFile(entry.path()) : "";
-  }
-  return files;
-}
 
 /// A portable program directory "program" with the built program, its clips and the real encoder;
 /// beside it the folders "music" and "player", which the settings name.
@@ -100,5 +90,14 @@ class PortableProgram : public testing::Test {
   TemporaryFolder folder;
   ProgramState state;
 };
+
+/// The content of a folder: paths, sizes and the bytes of regular files.
+inline std::map<std::string, std::string> Snapshot(const std::string& root) {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+    files[entry.path()] = entry.is_regular_file() ? GetTextFile(entry.path()) : "";
+  }
+  return files;
+}
 
 }  // namespace repvolta

@@ -121,6 +121,36 @@ TEST_F(UpdateProgram, FindsItsDirectoryFromAnywhere) {
   EXPECT_TRUE(fs::exists(Full("player/Monday/Monday.M3U")));
 }
 
+TEST_F(UpdateProgram, UsesTheUsersDataFolderWhereNoClipsLieBeside) {
+  AddWorkout("Monday", "Squat");
+  fs::create_directories("usr/bin");
+  fs::rename("program/repvolta-update", "usr/bin/repvolta-update");
+  fs::create_directories("usr/share/repvolta");
+  fs::rename("program/voice", "usr/share/repvolta/voice");
+  fs::create_directories("home/data");
+  fs::rename("program", "home/data/repvolta");
+
+  const ProgramRun run =
+      RunProgram("usr/bin/repvolta-update", {}, {"XDG_DATA_HOME=" + Full("home/data")});
+
+  EXPECT_EQ(run.status, 0) << run.errors;
+  EXPECT_TRUE(fs::exists("player/Monday/RV001-Instructions.mp3"));
+  EXPECT_TRUE(fs::exists("home/data/repvolta/voice/sets.wav"));
+}
+
+TEST_F(UpdateProgram, KeepsTheClipsThatTheUserHas) {
+  fs::create_directories("usr/bin");
+  fs::copy_file("program/repvolta-update", "usr/bin/repvolta-update");
+  PutFile("usr/share/repvolta/voice/sets.wav", "new");
+  PutFile("home/data/repvolta/voice/sets.wav", "own");
+  fs::copy_file("program/settings.dat", "home/data/repvolta/settings.dat");
+
+  EXPECT_EQ(
+      RunProgram("usr/bin/repvolta-update", {}, {"XDG_DATA_HOME=" + Full("home/data")}).status, 0);
+
+  EXPECT_EQ(GetTextFile("home/data/repvolta/voice/sets.wav"), "own");
+}
+
 TEST_F(UpdateProgram, SpeaksAnUnknownNameOnceAndKeepsTheClip) {
   AddWorkout("Monday", "Dwarf Tossing");
   const std::string warning =
@@ -306,20 +336,6 @@ TEST_F(UpdateProgram, SaysSoWhenAPathIsTooLongForTheRecord) {
   // The path is too long for the record: it was cut and names no file.
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.output, HasSubstr("ERROR: File not found. " + Full("music/xxx")));
-}
-
-TEST_F(UpdateProgram, WarnsOnceOfOptionsThatItDoesNotUnderstand) {
-  AddWorkout("A", "Squat");
-  AddWorkout("B", "Squat");
-  PutFile("program/options.conf", "# fine\nnonsense\n");
-  const ProgramRun run = Update();
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(
-      Lines(run.output).front(),
-      "WARNING: options.conf has lines that cannot be understood: 2 (nonsense). They are kept "
-      "and have no effect.");
-  EXPECT_THAT(Lines(run.output), Contains(StartsWith("WARNING: options")).Times(1));
-  EXPECT_EQ(GetTextFile("program/options.conf"), "# fine\nnonsense\n");
 }
 
 TEST_F(UpdateProgram, LeavesEveryWorkoutWholeWhenItIsKilled) {

@@ -101,8 +101,8 @@ TEST_F(MainWindowAccess, EachButtonHasAMnemonic) {
   }
 }
 
-/// The controls of each tab, and those below, in the order in which one reads them.
-const std::vector<std::vector<std::string>> kOrders = {
+/// The controls of each tab, and those of the window, as the Tab key reaches them.
+const std::vector<std::vector<std::string>> kTabOrders = {
     {"WorkoutDropBox", "CreateNewWorkoutButton", "DeleteSelectedWorkoutButton", "ExerciseList",
      "ExerciseSummaryList", "AddExerciseButton", "EditExerciseNameButton", "RemoveExerciseButton",
      "MoveUpExerciseListButton", "UpdateSelectedWorkoutButton", "UpdateAllWorkoutsButton",
@@ -155,7 +155,7 @@ TEST_F(MainWindowAccess, TheTabKeyFollowsTheEye) {
   for (int tab = 0; tab < 3; ++tab) {
     OpenTab(tab);
     Get<QTabWidget>("SSTab1").tabBar()->setFocus();
-    for (const std::string& control : kOrders[static_cast<std::size_t>(tab)]) {
+    for (const std::string& control : kTabOrders[static_cast<std::size_t>(tab)]) {
       QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
       EXPECT_EQ(form->focusWidget()->objectName().toStdString(), control);
     }

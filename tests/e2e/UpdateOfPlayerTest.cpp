@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <gmock/gmock.h>
 
 #include "e2e/PortableProgram.h"
@@ -7,10 +6,13 @@ namespace repvolta {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::Contains;
+using testing::StartsWith;
 
-class PlayerOfUpdate : public PortableProgram {};
+/// The built program: the player that is not there, and what the options ask for.
+using UpdateOfPlayer = PortableProgram;
 
-TEST_F(PlayerOfUpdate, ThatIsMissingChangesNothing) {
+TEST_F(UpdateOfPlayer, ChangesNothingWithoutThePlayer) {
   Begin("Monday");
   ExerciseRecord& exercise = AddExercise("Squat");
   exercise.NumberOfSets = 1;
@@ -30,7 +32,7 @@ TEST_F(PlayerOfUpdate, ThatIsMissingChangesNothing) {
   EXPECT_FALSE(fs::exists("player"));
 }
 
-TEST_F(PlayerOfUpdate, ThatIsAFileChangesNothing) {
+TEST_F(UpdateOfPlayer, ChangesNothingWhereThePlayerIsAFile) {
   AddWorkout("Monday", "Squat");
   fs::remove("player");
   PutFile("player", "a file");
@@ -39,7 +41,7 @@ TEST_F(PlayerOfUpdate, ThatIsAFileChangesNothing) {
   EXPECT_EQ(Snapshot("."), before);
 }
 
-TEST_F(PlayerOfUpdate, GetsItsPlayListOnlyWhenItIsWanted) {
+TEST_F(UpdateOfPlayer, WritesAPlayListForThePlayerOnlyWhenItIsWanted) {
   PutFile("music/Rain.mp3", SongBytes(75));
   Begin("Monday");
   ExerciseRecord& exercise = AddExercise("Squat");
@@ -60,6 +62,20 @@ TEST_F(PlayerOfUpdate, GetsItsPlayListOnlyWhenItIsWanted) {
   EXPECT_EQ(lines[3], "#EXTINF:75,RV002- Squat - 0 sets\r");
   EXPECT_EQ(lines[4], "RV002-Rain.mp3\r");
   EXPECT_TRUE(fs::exists("player/Monday/Monday.M3U"));
+}
+
+TEST_F(UpdateOfPlayer, WarnsOnceOfOptionsThatItDoesNotUnderstand) {
+  AddWorkout("A", "Squat");
+  AddWorkout("B", "Squat");
+  PutFile("program/options.conf", "# fine\nnonsense\n");
+  const ProgramRun run = Update();
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      Lines(run.output).front(),
+      "WARNING: options.conf has lines that cannot be understood: 2 (nonsense). They are kept "
+      "and have no effect.");
+  EXPECT_THAT(Lines(run.output), Contains(StartsWith("WARNING: options")).Times(1));
+  EXPECT_EQ(GetTextFile("program/options.conf"), "# fine\nnonsense\n");
 }
 
 }  // namespace

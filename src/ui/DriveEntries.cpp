@@ -17,8 +17,7 @@ QString PathOf(const Volume& volume) { return QFile::decodeName(volume.root.c_st
 /// Without the path, the same for two disks of the same name and room.
 QString NameOf(const Volume& volume) {
   const bool hasLabel = volume.kind == Volume::Kind::kRemovable && !volume.label.empty();
-  const QString name =
-      hasLabel ? QString::fromStdString(ShownOnOneLine(volume.label)) : PathOf(volume);
+  QString name = hasLabel ? QString::fromStdString(ShownOnOneLine(volume.label)) : PathOf(volume);
   if (volume.state == Volume::State::kSilent) return name + " (does not answer)";
   if (volume.kind == Volume::Kind::kFixed || !volume.freeBytes) return name;
   return name + " (" +
@@ -37,6 +36,7 @@ int IndexOf(const std::vector<DriveEntry>& entries, Matches matches) {
 
 std::vector<DriveEntry> DriveEntries(const std::vector<Volume>& volumes) {
   std::vector<DriveEntry> entries;
+  entries.reserve(volumes.size());
   for (const Volume& volume : volumes) {
     entries.push_back({.text = NameOf(volume),
                        .path = PathOf(volume),

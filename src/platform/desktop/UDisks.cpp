@@ -139,7 +139,7 @@ void UDisks::AskService(int question) {
   });
 }
 
-void UDisks::Answer(int question, EjectionPlan plan) {
+void UDisks::Answer(int question, const EjectionPlan& plan) {
   if (question != question_ || !takePlan_) return;
   std::exchange(takePlan_, {})(plan);
 }

@@ -36,7 +36,7 @@ class UDisks : public Disks {
   void Plan(const std::string& folder, TakePlan take);
   void Connect(int question);
   void AskService(int question);
-  void Answer(int question, EjectionPlan plan);
+  void Answer(int question, const EjectionPlan& plan);
   void AnswerFailure(int question, const QString& error, const QString& text);
   void CallNext(int question, std::function<void(const std::string& failure)> tell);
   QDBusPendingCall Send(const EjectionCall& call) const;

@@ -11,7 +11,7 @@ bool IsMusicName(std::string_view name);
 
 /// What a search for music reports.
 struct MusicSearch {
-  std::function<void(std::string& path)> takeSong;  // which it may change
+  std::function<void(std::string& path)> takeSong;                           // which it may change
   std::function<void(const std::string& folder, int error)> takeUnreadable;  // an errno value
   std::function<void()> whileSearching;  // now and then; may throw to end the search
 };

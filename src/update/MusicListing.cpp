@@ -21,13 +21,14 @@ void SearchFolder(const std::string& folder, const MusicSearch& search,
                   std::vector<std::string>& folders) {
   std::string path = folder.ends_with('/') ? folder : folder + "/";
   const std::size_t start = path.size();
+  const bool takesSongs = !search.takesSongsOf || search.takesSongsOf(path);
   const int error = ForEachEntry(folder, [&](std::string_view name, EntryType type) {
     path.replace(start, std::string::npos, name);
     if (type == EntryType::kFolder) {
       folders.push_back(path);
-    } else if (IsMusicName(name) &&
+    } else if (takesSongs && IsMusicName(name) &&
                (type == EntryType::kFile || (type == EntryType::kLink && FileIsReachable(path)))) {
-      search.takeSong(path);
+      search.takeSong(path, start);
     }
   });
   if (error != 0 && search.takeUnreadable) search.takeUnreadable(folder, error);
@@ -57,11 +58,13 @@ void CompileMusicList(const std::string& musicPath, const std::function<void()>&
   WholeFileWriter list(kMusicList);
   std::error_code error;
   if (!musicPath.empty()) {
-    const auto listSong = [&](std::string& path) {
-      if (IsOneLine(path)) list.Append(path.append("\n"));
+    const auto listSong = [&](std::string& path, std::size_t name) {
+      if (IsOneLine(std::string_view(path).substr(name))) list.Append(path.append("\n"));
     };
-    SearchMusic(std::filesystem::absolute(musicPath, error),
-                {.takeSong = listSong, .takeUnreadable = {}, .whileSearching = whileListing});
+    SearchMusic(std::filesystem::absolute(musicPath, error), {.takesSongsOf = IsOneLine,
+                                                              .takeSong = listSong,
+                                                              .takeUnreadable = {},
+                                                              .whileSearching = whileListing});
   }
   list.Commit();
 }

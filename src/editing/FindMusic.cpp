@@ -53,8 +53,7 @@ std::vector<std::string> InNameOrder(const std::vector<std::string>& paths) {
   keyed.reserve(paths.size());
   for (const std::string& path : paths) keyed.emplace_back(OrderKey(path), path);
   std::ranges::sort(keyed);
-  const auto repeated = std::ranges::unique(keyed);
-  keyed.erase(repeated.begin(), repeated.end());
+  keyed.erase(std::unique(keyed.begin(), keyed.end()), keyed.end());
   std::vector<std::string> sorted;
   sorted.reserve(keyed.size());
   for (auto& [key, path] : keyed) sorted.push_back(std::move(path));

@@ -132,15 +132,21 @@ class WorkoutUpdate {
       // What is not there cannot have its tag, either.
       steps_.Run([&] { folder_.OpenFile(name, File::Access::kRead); });
     }
-    List(name);
+    if (isCopied) List(name);
+    ++counter_;
   }
 
   /// Without an encoder the instruction stays a WAV file, and the working file is kept too
   /// (quirk 50).
   void KeepWav(std::string name) {
-    steps_.Run([&] { name = folder_.CopyInto(kWorkingWav, name); });
+    bool isCopied = false;
+    steps_.Run([&] {
+      name = folder_.CopyInto(kWorkingWav, name);
+      isCopied = true;
+    });
     steps_.Log(name + " WAV Instruction file created sucessfully.");
-    List(name);
+    if (isCopied) List(name);
+    ++counter_;
   }
 
   void CopyMusic(std::int16_t exercise) {
@@ -165,6 +171,7 @@ class WorkoutUpdate {
     const auto kept = CopyWithTag(source, name);
     if (!kept) return;
     List(*kept);
+    ++counter_;
   }
 
   /// Returns the name of the copy; nothing when there is none.
@@ -215,12 +222,11 @@ class WorkoutUpdate {
     return S_ISREG(status->st_mode);
   }
 
-  /// Appends the latest file to the play list and moves on to the next number.
+  /// Appends the latest file to the play list.
   void List(const std::string& name) {
     const std::string asked = playList_.Name();
     steps_.Run([&] { playList_.AddToPlaylistFile(folder_.Path() + name); });
     if (playList_.Name() != asked) WarnOfName(asked, playList_.Name());
-    ++counter_;
   }
 
   /// The name of the next file: its number has at least three digits.

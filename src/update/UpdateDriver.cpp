@@ -152,23 +152,25 @@ class WorkoutUpdate {
     if (isCopied) {
       LogTag(source, name);
     } else {
-      latest_.reset();
       // What is not there cannot have its tag, either.
       steps_.Run([&] { folder_.OpenFile(name, File::Access::kRead); });
     }
-    List(name);
+    if (isCopied) List(name);
+    ++counter_;
   }
 
   /// Without an encoder the instruction stays a WAV file, and the working file is kept too
   /// (quirk 50).
   void KeepWav(std::string name) {
-    latest_.reset();
+    bool isCopied = false;
     steps_.Run([&] {
       unlisted_ = name = folder_.CopyInto(kWorkingWav, name);
       latest_ = {.name = name, .title = BaseName(name)};
+      isCopied = true;
     });
     steps_.Log(name + " WAV Instruction file created sucessfully.");
-    List(name);
+    if (isCopied) List(name);
+    ++counter_;
   }
 
   void CopyMusic(std::int16_t exercise) {
@@ -199,6 +201,7 @@ class WorkoutUpdate {
     const auto kept = CopyWithTag(source, name);
     if (!kept) return;
     List(*kept);
+    ++counter_;
   }
 
   /// Returns the name of the copy; nothing when there is none.
@@ -257,7 +260,7 @@ class WorkoutUpdate {
     return S_ISREG(status->st_mode);
   }
 
-  /// Appends the latest file to the play list and moves on to the next number.
+  /// Appends the latest file to the play list.
   void List(const std::string& name) {
     const std::string asked = playList_.Name();
     steps_.Run([&] { playList_.AddToPlaylistFile(folder_.Path() + name); });
@@ -265,16 +268,14 @@ class WorkoutUpdate {
     ListForPlayer(name);
     unlisted_.clear();
     work_.AddListed();
-    ++counter_;
   }
 
   bool ListsForPlayer() const { return Get(state_.Options, kPlayListForPlayer); }
 
-  /// Only files that are there: the other play list also names an instruction that failed.
   void ListForPlayer(const std::string& name) {
-    if (!ListsForPlayer() || !latest_) return;
-    latest_->name = name;
-    playerPlayList_.Add(*latest_);
+    if (!ListsForPlayer()) return;
+    latest_.name = name;
+    playerPlayList_.Add(latest_);
   }
 
   /// In one pass, since many players take each file only once. Throws FileError.
@@ -348,7 +349,7 @@ class WorkoutUpdate {
   OutputFolder folder_;
   PlayList playList_;
   PlayerPlayList playerPlayList_;
-  std::optional<PlayerFile> latest_;  // the file that is being made, for the player's play list
+  PlayerFile latest_;  // the file that is being made, for the player's play list
   PlayerDisk disk_;
   DrawnSongs drawn_;
   std::string text_;  // the sentence of the current exercise, for its music too (quirk 53)

@@ -36,19 +36,20 @@ class MtpTest(FaultTest):
                 self.expect_same(self.plain, run)
 
     def test_that_is_pulled_out_while_a_file_is_written_is_told(self):
-        least = SONGS
+        arrived = 0
         for place in PULLED_OUT_AT:
             with self.subTest(place=place):
                 self.use_player_with(f"--pulled-out-at={place}")
                 run = self.update()
                 self.player.plug_in()
-                least = min(least, self.expect_told(run))
+                arrived += self.expect_told(run)
                 again = self.update()
                 self.lost += SONGS - self.songs_on_player().total()
                 self.expect_same(self.plain, again)
                 self.player.end()
-        self.tell(f"pulled out while writing, the least of {len(PULLED_OUT_AT)} places", SONGS,
-                  least, self.lost)
+        places = len(PULLED_OUT_AT)
+        self.tell(f"pulled out while writing, at {places} places", places * SONGS, arrived,
+                  self.lost)
 
     def test_that_is_full_and_says_so_late_keeps_no_half_song(self):
         self.use_player_with("--full-on-close")

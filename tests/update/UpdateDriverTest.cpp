@@ -191,6 +191,13 @@ TEST_F(UpdateDriver, SaysSoWhenTheEncoderWritesNothing) {
   EXPECT_EQ(run.log.back(), "UPDATE COMPLETE.");
 }
 
+TEST_F(UpdateDriver, ListsNoInstructionThatIsNotThere) {
+  processes.run = nullptr;
+  AddNamed("Squat");
+  Update();
+  EXPECT_FALSE(fs::exists("player/Monday/Monday.M3U"));
+}
+
 TEST_F(UpdateDriver, EndsEachStepWithItsLineAlsoBehindAnError) {
   fs::remove("player");
   AddNamed("Squat");

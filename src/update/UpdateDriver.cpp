@@ -53,13 +53,20 @@ class WorkoutUpdate {
     return folder_.Path() + playList_.Name();
   }
 
-  /// Completes the play list, and removes the working files that this run has made, but not those
-  /// that stay. Throws FileError.
+  /// After a stop: completes the play list, and removes the working files that this run has made,
+  /// but not those that stay. What fails is left to the next update, which writes all anew.
   void EndEarly() {
-    playList_.Complete();
+    const auto attempt = [](auto statement) {
+      try {
+        statement();
+      } catch (const FileError&) {
+        // That the update was stopped must not get lost.
+      }
+    };
+    attempt([&] { playList_.Complete(); });
+    attempt([] { RemoveFile(kWorkingSong); });
     if (workingFiles_ != WorkingFiles::kMade) return;
-    RemoveFile(kWorkingWav);
-    RemoveFile(kWorkingMp3);
+    for (const char* file : {kWorkingWav, kWorkingMp3}) attempt([&] { RemoveFile(file); });
   }
 
  private:
@@ -267,11 +274,7 @@ std::optional<std::string> UpdateCurrentWorkout(Program& program, ProgressLog& l
   try {
     return update.Run();
   } catch (const UpdateStopped&) {
-    try {
-      update.EndEarly();
-    } catch (const FileError&) {
-      // The next update writes all anew; that this one was stopped must not get lost.
-    }
+    update.EndEarly();
     throw;
   }
 }

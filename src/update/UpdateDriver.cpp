@@ -69,7 +69,7 @@ class WorkoutUpdate {
     TidyUp([&] { ListFinished(); });
     TidyUp([&] { playList_.Complete(); });
     TidyUp([&] { WritePlayerPlayList(); });
-    TidyUp([&] { RemoveWorkingFiles(); });
+    RemoveWorkingFiles();
     TidyUp([&] {
       if (stage_ == Stage::kSaved) folder_.FlushToDevice();
     });
@@ -151,11 +151,11 @@ class WorkoutUpdate {
     steps_.Log(name + " MP3 Instruction file created sucessfully.");
     if (isCopied) {
       LogTag(source, name);
+      List(name);
     } else {
       // What is not there cannot have its tag, either.
       steps_.Run([&] { folder_.OpenFile(name, File::Access::kRead); });
     }
-    if (isCopied) List(name);
     ++counter_;
   }
 
@@ -326,11 +326,10 @@ class WorkoutUpdate {
     work_.AddListed();
   }
 
-  void RemoveWorkingFiles() const {
-    RemoveFile(kWorkingSong);
+  void RemoveWorkingFiles() {
+    TidyUp([] { RemoveFile(kWorkingSong); });
     if (workingFiles_ != WorkingFiles::kMade) return;
-    RemoveFile(kWorkingWav);
-    RemoveFile(kWorkingMp3);
+    for (const char* file : {kWorkingWav, kWorkingMp3}) TidyUp([&] { RemoveFile(file); });
   }
 
   std::string StoppedLine() const {

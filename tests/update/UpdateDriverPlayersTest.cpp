@@ -99,5 +99,14 @@ TEST_F(UpdateDriver, LeavesNoWorkingFileOfASongBehind) {
   EXPECT_FALSE(fs::exists("temp.mp3.new"));
 }
 
+TEST_F(UpdateDriver, LeavesNoWorkingFileOfASongBehindWhenItIsStopped) {
+  PutFile("music/odd.mp3", "ID3 but no frame");
+  AddSong(AddNamed("Squat"), Full("music/odd.mp3"));
+  bool wasMade = false;
+  run.stopRequested = [&] { return wasMade = wasMade || fs::exists("temp.mp3.new"); };
+  EXPECT_THROW(Update(), UpdateStopped);
+  EXPECT_FALSE(fs::exists("temp.mp3.new"));
+}
+
 }  // namespace
 }  // namespace repvolta

@@ -149,12 +149,6 @@ Descriptor OpenPlaceOf(const std::string& folder) {
 
 }  // namespace
 
-bool IsMountPoint(const std::string& path) {
-  const std::string folder = WithoutSeparator(path);
-  const Descriptor opened = OpenPlaceOf(folder);
-  return !IsInOneMount(LookAt({opened, FileName(folder), folder}), LookAt({opened, "", folder}));
-}
-
 bool IsMountPoint(const FolderHandle& place, const std::string& name) {
   const std::string path = place.Path() + name;
   return !IsInOneMount(LookAt({place.OpenAs(), name, path}), LookAt({place.OpenAs(), "", path}));

@@ -6,11 +6,8 @@
 
 namespace repvolta {
 
-/// True when something is mounted at the folder `path`, even another part of the same file system.
-/// Throws FileError, as DeleteFolder would, when the system cannot tell.
-bool IsMountPoint(const std::string& path);
-
-/// The same for the folder `name` in an opened one.
+/// True when something is mounted at the folder `name` in an opened one, even another part of the
+/// same file system. Throws FileError, as DeleteFolder would, when the system cannot tell.
 bool IsMountPoint(const FolderHandle& place, const std::string& name);
 
 /// The same for `folder`, which was opened in `place`.

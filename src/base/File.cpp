@@ -166,12 +166,6 @@ std::optional<FileStamp> StampOf(const std::string& path) {
   return MakeStamp(*status);
 }
 
-bool IsLinked(const std::string& path) {
-  const auto status = StatusOf(path, Links::kSeen);
-  if (!status) return false;
-  return S_ISLNK(status->st_mode) || (S_ISREG(status->st_mode) && status->st_nlink > 1);
-}
-
 namespace {
 
 /// Lets the kernel copy without going through this program's memory. It may copy only a part, or

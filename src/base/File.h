@@ -99,10 +99,6 @@ bool FileIsReachable(const std::string& path);
 /// FileError when the disk cannot tell.
 std::optional<FileStamp> StampOf(const std::string& path);
 
-/// True when `path` is a symbolic link, or a file with more than one hard link: writing to it would
-/// change a file elsewhere. Throws FileError when the disk cannot tell.
-bool IsLinked(const std::string& path);
-
 /// Copies `from`, from `offset` to its present end, into `to` at `position`, and returns the
 /// position after the copied bytes. Both may be the same file. Memory use does not depend on the
 /// size. Throws FileError.

@@ -45,11 +45,6 @@ bool FolderExists(const std::string& path) {
   return status && S_ISDIR(status->st_mode);
 }
 
-bool IsLink(const std::string& path) {
-  const auto status = StatusOf(path, Links::kSeen);
-  return status && S_ISLNK(status->st_mode);
-}
-
 bool IsTaken(const std::string& path) { return StatusOf(path, Links::kSeen).has_value(); }
 
 void MakeFolder(const std::string& path) {

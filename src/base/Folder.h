@@ -17,10 +17,6 @@ using TakeEntry = std::function<void(std::string_view name, EntryType type)>;
 /// True when `path` is a folder or a link to one. Throws FileError when the disk cannot tell.
 bool FolderExists(const std::string& path);
 
-/// True when `path` itself is a link, whatever it points to. Throws FileError when the disk cannot
-/// tell.
-bool IsLink(const std::string& path);
-
 /// True when `path` exists, even as a dangling link. Throws FileError when the disk cannot tell.
 bool IsTaken(const std::string& path);
 

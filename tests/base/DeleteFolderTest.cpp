@@ -130,12 +130,12 @@ class Mounted : public testing::Test {
 };
 
 TEST_F(Mounted, FoldersAreTold) {
-  EXPECT_FALSE(IsMountPoint("Monday/mounted"));
+  EXPECT_FALSE(IsMountPoint(FolderHandle::Open("Monday"), "mounted"));
   MountedLooks() = [](struct statx& status) { ++status.stx_mnt_id; };
-  EXPECT_TRUE(IsMountPoint("Monday/mounted/"));
-  EXPECT_FALSE(IsMountPoint("Monday"));
-  EXPECT_EQ(FailureOf([] { IsMountPoint("gone/Monday"); }),
-            "gone/Monday could not be deleted: No such file or directory");
+  EXPECT_TRUE(IsMountPoint(FolderHandle::Open("Monday"), "mounted"));
+  EXPECT_FALSE(IsMountPoint(FolderHandle::Open("."), "Monday"));
+  EXPECT_EQ(FailureOf([] { IsMountPoint(FolderHandle::Open("."), "gone"); }),
+            "./gone could not be deleted: No such file or directory");
 }
 
 TEST_F(Mounted, FoldersOfOneDeviceAreLeftAlone) {

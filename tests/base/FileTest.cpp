@@ -206,16 +206,6 @@ TEST(File, IsNotOpenedForMoreWhereItHasAnotherName) {
   EXPECT_THROW(File::OpenOrCreate("Tuesday.M3U"), FileError);
 }
 
-TEST(IsLinked, KnowsLinksOfBothKinds) {
-  TemporaryFolder folder;
-  PutFile("song", "x");
-  fs::create_directories("folder/in/it");
-  for (const char* name : {"song", "folder", "gone"}) EXPECT_FALSE(IsLinked(name)) << name;
-  fs::create_symlink("gone", "link");
-  fs::create_hard_link("song", "other");
-  for (const char* name : {"link", "song", "other"}) EXPECT_TRUE(IsLinked(name)) << name;
-}
-
 TEST(RemoveFile, RemovesReadOnlyFilesAndMindsNoMissingOnes) {
   TemporaryFolder folder;
   PutFile("temp.wav", "x");

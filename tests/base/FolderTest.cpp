@@ -29,15 +29,6 @@ TEST(Folder, IsOneThroughALinkToo) {
   EXPECT_FALSE(FolderExists("gone"));
 }
 
-TEST(IsLink, SeesTheLinkItself) {
-  TemporaryFolder folder;
-  fs::create_symlink("gone", "link");
-  PutFile("file", "x");
-  EXPECT_TRUE(IsLink("link"));
-  EXPECT_FALSE(IsLink("file"));
-  EXPECT_FALSE(IsLink("gone"));
-}
-
 TEST(IsTaken, CountsALinkThatLeadsNowhere) {
   TemporaryFolder folder;
   fs::create_symlink("gone", "link");

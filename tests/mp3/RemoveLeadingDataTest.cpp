@@ -1,7 +1,10 @@
+#include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include "base/FileError.h"
 #include "mp3/RepvoltaMP3.h"
@@ -9,6 +12,22 @@
 #include "support/FullDisk.h"
 #include "support/Mp3Bytes.h"
 #include "support/TemporaryFolder.h"
+
+namespace {
+
+/// With what the system refuses to set the times of a file; 0: it does not.
+int refusalOfTimes = 0;
+
+}  // namespace
+
+extern "C" int utimensat(int folder, const char* path, const timespec times[2],
+                         int flags) noexcept {
+  if (refusalOfTimes != 0) {
+    errno = refusalOfTimes;
+    return -1;
+  }
+  return static_cast<int>(syscall(SYS_utimensat, folder, path, times, flags));
+}
 
 namespace repvolta {
 namespace {
@@ -121,6 +140,20 @@ TEST(RemoveLeadingData, KeepsTheTimesWhenAskedTo) {
   EXPECT_EQ(StatusNow().st_mtim.tv_sec, kChange.tv_sec);
   EXPECT_EQ(StatusNow().st_mtim.tv_nsec, kChange.tv_nsec);
   EXPECT_EQ(StatusNow().st_mode & 0777U, 0640U);
+}
+
+TEST(RemoveLeadingData, CutsTheTagAlsoWhereTheDiskSetsNoTimes) {
+  TemporaryFolder folder;
+  for (const int error : {EPERM, ENOSYS, ENOTSUP}) {
+    PutFile("song.mp3", Mp3Bytes().Garbage(17).Frames(3));
+    refusalOfTimes = error;
+    EXPECT_NO_THROW(Cut()) << error;
+    EXPECT_EQ(GetFile("song.mp3"), Mp3Bytes().Frames(3));
+  }
+  refusalOfTimes = EIO;
+  PutFile("song.mp3", Mp3Bytes().Garbage(17).Frames(3));
+  EXPECT_THROW(Cut(), FileError);
+  refusalOfTimes = 0;
 }
 
 TEST(RemoveLeadingData, GivesNewTimesOtherwise) {

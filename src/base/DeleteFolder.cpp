@@ -62,6 +62,15 @@ class Deletion {
     });
   }
 
+  /// Deletes a folder that is already open.
+  void DeleteOpened(const Entry& folder, const Descriptor& opened) {
+    Try([&] {
+      AllowDeletion(folder, LookAt({opened, "", folder.path}));
+      Empty(folder, opened);
+      Unlink(folder, AT_REMOVEDIR);
+    });
+  }
+
   /// Throws the first failure.
   void ThrowFailure() const {
     if (failure_) std::rethrow_exception(failure_);
@@ -83,7 +92,11 @@ class Deletion {
   }
 
   Descriptor Open(const Entry& folder) const {
-    const struct statx status = LookAt(folder);
+    AllowDeletion(folder, LookAt(folder));
+    return OpenIn(folder.folder, folder.name, folder.path);
+  }
+
+  void AllowDeletion(const Entry& folder, const struct statx& status) const {
     if (!S_ISDIR(status.stx_mode)) throw FileError(folder.path, kFailure, ENOTDIR);
     if (!IsInOneMount(status, place_)) {
       throw FileError(folder.path, kFailure, "Another file system is mounted there");
@@ -94,7 +107,6 @@ class Deletion {
           fchmodat(folder.folder.Number(), folder.name.c_str(),
                    (status.stx_mode & 07777U) | kOwnersRights, AT_SYMLINK_NOFOLLOW);
     }
-    return OpenIn(folder.folder, folder.name, folder.path);
   }
 
   static Descriptor OpenIn(const Descriptor& place, const std::string& name,
@@ -141,6 +153,23 @@ bool IsMountPoint(const std::string& path) {
   const std::string folder = WithoutSeparator(path);
   const Descriptor opened = OpenPlaceOf(folder);
   return !IsInOneMount(LookAt({opened, FileName(folder), folder}), LookAt({opened, "", folder}));
+}
+
+bool IsMountPoint(const FolderHandle& place, const std::string& name) {
+  const std::string path = place.Path() + name;
+  return !IsInOneMount(LookAt({place.OpenAs(), name, path}), LookAt({place.OpenAs(), "", path}));
+}
+
+bool IsMountPoint(const FolderHandle& place, const FolderHandle& folder) {
+  const std::string path = WithoutSeparator(folder.Path());
+  return !IsInOneMount(LookAt({folder.OpenAs(), "", path}), LookAt({place.OpenAs(), "", path}));
+}
+
+void DeleteFolder(const FolderHandle& place, const FolderHandle& folder) {
+  const std::string path = WithoutSeparator(folder.Path());
+  Deletion deletion(LookAt({place.OpenAs(), "", path}));
+  deletion.DeleteOpened({place.OpenAs(), FileName(path), path}, folder.OpenAs());
+  deletion.ThrowFailure();
 }
 
 void DeleteFolder(const std::string& path) {

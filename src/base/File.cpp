@@ -35,10 +35,6 @@ struct stat StatusOfOpened(const Descriptor& descriptor, const std::string& path
   return status;
 }
 
-int Flush(const Descriptor& descriptor) {
-  return Uninterrupted([&] { return fsync(descriptor.Number()); });
-}
-
 FileStamp MakeStamp(const struct stat& status) {
   return {.device = status.st_dev,
           .number = status.st_ino,
@@ -52,11 +48,17 @@ FileStamp MakeStamp(const struct stat& status) {
 File File::Open(const std::string& path, Access access) {
   // Without O_NONBLOCK, opening a pipe would wait for its other end.
   const int mode = access == Access::kRead ? O_RDONLY : O_RDWR;
-  Descriptor descriptor = OpenDescriptor(path, mode | O_NONBLOCK);
+  return TakeOverUnknown(OpenDescriptor(path, mode | O_NONBLOCK), path, access);
+}
+
+File File::TakeOver(Descriptor descriptor, std::string path) {
+  return {std::move(descriptor), std::move(path)};
+}
+
+File File::TakeOverUnknown(Descriptor descriptor, const std::string& path, Access access) {
   if (!descriptor.IsOpen()) throw FileError(path, OpenFailure(access), errno);
-  File file(std::move(descriptor), path);
-  StatusOfOpened(file.descriptor_, path, OpenFailure(access));
-  return file;
+  StatusOfOpened(descriptor, path, OpenFailure(access));
+  return {std::move(descriptor), path};
 }
 
 File File::CreateNew(const std::string& path, unsigned mode) {
@@ -76,17 +78,15 @@ File File::OpenOrCreate(const std::string& path) {
   return file;
 }
 
-std::uint64_t File::Size() const {
+struct stat File::Status() const {
   struct stat status {};
   if (fstat(descriptor_.Number(), &status) != 0) throw FileError(path_, "could not be read", errno);
-  return static_cast<std::uint64_t>(status.st_size);
+  return status;
 }
 
-FileStamp File::Stamp() const {
-  struct stat status {};
-  if (fstat(descriptor_.Number(), &status) != 0) throw FileError(path_, "could not be read", errno);
-  return MakeStamp(status);
-}
+std::uint64_t File::Size() const { return static_cast<std::uint64_t>(Status().st_size); }
+
+FileStamp File::Stamp() const { return MakeStamp(Status()); }
 
 std::size_t File::ReadAt(std::uint64_t offset, std::span<Byte> buffer) const {
   std::size_t done = 0;
@@ -117,7 +117,17 @@ void File::WriteAt(std::uint64_t offset, std::span<const Byte> bytes) {
 }
 
 void File::FlushToDevice() {
-  if (Flush(descriptor_) != 0) throw FileError(path_, "could not be written", errno);
+  const int error = FlushDescriptor(descriptor_);
+  if (error != 0) throw FileError(path_, "could not be written", error);
+}
+
+void File::CloseWritten() {
+  const int number = descriptor_.Number();
+  descriptor_.Release();
+  // After a signal the descriptor is closed all the same.
+  if (close(number) != 0 && errno != EINTR) {
+    throw FileError(path_, "could not be written", errno);
+  }
 }
 
 void File::CutBackTo(std::uint64_t size) noexcept {
@@ -202,13 +212,17 @@ std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to, std:
   return target.Position();
 }
 
+void WriteCopy(const File& from, const CopyStart& start, File& to) {
+  if (!start.head.empty()) to.WriteAt(0, start.head);
+  CopyContent(from, start.offset, to, start.head.size(), start.watch);
+}
+
 void CopyFileToNew(const std::string& source, const std::string& target, const CopyStart& start) {
   const File from = File::Open(source, File::Access::kRead);
   File to = File::CreateNew(target);
   try {
-    to.WriteAt(0, start.head);
-    CopyContent(from, start.offset, to, start.head.size(), start.watch);
-    to.ConfirmWritten();
+    WriteCopy(from, start, to);
+    to.CloseWritten();
   } catch (...) {
     unlink(target.c_str());
     throw;
@@ -230,10 +244,16 @@ void RemoveFile(const std::string& path) {
 void FlushFolder(const std::string& folder) {
   const Descriptor descriptor = OpenDescriptor(folder, O_RDONLY | O_DIRECTORY);
   if (!descriptor.IsOpen()) throw FileError(folder, "could not be read", errno);
-  // Some file systems cannot flush a single folder and return EINVAL; they need no flush.
-  if (Flush(descriptor) != 0 && errno != EINVAL) {
-    throw FileError(folder, "could not be written", errno);
-  }
+  const int error = FlushDescriptor(descriptor);
+  if (error != 0) throw FileError(folder, "could not be written", error);
+}
+
+int FlushDescriptor(const Descriptor& descriptor) {
+  if (Uninterrupted([&] { return fsync(descriptor.Number()); }) == 0) return 0;
+  // With these a file system says that it cannot flush, not that data was lost.
+  // EROFS is none of them: so answers a file system that has stopped because of errors.
+  const bool isUnable = errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
+  return isUnable ? 0 : errno;
 }
 
 }  // namespace repvolta

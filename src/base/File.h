@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <sys/stat.h>
 #include <utility>
 
 #include "base/Bytes.h"
@@ -40,10 +41,18 @@ class File {
   /// and files with more than one hard link, are refused. Throws FileError.
   static File OpenOrCreate(const std::string& path);
 
+  /// A file that was just created and is open as `descriptor`.
+  static File TakeOver(Descriptor descriptor, std::string path);
+
+  /// What was opened for `access`, or could not be: then errno holds the error. Throws FileError
+  /// when it is not an open regular file.
+  static File TakeOverUnknown(Descriptor descriptor, const std::string& path, Access access);
+
   const std::string& Path() const { return path_; }
   const Descriptor& OpenAs() const { return descriptor_; }
 
   /// Throws FileError.
+  struct stat Status() const;
   std::uint64_t Size() const;
   FileStamp Stamp() const;
 
@@ -54,13 +63,17 @@ class File {
   /// Writes all of `bytes` at `offset`. Throws FileError; some bytes may then have been written.
   void WriteAt(std::uint64_t offset, std::span<const Byte> bytes);
 
-  /// Waits until the content is on the device. Throws FileError.
+  /// Waits until the content is on the device, where the file system can wait. Throws FileError.
   void FlushToDevice();
 
   /// Call this after the last write, before reporting success: some file systems, network ones
   /// above all, report only on close that they could not store the data. The file stays open and
   /// locked. Throws FileError.
   void ConfirmWritten() const;
+
+  /// Closes the file after its last write, which is the last chance to hear that the data could not
+  /// be stored. Throws FileError.
+  void CloseWritten();
 
   /// Takes back what was written behind `size` bytes, after an error that is being reported.
   void CutBackTo(std::uint64_t size) noexcept;
@@ -105,6 +118,10 @@ struct CopyStart {
   CopyWatch watch = {};
 };
 
+/// Writes a copy of `from` into the new, empty file `to`, from its start to its end in one pass.
+/// Throws FileError.
+void WriteCopy(const File& from, const CopyStart& start, File& to);
+
 /// Copies the content of the file `source` to `target`. An existing `target` is replaced by a new
 /// file; if it is a link, the link is replaced and its file untouched. Throws FileError; then no
 /// `target` is left.
@@ -120,5 +137,9 @@ void RemoveFile(const std::string& path);
 
 /// Waits until the entries of the folder are on the device. Throws FileError.
 void FlushFolder(const std::string& folder);
+
+/// Waits until an open file or folder is on its device. Returns 0, also where the file system has
+/// no way to do that, or the errno value.
+int FlushDescriptor(const Descriptor& descriptor);
 
 }  // namespace repvolta

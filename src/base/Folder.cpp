@@ -70,6 +70,13 @@ int ForEachEntry(const std::string& path, const TakeEntry& take) {
   return folder.IsOpen() ? ForEachEntry(std::move(folder), take) : errno;
 }
 
+int ForEachEntry(const FolderHandle& place, const std::string& name, const TakeEntry& take) {
+  constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+  Descriptor folder(
+      Uninterrupted([&] { return openat(place.OpenAs().Number(), name.c_str(), kFlags); }));
+  return folder.IsOpen() ? ForEachEntry(std::move(folder), take) : errno;
+}
+
 int ForEachEntry(Descriptor descriptor, const TakeEntry& take) {
   const OpenedFolder folder(fdopendir(descriptor.Number()));
   if (!folder) return errno;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/Descriptor.h"
+#include "base/FolderHandle.h"
 
 namespace repvolta {
 
@@ -33,5 +34,9 @@ void MakeFolders(const std::string& path);
 /// Returns 0, or the errno value when the folder could not be read to its end.
 int ForEachEntry(const std::string& folder, const TakeEntry& take);
 int ForEachEntry(Descriptor folder, const TakeEntry& take);
+
+/// The same for the folder `name` in the opened folder `place`, or for that itself: "."; a link is
+/// not followed.
+int ForEachEntry(const FolderHandle& place, const std::string& name, const TakeEntry& take);
 
 }  // namespace repvolta

@@ -30,5 +30,6 @@ inline constexpr const char* kNameClipExtension = ".WAV";
 /// The working files of an update.
 inline constexpr const char* kWorkingWav = "temp.wav";
 inline constexpr const char* kWorkingMp3 = "temp.mp3";
+inline constexpr const char* kWorkingSong = "temp.mp3.new";
 
 }  // namespace repvolta

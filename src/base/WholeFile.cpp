@@ -43,6 +43,19 @@ mode_t TakeGroup(const File& file, const std::string& path) {
   return 0666 & ~mask;
 }
 
+/// Sets the permissions of the new file. A disk without permissions may refuse, which does not
+/// matter as long as nobody can read the file who was not to. Throws FileError.
+void SetPermissions(const File& file, mode_t mode, const std::string& path) {
+  constexpr mode_t kReadable = 0444;
+  const int own = file.OpenAs().Number();
+  if (fchmod(own, mode) == 0) return;
+  const int error = errno;
+  struct stat now {};
+  const bool isUnable = error == EPERM || error == ENOSYS || error == ENOTSUP;
+  if (isUnable && fstat(own, &now) == 0 && (now.st_mode & kReadable & ~mode) == 0) return;
+  throw FileError(path, kFailure, error);
+}
+
 }  // namespace
 
 Bytes ReadWholeFile(const std::string& path, std::size_t limit) {
@@ -104,10 +117,7 @@ std::optional<FileStamp> WholeFileWriter::Placed() const {
 void WholeFileWriter::FlushWorkingFile() {
   Writing([&] {
     // The group is set first: until then only the owner may read the file.
-    const mode_t mode = TakeGroup(file_, path_);
-    if (fchmod(file_.OpenAs().Number(), mode) != 0) {
-      throw FileError(path_, kFailure, errno);
-    }
+    SetPermissions(file_, TakeGroup(file_, path_), path_);
     file_.FlushToDevice();
     file_.ConfirmWritten();
   });

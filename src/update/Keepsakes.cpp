@@ -35,12 +35,16 @@ bool IsOrHolds(const fs::path& folder, const fs::path& path) {
          --folder.end();
 }
 
-/// The content of a folder, without file systems that are mounted in it.
+/// The content of an opened folder, without file systems that are mounted in it.
 class FolderContent {
  public:
-  explicit FolderContent(const std::string& folder) : path_(Resolved(folder)) {
-    pending_.push_back(folder);
-    while (!pending_.empty()) LookInto(std::exchange(pending_, {}));
+  explicit FolderContent(const FolderHandle& folder)
+      : folder_(folder), path_(Resolved(WithoutSeparator(folder.Path()))) {
+    Add("");
+    LookInto(".");
+    while (!pending_.empty()) {
+      for (const std::string& name : std::exchange(pending_, {})) LookInto(name);
+    }
   }
 
   /// True when the folder is `path` or contains it.
@@ -82,27 +86,37 @@ class FolderContent {
     return identity && folders_.contains(*identity);
   }
 
-  void LookInto(const std::vector<std::string>& folders) {
-    for (const std::string& folder : folders) {
-      if (const auto identity = IdentityOf(folder)) folders_.insert(*identity);
-      const int error = ForEachEntry(folder, [&](std::string_view name, EntryType type) {
-        Take(folder + "/" + std::string(name), type);
-      });
-      // Songs in an unreadable folder can still be looked up by their paths.
-      hasUnreadable_ = hasUnreadable_ || error == EACCES;
-      if (error != 0 && error != EACCES) throw FileError(folder, "could not be read", error);
+  /// Folders are named by their path in the folder.
+  void Add(const std::string& name) {
+    if (const auto status = folder_.StatusOf(name)) {
+      folders_.insert(Identity{status->st_dev, status->st_ino});
+    }
+  }
+
+  void LookInto(const std::string& name) {
+    const std::string place = name == "." ? "" : name + "/";
+    const int error = ForEachEntry(folder_, name, [&](std::string_view entry, EntryType type) {
+      Take(place + std::string(entry), type);
+    });
+    // Songs in an unreadable folder can still be looked up by their paths.
+    hasUnreadable_ = hasUnreadable_ || error == EACCES;
+    if (error != 0 && error != EACCES) {
+      throw FileError(WithoutSeparator(folder_.Path() + place), "could not be read", error);
     }
   }
 
   void Take(const std::string& path, EntryType type) {
     const std::string name = FileName(path);
     if (type == EntryType::kFolder) {
-      if (!IsMountPoint(path)) pending_.push_back(path);
+      if (IsMountPoint(folder_, path)) return;
+      Add(path);
+      pending_.push_back(path);
     } else if (!IsNumberedName(name) && !name.ends_with(kPlayListExtension)) {
       otherNames_.insert(FoldCase(name));
     }
   }
 
+  const FolderHandle& folder_;
   fs::path path_;
   std::vector<std::string> pending_;
   std::set<Identity> folders_;
@@ -133,7 +147,7 @@ bool IsNumberedName(std::string_view name) {
   return digits != std::string_view::npos && digits >= kFewestDigits && name[digits] == '-';
 }
 
-std::optional<std::string> FindKeepsake(const std::string& folder, const Keepsakes& keep) {
+std::optional<std::string> FindKeepsake(const FolderHandle& folder, const Keepsakes& keep) {
   const FolderContent content(folder);
   for (const std::string& path : keep.folders) {
     if (!path.empty() && content.Holds(path)) return path;

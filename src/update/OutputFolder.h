@@ -1,64 +1,76 @@
 #pragma once
 
+#include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 
-#include "base/File.h"
-#include "update/Keepsakes.h"
+#include "update/WorkoutFolder.h"
 
 namespace repvolta {
 
 /// The folder that receives the files of one workout; refuses changes that could harm other files.
+/// It is opened once, and everything in it is done through its descriptor: a link or another folder
+/// that takes its path in the middle of an update gets nothing and loses nothing.
 class OutputFolder {
  public:
   /// The folder is `workoutName` in `outputPath`; both are checked only by Clear().
-  OutputFolder(const std::string& outputPath, const std::string& workoutName);
+  OutputFolder(const std::string& outputPath, const std::string& workoutName)
+      : place_(outputPath, workoutName) {}
 
-  /// Ends with the separator.
-  const std::string& Path() const { return path_; }
+  /// Ends with the separator. Clear() and Create() may change its last part.
+  const std::string& Path() const { return place_.Path(); }
+
+  /// The last part of the path.
+  const std::string& Name() const { return place_.Name(); }
 
   /// Deletes the folder and everything in it, even read-only files, except for mounted file
   /// systems. Throws std::runtime_error, and deletes nothing, unless the folder lies directly in
   /// the output path, is neither a link nor a mount point, and holds nothing of `keep`. After such
   /// a refusal no file in the folder is replaced, and nothing is written to a folder outside the
-  /// output path. Throws FileError when something could not be deleted (quirk 46).
-  void Clear(const Keepsakes& keep);
+  /// output path. Throws FileError when something could not be deleted (quirk 46). A folder that
+  /// the disk keeps for another workout stays; this one then gets a number: "monday (2)".
+  void Clear(const Keepsakes& keep) { place_.Clear(keep); }
 
-  /// Creates the folder unless it exists. Throws FileError.
-  void Create() const;
+  /// Creates the folder unless it exists. Where the disk refuses its name, the nearest one that it
+  /// takes is cleared and created instead. Throws FileError, and what Clear() throws.
+  void Create();
 
-  /// Announces that `path`, in the folder, will be written. Throws FileError when it must not be
-  /// changed.
-  void Claim(const std::string& path);
+  /// Writes a copy of the file `source`, in one pass, under `name` or the nearest name that the
+  /// disk takes, which it returns. Throws FileError; then no partial copy is left.
+  std::string CopyInto(const std::string& source, const std::string& name,
+                       const CopyStart& start = {});
 
-  /// Claims `target`, in the folder, and copies the file `source` to it. Throws FileError; then no
-  /// partial copy is left.
-  void CopyInto(const std::string& source, const std::string& target, const CopyStart& start = {});
+  /// The same with a text instead of a copy.
+  std::string WriteInto(const std::string& name, std::string_view text);
 
-  /// Makes the system start to write a finished file of the folder to the device, so that a slow
-  /// player works while the next instruction is encoded. Throws FileError.
-  static void StartFlush(const std::string& path);
+  /// A file of the folder. Throws FileError when there is no such file.
+  File OpenFile(const std::string& name, File::Access access);
 
-  /// False for a link to a file elsewhere, for files that already were in a folder that Clear()
-  /// refused, and for every file when the folder lies outside the output path.
-  bool MayChange(const std::string& path) const;
+  /// The status of an entry, not that of what a link points to; nothing when it is not there, or
+  /// not yet. Throws FileError when the disk cannot tell.
+  std::optional<struct stat> StatusOf(const std::string& name);
 
-  /// Waits until the claimed files and the folder are on the device. Throws FileError for the first
-  /// failure.
-  void FlushToDevice() const;
+  /// Waits until the written files and the folder are on the device. Throws FileError for the first
+  /// failure, and when the folder is no longer at its path.
+  void FlushToDevice();
 
  private:
-  enum class Use { kReplace, kAddOnly, kNothing };
+  using Use = WorkoutFolder::Use;
 
-  /// Throws std::runtime_error.
-  [[noreturn]] void Refuse(const std::string& why) const;
+  bool Open();
+  const FolderHandle& Opened(const std::string& name, const char* failure);
+  void CheckUse(const std::string& name) const;
+  File CreateOrReplace(const std::string& name);
+  File CreateFile(const std::string& name);
+  template <class Write>
+  std::string WriteNew(const std::string& name, Write write);
+  void Finish(const std::string& name, File& file);
 
-  std::string Folder() const { return path_.substr(0, path_.size() - 1); }
-
-  std::string name_;
-  std::string path_;
-  Use use_ = Use::kReplace;
-  std::set<std::string> claimed_;
+  WorkoutFolder place_;
+  FolderHandle folder_;  // opened when it is first needed
+  bool isProgram_ = false;
+  std::set<std::string> written_;
 };
 
 }  // namespace repvolta

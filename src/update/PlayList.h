@@ -2,13 +2,35 @@
 
 #include <string>
 
+#include "update/OutputFolder.h"
+
 namespace repvolta {
 
 inline constexpr const char* kPlayListExtension = ".M3U";  // quirk 51
 
-/// Appends a path, byte for byte, and CR LF to the play list, which is created if it does not
-/// exist. Throws FileError; std::invalid_argument for a path with a line break, which would become
-/// two lines.
-void AddToPlaylistFile(const std::string& line, const std::string& playList);
+/// The play list of one update, in its folder. It does not exist before its first line.
+class PlayList {
+ public:
+  PlayList(OutputFolder& folder, std::string name) : folder_(folder), name_(std::move(name)) {}
+
+  /// The name under which the disk keeps it.
+  const std::string& Name() const { return name_; }
+
+  /// Appends a path, byte for byte, and CR LF. Where the disk writes no file a second time, the
+  /// line is kept until Complete(). Throws FileError; std::invalid_argument for a path with a line
+  /// break, which would become two lines.
+  void AddToPlaylistFile(const std::string& line);
+
+  /// Writes the whole play list anew when lines are waiting. Throws FileError.
+  void Complete();
+
+ private:
+  void Append(const std::string& text);
+
+  OutputFolder& folder_;
+  std::string name_;
+  std::string text_;  // of all lines
+  bool isWaiting_ = false;
+};
 
 }  // namespace repvolta

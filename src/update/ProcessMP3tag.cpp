@@ -60,9 +60,14 @@ void SetFrames(cMP3ID3v2& tag, const std::string& path, std::string_view title,
 
 void ProcessMP3tag(const std::string& path, std::string_view title,
                    std::string_view workoutFileName, ProgressLog& log) {
-  const bool removed = RemoveOldTag(path);
+  TagWorkingCopy(path, path, title, workoutFileName, log);
+}
+
+void TagWorkingCopy(const std::string& copy, const std::string& path, std::string_view title,
+                    std::string_view workoutFileName, ProgressLog& log) {
+  const bool removed = RemoveOldTag(copy);
   cMP3ID3v2 tag;
-  tag.SetFileName(path);
+  tag.SetFileName(copy);
   if (!removed || tag.HasTag()) {
     // Quirk 71.
     log.AddLineToUpdateList("ERROR:" + FileName(path) + " - MP3v2 TAG could not be removed.");

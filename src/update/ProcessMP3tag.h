@@ -16,6 +16,11 @@ namespace repvolta {
 void ProcessMP3tag(const std::string& path, std::string_view title,
                    std::string_view workoutFileName, ProgressLog& log);
 
+/// The same for a working copy of the file that will be at `path`, which gives log and title its
+/// name; errors name the copy.
+void TagWorkingCopy(const std::string& copy, const std::string& path, std::string_view title,
+                    std::string_view workoutFileName, ProgressLog& log);
+
 /// How to write a copy of an MP3 file with its new tag in one step.
 struct TaggedCopy {
   Bytes tag;                      // comes first

@@ -17,10 +17,10 @@
 #include "update/Growth.h"
 #include "update/OutputFolder.h"
 #include "update/PlayList.h"
-#include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
 #include "update/Steps.h"
 #include "update/StopTexts.h"
+#include "update/TaggedSource.h"
 #include "update/UpdateWork.h"
 
 namespace repvolta {
@@ -38,7 +38,7 @@ class WorkoutUpdate {
         work_(steps_, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
-        playList_(folder_.Path() + workoutName_ + kPlayListExtension) {}  // quirk 51
+        playList_(folder_, workoutName_ + kPlayListExtension) {}  // quirk 51
 
   /// Returns the path of the play list.
   std::string Run() {
@@ -55,13 +55,14 @@ class WorkoutUpdate {
       CopyMusic(i);
     }
     Finish();
-    return playList_;
+    return folder_.Path() + playList_.Name();
   }
 
-  /// After a stop: leaves no working files, and on the player no file that is not in the play list;
-  /// the files there are on the device. Logs what is there.
+  /// After a stop: leaves no working files, and on the player the files of the play list, which are
+  /// on the device. Logs what is there.
   void EndStopped() {
-    TidyUp([&] { RemoveUnlisted(); });
+    TidyUp([&] { ListFinished(); });
+    TidyUp([&] { playList_.Complete(); });
     TidyUp([&] { RemoveWorkingFiles(); });
     TidyUp([&] {
       if (stage_ == Stage::kSaved) folder_.FlushToDevice();
@@ -71,13 +72,14 @@ class WorkoutUpdate {
   }
 
  private:
-  enum class Stage { kNotBegun, kCleared, kSaved };
-
   /// The state of "temp.wav" and "temp.mp3". The files may also be an earlier run's, which leaves
   /// them when there is no encoder.
   enum class WorkingFiles { kNotMade, kMade, kStay };
 
+  enum class Stage { kNotBegun, kCleared, kSaved };
+
   void Prepare() {
+    const std::string asked = folder_.Name();
     // Showing the window clears its list, so an earlier failure is logged after that.
     const auto clearing = steps_.Try([&] {
       stage_ = Stage::kCleared;
@@ -90,6 +92,12 @@ class WorkoutUpdate {
     steps_.LogFailure(creation);
     // Quirk 47.
     steps_.Log("Created directory " + folder_.Path());
+    if (folder_.Name() != asked) WarnOfName(asked, folder_.Name());
+  }
+
+  /// The player could not hold the name as it is.
+  void WarnOfName(const std::string& name, const std::string& kept) {
+    steps_.Log("WARNING: " + name + " is kept as " + kept);
   }
 
   Keepsakes WhatToKeep() const {
@@ -98,7 +106,8 @@ class WorkoutUpdate {
                         home == nullptr ? "" : home},
             .songs = SongsOf(state_.Workout),
             .songList = kMusicList,
-            .otherSongs = SongsOfAllWorkoutFiles};
+            .otherSongs = SongsOfAllWorkoutFiles,
+            .workouts = state_.WorkoutNames};
   }
 
   void ProduceInstruction(std::int16_t exercise) {
@@ -108,38 +117,47 @@ class WorkoutUpdate {
       GenerateHumanVoiceInstruction(state_, exercise, kWorkingWav, program_.speech, log_);
     });
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
-    const std::string path = NumberedPath("Instructions");
     Encoding encoding = Encoding::kNoEncoder;
     steps_.Run([&] {
       encoding = EncodeMP3file(program_.processes, kWorkingWav, kWorkingMp3);
       if (encoding == Encoding::kNoEncoder) workingFiles_ = WorkingFiles::kStay;
     });
+    const std::string name = NumberedName("Instructions");
     if (encoding == Encoding::kEncoderRun) {
-      KeepMp3(path + ".mp3");
+      KeepMp3(name + ".mp3");
     } else {
-      KeepWav(path + ".WAV");
+      KeepWav(name + ".WAV");
     }
     work_.EndFile();
   }
 
-  void KeepMp3(const std::string& path) {
-    unlisted_ = path;
-    steps_.Run([&] { folder_.CopyInto(kWorkingMp3, path); });
+  void KeepMp3(std::string name) {
+    const TaggedSource source = WithTag(kWorkingMp3, kWorkingMp3, name);
+    bool isCopied = false;
+    steps_.Run([&] {
+      name = folder_.CopyInto(source.FileToCopy(), name, source.Start());
+      unlisted_ = name;
+      isCopied = true;
+    });
     steps_.Run([&] { RemoveFile(kWorkingWav); });
     steps_.Run([&] { RemoveFile(kWorkingMp3); });
     // Quirks 47 and 48.
-    steps_.Log(FileName(path) + " MP3 Instruction file created sucessfully.");
-    Tag(path);
-    List(path);
+    steps_.Log(name + " MP3 Instruction file created sucessfully.");
+    if (isCopied) {
+      LogTag(source, name);
+    } else {
+      // What is not there cannot have its tag, either.
+      steps_.Run([&] { folder_.OpenFile(name, File::Access::kRead); });
+    }
+    List(name);
   }
 
   /// Without an encoder the instruction stays a WAV file, and the working file is kept too
   /// (quirk 50).
-  void KeepWav(const std::string& path) {
-    unlisted_ = path;
-    steps_.Run([&] { folder_.CopyInto(kWorkingWav, path); });
-    steps_.Log(FileName(path) + " WAV Instruction file created sucessfully.");
-    List(path);
+  void KeepWav(std::string name) {
+    steps_.Run([&] { unlisted_ = name = folder_.CopyInto(kWorkingWav, name); });
+    steps_.Log(name + " WAV Instruction file created sucessfully.");
+    List(name);
   }
 
   void CopyMusic(std::int16_t exercise) {
@@ -165,78 +183,81 @@ class WorkoutUpdate {
       steps_.Log("ERROR: File not found. " + source);  // quirk 52
       return;
     }
-    const std::string path(TrimBlanks(NumberedPath(TrimBlanks(FileName(source)))));
-    const auto plan = PlanTaggedCopy(source, path, text_, state_.WorkoutFileName);
-    bool isCopied = false;
-    steps_.Run([&] {
-      CopyStart start = plan ? CopyStart{plan->tag, plan->audioOffset} : CopyStart{};
-      start.watch = work_.Watch();
-      CopyOrSayWhy(source, path, start);
-      isCopied = true;
-    });
+    const std::string name(TrimBlanks(NumberedName(TrimBlanks(FileName(source)))));
     // A copy that failed never shows: it is left out like a song that is missing.
-    if (!isCopied || !WaitFor(path)) return;
-    if (plan) {
-      steps_.Run([&] { OutputFolder::StartFlush(path); });
-      LogTagged(path, log_);
-    } else {
-      Tag(path);
-    }
-    List(path);
+    const auto kept = CopyWithTag(source, name);
+    if (!kept) return;
+    List(*kept);
   }
 
-  void CopyOrSayWhy(const std::string& source, const std::string& path, const CopyStart& start) {
+  /// Returns the name of the copy; nothing when there is none.
+  std::optional<std::string> CopyWithTag(const std::string& source, const std::string& name) {
+    const TaggedSource tagged = WithTag(source, kWorkingSong, name);
+    std::optional<std::string> kept;
+    steps_.Run([&] {
+      kept = CopyOrSayWhy(source, tagged, name);
+      unlisted_ = *kept;
+    });
+    if (tagged.FileToCopy() == kWorkingSong) steps_.Run([&] { RemoveFile(kWorkingSong); });
+    if (kept && *kept != name) WarnOfName(FileName(source), *kept);
+    if (!kept || !WaitFor(*kept)) return std::nullopt;
+    LogTag(tagged, *kept);
+    return kept;
+  }
+
+  TaggedSource WithTag(const std::string& source, const std::string& workingFile,
+                       const std::string& name) {
+    steps_.CheckStop();
+    return {source, workingFile, folder_.Path() + name, {text_, state_.WorkoutFileName}};
+  }
+
+  void LogTag(const TaggedSource& tagged, const std::string& name) {
+    steps_.LogFailure(tagged.Log(name, log_));
+  }
+
+  std::string CopyOrSayWhy(const std::string& source, const TaggedSource& tagged,
+                           const std::string& name) {
     try {
-      unlisted_ = path;
-      folder_.CopyInto(source, path, start);
+      CopyStart start = tagged.Start();
+      start.watch = work_.Watch();
+      return folder_.CopyInto(tagged.FileToCopy(), name, start);
     } catch (const FileError& error) {
       throw std::runtime_error(FileName(source) + " could not be copied: " + error.Reason());
     }
   }
 
-  bool MayChange(const std::string& path) {
-    bool mayChange = false;
-    steps_.Run([&] { mayChange = folder_.MayChange(path); });
-    return mayChange;
-  }
-
-  /// False when the run no longer waits for the copy.
-  bool WaitFor(const std::string& path) {
-    if (!MayChange(path)) return false;
+  /// False when the run no longer waits for the copy, or something else has taken its name.
+  bool WaitFor(const std::string& name) {
     bool isThere = false;
-    steps_.Run([&] { isThere = Appears(path); });
+    steps_.Run([&] { isThere = Appears(name); });
     return isThere;
   }
 
-  bool Appears(const std::string& path) {
-    while (!FileExists(path)) {
+  bool Appears(const std::string& name) {
+    auto status = folder_.StatusOf(name);
+    while (!status) {
       steps_.CheckStop();
       if (!host_.KeepWaiting()) return false;
+      status = folder_.StatusOf(name);
     }
-    return true;
-  }
-
-  void Tag(const std::string& path) {
-    if (!MayChange(path)) return;
-    steps_.Run([&] { ProcessMP3tag(path, text_, state_.WorkoutFileName, log_); });
+    return S_ISREG(status->st_mode);
   }
 
   /// Appends the latest file to the play list and moves on to the next number.
-  void List(const std::string& path) {
-    steps_.Run([&] {
-      folder_.Claim(playList_);
-      AddToPlaylistFile(path, playList_);
-    });
+  void List(const std::string& name) {
+    const std::string asked = playList_.Name();
+    steps_.Run([&] { playList_.AddToPlaylistFile(folder_.Path() + name); });
+    if (playList_.Name() != asked) WarnOfName(asked, playList_.Name());
     unlisted_.clear();
     work_.AddListed();
     ++counter_;
   }
 
-  /// The path of the next file: its number has at least three digits.
-  std::string NumberedPath(std::string_view name) const {
+  /// The name of the next file: its number has at least three digits.
+  std::string NumberedName(std::string_view name) const {
     std::string number = std::to_string(counter_);
     if (number.size() < 3) number.insert(0, 3 - number.size(), '0');
-    return (folder_.Path() + "RV" + number + "-").append(name);
+    return ("RV" + number + "-").append(name);
   }
 
   void Finish() {
@@ -245,27 +266,32 @@ class WorkoutUpdate {
       for (const char* file : {kWorkingWav, kWorkingMp3}) steps_.Run([&] { RemoveFile(file); });
     }
     work_.BeginFlush();
+    steps_.Run([&] { playList_.Complete(); });
     steps_.Run([&] { folder_.FlushToDevice(); });
     work_.End();
     steps_.Log("");
     steps_.Log("UPDATE COMPLETE.");
   }
 
-  /// The next update tries again; that this one was stopped must not get lost.
+  /// The next update writes all anew; that this one was stopped must not get lost.
   template <class Statement>
   void TidyUp(Statement&& statement) {
     try {
       statement();
-    } catch (const FileError& error) {
+    } catch (const std::exception& error) {
       steps_.LogFailure(error.what());
     }
   }
 
-  void RemoveUnlisted() const {
-    if (!unlisted_.empty() && folder_.MayChange(unlisted_)) RemoveFile(unlisted_);
+  /// A file that is whole, but that the stop has kept from the play list.
+  void ListFinished() {
+    if (unlisted_.empty() || !folder_.StatusOf(unlisted_)) return;
+    playList_.AddToPlaylistFile(folder_.Path() + unlisted_);
+    work_.AddListed();
   }
 
   void RemoveWorkingFiles() const {
+    RemoveFile(kWorkingSong);
     if (workingFiles_ != WorkingFiles::kMade) return;
     RemoveFile(kWorkingWav);
     RemoveFile(kWorkingMp3);
@@ -285,14 +311,14 @@ class WorkoutUpdate {
   UpdateWork work_;
   std::string workoutName_;
   OutputFolder folder_;
-  std::string playList_;
+  PlayList playList_;
   DrawnSongs drawn_;
   std::string text_;  // the sentence of the current exercise, for its music too (quirk 53)
   int counter_ = 1;
   WorkingFiles workingFiles_ = WorkingFiles::kNotMade;
   Stage stage_ = Stage::kNotBegun;
   ExerciseSlots workoutBefore_ = state_.Workout;
-  std::string unlisted_;  // the file that is being written, until it is in the play list
+  std::string unlisted_;  // a file that is on the player, but not yet in the play list
 };
 
 }  // namespace

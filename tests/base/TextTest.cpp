@@ -20,6 +20,27 @@ TEST(CutUtf8, KeepsBytesThatAreNoText) {
   EXPECT_EQ(CutUtf8(bytes, 8).size(), 4U);
 }
 
+TEST(CutToColumns, EndsBetweenCharactersThatFit) {
+  EXPECT_EQ(CutToColumns("Café", 9), "Café");
+  EXPECT_EQ(CutToColumns("Café", 4), "Café");
+  EXPECT_EQ(CutToColumns("Café", 3), "Caf");
+  EXPECT_EQ(CutToColumns("Café", 0), "");
+}
+
+TEST(CutToColumns, CountsWideCharactersTwice) {
+  EXPECT_EQ(CutToColumns("a走る", 5), "a走る");
+  EXPECT_EQ(CutToColumns("a走る", 4), "a走");
+  EXPECT_EQ(CutToColumns("走る", 1), "");
+}
+
+TEST(CutToColumns, KeepsAnAccentWithItsLetter) {
+  EXPECT_EQ(CutToColumns("e\u0301x", 1), "e\u0301");
+}
+
+TEST(CutToColumns, ShowsWhatIsNoTextAsQuestionMarks) {
+  EXPECT_EQ(CutToColumns("a\xFF\x1B[2J", 4), "a??[");
+}
+
 TEST(TrimBlanks, TakesBlanksOnlyAndFromBothEnds) {
   EXPECT_EQ(TrimBlanks("  a b \t "), "a b \t");
   EXPECT_EQ(TrimBlanks("   "), "");

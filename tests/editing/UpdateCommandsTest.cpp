@@ -225,5 +225,70 @@ TEST_F(UpdateCommands, EndWhereThePersonEndsTheProgram) {
   EXPECT_THAT(stopping.messages, IsEmpty());
 }
 
+/// Stops the updates, as the person can, when a line has been logged.
+class WindowThatStopsAt : public RecordingWindow {
+ public:
+  explicit WindowThatStopsAt(std::string line) : line_(std::move(line)) {}
+
+  void AddLineToUpdateList(std::string_view line) override {
+    RecordingWindow::AddLineToUpdateList(line);
+    if (line == line_) {
+      stopRequested = [] { return true; };
+    }
+  }
+
+ private:
+  std::string line_;
+};
+
+TEST_F(UpdateCommands, SayWhichWorkoutsAreLeftOutWhenTheyAreStopped) {
+  for (const char* name : {"A.RPV", "B.RPV", "C.RPV"}) AddWorkout(name, "Squat");
+  WindowThatStopsAt stopping("Updating Workout A.RPV");
+
+  EXPECT_THROW(UpdateAllWorkoutsButton_Click(stopping.EditorOf(program)), UpdateStopped);
+
+  EXPECT_THAT(
+      stopping.log,
+      ElementsAre("Updating Workout A.RPV", "Created directory " + folder.Path() + "player/A/",
+                  "STOPPED: No new file is on the player, and A.RPV is as it was before.",
+                  "STOPPED: B.RPV and C.RPV are not updated."));
+  EXPECT_THAT(stopping.calls, testing::Not(testing::Contains("hide")));
+  EXPECT_THAT(stopping.messages, IsEmpty());
+  EXPECT_FALSE(fs::exists("player/B"));
+  EXPECT_EQ(state.WorkoutFileName, "");
+}
+
+TEST_F(UpdateCommands, LeaveTheWindowOpenThatNamesTheWorkoutsThatAreLeftOut) {
+  for (const char* name : {"A.RPV", "B.RPV"}) AddWorkout(name, "Squat");
+  WindowThatStopsAt stopping("UPDATE COMPLETE.");
+
+  EXPECT_THROW(UpdateAllWorkoutsButton_Click(stopping.EditorOf(program)), UpdateStopped);
+
+  EXPECT_EQ(stopping.log.back(), "STOPPED: B.RPV is not updated.");
+  EXPECT_THAT(stopping.calls, testing::Not(testing::Contains("hide")));
+  EXPECT_EQ(std::count(stopping.calls.begin(), stopping.calls.end(), "show"), 1);
+  EXPECT_TRUE(fs::exists("player/A/A.M3U"));
+}
+
+TEST_F(UpdateCommands, ShowTheExerciseAlsoOfAWorkoutWhoseUpdateIsStopped) {
+  AddWorkout("Monday.RPV", "Squat");
+  WindowThatStopsAt stopping("Updating Workout Monday.RPV");
+  EXPECT_THROW(UpdateSelectedWorkoutButton_Click(stopping.EditorOf(program)), UpdateStopped);
+  EXPECT_EQ(stopping.calls.back(), "exercise screen");
+}
+
+TEST_F(UpdateCommands, MakeOneProgressOfAllWorkouts) {
+  for (const char* name : {"A.RPV", "B.RPV"}) AddWorkout(name, "Squat");
+  window.isWatched = true;
+
+  UpdateAllWorkoutsButton_Click(editor);
+
+  ASSERT_FALSE(window.progress.empty());
+  const std::uint64_t total = window.progress.front().total;
+  EXPECT_THAT(window.progress, testing::Each(testing::Field(&WorkDone::total, total)));
+  EXPECT_EQ(window.progress.back().done, total);
+  EXPECT_THAT(window.progress, testing::Contains(testing::Field(&WorkDone::done, total / 2)));
+}
+
 }  // namespace
 }  // namespace repvolta

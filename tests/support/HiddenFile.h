@@ -32,11 +32,20 @@ class HiddenFile {
 
 }  // namespace repvolta
 
-/// Replaces the system's stat in the test program.
+/// Replace the system's stat and fstatat in the test program.
 extern "C" __attribute__((used)) inline int stat(const char* path, struct stat* status) noexcept {
   if (repvolta::HiddenFile::Hides(path)) {
     errno = ENOENT;
     return -1;
   }
   return static_cast<int>(syscall(SYS_newfstatat, AT_FDCWD, path, status, 0));
+}
+
+extern "C" __attribute__((used)) inline int fstatat(int folder, const char* path,
+                                                    struct stat* status, int flags) noexcept {
+  if (repvolta::HiddenFile::Hides(path)) {
+    errno = ENOENT;
+    return -1;
+  }
+  return static_cast<int>(syscall(SYS_newfstatat, folder, path, status, flags));
 }

@@ -144,9 +144,18 @@ void TakeUpdate(const Pictures& pictures) {
         "Updated Field 1 in exercise - Goblet Squat",
         "RV001-Instructions.mp3 MP3 Instruction file created sucessfully.",
         "RV001-Instructions.mp3  TAG modified OK", "RV002-Café au lait.mp3  TAG modified OK",
-        "ERROR: File not found. /home/kim/Music/Long Run.mp3", "", "UPDATE COMPLETE."}) {
+        "ERROR: File not found. /home/kim/Music/Long Run.mp3"}) {
     update.AddLine(line);
   }
+  update.ShowProgress({.percent = 45,
+                       .atHand = "A song with a name that is much longer than the window is wide, "
+                                 "and then some more.mp3",
+                       .left = std::chrono::seconds(100)});
+  update.AddLine("WARNING: What's up?.mp3 is kept as RV003-What's up_.mp3");
+  pictures.Take(update, "UpdateForm-running");
+  for (const char* line : {"", "UPDATE COMPLETE."}) update.AddLine(line);
+  update.ShowProgress({.percent = 100});
+  update.UpdateEnds();
   pictures.Take(update, "UpdateForm");
   update.UpdateEnds();
   disks.answer({Ejection::State::kPossible, "WALKMAN", ""});

@@ -1,12 +1,14 @@
 #include <QEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QWindow>
 #include <QtTest/QTest>
 #include <gtest/gtest.h>
 
+#include "ui/ElidedLabel.h"
 #include "ui/UpdateForm.h"
 
 #include "fakes/FakeDisks.h"
@@ -116,6 +118,95 @@ TEST_F(UpdateWindow, IsEmptyWhenItIsShownAgain) {
 TEST_F(UpdateWindow, IsHeardByDistinctNames) {
   EXPECT_EQ(HeardNames(form),
             (std::map<std::string, int>{{"OK", 1}, {"Stop", 1}, {"Update progress", 1}}));
+}
+
+TEST_F(UpdateWindow, ShowsHowFarTheUpdateIs) {
+  form.ShowProgress({.percent = 45, .atHand = "Song.mp3", .left = std::chrono::seconds(100)});
+  auto& bar = Find<QProgressBar>(form, "UpdateProgressBar");
+  EXPECT_EQ(bar.value(), 45);
+  EXPECT_EQ(bar.text(), "45 %");
+  EXPECT_EQ(Find<ElidedLabel>(form, "FileLabel").WholeText(), "Song.mp3");
+  EXPECT_EQ(Find<QLabel>(form, "TimeLeftLabel").text(), "about 2 minutes left");
+}
+
+TEST_F(UpdateWindow, ItsBarIsHeardWithNameAndValue) {
+  form.ShowProgress({.percent = 45});
+  QAccessibleInterface* heard =
+      QAccessible::queryAccessibleInterface(&Find<QProgressBar>(form, "UpdateProgressBar"));
+  EXPECT_EQ(heard->role(), QAccessible::ProgressBar);
+  EXPECT_EQ(heard->text(QAccessible::Name), "Progress of the update");
+  EXPECT_EQ(heard->valueInterface()->currentValue().toInt(), 45);
+}
+
+TEST_F(UpdateWindow, KeepsItsSizeForALongName) {
+  QApplication::processEvents();
+  const QSize size = form.size();
+  form.ShowProgress({.percent = 45, .atHand = std::string(400, 'W')});
+  QApplication::processEvents();
+  EXPECT_EQ(form.size(), size);
+}
+
+TEST_F(UpdateWindow, StopsTheUpdateThatRunsOnce) {
+  int stopped = 0;
+  form.OnStop([&] { ++stopped; });
+  auto& stop = Find<QPushButton>(form, "StopButton");
+  form.Show();
+  stop.click();
+  stop.click();
+  EXPECT_EQ(stopped, 1);
+  EXPECT_FALSE(stop.isEnabled());
+  EXPECT_EQ(Find<ElidedLabel>(form, "FileLabel").WholeText(), "Stopping ...");
+  form.ShowProgress({.percent = 45, .atHand = "Song.mp3"});
+  EXPECT_EQ(Find<ElidedLabel>(form, "FileLabel").WholeText(), "Stopping ...");
+  form.Show();
+  EXPECT_TRUE(stop.isEnabled());
+}
+
+TEST_F(UpdateWindow, IsStoppedByItsMnemonic) {
+  int stopped = 0;
+  form.OnStop([&] { ++stopped; });
+  form.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  QTest::keyClick(&form, Qt::Key_S, Qt::AltModifier);
+  EXPECT_EQ(stopped, 1);
+  EXPECT_TRUE(form.isVisible());
+}
+
+TEST_F(UpdateWindow, HasNothingToStopOnceTheUpdateHasEnded) {
+  form.ShowProgress({.percent = 45, .atHand = "Song.mp3", .left = std::chrono::seconds(100)});
+  form.UpdateEnds();
+  EXPECT_FALSE(Find<QPushButton>(form, "StopButton").isEnabled());
+  EXPECT_EQ(Find<ElidedLabel>(form, "FileLabel").WholeText(), "");
+  EXPECT_EQ(Find<QLabel>(form, "TimeLeftLabel").text(), "");
+  EXPECT_EQ(Find<QProgressBar>(form, "UpdateProgressBar").value(), 45);
+}
+
+TEST(UpdateForm, HasNothingToStopBeforeTheFirstUpdate) {
+  const UpdateForm form;
+  EXPECT_FALSE(form.findChild<QPushButton*>("StopButton")->isEnabled());
+}
+
+TEST_F(UpdateWindow, CountsTheLinesThatTellOfProblems) {
+  auto& problems = Find<QLabel>(form, "ProblemsLabel");
+  form.AddLine("Updating Workout Monday.RPV");
+  EXPECT_FALSE(problems.isVisible());
+  form.AddLine("WARNING: a");
+  form.AddLine("ERROR: b");
+  form.AddLine("ERROR:c");
+  EXPECT_TRUE(problems.isVisible());
+  EXPECT_EQ(problems.text(), "2 errors, 1 warning");
+  form.Show();
+  EXPECT_FALSE(problems.isVisible());
+  form.AddLine("ERROR: b");
+  EXPECT_EQ(problems.text(), "1 error");
+}
+
+TEST_F(UpdateWindow, MakesTheLinesThatTellOfProblemsStandOut) {
+  form.AddLine("Updating Workout Monday.RPV");
+  form.AddLine("ERROR: a");
+  EXPECT_TRUE(list.item(0)->icon().isNull());
+  EXPECT_FALSE(list.item(1)->icon().isNull());
+  EXPECT_EQ(list.visualItemRect(list.item(0)).height(), list.visualItemRect(list.item(1)).height());
 }
 
 /// The window of an update to a player.

@@ -22,11 +22,15 @@ TEST(IsNumberedName, AsksForThreeDigitsBetweenItsMarks) {
   }
 }
 
+std::optional<std::string> FindKeepsakeIn(const std::string& folder, const Keepsakes& keep) {
+  return FindKeepsake(FolderHandle::Open(folder), keep);
+}
+
 TEST(FindKeepsake, IsTheFolderItselfOrOneInIt) {
   TemporaryFolder folder;
   PutFile("Monday/music/song.mp3", "");
   for (const char* kept : {"Monday", "Monday/music", "Monday/music/gone"}) {
-    EXPECT_EQ(FindKeepsake("Monday", {.folders = {"", "elsewhere", kept}}), kept);
+    EXPECT_EQ(FindKeepsakeIn("Monday", {.folders = {"", "elsewhere", kept}}), kept);
   }
 }
 
@@ -35,7 +39,7 @@ TEST(FindKeepsake, IsNoFolderAroundOrBesideIt) {
   fs::create_directories("player/Monday");
   fs::create_directories("player/Monday music");
   EXPECT_EQ(
-      FindKeepsake("player/Monday", {.folders = {"player", "player/Monday music", "player/.."}}),
+      FindKeepsakeIn("player/Monday", {.folders = {"player", "player/Monday music", "player/.."}}),
       std::nullopt);
 }
 
@@ -44,8 +48,8 @@ TEST(FindKeepsake, IsTheFirstSongThatLiesThere) {
   PutFile("Monday/disc 2/lead.mp3", "");
   PutFile("Monday/end.mp3", "");
   PutFile("end.mp3", "");
-  EXPECT_EQ(FindKeepsake("Monday", {.songs = {"end.mp3", "Monday/gone.mp3",
-                                              "Monday/disc 2/lead.mp3", "Monday/end.mp3"}}),
+  EXPECT_EQ(FindKeepsakeIn("Monday", {.songs = {"end.mp3", "Monday/gone.mp3",
+                                                "Monday/disc 2/lead.mp3", "Monday/end.mp3"}}),
             "Monday/disc 2/lead.mp3");
 }
 
@@ -53,14 +57,14 @@ TEST(FindKeepsake, IsNoSongWithANameThatAnUpdateGives) {
   TemporaryFolder folder;
   PutFile("Monday/RV001-lead.mp3", "");
   PutFile("Monday/cover.jpg", "");
-  EXPECT_EQ(FindKeepsake("Monday", {.songs = {"Monday/RV001-lead.mp3"}}), std::nullopt);
+  EXPECT_EQ(FindKeepsakeIn("Monday", {.songs = {"Monday/RV001-lead.mp3"}}), std::nullopt);
 }
 
 TEST(FindKeepsake, IsASongOfTheList) {
   TemporaryFolder folder;
   PutFile("Monday/lead.mp3", "");
   PutFile("list", "/gone.mp3\r\n Monday/lead.mp3 \r\n");
-  EXPECT_EQ(FindKeepsake("Monday", {.songList = "list"}), "Monday/lead.mp3");
+  EXPECT_EQ(FindKeepsakeIn("Monday", {.songList = "list"}), "Monday/lead.mp3");
 }
 
 TEST(FindKeepsake, IsNotLookedForInAListThatCannotBeReadWhereNoSongCanLie) {
@@ -68,9 +72,9 @@ TEST(FindKeepsake, IsNotLookedForInAListThatCannotBeReadWhereNoSongCanLie) {
   PutFile("Monday/Monday.M3U", "");
   PutFile("list", "");
   const UnreadableFile unreadable("list");
-  EXPECT_EQ(FindKeepsake("Monday", {.songList = "list"}), std::nullopt);
+  EXPECT_EQ(FindKeepsakeIn("Monday", {.songList = "list"}), std::nullopt);
   PutFile("Monday/lead.mp3", "");
-  EXPECT_THROW(FindKeepsake("Monday", {.songList = "list"}), FileError);
+  EXPECT_THROW(FindKeepsakeIn("Monday", {.songList = "list"}), FileError);
 }
 
 }  // namespace

@@ -5,6 +5,9 @@
 #include "base/FileError.h"
 #include "update/OutputFolder.h"
 
+#include "support/AtOpening.h"
+#include "support/FailingClose.h"
+#include "support/FullDisk.h"
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"
 
@@ -70,8 +73,8 @@ TEST_F(OutputDirectory, IsNotDeletedOutsideTheOutputPath) {
   for (const char* name : {"..", ".", "", "  ", ".. ", "a/b"}) {
     OutputFolder output(Full("player"), name);
     EXPECT_THAT(Refusal(output), HasSubstr("it does not lie in the output path")) << name;
-    EXPECT_FALSE(output.MayChange(output.Path() + "kept"));
-    EXPECT_THROW(output.Claim(output.Path() + "RV001-Instructions.mp3"), FileError);
+    EXPECT_THROW(output.WriteInto("kept", "new"), FileError);
+    EXPECT_THROW(output.WriteInto("RV001-Instructions.mp3", "new"), FileError);
   }
   EXPECT_TRUE(fs::exists("player/kept"));
 }
@@ -84,7 +87,7 @@ TEST_F(OutputDirectory, IsNotDeletedThroughALink) {
   EXPECT_THAT(Refusal(output), HasSubstr("it is a link"));
 
   EXPECT_TRUE(fs::exists("music/precious.mp3"));
-  EXPECT_THROW(output.CopyInto("music/precious.mp3", output.Path() + "RV001-x.mp3"), FileError);
+  EXPECT_THROW(output.CopyInto("music/precious.mp3", "RV001-x.mp3"), FileError);
 }
 
 TEST_F(OutputDirectory, IsNotDeletedWhenItIsOrHoldsAFolderToKeep) {
@@ -203,19 +206,20 @@ TEST_F(OutputDirectory, OnlyGainsNewFilesWhereItIsNotOurs) {
   OutputFolder output = Monday();
   Refusal(output, {.folders = {Full("player/Monday")}});
 
-  EXPECT_THROW(output.CopyInto("song.mp3", output.Path() + "RV001-Song.mp3"), FileError);
-  output.CopyInto("song.mp3", output.Path() + "RV002-Song.mp3");
+  EXPECT_THROW(output.CopyInto("song.mp3", "RV001-Song.mp3"), FileError);
+  output.CopyInto("song.mp3", "RV002-Song.mp3");
 
   EXPECT_EQ(GetTextFile("player/Monday/RV001-Song.mp3"), "theirs");
   EXPECT_EQ(GetTextFile("player/Monday/RV002-Song.mp3"), "ours");
-  EXPECT_FALSE(output.MayChange(output.Path() + "RV001-Song.mp3"));
-  EXPECT_TRUE(output.MayChange(output.Path() + "RV002-Song.mp3"));
+
+  output.WriteInto("RV002-Song.mp3", "ours again");
+  EXPECT_EQ(GetTextFile("player/Monday/RV002-Song.mp3"), "ours again");
 }
 
 /// Why a file may not be put there; empty when it may.
-std::string RefusalOf(OutputFolder& output, const std::string& path) {
+std::string RefusalOf(OutputFolder& output, const std::string& name) {
   try {
-    output.Claim(path);
+    output.WriteInto(name, "new");
   } catch (const FileError& error) {
     return error.what();
   }
@@ -226,13 +230,13 @@ TEST_F(OutputDirectory, SaysWhyAFileIsNotPutThere) {
   PutFile("player/Monday/RV001-Song.mp3", "theirs");
   OutputFolder output = Monday();
   Refusal(output, {.folders = {Full("player/Monday")}});
-  const std::string song = output.Path() + "RV001-Song.mp3";
-  EXPECT_EQ(RefusalOf(output, song), song + " could not be created: File exists");
+  EXPECT_EQ(RefusalOf(output, "RV001-Song.mp3"),
+            output.Path() + "RV001-Song.mp3 could not be created: File exists");
 
   OutputFolder outside(Full("player"), "..");
   Refusal(outside);
   EXPECT_EQ(RefusalOf(outside, "Song.mp3"),
-            "Song.mp3 could not be created: It does not lie in the output path");
+            outside.Path() + "Song.mp3 could not be created: It does not lie in the output path");
 }
 
 TEST_F(OutputDirectory, CannotBeMadeWhereThereIsNoOutputPath) {
@@ -246,13 +250,13 @@ TEST_F(OutputDirectory, IsFlushedWithItsFiles) {
   OutputFolder output = Monday();
   output.Clear({});
   output.Create();
-  output.CopyInto("song.mp3", output.Path() + "RV001-Song.mp3");
+  output.CopyInto("song.mp3", "RV001-Song.mp3");
   EXPECT_NO_THROW(output.FlushToDevice());
   fs::remove_all("player/Monday");
   EXPECT_THROW(output.FlushToDevice(), FileError);
 }
 
-TEST_F(OutputDirectory, HoldsNoLinkThatMayBeChanged) {
+TEST_F(OutputDirectory, ReplacesLinksAndNotWhatTheyPointTo) {
   PutFile("music/Song.mp3", "precious");
   OutputFolder output = Monday();
   output.Clear({});
@@ -260,10 +264,82 @@ TEST_F(OutputDirectory, HoldsNoLinkThatMayBeChanged) {
   fs::create_symlink(Full("music/Song.mp3"), output.Path() + "RV001-Song.mp3");
   fs::create_hard_link("music/Song.mp3", output.Path() + "RV002-Song.mp3");
 
-  EXPECT_FALSE(output.MayChange(output.Path() + "RV001-Song.mp3"));
-  EXPECT_FALSE(output.MayChange(output.Path() + "RV002-Song.mp3"));
-  output.CopyInto(Full("music/Song.mp3"), output.Path() + "RV001-Song.mp3");
-  EXPECT_TRUE(output.MayChange(output.Path() + "RV001-Song.mp3"));
+  output.WriteInto("RV001-Song.mp3", "new");
+  output.WriteInto("RV002-Song.mp3", "new");
+
+  EXPECT_EQ(GetTextFile("music/Song.mp3"), "precious");
+  EXPECT_EQ(GetTextFile("player/Monday/RV001-Song.mp3"), "new");
+  EXPECT_EQ(GetTextFile("player/Monday/RV002-Song.mp3"), "new");
+}
+
+TEST_F(OutputDirectory, LeavesNoHalfCopyOnAFullPlayer) {
+  PutFile("song.mp3", std::string(500, 's'));
+  OutputFolder output = Monday();
+  output.Clear({});
+  output.Create();
+  {
+    const FullDisk full(100);
+    EXPECT_THROW(output.CopyInto("song.mp3", "RV001-Song.mp3"), FileError);
+  }
+  EXPECT_TRUE(fs::is_empty("player/Monday"));
+}
+
+TEST_F(OutputDirectory, LeavesNoCopyThatTheCloseCallsUnwritten) {
+  PutFile("song.mp3", "ours");
+  OutputFolder output = Monday();
+  output.Clear({});
+  output.Create();
+  const FailingClose unwritten("RV001-Song.mp3");
+  EXPECT_THROW(output.CopyInto("song.mp3", "RV001-Song.mp3"), FileError);
+  EXPECT_TRUE(fs::is_empty("player/Monday"));
+}
+
+/// Somebody who may write beside the folder puts a link to the music in its place.
+void ExchangeByLink(const std::string& music) {
+  fs::rename("player/Monday", "player/elsewhere");
+  fs::create_directory_symlink(music, "player/Monday");
+}
+
+TEST_F(OutputDirectory, IsTheSameOneWhenALinkTakesItsPathDuringACopy) {
+  PutFile("music/RV001-Song.mp3", "precious");
+  PutFile("song.mp3", "ours");
+  OutputFolder output = Monday();
+  output.Clear({});
+  output.Create();
+  {
+    const AtOpening exchange("song.mp3", [&] { ExchangeByLink(Full("music")); });
+    output.CopyInto("song.mp3", "RV001-Song.mp3");
+  }
+  EXPECT_EQ(GetTextFile("music/RV001-Song.mp3"), "precious");
+  EXPECT_EQ(GetTextFile("player/elsewhere/RV001-Song.mp3"), "ours");
+  EXPECT_THROW(output.FlushToDevice(), FileError);
+}
+
+TEST_F(OutputDirectory, IsNotDeletedWhenALinkTakesItsPathDuringTheSearchForSongs) {
+  PutFile("music/RV001-Song.mp3", "precious");
+  PutFile("player/Monday/cover.jpg", "old");
+  PutFile("list", "");
+  OutputFolder output = Monday();
+  {
+    const AtOpening exchange("list", [&] { ExchangeByLink(Full("music")); });
+    EXPECT_THAT(Refusal(output, {.songList = "list"}), HasSubstr("could not be deleted"));
+  }
+  EXPECT_EQ(GetTextFile("music/RV001-Song.mp3"), "precious");
+}
+
+TEST_F(OutputDirectory, IsNotExchangedForAnotherDuringTheSearchForSongs) {
+  PutFile("player/diary/page 1.txt", "mine");
+  PutFile("player/Monday/cover.jpg", "old");
+  PutFile("list", "");
+  OutputFolder output = Monday();
+  {
+    const AtOpening exchange("list", [] {
+      fs::rename("player/Monday", "player/elsewhere");
+      fs::rename("player/diary", "player/Monday");
+    });
+    Refusal(output, {.songList = "list"});
+  }
+  EXPECT_EQ(GetTextFile("player/Monday/page 1.txt"), "mine");
 }
 
 }  // namespace

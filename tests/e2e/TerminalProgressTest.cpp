@@ -90,7 +90,8 @@ TEST_F(TerminalProgress, IsOneLineThatIsRewrittenAndCleared) {
 TEST_F(TerminalProgress, FitsTheTerminal) {
   const TerminalRun run = Run("program/repvolta-update");
   for (const std::string& part : PartsOf(run.text)) {
-    if (part.find(" %") != std::string::npos) EXPECT_LT(part.size(), 60U) << part;
+    if (part.find(" %") == std::string::npos) continue;
+    EXPECT_LT(part.size(), 60U) << part;
   }
 }
 

@@ -168,7 +168,7 @@ TEST_F(UpdateWindow, IsStoppedByItsMnemonic) {
   form.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
   QTest::keyClick(&form, Qt::Key_S, Qt::AltModifier);
-  // The button shows for a moment that it is pressed.
+  // The button is seen to be pressed for a moment.
   EXPECT_TRUE(QTest::qWaitFor([&] { return stopped == 1; }));
   EXPECT_TRUE(form.isVisible());
 }

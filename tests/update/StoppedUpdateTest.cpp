@@ -140,11 +140,11 @@ TEST_F(StoppedUpdate, LeavesWholeFilesThatThePlayListNamesAtEachStep) {
 }
 
 TEST_F(StoppedUpdate, SaysWhoseFilesAreMissing) {
-  run.stopRequested = [&] { return fs::exists("player/Monday/RV002-A.mp3"); };
+  run.stopRequested = [&] { return fs::exists("player/Monday/RV001-Instructions.mp3"); };
   EXPECT_THROW(Update(), UpdateStopped);
   EXPECT_EQ(run.log.back(),
-            "STOPPED: 2 of 4 files are on the player; files of Squat and Row are missing.");
-  EXPECT_THAT(Songs(), ElementsAre("RV001-Instructions.mp3", "RV002-A.mp3"));
+            "STOPPED: 1 of 4 files is on the player; files of Squat and Row are missing.");
+  EXPECT_THAT(Songs(), ElementsAre("RV001-Instructions.mp3"));
 }
 
 TEST_F(StoppedUpdate, LeavesNoPieceOfTheSongThatIsBeingCopied) {

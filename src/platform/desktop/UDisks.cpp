@@ -117,11 +117,18 @@ void UDisks::Connect(int question) {
   if (connection_ && connection_->isConnected()) return AskService(question);
   std::thread([this, post = mailbox_.Poster(), bus = settings_.bus, question] {
     post([this, question, connection = NewConnection(bus)] {
-      if (connection_) QDBusConnection::disconnectFromBus(connection_->name());
-      connection_ = connection;
+      Keep(connection);
       AskService(question);
     });
   }).detach();
+}
+
+/// An older question may have got its connection meanwhile, and calls may be under way on it.
+void UDisks::Keep(const QDBusConnection& connection) {
+  const bool hasOne = connection_ && connection_->isConnected();
+  const QString unused = hasOne ? connection.name() : connection_ ? connection_->name() : QString();
+  if (!hasOne) connection_ = connection;
+  if (!unused.isEmpty()) QDBusConnection::disconnectFromBus(unused);
 }
 
 void UDisks::AskService(int question) {

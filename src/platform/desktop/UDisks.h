@@ -35,6 +35,7 @@ class UDisks : public Disks {
 
   void Plan(const std::string& folder, TakePlan take);
   void Connect(int question);
+  void Keep(const QDBusConnection& connection);
   void AskService(int question);
   void Answer(int question, const EjectionPlan& plan);
   void AnswerFailure(int question, const QString& error, const QString& text);

@@ -8,6 +8,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "app/Options.h"
 #include "app/ProblemCount.h"
 #include "app/ProgramDirectory.h"
 #include "app/Settings.h"
@@ -21,8 +22,10 @@
 #include "platform/TerminalLine.h"
 #include "speech/EngineSpeech.h"
 #include "update/OutputPath.h"
+#include "update/PlayerDisk.h"
 #include "update/Program.h"
 #include "update/RandomMusicList.h"
+#include "update/Room.h"
 #include "update/SeveralUpdates.h"
 #include "update/Steps.h"
 #include "update/StopTexts.h"
@@ -123,11 +126,18 @@ std::vector<std::string> ChosenWorkouts(const ProgramState& state,
   return chosen;
 }
 
+void Warn(ProgressLog& log, const std::string& warning) {
+  if (!warning.empty()) log.AddLineToUpdateList("WARNING: " + warning);
+}
+
 /// Logs what is wrong with the loaded file.
 void WarnOfFile(const ProgramState& state, ProgressLog& log) {
-  for (const std::string& warning : {OddSizeOf(state), DamageOf(state)}) {
-    if (!warning.empty()) log.AddLineToUpdateList("WARNING: " + warning);
-  }
+  for (const std::string& warning : {OddSizeOf(state), DamageOf(state)}) Warn(log, warning);
+}
+
+void WarnOfRoom(const Program& program, ProgressLog& log) {
+  const auto lack = FindLackOfRoom({&program.state}, program.clock.Today());
+  if (lack) Warn(log, program.state.WorkoutFileName + " " + TextOf(*lack) + ".");
 }
 
 void UpdateWorkout(Program& program, const std::string& name, ProgressLog& log, UpdateHost& host) {
@@ -136,6 +146,7 @@ void UpdateWorkout(Program& program, const std::string& name, ProgressLog& log, 
   try {
     if (LoadWorkout(program.state) == WorkoutLoad::kLoaded) {
       WarnOfFile(program.state, log);
+      WarnOfRoom(program, log);
       UpdateCurrentWorkout(program, log, host);
       return;
     }
@@ -160,19 +171,23 @@ void UpdateWorkouts(Program& program, const std::vector<std::string>& workouts, 
   console.End();
 }
 
-/// Reads the settings, the list of workouts and the count of random music. Throws CannotStart.
+/// Reads the settings, the options, the list of workouts and the count of random music. Throws
+/// CannotStart.
 void Load(ProgramState& state, const std::string& executable) {
   state.ProgramDirectory = FindProgramDirectory(executable);
   const std::string settings = state.ProgramDirectory + kSettingsFile;
   if (!FileExists(settings)) {
     throw CannotStart("There is no " + settings + "; start repvolta first");
   }
-  FillProgramDirectory(state.ProgramDirectory, executable);
   MakeProgramDirectoryCurrent(state);
   LoadSettings(state);
+  LoadOptions(state);
   if (IsOutputPathMissing(state.Settings)) {
     throw CannotStart("no Output file path has been specified");
   }
+  const std::string missing = WhyPlayerIsMissing(state);
+  if (!missing.empty()) throw CannotStart(missing);
+  FillProgramDirectory(state.ProgramDirectory, executable);
   SetUpVoice(state);
   LoadWorkoutNames(state);
   CountRandomMusicFiles(state);
@@ -191,6 +206,7 @@ int Run(const std::string& executable, const std::vector<std::string>& arguments
   QtChildProcesses processes([&console] { Steps(console, console).CheckStop(); });
   EngineSpeech speech(InstalledEngines(processes));
   Program program{state, clock, random, processes, speech};
+  Warn(console, OddOptions(state.Options));
   UpdateWorkouts(program, workouts, console);
   if (console.LostLine()) {
     std::cerr << "repvolta-update: The progress lines could not be written\n";

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/OptionLines.h"
 #include "app/Records.h"
 #include "base/File.h"
 
@@ -31,13 +32,22 @@ struct KnownSettingsFile {
   std::optional<FileStamp> stamp;  // none: there was no file
 };
 
+/// The content of the options file when it was last loaded or saved.
+struct KnownOptionsFile {
+  OptionLines lines;
+  std::optional<FileStamp> stamp;  // none: there was no file
+};
+
 /// Everything that the program holds in memory; one object for the whole run.
 struct ProgramState {
   ExerciseSlots Workout;
   SettingsRecord Settings;
+  OptionLines Options;
   VoiceState Voice;
   KnownSettingsFile KnownSettings;
   bool SettingsAreUnread = false;  // the file has settings that could not be read
+  KnownOptionsFile KnownOptions;
+  bool OptionsAreUnread = false;  // the file has options that could not be read
 
   std::int16_t NumberOfExercises = 0;  // slots in use in Workout
   std::int16_t CurrentExercise = 0;    // the slot that is shown and edited

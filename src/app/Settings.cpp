@@ -1,49 +1,12 @@
 #include "app/Settings.h"
 
 #include "app/RecordFormat.h"
+#include "app/SharedFile.h"
 #include "base/File.h"
-#include "base/FileError.h"
 #include "base/ProgramFiles.h"
 #include "base/WholeFile.h"
 
 namespace repvolta {
-namespace {
-
-constexpr int kTries = 3;
-
-/// Another program saved settings while ours were being written.
-class SettingsCameIn : public FileError {
- public:
-  SettingsCameIn()
-      : FileError(kSettingsFile, "could not be written", "Another program goes on changing it") {}
-};
-
-/// The stamp of the file if its content was neither loaded nor saved here.
-std::optional<FileStamp> StampOfOthers(const ProgramState& state) {
-  const std::optional<FileStamp> stamp = StampOf(kSettingsFile);
-  return stamp == state.KnownSettings.stamp ? std::nullopt : stamp;
-}
-
-void RememberPlaced(ProgramState& state, const WholeFileWriter& writer) {
-  if (const auto stamp = writer.Placed()) state.KnownSettings = {state.Settings, stamp};
-}
-
-void WriteSettings(ProgramState& state) {
-  WholeFileWriter writer(kSettingsFile);
-  ReloadChangedSettings(state);
-  writer.Append(EncodeSettings(state.Settings));
-  try {
-    writer.Commit([&] {
-      if (StampOfOthers(state)) throw SettingsCameIn();
-    });
-  } catch (const FileError&) {
-    RememberPlaced(state, writer);
-    throw;
-  }
-  RememberPlaced(state, writer);
-}
-
-}  // namespace
 
 void LoadSettings(ProgramState& state) {
   state.SettingsAreUnread = true;
@@ -57,7 +20,7 @@ void LoadSettings(ProgramState& state) {
 }
 
 void ReloadChangedSettings(ProgramState& state) {
-  const std::optional<FileStamp> stamp = StampOfOthers(state);
+  const std::optional<FileStamp> stamp = StampOfOthers(kSettingsFile, state.KnownSettings.stamp);
   if (!stamp || state.SettingsAreUnread) return;
   const Bytes file = ReadWholeFile(kSettingsFile, kLongestSettingsFile);
   state.KnownSettings.stamp = stamp;
@@ -70,16 +33,15 @@ void ReloadChangedSettings(ProgramState& state) {
 
 void SaveSettings(ProgramState& state) {
   MakeProgramDirectoryCurrent(state);
-  if (state.SettingsAreUnread) {
-    throw FileError(kSettingsFile, "is kept as it was", "It could not be read at the start");
-  }
-  for (int tries = 1; true; ++tries) {
-    try {
-      return WriteSettings(state);
-    } catch (const SettingsCameIn&) {
-      if (tries == kTries) throw;
-    }
-  }
+  SaveShared({.name = kSettingsFile,
+              .isUnread = state.SettingsAreUnread,
+              .knownStamp = [&] { return state.KnownSettings.stamp; },
+              .takeOver = [&] { ReloadChangedSettings(state); },
+              .content = [&] { return EncodeSettings(state.Settings); },
+              .remember =
+                  [&](const FileStamp& stamp) {
+                    state.KnownSettings = {state.Settings, stamp};
+                  }});
 }
 
 }  // namespace repvolta

@@ -6,6 +6,7 @@ namespace repvolta {
 // docs/formats describes their content. Folders end with the separator.
 
 inline constexpr const char* kSettingsFile = "settings.dat";
+inline constexpr const char* kOptionsFile = "options.conf";
 inline constexpr const char* kMusicList = "musiclist.txt";
 inline constexpr const char* kEncoder = "lame.exe";
 inline constexpr const char* kUpdateLockFile = "update.lock";

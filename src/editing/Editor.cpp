@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 
+#include "app/Options.h"
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
 
@@ -16,6 +17,21 @@ void SaveOrSay(Save save) {
   } catch (const FileError& error) {
     throw UnsavedChange(error);
   }
+}
+
+/// Saves, and shows the settings tab if the save took over what another program had saved.
+template <class Save, class TookOver>
+void SaveAndShowTheirs(const Editor& editor, Save save, TookOver tookOver) {
+  const auto showTheirs = [&] {
+    if (tookOver()) editor.screen.UpdateSettingsScreen();
+  };
+  try {
+    SaveOrSay(save);
+  } catch (const FileError&) {
+    showTheirs();
+    throw;
+  }
+  showTheirs();
 }
 
 void ShowOrTell(const Editor& editor, const char* failure, const std::function<void()>& show) {
@@ -37,17 +53,17 @@ void SaveChangedWorkout(const Editor& editor) {
 }
 
 void SaveChangedSettings(const Editor& editor) {
-  const SettingsRecord ours = editor.State().Settings;
-  const auto showTheirs = [&] {
-    if (editor.State().Settings != ours) editor.screen.UpdateSettingsScreen();
-  };
-  try {
-    SaveOrSay([&] { SaveSettings(editor.State()); });
-  } catch (const FileError&) {
-    showTheirs();
-    throw;
-  }
-  showTheirs();
+  const ProgramState& state = editor.State();
+  SaveAndShowTheirs(
+      editor, [&] { SaveSettings(editor.State()); },
+      [&, ours = state.Settings] { return state.Settings != ours; });
+}
+
+void SaveChangedOptions(const Editor& editor) {
+  const ProgramState& state = editor.State();
+  SaveAndShowTheirs(
+      editor, [&] { SaveOptions(editor.State()); },
+      [&, ours = state.Options] { return state.Options != ours; });
 }
 
 void ShowWorkout(const Editor& editor) {

@@ -47,8 +47,9 @@ class UnsavedChange : public FileError {
 
 void SaveChangedWorkout(const Editor& editor);
 
-/// Also shows the settings that were taken over because another program had saved them.
+/// Also show the settings or options that were taken over because another program had saved them.
 void SaveChangedSettings(const Editor& editor);
+void SaveChangedOptions(const Editor& editor);
 
 /// Refresh a tab. If the record cannot be shown as a whole, a message says why; nothing is thrown.
 void ShowWorkout(const Editor& editor);

@@ -1,5 +1,6 @@
 #include "editing/SettingsEditing.h"
 
+#include "app/Options.h"
 #include "app/PathField.h"
 #include "app/ScreenUpdate.h"
 #include "app/WorkoutFiles.h"
@@ -97,6 +98,12 @@ void AutoLoadPLaylistCheckbox_Click(Editor& editor, CheckBox box) {
   if (editor.State().ScreenUpdating) return;
   editor.State().Settings.AutoLoadPlaylist = FlagOf(box);
   SaveChangedSettings(editor);
+}
+
+void PlayerPlayListCheck_Click(Editor& editor, CheckBox box) {
+  if (editor.State().ScreenUpdating) return;
+  Put(editor.State().Options, kPlayListForPlayer, box == CheckBox::kTicked);
+  SaveChangedOptions(editor);
 }
 
 }  // namespace repvolta

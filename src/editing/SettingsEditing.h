@@ -4,8 +4,8 @@
 
 namespace repvolta {
 
-// The commands of the settings tab, and the two check boxes of the settings. Each change is shown
-// and saved; docs/decisions/0001-errors.md says what happens when that fails.
+// The commands of the settings tab, and the check boxes of the settings and options. Each change is
+// shown and saved; docs/decisions/0001-errors.md says what happens when that fails.
 
 /// Asks for the music folder and compiles the random music list again. Throws std::length_error
 /// when the path does not fit, UpdateStopped.
@@ -31,5 +31,6 @@ void VoiceCB_Click(Editor& editor, int index);
 void FormatCB_Change(Editor& editor, int index);
 void IncludeWeightValuesCheck_Click(Editor& editor, CheckBox box);
 void AutoLoadPLaylistCheckbox_Click(Editor& editor, CheckBox box);
+void PlayerPlayListCheck_Click(Editor& editor, CheckBox box);
 
 }  // namespace repvolta

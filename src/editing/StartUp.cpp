@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "app/Options.h"
 #include "app/PathField.h"
 #include "app/ScreenUpdate.h"
 #include "app/Settings.h"
@@ -29,6 +30,12 @@ bool Try(const Editor& editor, const std::function<void()>& step) {
     editor.dialogs.ShowMessage(error.what());
     return false;
   }
+}
+
+void LoadOptionsAndTell(const Editor& editor) {
+  LoadOptions(editor.State());
+  const std::string odd = OddOptions(editor.State().Options);
+  if (!odd.empty()) editor.dialogs.ShowMessage(odd);
 }
 
 void ClampLastWorkoutIndex(ProgramState& state) {
@@ -119,6 +126,7 @@ void Form_Load(const Editor& editor, AudioOutputs& outputs) {
   editor.screen.ShowTab(WindowTab::kWorkout);
   Try(editor, [&] { ListWorkouts(editor); });
   if (!isSetUp && !state.SettingsAreUnread) Try(editor, [&] { LoadSettings(state); });
+  Try(editor, [&] { LoadOptionsAndTell(editor); });
   const ScreenUpdate updating(state);
   ClampLastWorkoutIndex(state);
   Try(editor, [&] { LoadLastWorkout(editor); });

@@ -6,6 +6,7 @@
 
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
+#include "editing/UpdateQuestions.h"
 #include "update/OutputPath.h"
 #include "update/SeveralUpdates.h"
 #include "update/Steps.h"
@@ -96,6 +97,7 @@ void UpdateAll(const Editor& editor, const std::vector<std::string>& names) {
 void UpdateSelectedWorkoutButton_Click(const Editor& editor) {
   if (!CanUpdate(editor)) return;
   const UpdateLock lock(editor.State().ProgramDirectory);
+  if (!ConfirmUpdate(editor)) return;
   editor.State().UpdatingAllWorkouts = false;
   UpdateAndShow(editor, editor.host);
 }
@@ -103,6 +105,7 @@ void UpdateSelectedWorkoutButton_Click(const Editor& editor) {
 void UpdateAllWorkoutsButton_Click(const Editor& editor) {
   if (!CanUpdate(editor)) return;
   const UpdateLock lock(editor.State().ProgramDirectory);
+  if (!ConfirmUpdateOfAll(editor)) return;
   editor.State().UpdatingAllWorkouts = true;
   const std::vector<std::string> names = editor.State().WorkoutNames;
   UpdateAll(editor, names);

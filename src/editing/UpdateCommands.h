@@ -4,6 +4,9 @@
 
 namespace repvolta {
 
+// Both ask first when the player is not there or has too little room, and change nothing when the
+// person cancels.
+
 /// Updates the workout in memory. Without an output path it shows a message instead; without a
 /// workout it does nothing. Throws FileError, UpdateRunning, UpdateStopped.
 void UpdateSelectedWorkoutButton_Click(const Editor& editor);

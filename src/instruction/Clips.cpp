@@ -6,9 +6,15 @@
 
 namespace repvolta {
 
+std::string ClipFile(const Clip& clip) {
+  if (clip.kind == Clip::Kind::kName) {
+    return ExistingName(kNameClipFolder + AsFileName(clip.text, kNameClipExtension));
+  }
+  return ExistingName(kClipFolder + clip.text + kClipExtension);
+}
+
 void AppendClip(const std::string& target, std::string_view clip, ProgressLog& log) {
-  const std::string path = std::string(kClipFolder).append(clip).append(kClipExtension);
-  MergeWAVfiles(target, ExistingName(path), log);
+  MergeWAVfiles(target, ClipFile({Clip::Kind::kWord, std::string(clip)}), log);
 }
 
 }  // namespace repvolta

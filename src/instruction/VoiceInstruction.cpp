@@ -3,7 +3,6 @@
 #include <stdexcept>
 
 #include "base/File.h"
-#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/ProgramFiles.h"
 #include "instruction/Clips.h"
@@ -11,10 +10,6 @@
 
 namespace repvolta {
 namespace {
-
-std::string NameClip(const std::string& name) {
-  return ExistingName(kNameClipFolder + AsFileName(name, kNameClipExtension));
-}
 
 /// Copies the clip of the exercise's name over the target; a missing clip is made first (quirk 13).
 template <class Make>
@@ -55,7 +50,7 @@ void GenerateHumanVoiceInstruction(const ProgramState& state, std::int16_t exerc
       state.Settings.IncludeWeightValues == kTrue ? SetValues::kSaid : SetValues::kLeftOut);
   for (const Clip& clip : said.clips) {
     if (clip.kind == Clip::Kind::kName) {
-      const std::string file = NameClip(clip.text);
+      const std::string file = ClipFile(clip);
       BeginWithName(file, target, log, [&] { SpeakToFile(state.Voice, speech, clip.text, file); });
     } else {
       AppendClip(target, clip.text, log);

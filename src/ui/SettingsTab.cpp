@@ -1,5 +1,6 @@
 #include "ui/SettingsTab.h"
 
+#include "app/Options.h"
 #include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
 #include "editing/SettingsEditing.h"
@@ -67,6 +68,9 @@ void SettingsTab::ConnectCheckBoxes() {
   connect(ui_->AutoLoadPLaylistCheckbox, &QCheckBox::toggled, this, [this](bool checked) {
     Keep([&] { AutoLoadPLaylistCheckbox_Click(editor_, TickOf(checked)); });
   });
+  connect(ui_->PlayerPlayListCheck, &QCheckBox::toggled, this, [this](bool checked) {
+    Keep([&] { PlayerPlayListCheck_Click(editor_, TickOf(checked)); });
+  });
 }
 
 void SettingsTab::UpdateSettingsScreen() {
@@ -81,6 +85,7 @@ void SettingsTab::UpdateSettingsScreen() {
       QString::fromStdString(std::to_string(state.RandomMusicFiles) + " songs found."));
   ui_->IncludeWeightValuesCheck->setChecked(state.Settings.IncludeWeightValues == kTrue);
   ui_->AutoLoadPLaylistCheckbox->setChecked(state.Settings.AutoLoadPlaylist == kTrue);
+  ui_->PlayerPlayListCheck->setChecked(Get(state.Options, kPlayListForPlayer));
 }
 
 void SettingsTab::ShowPaths() {

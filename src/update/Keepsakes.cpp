@@ -15,11 +15,16 @@
 #include "base/Lines.h"
 #include "base/Text.h"
 #include "update/PlayList.h"
+#include "update/PlayerPlayList.h"
 
 namespace repvolta {
 namespace {
 
 namespace fs = std::filesystem;
+
+bool IsPlayListName(std::string_view name) {
+  return name.ends_with(kPlayListExtension) || name.ends_with(kPlayerPlayListExtension);
+}
 
 /// The path with links, "." and ".." resolved, as far as it exists.
 fs::path Resolved(const std::string& path) {
@@ -111,7 +116,7 @@ class FolderContent {
       if (IsMountPoint(folder_, path)) return;
       Add(path);
       pending_.push_back(path);
-    } else if (!IsNumberedName(name) && !name.ends_with(kPlayListExtension)) {
+    } else if (!IsNumberedName(name) && !IsPlayListName(name)) {
       otherNames_.insert(FoldCase(name));
     }
   }

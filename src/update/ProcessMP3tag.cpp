@@ -39,14 +39,6 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count) {
   return text.substr(0, end);
 }
 
-/// Quirk 70.
-std::string TitleOf(const std::string& path, std::string_view title) {
-  const std::string baseName = BaseName(path);
-  std::string text(FirstCharacters(baseName, kNameCharactersInTitle));
-  text.append(" ").append(title);
-  return std::string(TrimBlanks(text));
-}
-
 void SetFrames(cMP3ID3v2& tag, const std::string& path, std::string_view title,
                std::string_view workoutFileName) {
   tag.SetArtist(kProductName);
@@ -57,6 +49,14 @@ void SetFrames(cMP3ID3v2& tag, const std::string& path, std::string_view title,
 }
 
 }  // namespace
+
+// Quirk 70.
+std::string TitleOf(const std::string& path, std::string_view title) {
+  const std::string baseName = BaseName(path);
+  std::string text(FirstCharacters(baseName, kNameCharactersInTitle));
+  text.append(" ").append(title);
+  return std::string(TrimBlanks(text));
+}
 
 void ProcessMP3tag(const std::string& path, std::string_view title,
                    std::string_view workoutFileName, ProgressLog& log) {

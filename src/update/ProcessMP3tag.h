@@ -10,6 +10,9 @@
 
 namespace repvolta {
 
+/// The title in the tag of the file `path`, whose exercise has the sentence `title`.
+std::string TitleOf(const std::string& path, std::string_view title);
+
 /// Gives the MP3 file a new ID3v2 tag: the artist is the program's name, the album the workout's
 /// file name, the title the first six characters of the file's name and `title`. Logs the result,
 /// also when an old tag could not be removed. Throws what reading throws, and TagError.

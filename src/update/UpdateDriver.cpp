@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "app/Options.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
 #include "base/FileError.h"
@@ -17,6 +18,9 @@
 #include "update/Growth.h"
 #include "update/OutputFolder.h"
 #include "update/PlayList.h"
+#include "update/PlayerDisk.h"
+#include "update/PlayerPlayList.h"
+#include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
 #include "update/Steps.h"
 #include "update/StopTexts.h"
@@ -38,7 +42,8 @@ class WorkoutUpdate {
         work_(steps_, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
-        playList_(folder_, workoutName_ + kPlayListExtension) {}  // quirk 51
+        playList_(folder_, workoutName_ + kPlayListExtension),  // quirk 51
+        disk_(state_.Settings.OutputPath.Text()) {}
 
   /// Returns the path of the play list.
   std::string Run() {
@@ -63,6 +68,7 @@ class WorkoutUpdate {
   void EndStopped() {
     TidyUp([&] { ListFinished(); });
     TidyUp([&] { playList_.Complete(); });
+    TidyUp([&] { WritePlayerPlayList(); });
     TidyUp([&] { RemoveWorkingFiles(); });
     TidyUp([&] {
       if (stage_ == Stage::kSaved) folder_.FlushToDevice();
@@ -146,6 +152,7 @@ class WorkoutUpdate {
     if (isCopied) {
       LogTag(source, name);
     } else {
+      latest_.reset();
       // What is not there cannot have its tag, either.
       steps_.Run([&] { folder_.OpenFile(name, File::Access::kRead); });
     }
@@ -155,7 +162,11 @@ class WorkoutUpdate {
   /// Without an encoder the instruction stays a WAV file, and the working file is kept too
   /// (quirk 50).
   void KeepWav(std::string name) {
-    steps_.Run([&] { unlisted_ = name = folder_.CopyInto(kWorkingWav, name); });
+    latest_.reset();
+    steps_.Run([&] {
+      unlisted_ = name = folder_.CopyInto(kWorkingWav, name);
+      latest_ = {.name = name, .title = BaseName(name)};
+    });
     steps_.Log(name + " WAV Instruction file created sucessfully.");
     List(name);
   }
@@ -208,6 +219,9 @@ class WorkoutUpdate {
   TaggedSource WithTag(const std::string& source, const std::string& workingFile,
                        const std::string& name) {
     steps_.CheckStop();
+    if (ListsForPlayer()) {
+      latest_ = {.name = name, .title = TitleOf(name, text_), .seconds = SecondsOf(source)};
+    }
     return {source, workingFile, folder_.Path() + name, {text_, state_.WorkoutFileName}};
   }
 
@@ -248,9 +262,27 @@ class WorkoutUpdate {
     const std::string asked = playList_.Name();
     steps_.Run([&] { playList_.AddToPlaylistFile(folder_.Path() + name); });
     if (playList_.Name() != asked) WarnOfName(asked, playList_.Name());
+    ListForPlayer(name);
     unlisted_.clear();
     work_.AddListed();
     ++counter_;
+  }
+
+  bool ListsForPlayer() const { return Get(state_.Options, kPlayListForPlayer); }
+
+  /// Only files that are there: the other play list also names an instruction that failed.
+  void ListForPlayer(const std::string& name) {
+    if (!ListsForPlayer() || !latest_) return;
+    latest_->name = name;
+    playerPlayList_.Add(*latest_);
+  }
+
+  /// In one pass, since many players take each file only once. Throws FileError.
+  void WritePlayerPlayList() {
+    if (playerPlayList_.IsEmpty()) return;
+    const std::string name = BaseName(playList_.Name()) + kPlayerPlayListExtension;
+    const std::string kept = folder_.WriteInto(name, playerPlayList_.Text());
+    if (kept != name) WarnOfName(name, kept);
   }
 
   /// The name of the next file: its number has at least three digits.
@@ -267,7 +299,9 @@ class WorkoutUpdate {
     }
     work_.BeginFlush();
     steps_.Run([&] { playList_.Complete(); });
+    steps_.Run([&] { WritePlayerPlayList(); });
     steps_.Run([&] { folder_.FlushToDevice(); });
+    steps_.Run([&] { disk_.Remember(state_); });
     work_.End();
     steps_.Log("");
     steps_.Log("UPDATE COMPLETE.");
@@ -287,6 +321,7 @@ class WorkoutUpdate {
   void ListFinished() {
     if (unlisted_.empty() || !folder_.StatusOf(unlisted_)) return;
     playList_.AddToPlaylistFile(folder_.Path() + unlisted_);
+    ListForPlayer(unlisted_);
     work_.AddListed();
   }
 
@@ -312,6 +347,9 @@ class WorkoutUpdate {
   std::string workoutName_;
   OutputFolder folder_;
   PlayList playList_;
+  PlayerPlayList playerPlayList_;
+  std::optional<PlayerFile> latest_;  // the file that is being made, for the player's play list
+  PlayerDisk disk_;
   DrawnSongs drawn_;
   std::string text_;  // the sentence of the current exercise, for its music too (quirk 53)
   int counter_ = 1;

@@ -57,9 +57,10 @@ void WorkoutFolder::Clear(const Keepsakes& keep) {
 /// Clears the folder of this name, or, where the disk keeps another workout's folder there, the
 /// first one with a number that is free for this workout.
 void WorkoutFolder::ClearOneOf(const std::string& name, NameIs nameIs) {
+  const std::string plain = name;  // it may be that of this folder, which changes
   const FolderOwners owners(workout_, keep_.workouts);
   for (std::size_t index = 0; index < kMostNumbers; ++index) {
-    Rename(NumberedName(name, index));
+    Rename(NumberedName(plain, index));
     if (index > 0 && owners.IsOfAnother(name_)) continue;
     const FolderHandle folder = Find();
     const bool isPlain = nameIs == NameIs::kPlain && index == 0;

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <map>
 
 #include "app/ProgramState.h"
 #include "app/Settings.h"
@@ -89,5 +90,14 @@ class PortableProgram : public testing::Test {
   TemporaryFolder folder;
   ProgramState state;
 };
+
+/// The content of a folder: paths, sizes and the bytes of regular files.
+inline std::map<std::string, std::string> Snapshot(const std::string& root) {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+    files[entry.path()] = entry.is_regular_file() ? GetTextFile(entry.path()) : "";
+  }
+  return files;
+}
 
 }  // namespace repvolta

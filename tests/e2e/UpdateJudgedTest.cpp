@@ -216,6 +216,29 @@ TEST_F(UpdateJudged, AFullPlayerLosesNothingAndSaysSo) {
   EXPECT_EQ(GetFile("music/big.mp3"), SongBytes(100));
 }
 
+TEST_F(UpdateJudged, ATooSmallPlayerIsToldBeforeTheUpdate) {
+  Begin("Monday");
+  AddMusic("big.mp3", SongBytes(1000));
+  SaveBegun();
+
+  const ProgramRun run = UpdateOn("size=1500k");
+
+  const std::vector<std::string> lines = Lines(run.output);
+  ASSERT_GE(lines.size(), 2U);
+  EXPECT_EQ(lines[0], "WARNING: Monday.RPV needs 5 MB, there is room for 1 MB.");
+  EXPECT_EQ(lines[1], "Updating Workout Monday.RPV");
+  EXPECT_EQ(LastLine(run.output), "UPDATE COMPLETE.");
+}
+
+TEST_F(UpdateJudged, APlayerThatIsJustLargeEnoughIsNotTold) {
+  Begin("Monday");
+  AddMusic("big.mp3", SongBytes(1000));
+  SaveBegun();
+  const ProgramRun run = UpdateOn("size=4200k");
+  EXPECT_EQ(run.status, 0) << run.output;
+  EXPECT_THAT(run.output, testing::Not(HasSubstr("WARNING")));
+}
+
 TEST_F(UpdateJudged, AReadOnlyPlayerLosesNothingAndSaysSo) {
   Begin("Monday");
   AddMusic("song.mp3", SongBytes(1));

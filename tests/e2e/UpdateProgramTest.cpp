@@ -19,15 +19,6 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-/// The content of a folder: paths, sizes and the bytes of regular files.
-std::map<std::string, std::string> Snapshot(const std::string& root) {
-  std::map<std::string, std::string> files;
-  for (const auto& entry : fs::recursive_directory_iterator(root)) {
-    files[entry.path()] = entry.is_regular_file() ? GetTextFile(entry.path()) : "";
-  }
-  return files;
-}
-
 class UpdateProgram : public PortableProgram {
  protected:
   /// Replaces the encoder by a script.
@@ -345,16 +336,6 @@ TEST_F(UpdateProgram, SaysSoWhenAPathIsTooLongForTheRecord) {
   // The path is too long for the record: it was cut and names no file.
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.output, HasSubstr("ERROR: File not found. " + Full("music/xxx")));
-}
-
-TEST_F(UpdateProgram, SaysSoWhenTheOutputPathIsGone) {
-  AddWorkout("Monday", "Squat");
-  fs::remove("player");
-  const ProgramRun run = Update();
-  EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.output, HasSubstr("ERROR: " + Full("player/Monday/") +
-                                    " could not be created: No such file or directory"));
-  EXPECT_FALSE(fs::exists("player"));
 }
 
 TEST_F(UpdateProgram, LeavesEveryWorkoutWholeWhenItIsKilled) {

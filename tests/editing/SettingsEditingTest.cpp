@@ -2,6 +2,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "app/Options.h"
 #include "app/Settings.h"
 #include "base/FileError.h"
 #include "base/ProgramFiles.h"
@@ -237,6 +238,30 @@ TEST_F(SettingsEditing, TheCheckBoxesAreSaved) {
   EXPECT_EQ(SavedSettings().AutoLoadPlaylist, kFalse);
 }
 
+TEST_F(SettingsEditing, ThePlayListForThePlayerIsAnOption) {
+  const Bytes settings = GetFile(kSettingsFile);
+  PlayerPlayListCheck_Click(editor, CheckBox::kTicked);
+  EXPECT_EQ(GetTextFile(kOptionsFile), "play-list-for-player = yes\n");
+  PlayerPlayListCheck_Click(editor, CheckBox::kUnticked);
+  EXPECT_EQ(GetTextFile(kOptionsFile), "play-list-for-player = no\n");
+  EXPECT_EQ(GetFile(kSettingsFile), settings);
+}
+
+TEST_F(SettingsEditing, OptionsThatAnotherSavedMeanwhileAreKeptAndShown) {
+  PutFile(kOptionsFile, "# Theirs\nplayer-mount-point = /mnt\n");
+  PlayerPlayListCheck_Click(editor, CheckBox::kTicked);
+  EXPECT_EQ(GetTextFile(kOptionsFile),
+            "# Theirs\nplayer-mount-point = /mnt\nplay-list-for-player = yes\n");
+  EXPECT_EQ(Get(state.Options, kPlayerMountPoint), "/mnt");
+}
+
+TEST_F(SettingsEditing, OptionsThatCannotBeSavedAreTold) {
+  PutFile(std::string(kOptionsFile) + "/in the way", "");
+  EXPECT_THAT([this] { PlayerPlayListCheck_Click(editor, CheckBox::kTicked); },
+              ThrowsMessage<UnsavedChange>(StartsWith("options.conf could not be")));
+  EXPECT_TRUE(Get(state.Options, kPlayListForPlayer));
+}
+
 TEST_F(SettingsEditing, WhatAnotherSavedMeanwhileIsKeptAndShown) {
   ProgramState other = state;
   other.Settings.OutputPath = "/other";
@@ -268,6 +293,7 @@ TEST_F(SettingsEditing, NothingIsSavedWhileTheScreenIsUpdating) {
   state.ScreenUpdating = true;
   IncludeWeightValuesCheck_Click(editor, CheckBox::kTicked);
   AutoLoadPLaylistCheckbox_Click(editor, CheckBox::kTicked);
+  PlayerPlayListCheck_Click(editor, CheckBox::kTicked);
   RateSldr_Change(editor, 4);
   VolumeSldr_Change(editor, 4);
   VoiceCB_Click(editor, 2);
@@ -275,6 +301,7 @@ TEST_F(SettingsEditing, NothingIsSavedWhileTheScreenIsUpdating) {
   EXPECT_EQ(state.Settings, before);
   EXPECT_EQ(state.Voice.Voice, 0);
   EXPECT_EQ(state.Voice.Format, 14);
+  EXPECT_EQ(state.Options, OptionLines());
 }
 
 }  // namespace

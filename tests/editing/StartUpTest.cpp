@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "app/Options.h"
 #include "app/RecordFormat.h"
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
@@ -209,6 +210,33 @@ TEST_F(StartUp, GoesOnWhereNothingCanBeWritten) {
   PutLastWorkout(0);
   PutFile("workouts", "a file in the way");
   Load();
+  EXPECT_EQ(window.calls.back(), "settings screen");
+}
+
+TEST_F(StartUp, ReadsTheOptions) {
+  PutLastWorkout(0);
+  PutFile("options.conf", "play-list-for-player = yes\n");
+  Load();
+  EXPECT_TRUE(Get(state.Options, kPlayListForPlayer));
+  EXPECT_THAT(window.messages, IsEmpty());
+}
+
+TEST_F(StartUp, TellsOnceOfOptionsThatItDoesNotUnderstand) {
+  PutLastWorkout(0);
+  PutFile("options.conf", "nonsense\n");
+  Load();
+  EXPECT_THAT(
+      window.messages,
+      ElementsAre("options.conf has lines that cannot be understood: 1 (nonsense). They are "
+                  "kept and have no effect."));
+}
+
+TEST_F(StartUp, TellsOfOptionsThatCannotBeReadAndGoesOn) {
+  PutLastWorkout(0);
+  PutFile("options.conf", "play-list-for-player = yes\n");
+  const UnreadableFile unreadable("options.conf");
+  Load();
+  EXPECT_THAT(window.messages, ElementsAre("options.conf could not be read: Permission denied"));
   EXPECT_EQ(window.calls.back(), "settings screen");
 }
 

@@ -173,7 +173,9 @@ void FaultWorld::Reset() {
   fs::create_directory_symlink(Full("precious"), "player/Monday/folder");
   const std::string workout = "program/workouts/Monday.RPV";
   PutFile(workout, oldWorkout);
-  for (const char* name : {"temp.wav", "temp.mp3"}) fs::remove(std::string("program/") + name);
+  for (const char* name : {"temp.wav", "temp.mp3", "options.conf"}) {
+    fs::remove(std::string("program/") + name);
+  }
 }
 
 FaultyRun FaultWorld::RunWith(const Fault& fault, const std::string& program,
@@ -251,9 +253,9 @@ void FaultWorld::ExpectClipIsWhole() {
 void FaultWorld::ExpectOnlyAllowedPaths(const Entries& now) {
   for (const auto& [path, entry] : now) {
     const bool isAllowed = before_.contains(path) || path == "program/temp.wav" ||
-                           path == "program/temp.mp3" || path == kSpokenClip ||
-                           IsBelow(path, "player") || path.ends_with(".new") ||
-                           IsBelow(path, "tmp");
+                           path == "program/temp.mp3" || path == "program/options.conf" ||
+                           path == kSpokenClip || IsBelow(path, "player") ||
+                           path.ends_with(".new") || IsBelow(path, "tmp");
     EXPECT_TRUE(isAllowed) << path << " was made";
     EXPECT_TRUE(!IsBelow(path, "player") || path == "player" || IsBelow(path, "player/Monday"))
         << path << " was made";

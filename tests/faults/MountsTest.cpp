@@ -118,5 +118,55 @@ TEST_F(Mounts, BesideTheFolderKeepNothing) {
   EXPECT_THAT(run.output, Not(HasSubstr("ERROR")));
 }
 
+/// The player has a disk of its own, mounted at "disk".
+class PlayerMount : public FaultWorld {
+ protected:
+  PlayerMount() {
+    fs::create_directories("disk/player");
+    state.Settings.OutputPath = Full("disk/player");
+    SaveSettings(state);
+    fs::current_path(folder.Path());
+    Reset();
+  }
+
+  /// Runs shell lines in one name space in which they may mount.
+  static ProgramRun Run(const std::string& lines) {
+    return RunWithMounts("true", {"/bin/sh", "-ec", lines});
+  }
+
+  static constexpr const char* kMount = "mount -t tmpfs tmpfs disk; mkdir disk/player\n";
+  static constexpr const char* kUpdate =
+      "program/repvolta-update Monday > log 2>&1 && echo done || echo failed $?\n";
+};
+
+TEST_F(PlayerMount, IsRememberedAndMissedWhenItIsGone) {
+  const ProgramRun run = Run(std::string(kMount) + kUpdate + "umount disk\n" +
+                             "cp program/workouts/Monday.RPV before\n" + kUpdate);
+
+  EXPECT_EQ(run.output, "done\nfailed 2\n");
+  EXPECT_EQ(GetTextFile("program/options.conf"), "player-mount-point = " + Full("disk\n"));
+  EXPECT_EQ(GetTextFile("log"), "repvolta-update: The player is not mounted at " + Full("disk") +
+                                    ", so " + Full("disk/player") + " lies on the disk below it\n");
+  EXPECT_TRUE(fs::is_empty("disk/player"));
+  EXPECT_EQ(GetFile("program/workouts/Monday.RPV"), GetFile("before"));
+}
+
+TEST_F(PlayerMount, IsThereAgainWhenItIsMountedAgain) {
+  const ProgramRun run = Run(std::string(kMount) + kUpdate + "umount disk\n" + kMount + kUpdate);
+  EXPECT_EQ(run.output, "done\ndone\n");
+}
+
+TEST_F(PlayerMount, IsNotForgottenWhenItIsPulledOutInTheMiddle) {
+  PutFile("program/options.conf", "player-mount-point = " + Full("disk\n"));
+  PutFile("encoder", "#!/bin/sh\numount -l ../disk\ncp voice/set.wav temp.mp3\n");
+  fs::permissions("encoder", fs::perms(0755));
+  fs::rename("encoder", "program/lame.exe");
+
+  const ProgramRun run = Run(std::string(kMount) + kUpdate);
+
+  EXPECT_EQ(run.output, "failed 1\n");
+  EXPECT_EQ(GetTextFile("program/options.conf"), "player-mount-point = " + Full("disk\n"));
+}
+
 }  // namespace
 }  // namespace repvolta

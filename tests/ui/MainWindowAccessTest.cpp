@@ -101,44 +101,61 @@ TEST_F(MainWindowAccess, EachButtonHasAMnemonic) {
   }
 }
 
+/// The controls of each tab, and those of the window, as the Tab key reaches them.
+const std::vector<std::vector<std::string>> kTabOrders = {
+    {"WorkoutDropBox", "CreateNewWorkoutButton", "DeleteSelectedWorkoutButton", "ExerciseList",
+     "ExerciseSummaryList", "AddExerciseButton", "EditExerciseNameButton", "RemoveExerciseButton",
+     "MoveUpExerciseListButton", "UpdateSelectedWorkoutButton", "UpdateAllWorkoutsButton",
+     "AboutButton", "ExitButton"},
+    {"SetButton_0",
+     "UnitsSelection_0",
+     "SetExerciseTimeButton",
+     "SetList1",
+     "SetList2",
+     "SetListInc1",
+     "SetListInc2",
+     "FreqList1",
+     "FreqList2",
+     "NextUpdateList",
+     "AddNewSetButton",
+     "RemoveSelectedSetButton",
+     "MoveSetUpListButton",
+     "ManualDateResetButton",
+     "MusicList",
+     "RandomMusicCheckBox",
+     "AddMusicFileButton",
+     "RemoveMusicFileButton",
+     "MoveMusicFileUpListButton",
+     "UpdateSelectedWorkoutButton",
+     "UpdateAllWorkoutsButton",
+     "AboutButton",
+     "ExitButton"},
+    {"MusicPathTextBox",
+     "MusicPathButton",
+     "RandomMusicTextBox",
+     "CompileMusicList",
+     "OutputPathTextBox",
+     "OutputPathButton",
+     "AutoLoadPLaylistCheckbox",
+     "PlayerPlayListCheck",
+     "ExerciseTimeTextBox",
+     "ExerciseTimeButton",
+     "IncludeWeightValuesCheck",
+     "VoiceCB",
+     "RateSldr",
+     "FormatCB",
+     "VolumeSldr",
+     "AudioOutputCB",
+     "UpdateSelectedWorkoutButton",
+     "UpdateAllWorkoutsButton",
+     "AboutButton",
+     "ExitButton"}};
+
 TEST_F(MainWindowAccess, TheTabKeyFollowsTheEye) {
-  const std::vector<std::vector<std::string>> orders = {
-      {"WorkoutDropBox", "CreateNewWorkoutButton", "DeleteSelectedWorkoutButton", "ExerciseList",
-       "ExerciseSummaryList", "AddExerciseButton", "EditExerciseNameButton", "RemoveExerciseButton",
-       "MoveUpExerciseListButton", "UpdateSelectedWorkoutButton", "UpdateAllWorkoutsButton",
-       "AboutButton", "ExitButton"},
-      {"SetButton_0",
-       "UnitsSelection_0",
-       "SetExerciseTimeButton",
-       "SetList1",
-       "SetList2",
-       "SetListInc1",
-       "SetListInc2",
-       "FreqList1",
-       "FreqList2",
-       "NextUpdateList",
-       "AddNewSetButton",
-       "RemoveSelectedSetButton",
-       "MoveSetUpListButton",
-       "ManualDateResetButton",
-       "MusicList",
-       "RandomMusicCheckBox",
-       "AddMusicFileButton",
-       "RemoveMusicFileButton",
-       "MoveMusicFileUpListButton",
-       "UpdateSelectedWorkoutButton",
-       "UpdateAllWorkoutsButton",
-       "AboutButton",
-       "ExitButton"},
-      {"MusicPathTextBox", "MusicPathButton", "RandomMusicTextBox", "CompileMusicList",
-       "OutputPathTextBox", "OutputPathButton", "AutoLoadPLaylistCheckbox", "ExerciseTimeTextBox",
-       "ExerciseTimeButton", "IncludeWeightValuesCheck", "VoiceCB", "RateSldr", "FormatCB",
-       "VolumeSldr", "AudioOutputCB", "UpdateSelectedWorkoutButton", "UpdateAllWorkoutsButton",
-       "AboutButton", "ExitButton"}};
   for (int tab = 0; tab < 3; ++tab) {
     OpenTab(tab);
     Get<QTabWidget>("SSTab1").tabBar()->setFocus();
-    for (const std::string& control : orders[static_cast<std::size_t>(tab)]) {
+    for (const std::string& control : kTabOrders[static_cast<std::size_t>(tab)]) {
       QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
       EXPECT_EQ(form->focusWidget()->objectName().toStdString(), control);
     }

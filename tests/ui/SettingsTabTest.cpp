@@ -132,6 +132,18 @@ TEST_F(SettingsScreen, TheCheckBoxesAreSaved) {
   EXPECT_EQ(SavedSettings().AutoLoadPlaylist, kFalse);
 }
 
+TEST_F(SettingsScreen, ThePlayListForThePlayerIsOffAtFirstAndKeptInTheOptions) {
+  const auto& box = Get<QAbstractButton>("PlayerPlayListCheck");
+  EXPECT_EQ(box.text().remove('&'), "Also write a play list for the player");
+  EXPECT_FALSE(box.isChecked());
+  Click("PlayerPlayListCheck");
+  EXPECT_EQ(GetTextFile(kOptionsFile), "play-list-for-player = yes\n");
+  state.Options = {};
+  form->UpdateSettingsScreen();
+  EXPECT_FALSE(box.isChecked());
+  EXPECT_EQ(GetTextFile(kOptionsFile), "play-list-for-player = yes\n");
+}
+
 TEST_F(SettingsScreen, WhatAnotherSavedMeanwhileIsShown) {
   ProgramState other = state;
   other.Settings.OutputPath = "/other";

@@ -272,6 +272,15 @@ TEST_F(OutputDirectory, ReplacesLinksAndNotWhatTheyPointTo) {
   EXPECT_EQ(GetTextFile("player/Monday/RV002-Song.mp3"), "new");
 }
 
+TEST_F(OutputDirectory, CutsANameThatIsTooLongBeforeItsExtension) {
+  OutputFolder output = Monday();
+  output.Clear({});
+  output.Create();
+  const std::string kept = output.WriteInto("RV002-" + std::string(248, 'x') + ".mp3", "song");
+  EXPECT_EQ(kept, "RV002-" + std::string(245, 'x') + ".mp3");
+  EXPECT_EQ(GetTextFile("player/Monday/" + kept), "song");
+}
+
 TEST_F(OutputDirectory, LeavesNoHalfCopyOnAFullPlayer) {
   PutFile("song.mp3", std::string(500, 's'));
   OutputFolder output = Monday();

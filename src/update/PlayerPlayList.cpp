@@ -1,0 +1,51 @@
+#include "update/PlayerPlayList.h"
+
+#include <algorithm>
+#include <exception>
+#include <string_view>
+
+#include "base/SingleByteText.h"
+#include "base/Text.h"
+#include "mp3/GetPlayTime.h"
+
+namespace repvolta {
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+/// On a disk whose names are UTF-16, such bytes are kept as the characters of the code page.
+std::string AsUtf8(const std::string& text) { return IsUtf8(text) ? text : FromWindows1252(text); }
+
+std::string WithoutControls(std::string text) {
+  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
+  std::ranges::replace_if(text, isControl, ' ');
+  return text;
+}
+
+}  // namespace
+
+void PlayerPlayList::Add(const PlayerFile& file) {
+  if (file.name.find_first_of(kLineEnd) == std::string::npos) files_.push_back(file);
+}
+
+std::string PlayerPlayList::Text() const {
+  std::string text("#EXTM3U");
+  text += kLineEnd;
+  for (const PlayerFile& file : files_) {
+    text.append("#EXTINF:").append(std::to_string(file.seconds)).append(",");
+    text.append(WithoutControls(AsUtf8(file.title))).append(kLineEnd);
+    text.append(AsUtf8(file.name)).append(kLineEnd);
+  }
+  return text;
+}
+
+int SecondsOf(const std::string& path) {
+  try {
+    const int seconds = GetPlayTime(path);
+    return seconds > 0 ? seconds : kUnknownSeconds;
+  } catch (const std::exception&) {
+    return kUnknownSeconds;
+  }
+}
+
+}  // namespace repvolta

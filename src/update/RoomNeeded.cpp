@@ -1,0 +1,231 @@
+#include "update/RoomNeeded.h"
+
+#include <algorithm>
+#include <cmath>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "base/File.h"
+#include "base/FileNames.h"
+#include "base/Lines.h"
+#include "base/ProgramFiles.h"
+#include "base/Text.h"
+#include "instruction/Clips.h"
+#include "instruction/SpokenWords.h"
+#include "instruction/TextInstruction.h"
+#include "mp3/GetPlayTime.h"
+#include "mp3/Id3v2Format.h"
+#include "sound/WavFormat.h"
+#include "update/Growth.h"
+#include "update/ProcessMP3tag.h"
+
+namespace repvolta {
+namespace {
+
+constexpr double kToSpare = 1.1;
+
+/// Measured with the recorded clips: between 3.9 and 4.4 with the update's quality, -V4.
+constexpr double kWavBytesToOneOfMp3 = 4;
+
+/// A clip that does not exist yet: two seconds of speech.
+constexpr std::uint64_t kClipToBeSpoken = 64'000;
+
+/// The play times and sizes of so many songs stand for the whole list of music.
+constexpr std::int32_t kSampledSongs = 20;
+
+/// In front of a copied song that is tagged in a step of its own.
+constexpr std::uint64_t kTagOfSecondStep = 2 * kTagStep;
+
+/// Around the name of a file in both play lists: numbers, the title and the line ends.
+constexpr std::uint64_t kLineRoom = 64;
+
+// What is never exceeded: 448 kbit a second, and instructions of ten seconds of the finest clips.
+constexpr std::uint64_t kMostBytesASecond = 56'000;
+constexpr std::uint64_t kMostOfInstruction = 16'000'000;
+constexpr std::uint64_t kMostBesideAudio = 100'000;
+
+std::uint64_t Spared(double bytes) {
+  return static_cast<std::uint64_t>(std::ceil(bytes * kToSpare));
+}
+
+/// 0 when there is no such file. Throws FileError.
+std::uint64_t SizeOf(const std::string& path) {
+  const std::optional<FileStamp> stamp = StampOf(path);
+  return stamp ? stamp->size : 0;
+}
+
+/// Songs from all parts of the random music list.
+struct Sample {
+  double seconds = 0;
+  double bytes = 0;
+  int songs = 0;
+};
+
+void Take(const std::string& song, Sample& sample) {
+  try {
+    const int seconds = GetPlayTime(song);
+    if (seconds <= 0) return;
+    sample.bytes += static_cast<double>(SizeOf(song));
+    sample.seconds += seconds;
+    ++sample.songs;
+  } catch (const std::exception&) {
+    // A song that cannot be read is not drawn either.
+  }
+}
+
+Sample SampleOfMusic(std::int32_t listed) {
+  Sample sample;
+  if (listed <= 0 || !FileIsReachable(kMusicList)) return sample;
+  const std::int32_t count = std::min(listed, kSampledSongs);
+  std::vector<std::int64_t> numbers;
+  for (std::int64_t i = 0; i < count; ++i) numbers.push_back(i * listed / count);
+  for (const std::string& line : LinesAt(kMusicList, numbers)) {
+    Take(std::string(TrimBlanks(line)), sample);
+  }
+  return sample;
+}
+
+int SongsIn(const ExerciseRecord& exercise) {
+  return std::clamp<int>(exercise.NumberOfMusicFiles, 0, kMusicSlots);
+}
+
+/// Goes through one update without making anything.
+class Estimate {
+ public:
+  Estimate(const ProgramState& state, double day, std::uint64_t unit)
+      : state_(state), workout_(state.Workout), day_(day), unit_(unit) {}
+
+  RoomNeeded Run() {
+    hasEncoder_ = FileIsReachable(kEncoder);
+    for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
+      ExerciseRecord& exercise = workout_[i];
+      for (const SetGrowth& growth : GrowthOn(exercise, day_)) Apply(growth, exercise);
+      sentence_ = SentenceOf(i);
+      AddInstruction(exercise);
+      if (exercise.RandomMusic == kTrue) {
+        AddRandomMusic(exercise);
+      } else {
+        for (int j = 0; j < SongsIn(exercise); ++j) AddSong(exercise.MusicFile[j].Trimmed());
+      }
+    }
+    AddFile(listBytes_);
+    return needed_;
+  }
+
+ private:
+  /// Every file takes whole units of the disk.
+  void AddFile(std::uint64_t size) { needed_.bytes += (size + unit_ - 1) / unit_ * unit_; }
+
+  void AddListed(std::uint64_t size, std::string_view name) {
+    AddFile(size);
+    // Its full path in one play list, its name and title in the other one.
+    listBytes_ += state_.Settings.OutputPath.Text().size() + state_.WorkoutFileName.size() +
+                  2 * name.size() + sentence_.size() + kLineRoom;
+  }
+
+  std::string SentenceOf(std::int16_t exercise) const {
+    try {
+      return GenerateTextInstruction(workout_, exercise);
+    } catch (const std::out_of_range&) {
+      return "";
+    }
+  }
+
+  void AddInstruction(const ExerciseRecord& exercise) {
+    const SpokenInstruction said = ClipsOfInstruction(
+        exercise,
+        state_.Settings.IncludeWeightValues == kTrue ? SetValues::kSaid : SetValues::kLeftOut);
+    std::uint64_t samples = 0;
+    for (const Clip& clip : said.clips) samples += SamplesOf(clip);
+    const auto wav = static_cast<double>(kWavHeaderSize + samples);
+    const std::uint64_t size =
+        hasEncoder_ ? Spared(wav / kWavBytesToOneOfMp3) + kTagOfSecondStep : Spared(wav);
+    AddListed(size, "Instructions");
+  }
+
+  static std::uint64_t SamplesOf(const Clip& clip) {
+    const std::uint64_t size = SizeOf(ClipFile(clip));
+    if (size == 0 && clip.kind == Clip::Kind::kName) return kClipToBeSpoken;
+    return size - std::min<std::uint64_t>(size, kWavHeaderSize);
+  }
+
+  /// A song that is missing needs no room.
+  void AddSong(const std::string& song) {
+    if (!FileIsReachable(song)) return;
+    const std::string name(TrimBlanks(FileName(song)));
+    const std::uint64_t size = SizeOf(song);
+    const auto plan = PlanTaggedCopy(song, "RV000-" + name, sentence_, state_.WorkoutFileName);
+    if (plan) {
+      AddListed(plan->tag.size() + size - std::min(size, plan->audioOffset), name);
+    } else {
+      AddListed(size + kTagOfSecondStep, name);
+    }
+  }
+
+  /// The songs are drawn until they exceed the target, so one more than fits is counted.
+  void AddRandomMusic(const ExerciseRecord& exercise) {
+    if (!sample_) sample_ = SampleOfMusic(state_.RandomMusicFiles);
+    if (sample_->songs == 0 || exercise.TargetExerciseTime <= 0) return;
+    const double meanSeconds = sample_->seconds / sample_->songs;
+    // No drawn song is longer than twice the target.
+    const double songSeconds = std::min(meanSeconds, 2.0 * exercise.TargetExerciseTime);
+    const double songs =
+        std::min<double>(MaxMusicFiles, std::floor(exercise.TargetExerciseTime / songSeconds) + 1);
+    const double bytes = songSeconds * sample_->bytes / sample_->seconds;
+    for (int i = 0; i < static_cast<int>(songs); ++i) {
+      AddListed(Spared(bytes) + kTagStep, std::string(kNameRoom, ' '));
+    }
+  }
+
+  static constexpr std::size_t kNameRoom = 64;
+
+  const ProgramState& state_;
+  ExerciseSlots workout_;  // grown as the update will grow it
+  double day_;
+  std::uint64_t unit_;
+  RoomNeeded needed_;
+  bool hasEncoder_ = false;
+  std::string sentence_;
+  std::uint64_t listBytes_ = 0;
+  std::optional<Sample> sample_;
+};
+
+/// Play times stay in their slots when names move, so that of a song may stand in any slot; nothing
+/// when one is not known.
+std::optional<std::uint64_t> LongestPlayTime(const ExerciseRecord& exercise) {
+  const auto begin = exercise.MusicFilePlayTime.begin();
+  if (std::any_of(begin, begin + SongsIn(exercise), [](int seconds) { return seconds <= 0; })) {
+    return std::nullopt;
+  }
+  const int longest = *std::max_element(begin, exercise.MusicFilePlayTime.end());
+  return static_cast<std::uint64_t>(std::max(longest, 0)) + 1;
+}
+
+}  // namespace
+
+RoomNeeded NeededOn(const ProgramState& state, double day, std::uint64_t unit) {
+  return Estimate(state, day, unit).Run();
+}
+
+std::optional<RoomNeeded> NeededAtMost(const ProgramState& state) {
+  RoomNeeded most;
+  for (int i = 0; i < state.NumberOfExercises; ++i) {
+    const ExerciseRecord& exercise = state.Workout[i];
+    std::uint64_t seconds = 0;
+    std::uint64_t songs = MaxMusicFiles;
+    if (exercise.RandomMusic == kTrue) {
+      // All but the last song stay below the target, and the last one below twice the target.
+      seconds = 3 * static_cast<std::uint64_t>(std::max<int>(exercise.TargetExerciseTime, 0));
+    } else {
+      songs = static_cast<std::uint64_t>(SongsIn(exercise));
+      const auto longest = LongestPlayTime(exercise);
+      if (!longest) return std::nullopt;
+      seconds = songs * *longest;
+    }
+    most.bytes += kMostOfInstruction + seconds * kMostBytesASecond + songs * kMostBesideAudio;
+  }
+  return most;
+}
+
+}  // namespace repvolta

@@ -1,9 +1,5 @@
-#include <array>
-#include <cstring>
 #include <filesystem>
 #include <stdexcept>
-#include <sys/inotify.h>
-#include <unistd.h>
 
 #include "app/WorkoutFiles.h"
 #include "base/FileError.h"
@@ -11,6 +7,7 @@
 #include "update/Steps.h"
 
 #include "support/EditorFixture.h"
+#include "support/SavesCounter.h"
 #include "support/SongBytes.h"
 
 namespace repvolta {
@@ -23,31 +20,6 @@ using testing::IsEmpty;
 using testing::SizeIs;
 using testing::StartsWith;
 using testing::ThrowsMessage;
-
-/// Counts how often a workout is saved: each time, its working file gets its name.
-class SavesCounter {
- public:
-  // Equal events in a row would become one, so the name before is watched as well.
-  SavesCounter() { inotify_add_watch(watch_, "workouts", IN_MOVED_FROM | IN_MOVED_TO); }
-  ~SavesCounter() { close(watch_); }
-  SavesCounter(const SavesCounter&) = delete;
-  SavesCounter& operator=(const SavesCounter&) = delete;
-
-  int Count() const {
-    std::array<char, 4096> events{};
-    const ssize_t size = read(watch_, events.data(), events.size());
-    int count = 0;
-    inotify_event event{};
-    for (ssize_t i = 0; i < size; i += static_cast<ssize_t>(sizeof event + event.len)) {
-      std::memcpy(&event, events.data() + i, sizeof event);
-      if ((event.mask & IN_MOVED_TO) != 0) ++count;
-    }
-    return count;
-  }
-
- private:
-  int watch_ = inotify_init1(IN_NONBLOCK);
-};
 
 /// The exercise tab with one exercise.
 class MusicEditing : public EditorFixture {

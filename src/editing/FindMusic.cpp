@@ -22,14 +22,13 @@ std::u32string OrderKey(const std::string& path) {
 void FindInFolder(const std::string& folder, const std::function<void()>& whileSearching,
                   FoundMusic& found) {
   const std::size_t before = found.songs.size() + found.failures.size();
-  SearchMusic(
-      folder,
-      {.takeSong = [&](const std::string& song, std::size_t) { found.songs.push_back(song); },
-       .takeUnreadable =
-           [&](const std::string& unreadable, int error) {
-             found.failures.emplace_back(FileError(unreadable, "could not be read", error).what());
-           },
-       .whileSearching = whileSearching});
+  SearchMusic(folder, {.takeSong = [&](const std::string& song) { found.songs.push_back(song); },
+                       .takeUnreadable =
+                           [&](const std::string& unreadable, int error) {
+                             found.failures.emplace_back(
+                                 FileError(unreadable, "could not be read", error).what());
+                           },
+                       .whileSearching = whileSearching});
   if (found.songs.size() + found.failures.size() == before) found.noMusic.push_back(folder + "/");
 }
 

@@ -11,10 +11,7 @@ bool IsMusicName(std::string_view name);
 
 /// What a search for music reports.
 struct MusicSearch {
-  /// False for a folder whose songs are not wanted, but those of its subfolders may be; none: true.
-  std::function<bool(std::string_view folder)> takesSongsOf = {};
-  /// The name begins at `name`; the path may be changed.
-  std::function<void(std::string& path, std::size_t name)> takeSong;
+  std::function<void(const std::string& path)> takeSong;
   std::function<void(const std::string& folder, int error)> takeUnreadable;  // an errno value
   std::function<void()> whileSearching;  // now and then; may throw to end the search
 };

@@ -44,7 +44,7 @@ TEST(SearchMusic, ReportsTheFoldersThatCannotBeRead) {
   TemporaryFolder folder;
   std::vector<std::pair<std::string, int>> unreadable;
   SearchMusic(folder.Path() + "gone",
-              {.takeSong = [](const std::string&, std::size_t) {},
+              {.takeSong = [](const std::string&) {},
                .takeUnreadable = [&](const std::string& path,
                                      int error) { unreadable.emplace_back(path, error); },
                .whileSearching = {}});

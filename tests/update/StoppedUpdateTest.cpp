@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "app/Options.h"
 #include "app/RecordFormat.h"
 #include "app/WorkoutFiles.h"
 #include "update/Steps.h"
@@ -170,6 +171,16 @@ TEST_F(StoppedUpdate, TakesBackTheGrowthThatIsNotSaved) {
   EXPECT_THROW(Update(), UpdateStopped);
   EXPECT_EQ(state.Workout, before);
   EXPECT_EQ(Saved(), before);
+}
+
+TEST_F(StoppedUpdate, NamesTheSameFilesInThePlayListForThePlayer) {
+  Put(state.Options, kPlayListForPlayer, true);
+  run.stopRequested = [] { return fs::exists("player/Monday/RV002-A.mp3"); };
+  EXPECT_THROW(Update(), UpdateStopped);
+  const std::string list = GetTextFile("player/Monday/Monday.m3u8");
+  EXPECT_THAT(list, HasSubstr("\nRV001-Instructions.mp3\r\n"));
+  EXPECT_THAT(list, HasSubstr("\nRV002-A.mp3\r\n"));
+  EXPECT_THAT(list, Not(HasSubstr("RV003")));
 }
 
 TEST_F(StoppedUpdate, IsCompleteAfterTheNextUpdate) {

@@ -60,15 +60,15 @@ const std::map<std::string, Action>& Actions() {
       {"say", [](Arguments& a) { std::cout << a.Next() << std::endl; }},
       {"complain", [](Arguments& a) { std::cerr << a.Next() << std::endl; }},
       {"here", [](Arguments&) { std::cout << std::filesystem::current_path().string() + "/"; }},
-      {"flood", [](Arguments& a) { Flood(std::atol(a.Next().c_str())); }},
+      {"flood", [](Arguments& a) { Flood(std::stol(a.Next())); }},
       {"echo", [](Arguments&) { std::cout << std::cin.rdbuf() << std::flush; }},
-      {"exit", [](Arguments& a) { std::exit(std::atoi(a.Next().c_str())); }},
+      {"exit", [](Arguments& a) { std::exit(std::stoi(a.Next())); }},
       {"crash", [](Arguments&) { std::raise(SIGKILL); }},
       {"hang", [](Arguments&) { Hang(); }},
       {"mute", [](Arguments&) { close(1); }},
       {"nap",
        [](Arguments& a) {
-         std::this_thread::sleep_for(std::chrono::milliseconds(std::atol(a.Next().c_str())));
+         std::this_thread::sleep_for(std::chrono::milliseconds(std::stol(a.Next())));
        }},
       {"offspring", [](Arguments& a) { Offspring(a.Next()); }},
       {"write",

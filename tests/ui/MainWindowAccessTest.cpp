@@ -299,7 +299,7 @@ TEST_F(MainWindowAccess, TheSetListsScrollTogether) {
 }
 
 TEST_F(MainWindowAccess, TheWheelChangesOnlyWhatHasTheFocus) {
-  const auto roll = [this](QWidget& widget) {
+  const auto roll = [](QWidget& widget) {
     const QPointF place = widget.rect().center();
     QWheelEvent event(place, widget.mapToGlobal(place), {}, {0, -120}, Qt::NoButton, {},
                       Qt::NoScrollPhase, false);

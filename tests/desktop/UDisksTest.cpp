@@ -276,7 +276,7 @@ TEST_F(UDisksTest, AnswerOnlyTheNewestQuestion) {
   StartService();
   UseLongLimits();
   bool answered = false;
-  disks->Ask(At("player"), [&](const Ejection&) { answered = true; });
+  disks->Ask(tree.Path(), [&](const Ejection&) { answered = true; });
   EXPECT_EQ(Ask(), kPossible);
   EXPECT_FALSE(answered);
 }

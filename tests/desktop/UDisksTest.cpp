@@ -62,10 +62,6 @@ class UDisksTest : public testing::Test {
     bus.StartService(REPVOLTA_UDISKS_STAND_IN, QJsonDocument(parameters).toJson());
   }
 
-  /// The disks, with the limits of a person who is in a hurry.
-  void UseShortLimits() {
-    disks.emplace(UDisksSettings{tree.Files(), bus.Address(), kShort, kShort});
-  }
   void UseLongLimits() {
     disks.emplace(UDisksSettings{tree.Files(), bus.Address(), std::chrono::milliseconds(kLimit),
                                  std::chrono::milliseconds(kLimit)});

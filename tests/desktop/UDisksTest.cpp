@@ -62,10 +62,6 @@ class UDisksTest : public testing::Test {
     bus.StartService(REPVOLTA_UDISKS_STAND_IN, QJsonDocument(parameters).toJson());
   }
 
-  /// The disks, with the limits of a person who is in a hurry.
-  void UseShortLimits() {
-    disks.emplace(UDisksSettings{tree.Files(), bus.Address(), kShort, kShort});
-  }
   void UseLongLimits() {
     disks.emplace(UDisksSettings{tree.Files(), bus.Address(), std::chrono::milliseconds(kLimit),
                                  std::chrono::milliseconds(kLimit)});
@@ -276,7 +272,7 @@ TEST_F(UDisksTest, AnswerOnlyTheNewestQuestion) {
   StartService();
   UseLongLimits();
   bool answered = false;
-  disks->Ask(At("player"), [&](const Ejection&) { answered = true; });
+  disks->Ask(tree.Path(), [&](const Ejection&) { answered = true; });
   EXPECT_EQ(Ask(), kPossible);
   EXPECT_FALSE(answered);
 }

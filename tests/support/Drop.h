@@ -48,7 +48,7 @@ class Drag {
 
   Qt::DropAction Answer(QDropEvent& event) {
     event.ignore();
-    event.setDropAction(offered_ & Qt::MoveAction ? Qt::MoveAction : Qt::CopyAction);
+    event.setDropAction((offered_ & Qt::MoveAction) ? Qt::MoveAction : Qt::CopyAction);
     QApplication::sendEvent(&target_, &event);
     return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
   }

@@ -57,8 +57,8 @@ class StoppedUpdate : public UpdateFixture {
 
   /// The update is stopped when StopRequested has been asked this often. False: it ends before.
   bool StopAt(int question) {
-    int asked = 0;
-    run.stopRequested = [&] { return ++asked >= question; };
+    asked_ = 0;
+    run.stopRequested = [this, question] { return ++asked_ >= question; };
     try {
       Update();
       return false;
@@ -123,6 +123,9 @@ class StoppedUpdate : public UpdateFixture {
   }
 
   ExerciseSlots before;
+
+ private:
+  int asked_ = 0;
 };
 
 TEST_F(StoppedUpdate, LeavesWholeFilesThatThePlayListNamesAtEachStep) {

@@ -44,6 +44,7 @@ std::deque<ProgramState> ListedWorkouts(const ProgramState& state) {
 std::optional<LackOfRoom> LackOfRoomForAll(const Editor& editor) {
   const std::deque<ProgramState> workouts = ListedWorkouts(editor.State());
   std::vector<const ProgramState*> all;
+  all.reserve(workouts.size());
   for (const ProgramState& workout : workouts) all.push_back(&workout);
   return FindLackOfRoom(all, editor.program.clock.Today());
 }

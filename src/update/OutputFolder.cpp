@@ -87,7 +87,7 @@ File OutputFolder::CreateFile(const std::string& name) {
 template <class Write>
 std::string OutputFolder::WriteNew(const std::string& name, Write write) {
   File file = CreateFile(name);
-  const std::string kept = NameOf(file);
+  std::string kept = NameOf(file);
   try {
     write(file);
     Finish(kept, file);

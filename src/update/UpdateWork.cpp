@@ -27,7 +27,8 @@ std::uint64_t AmountOfSong(const std::string& song) {
 
 std::vector<std::string> SongsOfExercise(const ExerciseRecord& exercise) {
   std::vector<std::string> songs;
-  const int count = std::min<int>(exercise.NumberOfMusicFiles, kMusicSlots);
+  const int count = std::clamp<int>(exercise.NumberOfMusicFiles, 0, kMusicSlots);
+  songs.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) songs.push_back(exercise.MusicFile[i].Trimmed());
   return songs;
 }

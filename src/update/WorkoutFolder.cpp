@@ -48,7 +48,8 @@ void WorkoutFolder::Clear(const Keepsakes& keep) {
   keep_ = keep;
   use_ = Use::kNothing;
   if (!IsFileName(name_)) Refuse("it does not lie in the output path");
-  if (OpenPlace()) return ClearOneOf(name_, NameIs::kPlain);
+  // A copy, because the folder's own name changes meanwhile.
+  if (OpenPlace()) return ClearOneOf(std::string(name_), NameIs::kPlain);
   const bool isMissing = errno == ENOENT || errno == ENOTDIR || errno == ELOOP;
   if (!isMissing) throw FileError(Folder(), kNotLookedAt, errno);
   use_ = Use::kReplace;
@@ -57,10 +58,9 @@ void WorkoutFolder::Clear(const Keepsakes& keep) {
 /// Clears the folder of this name, or, where the disk keeps another workout's folder there, the
 /// first one with a number that is free for this workout.
 void WorkoutFolder::ClearOneOf(const std::string& name, NameIs nameIs) {
-  const std::string plain = name;  // it may be that of this folder, which changes
   const FolderOwners owners(workout_, keep_.workouts);
   for (std::size_t index = 0; index < kMostNumbers; ++index) {
-    Rename(NumberedName(plain, index));
+    Rename(NumberedName(name, index));
     if (index > 0 && owners.IsOfAnother(name_)) continue;
     const FolderHandle folder = Find();
     const bool isPlain = nameIs == NameIs::kPlain && index == 0;

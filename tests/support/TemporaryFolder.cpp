@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
+#include <sstream>
 #include <stdlib.h>
 
 namespace repvolta {
@@ -34,13 +34,17 @@ void PutFile(const std::string& path, std::string_view content) {
 
 Bytes GetFile(const std::string& path) {
   const std::string text = GetTextFile(path);
-  return {text.begin(), text.end()};
+  const std::span<const Byte> bytes = AsBytes(text);
+  return {bytes.begin(), bytes.end()};
 }
 
 std::string GetTextFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   EXPECT_TRUE(file) << path << " cannot be read";
-  return {std::istreambuf_iterator<char>(file), {}};
+  // By whole blocks: tests are not optimised, and read workouts thousands of times.
+  std::ostringstream text;
+  if (file.peek() != std::ifstream::traits_type::eof()) text << file.rdbuf();
+  return text.str();
 }
 
 }  // namespace repvolta

@@ -123,4 +123,13 @@ std::u32string FoldCase(std::string_view text) {
   return folded;
 }
 
+std::u32string FoldCaseFully(std::string_view text) {
+  std::u32string folded = FoldCase(text);
+  for (char32_t& character : folded) {
+    const wint_t upper = towupper_l(static_cast<wint_t>(character), NeutralLocale());
+    character = static_cast<char32_t>(towlower_l(upper, NeutralLocale()));
+  }
+  return folded;
+}
+
 }  // namespace repvolta

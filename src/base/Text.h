@@ -29,4 +29,7 @@ std::string CutToColumns(std::string_view text, std::size_t columns);
 /// as they are. The same in every locale.
 std::u32string FoldCase(std::string_view text);
 
+/// The same, and letters with one capital are one letter, as disks without case have them.
+std::u32string FoldCaseFully(std::string_view text);
+
 }  // namespace repvolta

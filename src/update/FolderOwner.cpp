@@ -18,7 +18,7 @@ namespace repvolta {
 namespace {
 
 /// A text that is equal for all names that a disk may keep as one.
-std::u32string KeyOf(const std::string& name) { return FoldCase(MendedName(name)); }
+std::u32string KeyOf(const std::string& name) { return FoldCaseFully(MendedName(name)); }
 
 /// The workout's name as a tag's album gives it back.
 std::string AlbumOf(const std::string& workout) {
@@ -62,22 +62,29 @@ std::string AlbumIn(const FolderHandle& folder, const std::string& song) {
   }
 }
 
-bool Contains(const std::vector<std::string>& names, const std::string& name) {
+/// True when a disk could keep the workout's folder, or its play list, under this name.
+bool MayBeKeptAs(const std::string& workout, const std::string& name) {
+  const std::vector<std::string> names = PlayerNames(workout);
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 }  // namespace
 
-FolderOwners::FolderOwners(const std::string& workout, const std::vector<std::string>& workoutFiles)
+FolderOwners::FolderOwners(const std::string& workout, const std::vector<std::string>& workoutFiles,
+                           const std::string& folderName)
     : workout_(workout) {
   for (const std::string& file : workoutFiles) {
     if (BaseName(file) != workout_) others_.push_back(BaseName(file));
   }
   // Where this workout's own file is listed in another spelling, it is no other workout.
   if (others_.size() == workoutFiles.size()) return;
-  const std::u32string key = KeyOf(workout_);
+  const std::u32string key = KeyOf(folderName);
   std::copy_if(others_.begin(), others_.end(), std::back_inserter(rivals_),
-               [&](const std::string& other) { return KeyOf(other) == key; });
+               [&](const std::string& other) {
+                 const std::vector<std::string> names = PlayerNames(other);
+                 return std::any_of(names.begin(), names.end(),
+                                    [&](const std::string& name) { return KeyOf(name) == key; });
+               });
 }
 
 std::size_t FolderOwners::Rank() const {
@@ -96,23 +103,26 @@ bool FolderOwners::IsOfAnother(const std::string& folderName) const {
 }
 
 FolderOwners::Owner FolderOwners::OwnerByAlbum(const std::string& album) const {
-  if (album == AlbumOf(workout_)) return Owner::kThis;
+  const bool isThis = album == AlbumOf(workout_);
   const bool isAnothers =
       std::any_of(others_.begin(), others_.end(),
                   [&](const std::string& other) { return album == AlbumOf(other); });
-  return isAnothers ? Owner::kAnother : Owner::kUnknown;
+  // An album has one "?" for each letter that its character set lacks.
+  if (isThis == isAnothers) return Owner::kUnknown;
+  return isThis ? Owner::kThis : Owner::kAnother;
 }
 
 FolderOwners::Owner FolderOwners::OwnerOf(const FolderHandle& folder) const {
   const UpdateFiles files = FilesIn(folder);
   const Owner owner = OwnerByAlbum(AlbumIn(folder, files.firstSong));
   if (owner != Owner::kUnknown) return owner;
-  // Without an encoder there are no tags. The name that both workouts would get tells nothing.
-  const std::string shared = MendedName(workout_);
+  // Without an encoder there are no tags. A name that both workouts could get tells nothing.
   for (const std::string& name : files.playLists) {
-    if (name == shared && name != workout_) continue;
-    if (name == workout_) return Owner::kThis;
-    if (Contains(rivals_, name)) return Owner::kAnother;
+    const bool isThis = MayBeKeptAs(workout_, name);
+    const bool isAnothers =
+        std::any_of(rivals_.begin(), rivals_.end(),
+                    [&](const std::string& rival) { return MayBeKeptAs(rival, name); });
+    if (isThis != isAnothers) return isThis ? Owner::kThis : Owner::kAnother;
   }
   return Owner::kUnknown;
 }

@@ -13,8 +13,10 @@ class FolderOwners {
  public:
   enum class Owner { kThis, kAnother, kUnknown };
 
-  /// `workout` is this workout's name, `workoutFiles` the files of all, with their extension.
-  FolderOwners(const std::string& workout, const std::vector<std::string>& workoutFiles);
+  /// `workout` is this workout's name, `workoutFiles` the files of all, with their extension,
+  /// `folderName` the name that this workout's folder shall get.
+  FolderOwners(const std::string& workout, const std::vector<std::string>& workoutFiles,
+               const std::string& folderName);
 
   /// True when a disk could keep another workout's folder under the same name.
   bool HasRivals() const { return !rivals_.empty(); }

@@ -58,7 +58,7 @@ void WorkoutFolder::Clear(const Keepsakes& keep) {
 /// Clears the folder of this name, or, where the disk keeps another workout's folder there, the
 /// first one with a number that is free for this workout.
 void WorkoutFolder::ClearOneOf(const std::string& name, NameIs nameIs) {
-  const FolderOwners owners(workout_, keep_.workouts);
+  const FolderOwners owners(workout_, keep_.workouts, name);
   for (std::size_t index = 0; index < kMostNumbers; ++index) {
     Rename(NumberedName(name, index));
     if (index > 0 && owners.IsOfAnother(name_)) continue;
@@ -117,7 +117,7 @@ int WorkoutFolder::Make(const std::string& name) {
 int WorkoutFolder::MakeUnder(const std::string& name) {
   const int error = place_.MakeFolder(name);
   if (error != 0 && error != EEXIST) return error;
-  if (error == 0 && !FolderOwners(workout_, keep_.workouts).HasRivals()) {
+  if (error == 0 && !FolderOwners(workout_, keep_.workouts, name).HasRivals()) {
     Rename(name);
     return 0;
   }

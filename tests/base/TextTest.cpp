@@ -63,6 +63,12 @@ TEST(FoldCase, HasACharacterForEachOfTheText) {
   EXPECT_NE(FoldCase("\x80"), FoldCase("\x81"));
 }
 
+TEST(FoldCaseFully, TakesLettersWithOneCapitalAsOne) {
+  EXPECT_EQ(FoldCaseFully("σ\u00B5ſ"), FoldCaseFully("ς\u03BCs"));
+  EXPECT_EQ(FoldCaseFully("Éa\x80"), FoldCaseFully("éA\x80"));
+  EXPECT_NE(FoldCaseFully("a"), FoldCaseFully("b"));
+}
+
 TEST(ShownOnOneLine, KeepsWhatIsNoControlCharacter) {
   EXPECT_EQ(ShownOnOneLine("Développé 走る ~ \xFF\xC2\xA0"), "Développé 走る ~ \xFF\xC2\xA0");
 }

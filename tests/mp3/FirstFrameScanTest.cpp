@@ -58,7 +58,9 @@ TEST(FirstFrameScan, AgreesWithTheRuleOnRandomBytes) {
 TEST(FirstFrameScan, AgreesWithTheRuleOnBytesThatAreAlmostFrames) {
   TemporaryFolder folder;
   std::mt19937 random(2);
-  for (int round = 0; round < 400; ++round) ExpectTheSameFirstFrame(HardBytes(random, round / 4));
+  for (std::size_t round = 0; round < 400; ++round) {
+    ExpectTheSameFirstFrame(HardBytes(random, round / 4));
+  }
 }
 
 TEST(FirstFrameScan, AgreesWithTheRuleOnEveryHeader) {

@@ -42,6 +42,7 @@ bool IsGone() {
 
 /// An opened file keeps its object, even when it is deleted.
 ObjectPointer& Opened(const fuse_file_info* info) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): libfuse keeps what belongs to a file as a number.
   return *reinterpret_cast<ObjectPointer*>(info->fh);
 }
 
@@ -68,8 +69,7 @@ int GetAttributes(const char* path, struct stat* status, fuse_file_info* info) {
   return 0;
 }
 
-int ReadFolder(const char* path, void* buffer, fuse_fill_dir_t fill, off_t /*offset*/,
-               fuse_file_info* /*info*/, fuse_readdir_flags /*flags*/) {
+int ReadFolder(const char* path, void* buffer, fuse_fill_dir_t fill) {
   if (IsGone()) return -ENODEV;
   const ObjectPointer folder = Player().Find(path);
   if (!folder) return -ENOENT;
@@ -175,7 +175,9 @@ fuse_operations Operations() {
   fuse_operations operations{};
   operations.init = Begin;
   operations.getattr = GetAttributes;
-  operations.readdir = ReadFolder;
+  operations.readdir = [](const char* path, void* buffer, fuse_fill_dir_t fill, off_t /*offset*/,
+                          fuse_file_info* /*info*/,
+                          fuse_readdir_flags /*flags*/) { return ReadFolder(path, buffer, fill); };
   operations.mkdir = MakeFolder;
   operations.unlink = RemoveFile;
   operations.rmdir = RemoveFolder;

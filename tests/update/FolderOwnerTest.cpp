@@ -24,8 +24,12 @@ class FolderOwner : public testing::Test {
     ProcessMP3tag("folder/" + name, "Squat", album, log);
   }
 
+  static FolderOwners OwnersFor(const std::string& workout, const std::vector<std::string>& files) {
+    return {workout, files, workout};
+  }
+
   static Owner OwnerFor(const std::string& workout, const std::vector<std::string>& files) {
-    return FolderOwners(workout, files).OwnerOf(FolderHandle::Open("folder"));
+    return OwnersFor(workout, files).OwnerOf(FolderHandle::Open("folder"));
   }
 
   TemporaryFolder folder;
@@ -43,6 +47,19 @@ TEST_F(FolderOwner, IsTheWorkoutThatTheFirstSongHasForItsAlbum) {
 TEST_F(FolderOwner, IsFoundWhereTheTagLacksTheNamesCharacters) {
   PutSong("RV001-Instructions.mp3", "Неделя: 1.RPV");
   EXPECT_EQ(OwnerFor("Неделя: 1", {"Неделя: 1.RPV", "Week: 1.RPV"}), Owner::kThis);
+}
+
+TEST_F(FolderOwner, IsTheWorkoutOfThePlayListWhereTheTagLacksTheNamesCharacters) {
+  PutSong("RV001-Instructions.mp3", "Шаг.RPV");
+  PutFile("folder/Шаг.M3U", "");
+  EXPECT_EQ(OwnerFor("Шаг", {"Шаг.RPV", "шаг.RPV"}), Owner::kThis);
+  EXPECT_EQ(OwnerFor("шаг", {"Шаг.RPV", "шаг.RPV"}), Owner::kAnother);
+}
+
+TEST_F(FolderOwner, IsTheWorkoutThatAloneCouldHaveTheNameOfThePlayList) {
+  PutFile("folder/monday_ 1.M3U", "");
+  EXPECT_EQ(OwnerFor("monday: 1", {"monday: 1.RPV", "Monday: 1.RPV"}), Owner::kThis);
+  EXPECT_EQ(OwnerFor("Monday: 1", {"monday: 1.RPV", "Monday: 1.RPV"}), Owner::kAnother);
 }
 
 TEST_F(FolderOwner, IsNobodyWhenItsWorkoutIsGone) {
@@ -63,21 +80,32 @@ TEST_F(FolderOwner, IsNotToldByAPlayListWhoseNameTwoWorkoutsWouldGet) {
 }
 
 TEST_F(FolderOwner, HasRivalsWhoseFoldersOneDiskCouldKeepAsOne) {
-  EXPECT_TRUE(FolderOwners("Week: 1", kWeeks).HasRivals());
-  EXPECT_TRUE(FolderOwners("monday", {"Monday.RPV", "monday.RPV"}).HasRivals());
-  EXPECT_TRUE(FolderOwners("Rest", {"Rest.RPV", "Rest...RPV"}).HasRivals());
-  EXPECT_FALSE(FolderOwners("Monday", kWeeks).HasRivals());
+  EXPECT_TRUE(OwnersFor("Week: 1", kWeeks).HasRivals());
+  EXPECT_TRUE(OwnersFor("monday", {"Monday.RPV", "monday.RPV"}).HasRivals());
+  EXPECT_TRUE(OwnersFor("Rest", {"Rest.RPV", "Rest...RPV"}).HasRivals());
+  EXPECT_FALSE(OwnersFor("Monday", kWeeks).HasRivals());
+}
+
+TEST_F(FolderOwner, HasRivalsByLettersThatHaveOneCapital) {
+  EXPECT_TRUE(OwnersFor("σ", {"σ.RPV", "ς.RPV"}).HasRivals());
+  EXPECT_TRUE(OwnersFor("\u00B5", {"\u00B5.RPV", "\u03BC.RPV"}).HasRivals());
+}
+
+TEST_F(FolderOwner, HasRivalsOnlyByTheNameThatTheFolderShallGet) {
+  const std::vector<std::string> files{"走.RPV", "道.RPV"};
+  EXPECT_FALSE(FolderOwners("走", files, "走").HasRivals());
+  EXPECT_TRUE(FolderOwners("走", files, "_").HasRivals());
 }
 
 TEST_F(FolderOwner, IsNoRivalOfItselfInAnotherSpelling) {
-  EXPECT_FALSE(FolderOwners("monday", {"Monday.RPV", "Tuesday.RPV"}).HasRivals());
+  EXPECT_FALSE(OwnersFor("monday", {"Monday.RPV", "Tuesday.RPV"}).HasRivals());
 }
 
 TEST_F(FolderOwner, ComesBehindTheRivalsWhoseNamesEveryDiskHolds) {
   const std::vector<std::string> files{"Week: 1.RPV", "Week? 1.RPV", "Week_ 1.RPV"};
-  EXPECT_EQ(FolderOwners("Week_ 1", files).Rank(), 0U);
-  EXPECT_EQ(FolderOwners("Week: 1", files).Rank(), 1U);
-  EXPECT_EQ(FolderOwners("Week? 1", files).Rank(), 2U);
+  EXPECT_EQ(OwnersFor("Week_ 1", files).Rank(), 0U);
+  EXPECT_EQ(OwnersFor("Week: 1", files).Rank(), 1U);
+  EXPECT_EQ(OwnersFor("Week? 1", files).Rank(), 2U);
 }
 
 TEST_F(FolderOwner, KnowsAFolderOfUpdatesByItsFiles) {

@@ -114,6 +114,26 @@ TEST_F(FolderOnAPlayer, IsApartFromTheOneInAnotherCaseOnADiskWithoutCase) {
   EXPECT_TRUE(fs::exists("player/monday/RV001-Instructions.mp3"));
 }
 
+TEST_F(FolderOnAPlayer, IsApartFromTheOneInAnotherCaseWhoseTagLacksTheNamesCharacters) {
+  PutSong("шаг", "Шаг");
+  PutFile("player/шаг/Шаг.M3U", "");
+  workouts = {"Шаг.RPV", "шаг.RPV"};
+  EXPECT_EQ(Make("шаг"), "шаг (2)");
+  EXPECT_TRUE(fs::exists("player/шаг/RV001-Instructions.mp3"));
+}
+
+TEST_F(FolderOnAPlayer, IsApartFromAnotherOnADiskThatHoldsOnlyPlainLetters) {
+  workouts = {"走.RPV", "道.RPV"};
+  const RefusingDisk disk("\xE8\xE9");
+  for (int update = 0; update < 2; ++update) {
+    EXPECT_EQ(Make("走"), "_");
+    PutSong("_", "走");
+    EXPECT_EQ(Make("道"), "_ (2)");
+    PutSong("_ (2)", "道");
+    EXPECT_TRUE(fs::exists("player/_/RV001-Instructions.mp3"));
+  }
+}
+
 TEST_F(FolderOnAPlayer, TakesNoNameWithANumberThatIsAnotherWorkouts) {
   PutSong("monday", "Monday");
   workouts = {"Monday.RPV", "monday.RPV", "Monday (2).RPV"};

@@ -28,6 +28,8 @@ std::string AlbumOf(const std::string& workout) {
 struct UpdateFiles {
   std::string firstSong;               // the numbered MP3 file with the lowest number
   std::vector<std::string> playLists;  // without their extension
+  bool hasNumbered = false;
+  bool hasPlayLists = false;  // of both kinds
   bool hasOthers = false;
 };
 
@@ -38,11 +40,15 @@ UpdateFiles FilesIn(const FolderHandle& folder) {
   const int error = ForEachEntry(folder, ".", [&](std::string_view entry, EntryType type) {
     const std::string name(entry);
     if (type == EntryType::kFile && IsNumberedName(name)) {
+      files.hasNumbered = true;
       const bool isFirst = files.firstSong.empty() || name < files.firstSong;
       if (isFirst && name.ends_with(kSongExtension)) files.firstSong = name;
     } else if (type == EntryType::kFile && name.ends_with(kPlayListExtension)) {
+      files.hasPlayLists = true;
       files.playLists.push_back(BaseName(name));
-    } else if (type != EntryType::kFile || !name.ends_with(kRelativePlayList)) {
+    } else if (type == EntryType::kFile && name.ends_with(kRelativePlayList)) {
+      files.hasPlayLists = true;
+    } else {
       files.hasOthers = true;
     }
   });
@@ -127,6 +133,10 @@ FolderOwners::Owner FolderOwners::OwnerOf(const FolderHandle& folder) const {
   return Owner::kUnknown;
 }
 
-bool FolderOwners::IsOfUpdates(const FolderHandle& folder) { return !FilesIn(folder).hasOthers; }
+bool FolderOwners::IsOfUpdates(const FolderHandle& folder) {
+  const UpdateFiles files = FilesIn(folder);
+  // An update lists only files that it has written beside the list.
+  return !files.hasOthers && (files.hasNumbered || !files.hasPlayLists);
+}
 
 }  // namespace repvolta

@@ -118,5 +118,15 @@ TEST_F(FolderOwner, KnowsAFolderOfUpdatesByItsFiles) {
   EXPECT_FALSE(isOfUpdates());
 }
 
+TEST_F(FolderOwner, TakesPlayListsWithoutFilesForThePersonsOwn) {
+  const auto isOfUpdates = [] { return FolderOwners::IsOfUpdates(FolderHandle::Open("folder")); };
+  fs::create_directories("folder");
+  EXPECT_TRUE(isOfUpdates());
+  PutFile("folder/mine.m3u8", "");
+  EXPECT_FALSE(isOfUpdates());
+  PutFile("folder/mine.M3U", "");
+  EXPECT_FALSE(isOfUpdates());
+}
+
 }  // namespace
 }  // namespace repvolta

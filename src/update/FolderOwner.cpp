@@ -13,6 +13,7 @@
 #include "update/Keepsakes.h"
 #include "update/PlayList.h"
 #include "update/PlayerNames.h"
+#include "update/PlayerPlayList.h"
 
 namespace repvolta {
 namespace {
@@ -35,7 +36,6 @@ struct UpdateFiles {
 
 UpdateFiles FilesIn(const FolderHandle& folder) {
   constexpr std::string_view kSongExtension = ".mp3";
-  constexpr std::string_view kRelativePlayList = ".m3u8";
   UpdateFiles files;
   const int error = ForEachEntry(folder, ".", [&](std::string_view entry, EntryType type) {
     const std::string name(entry);
@@ -46,7 +46,7 @@ UpdateFiles FilesIn(const FolderHandle& folder) {
     } else if (type == EntryType::kFile && name.ends_with(kPlayListExtension)) {
       files.hasPlayLists = true;
       files.playLists.push_back(BaseName(name));
-    } else if (type == EntryType::kFile && name.ends_with(kRelativePlayList)) {
+    } else if (type == EntryType::kFile && name.ends_with(kPlayerPlayListExtension)) {
       files.hasPlayLists = true;
     } else {
       files.hasOthers = true;

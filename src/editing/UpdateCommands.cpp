@@ -7,7 +7,7 @@
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
 #include "editing/UpdateQuestions.h"
-#include "update/OutputPath.h"
+#include "player/OutputPath.h"
 #include "update/SeveralUpdates.h"
 #include "update/Steps.h"
 #include "update/StopTexts.h"

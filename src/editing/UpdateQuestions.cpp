@@ -6,7 +6,7 @@
 
 #include "app/Options.h"
 #include "app/WorkoutFiles.h"
-#include "update/PlayerDisk.h"
+#include "player/PlayerDisk.h"
 #include "update/Room.h"
 
 namespace repvolta {

@@ -7,7 +7,7 @@
 #include "base/FileNames.h"
 #include "base/FileStatus.h"
 #include "base/Folder.h"
-#include "update/PlayerNames.h"
+#include "player/PlayerNames.h"
 #include "update/RoomNeeded.h"
 
 namespace repvolta {

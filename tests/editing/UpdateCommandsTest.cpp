@@ -5,7 +5,7 @@
 #include "app/RecordFormat.h"
 #include "base/FileError.h"
 #include "editing/UpdateCommands.h"
-#include "update/OutputPath.h"
+#include "player/OutputPath.h"
 #include "update/Steps.h"
 #include "update/UpdateLock.h"
 

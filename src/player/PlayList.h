@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "update/OutputFolder.h"
+#include "player/OutputFolder.h"
 
 namespace repvolta {
 

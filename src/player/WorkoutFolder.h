@@ -3,8 +3,8 @@
 #include <string>
 
 #include "base/FolderHandle.h"
-#include "update/FolderOwner.h"
-#include "update/Keepsakes.h"
+#include "player/FolderOwner.h"
+#include "player/Keepsakes.h"
 
 namespace repvolta {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "update/WorkoutFolder.h"
+#include "player/WorkoutFolder.h"
 
 namespace repvolta {
 

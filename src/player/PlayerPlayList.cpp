@@ -1,4 +1,4 @@
-#include "update/PlayerPlayList.h"
+#include "player/PlayerPlayList.h"
 
 #include <algorithm>
 #include <exception>

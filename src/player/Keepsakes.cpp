@@ -1,4 +1,4 @@
-#include "update/Keepsakes.h"
+#include "player/Keepsakes.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -14,8 +14,8 @@
 #include "base/Folder.h"
 #include "base/Lines.h"
 #include "base/Text.h"
-#include "update/PlayList.h"
-#include "update/PlayerPlayList.h"
+#include "player/PlayList.h"
+#include "player/PlayerPlayList.h"
 
 namespace repvolta {
 namespace {

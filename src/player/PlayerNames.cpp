@@ -1,4 +1,4 @@
-#include "update/PlayerNames.h"
+#include "player/PlayerNames.h"
 
 #include <algorithm>
 #include <array>

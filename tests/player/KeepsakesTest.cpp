@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "base/FileError.h"
-#include "update/Keepsakes.h"
+#include "player/Keepsakes.h"
 
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"

@@ -1,4 +1,4 @@
-#include "update/FolderOwner.h"
+#include "player/FolderOwner.h"
 
 #include <algorithm>
 #include <iterator>
@@ -10,10 +10,10 @@
 #include "base/SingleByteText.h"
 #include "base/Text.h"
 #include "mp3/RepvoltaMP3v2.h"
-#include "update/Keepsakes.h"
-#include "update/PlayList.h"
-#include "update/PlayerNames.h"
-#include "update/PlayerPlayList.h"
+#include "player/Keepsakes.h"
+#include "player/PlayList.h"
+#include "player/PlayerNames.h"
+#include "player/PlayerPlayList.h"
 
 namespace repvolta {
 namespace {

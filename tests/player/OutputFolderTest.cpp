@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/FileError.h"
-#include "update/OutputFolder.h"
+#include "player/OutputFolder.h"
 
 #include "support/AtOpening.h"
 #include "support/FailingClose.h"

@@ -4,7 +4,7 @@
 
 #include "app/Options.h"
 #include "base/ProgramFiles.h"
-#include "update/PlayerDisk.h"
+#include "player/PlayerDisk.h"
 
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"

@@ -1,4 +1,4 @@
-#include "update/PlayList.h"
+#include "player/PlayList.h"
 
 #include <algorithm>
 #include <array>

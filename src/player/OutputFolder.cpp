@@ -1,4 +1,4 @@
-#include "update/OutputFolder.h"
+#include "player/OutputFolder.h"
 
 #include <cerrno>
 #include <linux/magic.h>
@@ -6,7 +6,7 @@
 
 #include "base/FileError.h"
 #include "base/FileNames.h"
-#include "update/PlayerNames.h"
+#include "player/PlayerNames.h"
 
 namespace repvolta {
 namespace {

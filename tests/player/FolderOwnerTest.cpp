@@ -1,11 +1,9 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "update/FolderOwner.h"
-#include "update/ProcessMP3tag.h"
+#include "player/FolderOwner.h"
 
-#include "fakes/RecordingLog.h"
-#include "support/SongBytes.h"
+#include "support/OwnedSong.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -19,9 +17,7 @@ class FolderOwner : public testing::Test {
   FolderOwner() { fs::create_directory("folder"); }
 
   static void PutSong(const std::string& name, const std::string& album) {
-    PutFile("folder/" + name, SongBytes(3));
-    RecordingLog log;
-    ProcessMP3tag("folder/" + name, "Squat", album, log);
+    PutOwnedSong("folder/" + name, album);
   }
 
   static FolderOwners OwnersFor(const std::string& workout, const std::vector<std::string>& files) {

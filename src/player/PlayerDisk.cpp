@@ -1,4 +1,4 @@
-#include "update/PlayerDisk.h"
+#include "player/PlayerDisk.h"
 
 #include <filesystem>
 #include <system_error>

@@ -1,4 +1,4 @@
-#include "update/OutputPath.h"
+#include "player/OutputPath.h"
 
 #include "base/SingleByteText.h"
 #include "base/Text.h"

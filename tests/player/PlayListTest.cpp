@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "base/FileError.h"
-#include "update/PlayList.h"
+#include "player/PlayList.h"
 
 #include "support/FailingClose.h"
 #include "support/FullDisk.h"

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
-#include "update/PlayerNames.h"
+#include "player/PlayerNames.h"
 
 namespace repvolta {
 namespace {

@@ -3,12 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "base/FileError.h"
-#include "update/ProcessMP3tag.h"
-#include "update/WorkoutFolder.h"
+#include "player/WorkoutFolder.h"
 
-#include "fakes/RecordingLog.h"
+#include "support/OwnedSong.h"
 #include "support/RefusingDisk.h"
-#include "support/SongBytes.h"
 #include "support/TemporaryFolder.h"
 
 namespace repvolta {
@@ -25,10 +23,7 @@ class FolderOnAPlayer : public testing::Test {
 
   /// What an update of the workout leaves in its folder.
   static void PutSong(const std::string& place, const std::string& workout) {
-    const std::string path = "player/" + place + "/RV001-Instructions.mp3";
-    PutFile(path, SongBytes(3));
-    RecordingLog log;
-    ProcessMP3tag(path, "Squat", workout + ".RPV", log);
+    PutOwnedSong("player/" + place + "/RV001-Instructions.mp3", workout + ".RPV");
   }
 
   /// Makes the workout's folder and returns its name.

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "update/OutputPath.h"
+#include "player/OutputPath.h"
 
 namespace repvolta {
 namespace {

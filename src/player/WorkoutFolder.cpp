@@ -1,4 +1,4 @@
-#include "update/WorkoutFolder.h"
+#include "player/WorkoutFolder.h"
 
 #include <cerrno>
 #include <stdexcept>
@@ -8,7 +8,7 @@
 #include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/Text.h"
-#include "update/PlayerNames.h"
+#include "player/PlayerNames.h"
 
 namespace repvolta {
 namespace {

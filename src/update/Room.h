@@ -13,6 +13,8 @@ namespace repvolta {
 struct DiskRoom {
   std::uint64_t free;
   std::uint64_t unit;
+
+  bool operator==(const DiskRoom&) const = default;
 };
 
 /// Nothing when the disk of the folder does not know its room.

@@ -6,7 +6,6 @@
 #include "base/Folder.h"
 #include "base/ProgramFiles.h"
 #include "instruction/Clips.h"
-#include "instruction/SpokenWords.h"
 
 namespace repvolta {
 namespace {
@@ -39,15 +38,18 @@ void SpeakToFile(const VoiceState& voice, SpeechSynthesizer& speech, const std::
                       .format = voice.Format});
 }
 
+SpokenInstruction SaidNow(const SettingsRecord& settings, const ExerciseRecord& exercise) {
+  return ClipsOfInstruction(
+      exercise, settings.IncludeWeightValues == kTrue ? SetValues::kSaid : SetValues::kLeftOut);
+}
+
 void GenerateHumanVoiceInstruction(const ProgramState& state, std::int16_t exerciseIndex,
                                    const std::string& target, SpeechSynthesizer& speech,
                                    ProgressLog& log) {
   const ExerciseRecord& exercise = state.Workout[exerciseIndex];
   // An earlier exercise's file must not be heard as this one's instruction.
   RemoveFile(target);
-  const SpokenInstruction said = ClipsOfInstruction(
-      exercise,
-      state.Settings.IncludeWeightValues == kTrue ? SetValues::kSaid : SetValues::kLeftOut);
+  const SpokenInstruction said = SaidNow(state.Settings, exercise);
   for (const Clip& clip : said.clips) {
     if (clip.kind == Clip::Kind::kName) {
       const std::string file = ClipFile(clip);

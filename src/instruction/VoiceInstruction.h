@@ -5,6 +5,7 @@
 
 #include "app/ProgramState.h"
 #include "app/ProgressLog.h"
+#include "instruction/SpokenWords.h"
 #include "speech/SpeechSynthesizer.h"
 
 namespace repvolta {
@@ -13,6 +14,9 @@ namespace repvolta {
 /// Throws SpeechError or FileError.
 void SpeakToFile(const VoiceState& voice, SpeechSynthesizer& speech, const std::string& text,
                  const std::string& file);
+
+/// The clips of an exercise as the settings ask for them.
+SpokenInstruction SaidNow(const SettingsRecord& settings, const ExerciseRecord& exercise);
 
 /// Writes the spoken instruction of an exercise to the WAV file `target`, joined from recorded
 /// clips. A name without a recording is spoken once by the synthesiser and kept as a clip. Throws

@@ -18,6 +18,7 @@ class RepvoltaForm;
 namespace repvolta {
 
 class ExerciseTab;
+class MainMenu;
 class SettingsTab;
 class WorkoutTab;
 
@@ -75,6 +76,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
  private:
   void AddTabs();
   void ConnectButtons();
+  void AddMenu();
   void SSTab1_Click();
   void ShowExerciseFrames();
   void StepTab(int step);
@@ -93,6 +95,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
+  MainMenu* menu_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;
   bool busy_ = false;

@@ -80,6 +80,10 @@ void ReadWorkout(ProgramState& state, const std::string& path) {
 
 void LoadWorkoutNames(ProgramState& state) {
   MakeFolder(kWorkoutFolder);
+  ReadWorkoutNames(state);
+}
+
+void ReadWorkoutNames(ProgramState& state) {
   state.WorkoutNames = ListFiles(kWorkoutFolder, kWorkoutExtension);
   state.NumberOfWorkouts = CheckedInt16(static_cast<std::int64_t>(state.WorkoutNames.size()));
 }

@@ -11,6 +11,9 @@ namespace repvolta {
 /// folder if it is missing. Throws FileError.
 void LoadWorkoutNames(ProgramState& state);
 
+/// The same without creating anything.
+void ReadWorkoutNames(ProgramState& state);
+
 enum class WorkoutLoad { kLoaded, kNoName, kNotFound };
 
 /// Reads the file named by WorkoutFileName into Workout and makes its first exercise the current

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,11 @@ class Dialogs {
   /// An input box. Returns "" when it was cancelled.
   virtual std::string AskText(std::string_view prompt, std::string_view title,
                               std::string_view initial = {}) = 0;
+
+  /// A box with a list of `items`. Returns the position of the chosen one; nothing when it was
+  /// cancelled.
+  virtual std::optional<std::size_t> Choose(std::string_view prompt, std::string_view title,
+                                            const std::vector<std::string>& items) = 0;
 
   /// SelectExerciseDialog. Returns "" when no exercise was chosen.
   virtual std::string SelectExercise() = 0;

@@ -10,6 +10,8 @@ using M = Menu;
 constexpr MenuLine kLines[] = {
     {M::kWorkout, "WorkoutDropBox"},
     {M::kWorkout, "CreateNewWorkoutButton"},
+    {M::kWorkout, "DuplicateWorkoutAction"},
+    {M::kWorkout, "RenameWorkoutAction"},
     {M::kWorkout, "DeleteSelectedWorkoutButton"},
     {M::kWorkout},
     {M::kWorkout, "UpdateSelectedWorkoutButton"},
@@ -42,6 +44,7 @@ constexpr MenuLine kLines[] = {
     {M::kExercise, "AddExerciseButton"},
     {M::kExercise, "ExerciseList", "Open Exercise"},
     {M::kExercise, "EditExerciseNameButton"},
+    {M::kExercise, "CopyExerciseAction"},
     {M::kExercise, "RemoveExerciseButton"},
     {M::kExercise, "MoveUpExerciseListButton"},
     {M::kExercise},

@@ -17,6 +17,8 @@ class QtDialogs : public Dialogs {
   bool Confirm(std::string_view text, std::string_view title) override;
   std::string AskText(std::string_view prompt, std::string_view title,
                       std::string_view initial = {}) override;
+  std::optional<std::size_t> Choose(std::string_view prompt, std::string_view title,
+                                    const std::vector<std::string>& items) override;
   std::string SelectExercise() override;
   std::string SelectDirectory() override;
   std::vector<std::string> SelectMusicFiles(const std::string& startFolder) override;

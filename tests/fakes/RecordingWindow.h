@@ -40,6 +40,10 @@ class RecordingWindow : public RecordingRun,
                       std::string_view /*initial*/) override {
     return {};
   }
+  std::optional<std::size_t> Choose(std::string_view /*prompt*/, std::string_view /*title*/,
+                                    const std::vector<std::string>& /*items*/) override {
+    return std::nullopt;
+  }
   std::string SelectExercise() override { return {}; }
   std::string SelectDirectory() override {
     calls.emplace_back("select directory");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
@@ -30,6 +31,16 @@ class ScriptedDialogs : public Dialogs {
     Record("ask", title, prompt);
     if (!initial.empty()) asked.back() += "|" + std::string(initial);
     return NextAnswer();
+  }
+
+  /// The answer is one of the items, or "".
+  std::optional<std::size_t> Choose(std::string_view prompt, std::string_view title,
+                                    const std::vector<std::string>& items) override {
+    Record("choose", title, prompt);
+    const std::string answer = NextAnswer();
+    const auto found = std::find(items.begin(), items.end(), answer);
+    if (found == items.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - items.begin());
   }
 
   std::string SelectExercise() override {

@@ -24,7 +24,10 @@ using Time = std::chrono::steady_clock;
 
 constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
 constexpr milliseconds kTick{20};
+constexpr milliseconds kWatchInterval{200};
 constexpr milliseconds kBuffer{400};
+/// Precedes the sound, because an output that wakes up may swallow the first moment.
+constexpr milliseconds kLeadIn{200};
 /// Follows the sound. When the last of it has been taken, at most a buffer of it is still to be
 /// heard, and not the sound.
 constexpr milliseconds kSilence{600};
@@ -73,16 +76,21 @@ QAudioFormat FormatFor(const QAudioDevice& device, const Sound& sound) {
   return format;
 }
 
-/// The sound in the format, and the silence that follows it.
+QByteArray Silence(const QAudioFormat& format, milliseconds duration) {
+  return {format.bytesForDuration(std::chrono::microseconds(duration).count()), '\0'};
+}
+
+/// The sound in the format, between the silence before and after it.
 QByteArray SamplesOf(const Sound& sound, const QAudioFormat& format) {
   const Bytes wav =
       EncodeWav(sound, {.rate = static_cast<std::uint32_t>(format.sampleRate()),
                         .bits = 16,
                         .channels = static_cast<std::uint16_t>(format.channelCount())});
   const std::span<const Byte> samples = std::span(wav).subspan(kWavHeaderSize);
-  QByteArray bytes(reinterpret_cast<const char*>(samples.data()),
-                   static_cast<qsizetype>(samples.size()));
-  return bytes.append(format.bytesForDuration(std::chrono::microseconds(kSilence).count()), '\0');
+  return Silence(format, kLeadIn) +
+         QByteArray(reinterpret_cast<const char*>(samples.data()),
+                    static_cast<qsizetype>(samples.size())) +
+         Silence(format, kSilence);
 }
 
 /// One sound on its way to an output, in the thread of its event loop.
@@ -185,8 +193,9 @@ std::string DesktopSoundPlayer::Feed::PlayToEnd() {
 }
 
 DesktopSoundPlayer::DesktopSoundPlayer() {
-  QObject::connect(&devices_, &QMediaDevices::audioOutputsChanged, &devices_,
-                   [this] { EndIfUnplugged(); });
+  // Asked again and again, because not every sound system tells when an output has gone.
+  watch_.setInterval(kWatchInterval);
+  QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { EndIfUnplugged(); });
 }
 
 DesktopSoundPlayer::~DesktopSoundPlayer() {
@@ -210,13 +219,15 @@ void DesktopSoundPlayer::Play(const std::string& file, const ChosenOutput& outpu
     feed->SetEnded();
     post([this, feed, failure] { End(feed, failure); });
   }).detach();
-  QTimer::singleShot(kLongestPause, &devices_, [this, feed = feed_] {
+  watch_.start();
+  QTimer::singleShot(kLongestPause, &watch_, [this, feed = feed_] {
     if (!feed->HasBegun()) End(feed, Refused(feed->device.description().toStdString()));
   });
 }
 
 void DesktopSoundPlayer::Stop() {
   if (!feed_) return;
+  watch_.stop();
   feed_->Stop();
   feed_.reset();
   ended_ = {};

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QAudioDevice>
-#include <QMediaDevices>
+#include <QTimer>
 #include <memory>
 
 #include "platform/Mailbox.h"
@@ -28,7 +28,7 @@ class DesktopSoundPlayer : public SoundPlayer {
   void End(const std::shared_ptr<Feed>& feed, const std::string& failure);
   void EndIfUnplugged();
 
-  QMediaDevices devices_;
+  QTimer watch_;  // runs while a sound is heard
   QAudioDevice device_;
   std::shared_ptr<Feed> feed_;  // of the sound that is heard
   Ended ended_;

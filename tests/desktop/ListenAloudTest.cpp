@@ -206,6 +206,7 @@ TEST_F(ListenAloud, AnOutputThatIsUnpluggedEndsTheSound) {
   server.Unplug("Headphones");
   EXPECT_EQ(NextLine(), "quiet: The audio output \"Headphones\" is not there any more.");
   Say("play 0");
+  EXPECT_EQ(NextLine(), "quiet:");
   EXPECT_EQ(NextLine(), "refused: The audio output \"Headphones\" is not there any more.");
 }
 

@@ -19,6 +19,15 @@ void End(QProcess& program) {
   program.waitForFinished(kLimit);
 }
 
+/// "" when the program writes `line` on its standard error, otherwise what it wrote instead.
+std::string ReadUntil(QProcess& program, const char* line) {
+  program.setReadChannel(QProcess::StandardError);
+  QByteArray said;
+  while (!said.contains(line) && program.waitForReadyRead(kLimit)) said += program.readAll();
+  if (said.contains(line)) return "";
+  return program.errorString().toStdString() + "\n" + said.toStdString();
+}
+
 QStringList OutputArguments(const QString& name) {
   // At the rate of the clips, so that nothing is converted.
   return {"-L", QString("module-null-sink sink_name=%1 rate=16000 channels=1 format=s16le "
@@ -34,11 +43,11 @@ SoundRecording::SoundRecording(const std::string& output, const QProcessEnvironm
   // Not through a pipe, which would hold up the recorder while the test waits for something else.
   recorder_.setStandardOutputFile(file_.fileName());
   recorder_.start("parec",
-                  {"--raw", "--format=s16le", "--rate=16000", "--channels=1", "--latency-msec=20",
-                   "--device=" + QString::fromStdString(output) + ".monitor"});
-  recorder_.waitForStarted(kLimit);
+                  {"--verbose", "--raw", "--format=s16le", "--rate=16000", "--channels=1",
+                   "--latency-msec=20", "--device=" + QString::fromStdString(output) + ".monitor"});
+  const std::string said = ReadUntil(recorder_, "Stream successfully created");
+  if (!said.empty()) ADD_FAILURE() << "parec did not start: " << said;
   file_.open(QFile::ReadOnly);
-  Await(1);
 }
 
 SoundRecording::~SoundRecording() { End(recorder_); }
@@ -57,7 +66,7 @@ bool SoundRecording::Read() {
   }
   rest_.remove(0, whole);
   if (whole == 0) {
-    ADD_FAILURE() << "parec records nothing: " << recorder_.readAllStandardError().toStdString();
+    ADD_FAILURE() << "parec records nothing.";
   }
   return whole > 0;
 }
@@ -104,7 +113,6 @@ SoundServer::SoundServer() : environment_(QProcessEnvironment::systemEnvironment
   environment_.remove("DBUS_SESSION_BUS_ADDRESS");
   environment_.remove("DISPLAY");
   server_.setProcessEnvironment(environment_);
-  server_.setProcessChannelMode(QProcess::MergedChannels);
   server_.start(
       "pulseaudio",
       QStringList{"-n", "-v", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
@@ -112,14 +120,8 @@ SoundServer::SoundServer() : environment_(QProcessEnvironment::systemEnvironment
           OutputArguments("Loudspeaker") + OutputArguments("Headphones") +
           QStringList{"-L",
                       "module-native-protocol-unix auth-anonymous=1 socket=" + folder + "/socket"});
-  QByteArray said;
-  while (!said.contains("Daemon startup complete") && server_.waitForReadyRead(kLimit)) {
-    said += server_.readAll();
-  }
-  if (!said.contains("Daemon startup complete")) {
-    ADD_FAILURE() << "pulseaudio did not start: " << server_.errorString().toStdString()
-                  << said.toStdString();
-  }
+  const std::string said = ReadUntil(server_, "Daemon startup complete");
+  if (!said.empty()) ADD_FAILURE() << "pulseaudio did not start: " << said;
 }
 
 SoundServer::~SoundServer() { Kill(); }

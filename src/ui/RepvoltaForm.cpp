@@ -15,6 +15,7 @@
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
+#include "ui/Help.h"
 #include "ui/Keys.h"
 #include "ui/MainMenu.h"
 #include "ui/SettingsTab.h"
@@ -103,6 +104,7 @@ void RepvoltaForm::AddMenu() {
   connect(back, &QAction::triggered, this, [this] { StepTab(-1); });
   QAction* next = AddCommand(this, "NextTabAction", "Next Tab", Qt::CTRL | Qt::Key_PageDown);
   connect(next, &QAction::triggered, this, [this] { StepTab(1); });
+  new Help(*this, editor_.dialogs);
   menu_ = new MainMenu(*this, MenuLines());
   layout()->setMenuBar(menu_);
 }

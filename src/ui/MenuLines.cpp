@@ -8,7 +8,7 @@ namespace {
 using M = Menu;
 
 constexpr MenuLine kLines[] = {
-    {M::kWorkout, "WorkoutDropBox"},
+    {M::kWorkout, "WorkoutDropBox", "Choose Workout"},
     {M::kWorkout, "CreateNewWorkoutButton"},
     {M::kWorkout, "DeleteSelectedWorkoutButton"},
     {M::kWorkout},

@@ -13,6 +13,7 @@
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
+#include "keeping/KeepWorkout.h"
 
 namespace repvolta {
 namespace {
@@ -79,6 +80,12 @@ void DeleteWorkoutFile(const std::string& path) {
   RemoveFile(path);
 }
 
+void KeepWhatIsReplaced(const Editor& editor) {
+  MakeProgramDirectoryCurrent(editor.State());
+  TellUnkept(editor, KeepBefore(BeforeWhat::kReplacement, PathOfWorkout(editor.State()),
+                                editor.State(), editor.program.clock.Now()));
+}
+
 }  // namespace
 
 void CreateNewWorkoutButton_Click(Editor& editor) {
@@ -95,6 +102,7 @@ void CreateNewWorkoutButton_Click(Editor& editor) {
   PreviousWorkout previous(editor);
   ListNewWorkout(editor, name);
   InitialiseWorkout(editor);
+  KeepWhatIsReplaced(editor);
   // An empty workout takes the place of one that has this name already (quirk 104).
   ReplaceWorkoutFile(editor.State());
   SaveWorkout(editor.State());
@@ -110,7 +118,9 @@ void DeleteSelectedWorkoutButton_Click(Editor& editor) {
     return;
   }
   // The name alone, in the current directory and not in the workout folder (quirk 105).
-  DeleteWorkoutFile(ExistingName(state.WorkoutFileName));
+  const std::string path = ExistingName(state.WorkoutFileName);
+  TellUnkept(editor, KeepBefore(BeforeWhat::kDeletion, path, state, editor.program.clock.Now()));
+  DeleteWorkoutFile(path);
   ListWorkouts(editor);
   state.WorkoutFileName.clear();
 }

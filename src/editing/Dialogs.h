@@ -44,6 +44,10 @@ class Dialogs {
 
   /// Opens a document with the desktop's program for it and does not wait for the program's end.
   virtual void OpenDocument(const std::string& path) = 0;
+
+  /// Opens a page of the guide, "music.html#random-music", with the desktop's program for it, or
+  /// says why it cannot. Throws nothing.
+  virtual void OpenGuide(std::string_view page) = 0;
 };
 
 }  // namespace repvolta

@@ -97,4 +97,18 @@ void QtDialogs::OpenDocument(const std::string& path) {
   QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(path.c_str())));
 }
 
+void QtDialogs::OpenGuide(std::string_view page) {
+  const QString file = ToQt(page).section('#', 0, 0);
+  const QString path = QDir::cleanPath(QFile::decodeName(guide_.c_str()) + file);
+  if (guide_.empty() || !QFile::exists(path)) {
+    ShowMessage("The guide is not installed: its page " + file.toStdString() + " is missing.");
+    return;
+  }
+  QUrl url = QUrl::fromLocalFile(path);
+  url.setFragment(ToQt(page).section('#', 1));
+  if (QDesktopServices::openUrl(url)) return;
+  ShowMessage("There is no program that can show the guide. Open this page with a browser:\r" +
+              path.toStdString());
+}
+
 }  // namespace repvolta

@@ -56,6 +56,7 @@ class RecordingWindow : public RecordingRun,
   }
   void ShowAbout() override {}
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
+  void OpenGuide(std::string_view /*page*/) override {}
 
   // ProgressWindow
   void Show() override {}

@@ -66,8 +66,11 @@ class ScriptedDialogs : public Dialogs {
 
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
 
+  void OpenGuide(std::string_view page) override { guide.emplace_back(page); }
+
   std::vector<std::string> asked;
   std::vector<std::string> opened;
+  std::vector<std::string> guide;  // the pages
   std::deque<std::string> answers;
   std::function<void()> whenAsked;
 

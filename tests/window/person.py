@@ -147,11 +147,12 @@ class Person:
         return None
 
     def must_know(self, what, pattern, rest_on=()):
-        """What a person must know to go on is on the screen, or is looked up in the guide."""
+        """What a person must know to go on is on the screen, or is looked up in the guide, once in
+        a task."""
         found = self.reads(pattern, rest_on)
-        self.count.known.append((what, found))
-        if not found:
-            self.count.looks += 1
+        if (what, found) not in self.count.known:
+            self.count.known.append((what, found))
+            self.count.looks += found is None
         return found is not None
 
     def cannot(self, what):

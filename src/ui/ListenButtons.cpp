@@ -86,7 +86,7 @@ void ListenButtons::Toggle() {
   if (listening_->Heard()) {
     listening_->Stop();
   } else {
-    handlers_.Run(kFailure, [this] { listening_->Play(editor_.State().CurrentExercise); });
+    handlers_.Run(kFailure, [this] { listening_->PlayCurrent(); });
   }
 }
 

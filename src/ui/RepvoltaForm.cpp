@@ -85,9 +85,17 @@ void RepvoltaForm::AddTabs() {
 }
 
 void RepvoltaForm::OfferListening(SoundPlayer& player, BackgroundSpeech& speech) {
+  const auto current = [this] {
+    const int selected = workoutTab_->SelectedExercise();
+    const bool isSelecting = ui_->SSTab1->currentWidget() == ui_->WorkoutPage && selected >= 0;
+    return isSelecting ? selected : editor_.State().CurrentExercise;
+  };
   listening_ = std::make_unique<Listening>(
       editor_.program,
-      Listening::Services{player, speech, [this] { return settingsTab_->SelectedAudioOutput(); }});
+      Listening::Services{.player = player,
+                          .speech = speech,
+                          .output = [this] { return settingsTab_->SelectedAudioOutput(); },
+                          .current = current});
   exerciseTab_->OfferListening(*listening_, this);
 }
 

@@ -28,9 +28,9 @@ class FakeSoundPlayer : public SoundPlayer {
   /// The sound is over; with a reason, it was not heard to its end.
   void End(const std::string& failure = {}) { std::exchange(end, {})(failure); }
 
-  std::string refusal;              // why nothing can be played
-  std::vector<std::string> files;   // that were played
-  std::vector<Bytes> played;        // their content
+  std::string refusal;             // why nothing can be played
+  std::vector<std::string> files;  // that were played
+  std::vector<Bytes> played;       // their content
   std::vector<std::string> outputs;
 
  private:

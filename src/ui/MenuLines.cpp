@@ -68,6 +68,9 @@ constexpr MenuLine kLines[] = {
     {M::kMusic, "MusicPathButton"},
     {M::kMusic, "CompileMusicList"},
 
+    {M::kVoice, "ListenButton"},
+    {M::kVoice, "ListenNextButton"},
+    {M::kVoice},
     {M::kVoice, "IncludeWeightValuesCheck"},
     {M::kVoice},
     {M::kVoice, "VoiceCB"},

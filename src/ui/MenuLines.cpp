@@ -91,6 +91,7 @@ constexpr MenuLine kLines[] = {
     {M::kHelp, "GuidePage-schedule"},
     {M::kHelp, "GuidePage-messages"},
     {M::kHelp, "GuidePage-backup"},
+    {M::kHelp, "GuidePage-keys"},
     {M::kHelp},
     {M::kHelp, "AboutButton"},
 };

@@ -92,7 +92,7 @@ class Desktop {
   EngineSpeech speech_{InstalledEngines(processes_)};
   DesktopAudioOutputs outputs_;
   UDisks disks_;
-  QtDialogs dialogs_;
+  QtDialogs dialogs_{layoutFile_};
   UpdateForm progress_;
   RandomMusicMessage pleaseWait_;
   Program program_{state_, clock_, random_, processes_, speech_};

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "base/Product.h"
+#include "editing/AnswerHelp.h"
+#include "editing/FolderQuestion.h"
 
 namespace repvolta {
 
@@ -20,15 +22,15 @@ class Dialogs {
   /// A message box with OK and Cancel. Returns true for OK.
   virtual bool Confirm(std::string_view text, std::string_view title) = 0;
 
-  /// An input box. Returns "" when it was cancelled.
+  /// An input box. `help` stands below its field. Returns "" when it was cancelled.
   virtual std::string AskText(std::string_view prompt, std::string_view title,
-                              std::string_view initial = {}) = 0;
+                              const AnswerHelp& help, std::string_view initial = {}) = 0;
 
   /// SelectExerciseDialog. Returns "" when no exercise was chosen.
   virtual std::string SelectExercise() = 0;
 
   /// SelectDirectory. Returns "" when it was cancelled.
-  virtual std::string SelectDirectory() = 0;
+  virtual std::string SelectDirectory(const FolderQuestion& question) = 0;
 
   /// The file-open dialog for music. Returns no files when it was cancelled.
   virtual std::vector<std::string> SelectMusicFiles(const std::string& startFolder) = 0;

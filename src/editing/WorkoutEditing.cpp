@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <stdexcept>
 
 #include "app/Exercises.h"
 #include "app/ScreenUpdate.h"
@@ -12,6 +13,8 @@
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
+#include "editing/AnswerLines.h"
+#include "editing/Answers.h"
 #include "editing/LoadedWorkout.h"
 
 namespace repvolta {
@@ -69,6 +72,18 @@ void InitialiseWorkout(Editor& editor) {
   }
 }
 
+std::optional<std::string> AskForWorkoutName(const Editor& editor) {
+  constexpr const char* kTitle = "New Workout";
+  const std::string answer = editor.dialogs.AskText("Enter a name for the new Workout", kTitle,
+                                                    NewWorkoutHelp(editor.State()));
+  try {
+    return WorkoutNameOf(answer);
+  } catch (const std::invalid_argument& error) {
+    editor.dialogs.ShowMessage(error.what(), kTitle);
+    return std::nullopt;
+  }
+}
+
 /// Unlike RemoveFile, refuses to delete a read-only file.
 void DeleteWorkoutFile(const std::string& path) {
   constexpr const char* kFailure = "could not be deleted";
@@ -82,18 +97,10 @@ void DeleteWorkoutFile(const std::string& path) {
 }  // namespace
 
 void CreateNewWorkoutButton_Click(Editor& editor) {
-  const std::string name(
-      TrimBlanks(editor.dialogs.AskText("Enter a name for the new Workout", "New Workout")));
-  if (name.empty()) return;
-  if (!IsFileName(name) || !IsFileName(name + std::string(kWorkoutExtension))) {
-    editor.dialogs.ShowMessage(
-        "A workout cannot have this name, because a file cannot have it: it contains a character "
-        "such as \"/\", or it is too long.",
-        "New Workout");
-    return;
-  }
+  const std::optional<std::string> name = AskForWorkoutName(editor);
+  if (!name) return;
   PreviousWorkout previous(editor);
-  ListNewWorkout(editor, name);
+  ListNewWorkout(editor, *name);
   InitialiseWorkout(editor);
   // An empty workout takes the place of one that has this name already (quirk 104).
   ReplaceWorkoutFile(editor.State());

@@ -115,6 +115,8 @@ std::vector<std::string> SongsOfAllWorkoutFiles() {
   return songs;
 }
 
+std::string PathOfWorkout(const ProgramState& state) { return WorkoutPath(state); }
+
 void SaveWorkout(ProgramState& state) {
   MakeProgramDirectoryCurrent(state);
   if (TrimBlanks(state.WorkoutFileName).empty()) return;

@@ -28,6 +28,10 @@ std::vector<std::string> SongsOf(const ExerciseSlots& workout);
 /// FileError.
 std::vector<std::string> SongsOfAllWorkoutFiles();
 
+/// The path of the file named by WorkoutFileName, whose case may differ; of one that is not there,
+/// where it would be. The program directory must be current.
+std::string PathOfWorkout(const ProgramState& state);
+
 /// Makes the program directory current and writes Workout to the file named by WorkoutFileName, all
 /// or nothing; without a name it writes nothing. Throws FileError, also for a file whose content
 /// was neither loaded nor saved here, since another process may have changed it; that file is kept.

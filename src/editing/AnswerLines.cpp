@@ -4,6 +4,7 @@
 #include <array>
 #include <stdexcept>
 
+#include "base/FileNames.h"
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
@@ -108,21 +109,35 @@ std::string TimeText(std::int16_t seconds) {
 
 std::string Quoted(const std::string& name) { return "\"" + name + "\""; }
 
-bool IsListed(const ProgramState& state, const std::string& name) {
-  const std::u32string wanted = FoldCase(name + std::string(kWorkoutExtension));
-  return std::ranges::any_of(state.WorkoutNames,
-                             [&](const std::string& known) { return FoldCase(known) == wanted; });
+bool IsSameFile(const std::string& file, const std::string& name) {
+  return FoldCase(file) == FoldCase(name + std::string(kWorkoutExtension));
 }
 
-std::string NewWorkoutLine(const ProgramState& state, std::string_view answer) {
+bool IsListed(const ProgramState& state, const std::string& name) {
+  return std::ranges::any_of(state.WorkoutNames,
+                             [&](const std::string& file) { return IsSameFile(file, name); });
+}
+
+/// `takenLine` says what a name means that a workout has already; "" when it is as good as another.
+std::string WorkoutLine(std::string_view answer,
+                        const std::function<std::string(const std::string& name)>& takenLine) {
   try {
     const std::optional<std::string> name = WorkoutNameOf(answer);
     if (!name) return kNothingChanges;
-    if (!IsListed(state, *name)) return "Will be kept: " + Quoted(*name) + ".";
-    return "There is a workout " + Quoted(*name) + ": an empty one will take its place.";
+    const std::string line = takenLine(*name);
+    return line.empty() ? "Will be kept: " + Quoted(*name) + "." : line;
   } catch (const std::invalid_argument& error) {
     return std::string("Refused: ") + error.what();
   }
+}
+
+std::string WorkoutsText(const ProgramState& state) {
+  if (state.NumberOfWorkouts == 1) return "There is 1 workout now.";
+  return "There are " + std::to_string(state.NumberOfWorkouts) + " workouts now.";
+}
+
+std::string TakenText(const std::string& name) {
+  return "Refused: there is a workout " + Quoted(name) + " already.";
 }
 
 }  // namespace
@@ -194,10 +209,31 @@ AnswerHelp ExerciseNameHelp(const ExerciseRecord& exercise) {
 }
 
 AnswerHelp NewWorkoutHelp(const ProgramState& state) {
-  return {.now = state.NumberOfWorkouts == 1
-                     ? "There is 1 workout now."
-                     : "There are " + std::to_string(state.NumberOfWorkouts) + " workouts now.",
-          .kept = [&state](std::string_view answer) { return NewWorkoutLine(state, answer); }};
+  return {.now = WorkoutsText(state), .kept = [&state](std::string_view answer) {
+            return WorkoutLine(answer, [&](const std::string& name) -> std::string {
+              if (!IsListed(state, name)) return "";
+              return "There is a workout " + Quoted(name) + ": an empty one will take its place.";
+            });
+          }};
+}
+
+AnswerHelp CopiedWorkoutHelp(const ProgramState& state) {
+  return {.now = WorkoutsText(state), .kept = [&state](std::string_view answer) {
+            return WorkoutLine(answer, [&](const std::string& name) {
+              return IsListed(state, name) ? TakenText(name) : "";
+            });
+          }};
+}
+
+AnswerHelp RenamedWorkoutHelp(const ProgramState& state) {
+  return {.now = "The workout is called " + Quoted(BaseName(state.WorkoutFileName)) + " now.",
+          .kept = [&state](std::string_view answer) {
+            return WorkoutLine(answer, [&](const std::string& name) -> std::string {
+              if (name == BaseName(state.WorkoutFileName)) return kNothingChanges;
+              if (IsSameFile(state.WorkoutFileName, name)) return "";
+              return IsListed(state, name) ? TakenText(name) : "";
+            });
+          }};
 }
 
 }  // namespace repvolta

@@ -20,6 +20,11 @@ AnswerHelp NewSetHelp(const ExerciseRecord& exercise, int field);
 AnswerHelp DefaultTimeHelp(const SettingsRecord& settings);
 AnswerHelp TargetTimeHelp(const ExerciseRecord& exercise);
 AnswerHelp ExerciseNameHelp(const ExerciseRecord& exercise);
+
+// The names of workouts: a new one takes the place of another with its name, a copy does not, and a
+// workout keeps its name only in another case. The state must live as long as the help.
 AnswerHelp NewWorkoutHelp(const ProgramState& state);
+AnswerHelp CopiedWorkoutHelp(const ProgramState& state);
+AnswerHelp RenamedWorkoutHelp(const ProgramState& state);
 
 }  // namespace repvolta

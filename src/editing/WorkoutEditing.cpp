@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <stdexcept>
 
 #include "app/Exercises.h"
 #include "app/ScreenUpdate.h"
@@ -14,8 +13,9 @@
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "editing/AnswerLines.h"
-#include "editing/Answers.h"
 #include "editing/LoadedWorkout.h"
+#include "editing/WorkoutName.h"
+#include "keeping/KeepWorkout.h"
 
 namespace repvolta {
 namespace {
@@ -72,18 +72,6 @@ void InitialiseWorkout(Editor& editor) {
   }
 }
 
-std::optional<std::string> AskForWorkoutName(const Editor& editor) {
-  constexpr const char* kTitle = "New Workout";
-  const std::string answer = editor.dialogs.AskText("Enter a name for the new Workout", kTitle,
-                                                    NewWorkoutHelp(editor.State()));
-  try {
-    return WorkoutNameOf(answer);
-  } catch (const std::invalid_argument& error) {
-    editor.dialogs.ShowMessage(error.what(), kTitle);
-    return std::nullopt;
-  }
-}
-
 /// Unlike RemoveFile, refuses to delete a read-only file.
 void DeleteWorkoutFile(const std::string& path) {
   constexpr const char* kFailure = "could not be deleted";
@@ -94,14 +82,22 @@ void DeleteWorkoutFile(const std::string& path) {
   RemoveFile(path);
 }
 
+void KeepWhatIsReplaced(const Editor& editor) {
+  MakeProgramDirectoryCurrent(editor.State());
+  TellUnkept(editor, KeepBefore(BeforeWhat::kReplacement, PathOfWorkout(editor.State()),
+                                editor.State(), editor.program.clock.Now()));
+}
+
 }  // namespace
 
 void CreateNewWorkoutButton_Click(Editor& editor) {
-  const std::optional<std::string> name = AskForWorkoutName(editor);
-  if (!name) return;
+  const std::string name = AskWorkoutName(editor, "Enter a name for the new Workout", "New Workout",
+                                          NewWorkoutHelp(editor.State()));
+  if (name.empty()) return;
   PreviousWorkout previous(editor);
-  ListNewWorkout(editor, *name);
+  ListNewWorkout(editor, name);
   InitialiseWorkout(editor);
+  KeepWhatIsReplaced(editor);
   // An empty workout takes the place of one that has this name already (quirk 104).
   ReplaceWorkoutFile(editor.State());
   SaveWorkout(editor.State());
@@ -117,7 +113,9 @@ void DeleteSelectedWorkoutButton_Click(Editor& editor) {
     return;
   }
   // The name alone, in the current directory and not in the workout folder (quirk 105).
-  DeleteWorkoutFile(ExistingName(state.WorkoutFileName));
+  const std::string path = ExistingName(state.WorkoutFileName);
+  TellUnkept(editor, KeepBefore(BeforeWhat::kDeletion, path, state, editor.program.clock.Now()));
+  DeleteWorkoutFile(path);
   ListWorkouts(editor);
   state.WorkoutFileName.clear();
 }

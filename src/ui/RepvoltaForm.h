@@ -18,7 +18,9 @@ class RepvoltaForm;
 namespace repvolta {
 
 class ExerciseTab;
+class MainMenu;
 class SettingsTab;
+class WorkoutActions;
 class WorkoutTab;
 
 /// The main window. The start-up fills it before it is shown. Closing it ends the program.
@@ -75,6 +77,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
  private:
   void AddTabs();
   void ConnectButtons();
+  void AddMenu();
   void SSTab1_Click();
   void ShowExerciseFrames();
   void StepTab(int step);
@@ -90,9 +93,11 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   std::string layoutFile_;
   Handlers handlers_;
   std::unique_ptr<Ui::RepvoltaForm> ui_;
+  std::unique_ptr<WorkoutActions> workoutActions_;
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
+  MainMenu* menu_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;
   bool busy_ = false;

@@ -14,6 +14,7 @@
 #include "base/Text.h"
 #include "instruction/TextInstruction.h"
 #include "instruction/VoiceInstruction.h"
+#include "keeping/KeepWorkout.h"
 #include "player/OutputFolder.h"
 #include "player/PlayList.h"
 #include "player/PlayerDisk.h"
@@ -50,6 +51,7 @@ class WorkoutUpdate {
     Prepare();
     GrowWorkout(program_, steps_);
     drawn_ = DrawRandomMusic(program_, steps_);
+    KeepVersion();
     // The growth is saved first, so that it stays even if all the rest fails (quirk 34).
     steps_.Run([&] { SaveWorkout(state_); });
     stage_ = Stage::kSaved;
@@ -114,6 +116,14 @@ class WorkoutUpdate {
             .songList = kMusicList,
             .otherSongs = SongsOfAllWorkoutFiles,
             .workouts = state_.WorkoutNames};
+  }
+
+  void KeepVersion() {
+    const std::string unkept =
+        KeepBefore(BeforeWhat::kUpdate, PathOfWorkout(state_), state_, program_.clock.Now());
+    if (unkept.empty()) return;
+    steps_.Log("WARNING: " + unkept);
+    state_.Kept.isFailureTold = true;
   }
 
   void ProduceInstruction(std::int16_t exercise) {

@@ -147,6 +147,19 @@ TEST_F(AnswerLines, SayWhatBecomesOfTheNameOfANewWorkout) {
   EXPECT_THAT(help.kept("a/b"), HasSubstr("Refused: A workout cannot have this name"));
 }
 
+TEST_F(AnswerLines, SayWhichNamesOfCopiesAndRenamedWorkoutsAreTaken) {
+  ListEmptyWorkouts({"Monday", "Friday"});
+  const AnswerHelp copied = CopiedWorkoutHelp(state);
+  EXPECT_EQ(copied.now, "There are 2 workouts now.");
+  EXPECT_EQ(copied.kept("monday"), "Refused: there is a workout \"monday\" already.");
+  EXPECT_EQ(copied.kept("Sunday"), "Will be kept: \"Sunday\".");
+  const AnswerHelp renamed = RenamedWorkoutHelp(state);
+  EXPECT_EQ(renamed.now, "The workout is called \"Monday\" now.");
+  EXPECT_EQ(renamed.kept("Monday"), "Nothing changes.");
+  EXPECT_EQ(renamed.kept("monday"), "Will be kept: \"monday\".");
+  EXPECT_EQ(renamed.kept("friday"), "Refused: there is a workout \"friday\" already.");
+}
+
 // What the lines promise, the commands do.
 
 TEST_F(AnswerLines, AreThoseOfTheColumnThatWasClicked) {

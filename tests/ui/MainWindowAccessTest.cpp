@@ -210,7 +210,7 @@ TEST_F(MainWindowAccess, KeysOfTheWindowWork) {
   EXPECT_EQ(tabs.currentIndex(), 2);
   Press("RateSldr", Qt::CTRL | Qt::Key_PageUp);
   EXPECT_EQ(tabs.currentIndex(), 1);
-  Press("SetList1", Qt::Key_F1);
+  Press("SetList1", Qt::SHIFT | Qt::Key_F1);
   EXPECT_THAT(dialogs.asked, ElementsAre("about"));
   Press("SetList1", Qt::CTRL | Qt::Key_Q);
   EXPECT_FALSE(form->isVisible());
@@ -263,7 +263,8 @@ TEST_F(MainWindowAccess, TheToolTipsNameTheKeys) {
       {"RemoveMusicFileButton", "(Del)"},
       {"MoveMusicFileUpListButton", "(Alt+Up)"},
       {"CreateNewWorkoutButton", "(Ctrl+N)"},
-      {"AboutButton", "(F1)"},
+      {"UpdateAllWorkoutsButton", "(Ctrl+Shift+U)"},
+      {"AboutButton", "(Shift+F1)"},
       {"ExitButton", "(Ctrl+Q)"}};
   for (const auto& [button, key] : keys) {
     EXPECT_THAT(Get<QWidget>(button).toolTip().toStdString(), HasSubstr(key)) << button;

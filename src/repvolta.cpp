@@ -100,7 +100,7 @@ class Desktop {
     return std::make_unique<EngineSpeech>(InstalledEngines(processes));
   }};
   UDisks disks_;
-  QtDialogs dialogs_;
+  QtDialogs dialogs_{layoutFile_};
   UpdateForm progress_;
   RandomMusicMessage pleaseWait_;
   Program program_{state_, clock_, random_, processes_, speech_};

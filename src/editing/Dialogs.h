@@ -1,10 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/Product.h"
+#include "editing/Preview.h"
 
 namespace repvolta {
 
@@ -32,6 +34,10 @@ class Dialogs {
 
   /// The file-open dialog for music. Returns no files when it was cancelled.
   virtual std::vector<std::string> SelectMusicFiles(const std::string& startFolder) = 0;
+
+  /// PreviewForm. `plan` is called before it is shown and can take a moment; what it throws is
+  /// passed on.
+  virtual PreviewOutcome ShowPreview(const std::function<Preview()>& plan) = 0;
 
   /// AboutForm.
   virtual void ShowAbout() = 0;

@@ -1,5 +1,6 @@
 #include "ui/QtDialogs.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
@@ -12,6 +13,7 @@
 #include "ui/AboutForm.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
+#include "ui/PreviewForm.h"
 #include "ui/SelectDirectory.h"
 #include "ui/SelectExerciseDialog.h"
 #include "ui/WheelGuard.h"
@@ -22,6 +24,15 @@ namespace {
 QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+/// Shows the pointer of a busy program.
+class BusyPointer {
+ public:
+  BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~BusyPointer() { QApplication::restoreOverrideCursor(); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+};
 
 }  // namespace
 
@@ -72,6 +83,16 @@ std::vector<std::string> QtDialogs::SelectMusicFiles(const std::string& startFol
     files.push_back(QFile::encodeName(file).toStdString());
   }
   return files;
+}
+
+PreviewOutcome QtDialogs::ShowPreview(const std::function<Preview()>& plan) {
+  const Preview preview = [&] {
+    const BusyPointer busy;
+    return plan();
+  }();
+  PreviewForm form(preview, owner_);
+  form.exec();
+  return form.Outcome();
 }
 
 void QtDialogs::ShowAbout() { AboutForm(owner_).exec(); }

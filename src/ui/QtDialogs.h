@@ -20,6 +20,7 @@ class QtDialogs : public Dialogs {
   std::string SelectExercise() override;
   std::string SelectDirectory() override;
   std::vector<std::string> SelectMusicFiles(const std::string& startFolder) override;
+  PreviewOutcome ShowPreview(const std::function<Preview()>& plan) override;
   void ShowAbout() override;
   void OpenDocument(const std::string& path) override;
 

@@ -51,6 +51,12 @@ class ScriptedDialogs : public Dialogs {
     return files;
   }
 
+  PreviewOutcome ShowPreview(const std::function<Preview()>& plan) override {
+    asked.emplace_back("preview");
+    previews.push_back(plan());
+    return previewOutcome;
+  }
+
   void ShowAbout() override { asked.emplace_back("about"); }
 
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
@@ -58,6 +64,8 @@ class ScriptedDialogs : public Dialogs {
   std::vector<std::string> asked;
   std::vector<std::string> opened;
   std::deque<std::string> answers;
+  std::vector<Preview> previews;
+  PreviewOutcome previewOutcome;
   std::function<void()> whenAsked;
 
  private:

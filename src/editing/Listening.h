@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/Records.h"
+#include "instruction/SpokenWords.h"
 #include "platform/SoundPlayer.h"
 #include "speech/BackgroundSpeech.h"
 #include "speech/PrivateFolder.h"
@@ -36,7 +37,8 @@ class Listening {
   void Play(int exercise);
 
   /// Plays the exercise after the one that was heard last since another exercise became the
-  /// current one, or else the one after the current; after the last comes the first.
+  /// current one, or else the one after the current; after the last comes the first. Throws as
+  /// Play does.
   void PlayNext();
 
   void Stop();
@@ -46,12 +48,12 @@ class Listening {
   void StopIfChanged();
 
   /// The exercise that is heard, or prepared to be; nothing while it is quiet.
-  std::optional<int> Heard() const { return heard_; }
+  std::optional<int> Heard() const;
 
   /// What is happening or what went wrong, as a sentence; "" when there is nothing to say.
   const std::string& Notice() const { return notice_; }
 
-  /// True when Notice says why something was not heard.
+  /// True when Notice says why an instruction was not heard.
   bool HasFailed() const { return hasFailed_; }
 
   using Watch = std::shared_ptr<const std::function<void()>>;
@@ -60,12 +62,32 @@ class Listening {
   [[nodiscard]] Watch OnChange(std::function<void()> changed);
 
  private:
-  struct Original;  // what must stay the same while it is heard
+  /// An exercise that must stay as it is while it is heard.
+  struct Piece {
+    std::string workout;
+    int number = 0;
+    ExerciseRecord exercise;
+
+    bool operator==(const Piece&) const = default;
+  };
+
+  void Begin(const Piece& piece);
+  void SpeakName(const std::string& name);
+  void PlayJoined();
+  void End(const std::string& failure);
+  void Silence();
+  void Tell(const std::string& notice);
+  std::string Target() const;
 
   const Program& program_;
   Services services_;
   std::vector<std::weak_ptr<const std::function<void()>>> watchers_;
-  std::optional<int> heard_;
+  std::optional<Piece> piece_;  // while it is heard or prepared
+  SpokenInstruction said_;      // of today
+  std::unique_ptr<PrivateFolder> folder_;
+  std::string missing_;             // what could not be said
+  std::optional<int> last_;         // the exercise that was heard last
+  std::int16_t currentAtLast_ = 0;  // the current exercise at that time
   std::string notice_;
   bool hasFailed_ = false;
 };

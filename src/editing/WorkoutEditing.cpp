@@ -13,6 +13,7 @@
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
+#include "editing/WorkoutName.h"
 #include "keeping/KeepWorkout.h"
 
 namespace repvolta {
@@ -89,16 +90,9 @@ void KeepWhatIsReplaced(const Editor& editor) {
 }  // namespace
 
 void CreateNewWorkoutButton_Click(Editor& editor) {
-  const std::string name(
-      TrimBlanks(editor.dialogs.AskText("Enter a name for the new Workout", "New Workout")));
+  const std::string name =
+      AskWorkoutName(editor, "Enter a name for the new Workout", "New Workout");
   if (name.empty()) return;
-  if (!IsFileName(name) || !IsFileName(name + std::string(kWorkoutExtension))) {
-    editor.dialogs.ShowMessage(
-        "A workout cannot have this name, because a file cannot have it: it contains a character "
-        "such as \"/\", or it is too long.",
-        "New Workout");
-    return;
-  }
   PreviousWorkout previous(editor);
   ListNewWorkout(editor, name);
   InitialiseWorkout(editor);

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <unistd.h>
 
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/ProgramFiles.h"
+#include "base/RenameToNew.h"
 #include "base/WholeFile.h"
 #include "keeping/Thinning.h"
 
@@ -87,6 +89,18 @@ void KeepVersion(const std::string& path, BeforeWhat before, double now) {
   MakeFolders(WithoutSeparator(folder));
   WriteVersion(folder, FileNameOf({TimeAfter(versions, now), before}), content);
   DropOld(workoutFileName, now);
+}
+
+void MoveVersions(const std::string& from, const std::string& to) {
+  const std::vector<Version> versions = VersionsOf(from);
+  if (versions.empty()) return;
+  const std::string folder = FolderOfVersions(to);
+  MakeFolders(WithoutSeparator(folder));
+  for (const Version& version : versions) {
+    RenameToNew(version.path, folder + FileName(version.path));
+  }
+  // It stays if it has files of the person's own.
+  static_cast<void>(rmdir(FolderOfVersions(from).c_str()));
 }
 
 }  // namespace repvolta

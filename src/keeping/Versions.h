@@ -24,4 +24,8 @@ std::vector<Version> VersionsOf(const std::string& workoutFileName);
 /// base/Days.h counts it. Throws FileError; then there is no partial version.
 void KeepVersion(const std::string& path, BeforeWhat before, double now);
 
+/// Gives the kept versions of the workout file `from` to the workout file `to`, beside its own. The
+/// program directory must be current. Throws FileError; no version is lost.
+void MoveVersions(const std::string& from, const std::string& to);
+
 }  // namespace repvolta

@@ -8,8 +8,10 @@ namespace {
 using M = Menu;
 
 constexpr MenuLine kLines[] = {
-    {M::kWorkout, "WorkoutDropBox"},
+    {M::kWorkout, "WorkoutDropBox", "Choose Workout"},
     {M::kWorkout, "CreateNewWorkoutButton"},
+    {M::kWorkout, "DuplicateWorkoutAction"},
+    {M::kWorkout, "RenameWorkoutAction"},
     {M::kWorkout, "DeleteSelectedWorkoutButton"},
     {M::kWorkout},
     {M::kWorkout, "UpdateSelectedWorkoutButton"},
@@ -42,6 +44,7 @@ constexpr MenuLine kLines[] = {
     {M::kExercise, "AddExerciseButton"},
     {M::kExercise, "ExerciseList", "Open Exercise"},
     {M::kExercise, "EditExerciseNameButton"},
+    {M::kExercise, "CopyExerciseAction"},
     {M::kExercise, "RemoveExerciseButton"},
     {M::kExercise, "MoveUpExerciseListButton"},
     {M::kExercise},
@@ -73,6 +76,19 @@ constexpr MenuLine kLines[] = {
     {M::kVoice, "FormatCB"},
     {M::kVoice, "AudioOutputCB"},
 
+    {M::kHelp, "HelpAction"},
+    {M::kHelp, "GuideAction"},
+    {M::kHelp},
+    {M::kHelp, "GuidePage-first-start"},
+    {M::kHelp, "GuidePage-first-workout"},
+    {M::kHelp, "GuidePage-growth"},
+    {M::kHelp, "GuidePage-music"},
+    {M::kHelp, "GuidePage-players"},
+    {M::kHelp, "GuidePage-own-voice"},
+    {M::kHelp, "GuidePage-schedule"},
+    {M::kHelp, "GuidePage-messages"},
+    {M::kHelp, "GuidePage-backup"},
+    {M::kHelp},
     {M::kHelp, "AboutButton"},
 };
 

@@ -15,11 +15,13 @@
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
+#include "ui/Help.h"
 #include "ui/Keys.h"
 #include "ui/MainMenu.h"
 #include "ui/SettingsTab.h"
 #include "ui/WheelGuard.h"
 #include "ui/WindowLayout.h"
+#include "ui/WorkoutActions.h"
 #include "ui/WorkoutTab.h"
 #include "update/Steps.h"
 
@@ -103,6 +105,9 @@ void RepvoltaForm::AddMenu() {
   connect(back, &QAction::triggered, this, [this] { StepTab(-1); });
   QAction* next = AddCommand(this, "NextTabAction", "Next Tab", Qt::CTRL | Qt::Key_PageDown);
   connect(next, &QAction::triggered, this, [this] { StepTab(1); });
+  workoutActions_ = std::make_unique<WorkoutActions>(
+      *this, editor_, handlers_, [this] { return workoutTab_->SelectedExercise(); });
+  new Help(*this, editor_.dialogs);
   menu_ = new MainMenu(*this, MenuLines());
   layout()->setMenuBar(menu_);
 }
@@ -269,6 +274,7 @@ void RepvoltaForm::ShowTab(WindowTab tab) { ui_->SSTab1->setCurrentIndex(static_
 void RepvoltaForm::EnableWorkoutControls() {
   const bool hasWorkout = !TrimBlanks(editor_.State().WorkoutFileName).empty();
   workoutTab_->EnableEditing(hasWorkout);
+  workoutActions_->Enable(hasWorkout);
   workoutTab_->ShowOddSize();
   if (!hasWorkout && ui_->SSTab1->currentWidget() == ui_->ExercisePage) {
     const ScreenUpdate updating(editor_.State());

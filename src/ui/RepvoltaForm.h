@@ -20,6 +20,7 @@ namespace repvolta {
 class ExerciseTab;
 class MainMenu;
 class SettingsTab;
+class WorkoutActions;
 class WorkoutTab;
 
 /// The main window. The start-up fills it before it is shown. Closing it ends the program.
@@ -92,6 +93,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   std::string layoutFile_;
   Handlers handlers_;
   std::unique_ptr<Ui::RepvoltaForm> ui_;
+  std::unique_ptr<WorkoutActions> workoutActions_;
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;

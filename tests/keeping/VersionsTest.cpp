@@ -116,5 +116,33 @@ TEST_F(Versions, ThatCannotBeWrittenLeaveNothing) {
   EXPECT_EQ(GetTextFile("workouts/Monday.RPV"), "1");
 }
 
+TEST_F(Versions, GoAlongWithANewName) {
+  Write("1");
+  Keep(today_);
+  MoveVersions("Monday.RPV", "Push.RPV");
+  EXPECT_THAT(Contents(), IsEmpty());
+  const auto moved = VersionsOf("Push.RPV");
+  ASSERT_EQ(moved.size(), 1U);
+  EXPECT_EQ(GetTextFile(moved[0].path), "1");
+  EXPECT_FALSE(fs::exists("versions/Monday"));
+}
+
+TEST_F(Versions, ThatGoAlongJoinThoseThatAreThere) {
+  PutFile("versions/Push/2020-11-22 12.00.00 before update.RPV", "old");
+  Write("1");
+  Keep(today_);
+  MoveVersions("Monday.RPV", "Push.RPV");
+  EXPECT_EQ(VersionsOf("Push.RPV").size(), 2U);
+}
+
+TEST_F(Versions, ThatCannotGoAlongAreNotLost) {
+  const std::string name = "2020-11-22 12.00.00 before update.RPV";
+  PutFile("versions/Push/" + name, "theirs");
+  PutFile("versions/Monday/" + name, "ours");
+  EXPECT_THROW(MoveVersions("Monday.RPV", "Push.RPV"), FileError);
+  EXPECT_EQ(GetTextFile("versions/Push/" + name), "theirs");
+  EXPECT_EQ(GetTextFile("versions/Monday/" + name), "ours");
+}
+
 }  // namespace
 }  // namespace repvolta

@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QIcon>
 #include <QListWidget>
+#include <QMenu>
 #include <QPalette>
 #include <QPushButton>
 #include <QTabWidget>
@@ -278,6 +279,10 @@ void TakeWindow(const Pictures& pictures) {
   for (const char* name : {"Workout", "Exercise", "Settings"}) {
     pictures.Take(form, QString("RepvoltaForm-") + name);
     tabs.setCurrentIndex(tabs.currentIndex() + 1);
+  }
+  for (auto* menu : form.findChildren<QMenu*>()) {
+    emit menu->aboutToShow();
+    pictures.Take(*menu, menu->objectName());
   }
 }
 

@@ -119,6 +119,7 @@ TEST_F(MainMenuTest, HasTheTextsOfTheButtonsAndLists) {
     return ActionOf(object).text().remove('&').section('\t', 0, 0).toStdString();
   };
   EXPECT_EQ(plain("UpdateAllWorkoutsButton"), "Update ALL Workouts");
+  EXPECT_EQ(plain("WorkoutDropBox"), "Choose Workout");
   EXPECT_EQ(plain("SettingsPage"), "Program Settings");
   EXPECT_EQ(plain("RateSldr"), "Speaking rate");
   OpenTab(1);

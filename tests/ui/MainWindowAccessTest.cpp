@@ -252,20 +252,13 @@ TEST_F(MainWindowAccess, TheTabKeysPassADisabledTabOver) {
 
 TEST_F(MainWindowAccess, TheToolTipsNameTheKeys) {
   const std::vector<std::pair<const char*, const char*>> keys = {
-      {"AddExerciseButton", "(Ins)"},
-      {"EditExerciseNameButton", "(F2)"},
-      {"RemoveExerciseButton", "(Del)"},
-      {"MoveUpExerciseListButton", "(Alt+Up)"},
-      {"AddNewSetButton", "(Ins)"},
-      {"RemoveSelectedSetButton", "(Del)"},
-      {"MoveSetUpListButton", "(Alt+Up)"},
-      {"AddMusicFileButton", "(Ins)"},
-      {"RemoveMusicFileButton", "(Del)"},
-      {"MoveMusicFileUpListButton", "(Alt+Up)"},
-      {"CreateNewWorkoutButton", "(Ctrl+N)"},
-      {"UpdateAllWorkoutsButton", "(Ctrl+Shift+U)"},
-      {"AboutButton", "(Shift+F1)"},
-      {"ExitButton", "(Ctrl+Q)"}};
+      {"AddExerciseButton", "(Ins)"},         {"EditExerciseNameButton", "(F2)"},
+      {"RemoveExerciseButton", "(Del)"},      {"MoveUpExerciseListButton", "(Alt+Up)"},
+      {"AddNewSetButton", "(Ins)"},           {"RemoveSelectedSetButton", "(Del)"},
+      {"MoveSetUpListButton", "(Alt+Up)"},    {"AddMusicFileButton", "(Ins)"},
+      {"RemoveMusicFileButton", "(Del)"},     {"MoveMusicFileUpListButton", "(Alt+Up)"},
+      {"CreateNewWorkoutButton", "(Ctrl+N)"}, {"UpdateAllWorkoutsButton", "(Ctrl+Shift+U)"},
+      {"AboutButton", "(Shift+F1)"},          {"ExitButton", "(Ctrl+Q)"}};
   for (const auto& [button, key] : keys) {
     EXPECT_THAT(Get<QWidget>(button).toolTip().toStdString(), HasSubstr(key)) << button;
   }

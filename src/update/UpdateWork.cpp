@@ -4,6 +4,7 @@
 
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "player/PlayerPlayList.h"
 #include "update/StopTexts.h"
 
 namespace repvolta {
@@ -106,7 +107,14 @@ void UpdateWork::EndFile() {
   Show(before_[std::min(file_ + 1, before_.size() - 1)]);
 }
 
-void UpdateWork::AddListed() { ++listed_.at(exercise_); }
+void UpdateWork::AddListed(int seconds) {
+  ++listed_.at(exercise_);
+  if (seconds == kUnknownSeconds) {
+    ++unknownSeconds_;
+  } else {
+    seconds_ += seconds;
+  }
+}
 
 void UpdateWork::BeginFlush() { Begin(before_.size() - 1, "Writing to the player"); }
 
@@ -127,6 +135,13 @@ std::string UpdateWork::StoppedLine() const {
   }
   incomplete.erase(std::unique(incomplete.begin(), incomplete.end()), incomplete.end());
   return StoppedText(there, planned, incomplete);
+}
+
+UpdateResult UpdateWork::Result(UpdateResult::End end) const {
+  UpdateResult result{.end = end, .seconds = seconds_, .unknownSeconds = unknownSeconds_};
+  for (const ExerciseWork& exercise : exercises_) result.planned += 1 + exercise.songs.size();
+  for (const std::size_t files : listed_) result.files += files;
+  return result;
 }
 
 void UpdateWork::Show(std::uint64_t done) {

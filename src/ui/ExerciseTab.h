@@ -15,7 +15,10 @@ class ExerciseTab;
 
 namespace repvolta {
 
+class ExerciseNotes;
+class ExerciseSteps;
 class SetTable;
+class SongMarks;
 
 /// "Exercise Setup": the sets and the music of the current exercise.
 class ExerciseTab : public QWidget {
@@ -32,6 +35,9 @@ class ExerciseTab : public QWidget {
   enum class Content { kExercise, kNoExercise };
   void ShowContent(Content content);
 
+  /// Enables the buttons that lead to the exercises beside the current one.
+  void ShowSteps();
+
   void SelectSet(int row);
   void SelectMusic(int row);
 
@@ -44,6 +50,7 @@ class ExerciseTab : public QWidget {
   void ConnectSetLists();
   void ConnectChoices();
   void ConnectMusic();
+  void AddHelpers();
   void ChooseRandomMusic(bool chosen);
   void ShowExercise(const ExerciseRecord& exercise);
   void ShowMusic(const ExerciseRecord& exercise);
@@ -59,6 +66,9 @@ class ExerciseTab : public QWidget {
   Handlers& handlers_;
   std::unique_ptr<Ui::ExerciseTab> ui_;
   SetTable* sets_;
+  std::unique_ptr<ExerciseNotes> notes_;
+  std::unique_ptr<ExerciseSteps> steps_;
+  std::unique_ptr<SongMarks> songMarks_;
   std::array<QAbstractButton*, 4> setButtons_;
   std::array<QAbstractButton*, 2> unitsSelections_;
 };

@@ -226,7 +226,10 @@ void RepvoltaForm::ShowWork(const WorkDone& work) {
 
 void RepvoltaForm::ShowWorkoutNames() { workoutTab_->ShowWorkoutNames(); }
 
-void RepvoltaForm::UpdateWorkoutScreen() { workoutTab_->UpdateWorkoutScreen(); }
+void RepvoltaForm::UpdateWorkoutScreen() {
+  exerciseTab_->ShowSteps();
+  workoutTab_->UpdateWorkoutScreen();
+}
 
 void RepvoltaForm::UpdateExerciseScreen() { exerciseTab_->UpdateExerciseScreen(); }
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kLongestOptionsFile = std::size_t{1024} * 1024;
 
-constexpr FlagOption kFlags[] = {kPlayListForPlayer};
+constexpr FlagOption kFlags[] = {kPlayListForPlayer, kPlayerHintShown};
 
 OptionLines ReadOptions() {
   const Bytes file = ReadWholeFile(kOptionsFile, kLongestOptionsFile + 1);

@@ -8,6 +8,7 @@
 #include <QTabBar>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "app/ScreenUpdate.h"
 #include "app/WorkoutFiles.h"
@@ -17,6 +18,7 @@
 #include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
 #include "ui/Keys.h"
+#include "ui/LastUpdate.h"
 #include "ui/SettingsTab.h"
 #include "ui/WheelGuard.h"
 #include "ui/WindowLayout.h"
@@ -52,6 +54,10 @@ RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& p
   AddTabs();
   ConnectButtons();
   progress.OnStop([this] { stopRequested_ = true; });
+  progress.OnOpenFolder(
+      [this](const std::string& folder) { editor_.dialogs.OpenDocument(folder); });
+  lastUpdate_ =
+      new LastUpdate(this, ui_->LastUpdateLabel, [this] { editor_.progress.ShowAgain(); });
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
   RestoreWindowLayout(*this, layoutFile_);
@@ -133,11 +139,24 @@ void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
     End();
     return;
   }
-  stopRequested_ = false;
   editor_.progress.UpdateEnds();
+  ShowOutcome();
+  stopRequested_ = false;
   if (outcome == Handlers::Outcome::kFailed) ShowWhatIsInMemory();
   SetBusy(false);
   EnableWorkoutControls();
+}
+
+void RepvoltaForm::ShowOutcome() {
+  const UpdateOutcome outcome = std::exchange(outcome_, {});
+  if (outcome.IsEmpty()) return;
+  // The progress window hides itself after "Update ALL Workouts".
+  const bool isHidden = editor_.State().UpdatingAllWorkouts && !stopRequested_;
+  const bool isHintDue = !isHidden && outcome.HasCompleteWorkout();
+  editor_.progress.ShowOutcome({.text = outcome.Text(),
+                                .folder = outcome.Folder(),
+                                .hint = isHintDue ? TakePlayerHint(editor_) : std::string()});
+  lastUpdate_->Show(isHidden ? outcome.Text() : std::string());
 }
 
 /// A change that could not be saved is still in memory, and the tabs show the memory. The message
@@ -213,6 +232,7 @@ bool RepvoltaForm::KeepWaiting() {
 bool RepvoltaForm::StopRequested() { return stopRequested_; }
 
 void RepvoltaForm::AddLineToUpdateList(std::string_view line) {
+  outcome_.AddLine(KindOfLine(line));
   editor_.progress.AddLine(line);
   LetEventsRun();
 }

@@ -8,6 +8,7 @@
 
 #include "editing/Editor.h"
 #include "editing/MainScreen.h"
+#include "editing/UpdateOutcome.h"
 #include "ui/Handlers.h"
 #include "update/Progress.h"
 
@@ -18,6 +19,7 @@ class RepvoltaForm;
 namespace repvolta {
 
 class ExerciseTab;
+class LastUpdate;
 class SettingsTab;
 class WorkoutTab;
 
@@ -44,6 +46,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void UpdateWorkoutScreen() override;
   void UpdateExerciseScreen() override;
   void UpdateBegins() override;
+  void UpdateEnded(const UpdateResult& result) override { outcome_.Add(result); }
   bool IsWatched() const override { return true; }
   void ShowWork(const WorkDone& work) override;
   bool KeepWaiting() override;
@@ -83,6 +86,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void ReloadWorkout();
   void AfterHandler(Handlers::Outcome outcome);
   void ShowWhatIsInMemory();
+  void ShowOutcome();
   void LetEventsRun();
   void SetBusy(bool busy);
 
@@ -93,8 +97,10 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
+  LastUpdate* lastUpdate_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;
+  UpdateOutcome outcome_;  // of the command that runs
   bool busy_ = false;
   bool stopRequested_ = false;  // the update or listing that runs ends at its next step
   bool exitRequested_ = false;

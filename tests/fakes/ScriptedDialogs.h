@@ -87,6 +87,11 @@ class RecordingProgress : public ProgressWindow {
   }
   void Hide() override { visible = false; }
   void UpdateEnds() override { ++ended; }
+  void ShowOutcome(const OutcomeTexts& outcome) override { outcomes.push_back(outcome); }
+  void ShowAgain() override { visible = true; }
+  void OnOpenFolder(std::function<void(const std::string&)> onOpen) override {
+    openFolder = std::move(onOpen);
+  }
   void OnStop(std::function<void()> onStop) override { stop = std::move(onStop); }
   void ShowProgress(const Progress& progress) override { shares.push_back(progress.percent); }
   void AddLine(std::string_view line) override {
@@ -95,7 +100,9 @@ class RecordingProgress : public ProgressWindow {
   }
 
   std::vector<std::string> lines;
-  std::vector<int> shares;  // per cent
+  std::vector<OutcomeTexts> outcomes;
+  std::function<void(const std::string&)> openFolder;  // as the person would
+  std::vector<int> shares;                             // per cent
   bool visible = false;
   int shown = 0;
   int ended = 0;

@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QIcon>
 #include <QListWidget>
+#include <QMenu>
 #include <QPalette>
 #include <QPushButton>
 #include <QTabWidget>
@@ -221,6 +222,10 @@ void TakeWindow(const Pictures& pictures) {
   form.SelectSet(1);
   form.findChild<QWidget*>("SetListInc1")->setFocus();
   pictures.Take(form, "RepvoltaForm-Exercise-focus");
+  for (auto* menu : form.findChildren<QMenu*>()) {
+    emit menu->aboutToShow();
+    pictures.Take(*menu, menu->objectName());
+  }
 }
 
 }  // namespace

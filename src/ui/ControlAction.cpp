@@ -69,7 +69,7 @@ QString ControlAction::TextOfControl() const {
   }
   const Tab tab = TabOf(control_);
   if (tab.page == &control_) return tab.tabs->tabText(tab.tabs->indexOf(tab.page));
-  return LabelOf(control_);
+  return text_.isEmpty() ? LabelOf(control_) : text_;
 }
 
 void ControlAction::FollowControl() {

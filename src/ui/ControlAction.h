@@ -13,7 +13,7 @@ class ControlAction : public QAction {
   Q_OBJECT
 
  public:
-  /// `text` is for a list, see MenuLine. `control` must outlive the action.
+  /// `text` is for a list or field, see MenuLine. `control` must outlive the action.
   ControlAction(QWidget& control, const QString& text, QObject* parent);
 
   /// What the control is called now, with its mnemonic, and its key after a tab.

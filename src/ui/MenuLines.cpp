@@ -8,7 +8,7 @@ namespace {
 using M = Menu;
 
 constexpr MenuLine kLines[] = {
-    {M::kWorkout, "WorkoutDropBox"},
+    {M::kWorkout, "WorkoutDropBox", "Choose Workout"},
     {M::kWorkout, "CreateNewWorkoutButton"},
     {M::kWorkout, "DuplicateWorkoutAction"},
     {M::kWorkout, "RenameWorkoutAction"},
@@ -79,6 +79,20 @@ constexpr MenuLine kLines[] = {
     {M::kVoice, "FormatCB"},
     {M::kVoice, "AudioOutputCB"},
 
+    {M::kHelp, "HelpAction"},
+    {M::kHelp, "GuideAction"},
+    {M::kHelp},
+    {M::kHelp, "GuidePage-first-start"},
+    {M::kHelp, "GuidePage-first-workout"},
+    {M::kHelp, "GuidePage-growth"},
+    {M::kHelp, "GuidePage-music"},
+    {M::kHelp, "GuidePage-players"},
+    {M::kHelp, "GuidePage-own-voice"},
+    {M::kHelp, "GuidePage-schedule"},
+    {M::kHelp, "GuidePage-messages"},
+    {M::kHelp, "GuidePage-backup"},
+    {M::kHelp, "GuidePage-keys"},
+    {M::kHelp},
     {M::kHelp, "AboutButton"},
 };
 

@@ -10,9 +10,9 @@ enum class Menu { kWorkout, kEdit, kExercise, kMusic, kVoice, kHelp };
 
 const char* TitleOf(Menu menu);
 
-/// A line of a menu: the object name of a control, a tab or a QAction in the main window. `text` is
-/// for a list, where it says what Enter does to the selected row; all others have a text of their
-/// own. Without an object, the line separates.
+/// A line of a menu: the object name of a control, a tab or a QAction in the main window. `text`
+/// says what Enter does to the selected row of a list, or what a field without a telling label is
+/// for; all others have a text of their own. Without an object, the line separates.
 struct MenuLine {
   Menu menu;
   const char* object = "";

@@ -15,6 +15,7 @@
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
+#include "ui/Help.h"
 #include "ui/Keys.h"
 #include "ui/MainMenu.h"
 #include "ui/SettingsTab.h"
@@ -125,6 +126,7 @@ void RepvoltaForm::AddMenu() {
   connect(next, &QAction::triggered, this, [this] { StepTab(1); });
   workoutActions_ = std::make_unique<WorkoutActions>(
       *this, editor_, handlers_, [this] { return workoutTab_->SelectedExercise(); });
+  new Help(*this, editor_.dialogs);
   menu_ = new MainMenu(*this, MenuLines());
   layout()->setMenuBar(menu_);
 }

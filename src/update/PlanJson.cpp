@@ -54,6 +54,8 @@ QString NameOf(PlannedProblem::Kind kind) {
   switch (kind) {
     case Kind::kSongGone:
       return "songGone";
+    case Kind::kOddSong:
+      return "oddSong";
     case Kind::kNoRecording:
       return "noRecording";
     case Kind::kUnspeakable:

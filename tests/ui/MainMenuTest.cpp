@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -119,10 +120,23 @@ TEST_F(MainMenuTest, HasTheTextsOfTheButtonsAndLists) {
     return ActionOf(object).text().remove('&').section('\t', 0, 0).toStdString();
   };
   EXPECT_EQ(plain("UpdateAllWorkoutsButton"), "Update ALL Workouts");
+  EXPECT_EQ(plain("WorkoutDropBox"), "Choose Workout");
   EXPECT_EQ(plain("SettingsPage"), "Program Settings");
   EXPECT_EQ(plain("RateSldr"), "Speaking rate");
   OpenTab(1);
   EXPECT_EQ(plain("SetList1"), "Change First Value: Weight");
+}
+
+TEST_F(MainMenuTest, IsHeardAsABarOfMenusWithCommandsAndKeys) {
+  const QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(&Bar());
+  ASSERT_EQ(bar->role(), QAccessible::MenuBar);
+  ASSERT_EQ(bar->childCount(), 6);
+  EXPECT_EQ(bar->child(1)->role(), QAccessible::MenuItem);
+  EXPECT_EQ(bar->child(1)->text(QAccessible::Name), "Edit");
+  const QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(&Get<QMenu>("EditMenu"));
+  EXPECT_EQ(menu->role(), QAccessible::PopupMenu);
+  EXPECT_EQ(menu->child(0)->role(), QAccessible::MenuItem);
+  EXPECT_EQ(menu->child(0)->text(QAccessible::Name).replace('\t', ' '), "Add New Set Ins");
 }
 
 TEST_F(MainMenuTest, FollowsATextThatChanges) {

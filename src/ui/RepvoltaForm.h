@@ -18,6 +18,7 @@ class RepvoltaForm;
 namespace repvolta {
 
 class ExerciseTab;
+class GrowthAheadCommand;
 class SettingsTab;
 class WorkoutTab;
 
@@ -93,6 +94,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
+  GrowthAheadCommand* growthAhead_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;
   bool busy_ = false;

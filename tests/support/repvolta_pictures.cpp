@@ -1,4 +1,5 @@
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -7,6 +8,7 @@
 #include <QListWidget>
 #include <QPalette>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
 
 #include "app/Settings.h"
@@ -186,6 +188,17 @@ void TakeDialogs(const Pictures& pictures) {
   TakeUpdate(pictures);
 }
 
+void TakeGrowth(const Pictures& pictures, RepvoltaForm& form) {
+  form.findChild<QListWidget*>("FreqList1")->setCurrentRow(0);
+  pictures.Take(form, "RepvoltaForm-growth");
+  form.findChild<QAction*>("GrowthAheadAction")->trigger();
+  auto& ahead = *form.findChild<QDialog*>("GrowthAheadForm");
+  pictures.Take(ahead, "GrowthAheadForm-daily");
+  form.findChild<QAction*>("GrowthAheadAction")->trigger();
+  ahead.findChild<QRadioButton*>("WeekdaysButton")->click();
+  pictures.Take(ahead, "GrowthAheadForm");
+}
+
 void TakeWindow(const Pictures& pictures) {
   const TemporaryFolder folder;
   ProgramState state;
@@ -205,6 +218,7 @@ void TakeWindow(const Pictures& pictures) {
   auto& tabs = *form.findChild<QTabWidget*>("SSTab1");
   for (const char* name : {"Workout", "Exercise", "Settings"}) {
     pictures.Take(form, QString("RepvoltaForm-") + name);
+    if (tabs.currentIndex() == 1) TakeGrowth(pictures, form);
     tabs.setCurrentIndex(tabs.currentIndex() + 1);
   }
 }

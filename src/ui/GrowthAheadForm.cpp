@@ -17,7 +17,7 @@ constexpr int kUsualWeeks = 1;  // the index of 12
 
 // In characters of the window's font.
 constexpr int kWidth = 100;
-constexpr int kHeight = 40;
+constexpr int kHeight = 52;
 
 }  // namespace
 
@@ -30,7 +30,7 @@ GrowthAheadForm::GrowthAheadForm(QWidget* owner)
   ui_->GrowthTable->setModel(rows_);
   ui_->GrowthTable->verticalHeader()->hide();
   ui_->GrowthTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  ui_->GrowthTable->horizontalHeader()->setStretchLastSection(true);
+  ui_->GrowthTable->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
   for (const int weeks : kWeeks) ui_->WeeksBox->addItem(QString("%1 weeks").arg(weeks));
   ui_->WeeksBox->setCurrentIndex(kUsualWeeks);
   ConnectUpdateDays();

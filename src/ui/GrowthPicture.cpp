@@ -2,6 +2,7 @@
 
 #include <QCategoryAxis>
 #include <QEvent>
+#include <QGraphicsLayout>
 #include <QLegend>
 #include <QLegendMarker>
 #include <QLineSeries>
@@ -34,6 +35,7 @@ constexpr std::array kLooks = {
     Look{"#000000", "#f0e442", Qt::DotLine, 2, QScatterSeries::MarkerShapeTriangle, 8}};
 
 constexpr int kDarkLightness = 128;
+constexpr double kRoom = 0.03;  // so that no mark is cut off, as a part of the axis
 
 /// The lines on one side of the picture and their axis.
 struct Side {
@@ -77,11 +79,12 @@ QAbstractAxis* AddDays(const Paper& paper) {
   const int weeks = std::max(1, (span.days / kWeek + kMostLabels - 1) / kMostLabels);
   auto* axis = new QCategoryAxis;
   axis->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
-  axis->setStartValue(span.first);
+  const double begin = span.first - kRoom * span.days;
+  axis->setStartValue(begin);
   for (int day = 0; day <= span.days; day += weeks * kWeek) {
     axis->append(ShortDate(span.first + day), span.first + day);
   }
-  axis->setRange(span.first, span.first + span.days);
+  axis->setRange(begin, span.first + span.days);
   axis->setTitleText(QString::fromStdString(EnglishDate(span.first) + " to " +
                                             EnglishDate(span.first + span.days)));
   Style(*axis, paper);
@@ -154,7 +157,8 @@ void AddSide(const Paper& paper, const Side& side, QAbstractAxis* days) {
       isFirst = false;
     }
   }
-  values->setRange(least, most);
+  const double room = kRoom * (static_cast<double>(most) - static_cast<double>(least));
+  values->setRange(static_cast<double>(least) - room, static_cast<double>(most) + room);
   values->applyNiceNumbers();
 }
 
@@ -174,7 +178,10 @@ void GrowthPicture::Draw() {
   auto* drawn = new QChart;
   drawn->setBackgroundBrush(palette().color(QPalette::Base));
   drawn->setBackgroundRoundness(0);
-  drawn->setMargins({});
+  drawn->layout()->setContentsMargins(0, 0, 0, 0);
+  // The last date stands half beyond the end of its axis.
+  const int room = fontMetrics().averageCharWidth();
+  drawn->setMargins({room, room, room + fontMetrics().horizontalAdvance("30 Mar") / 2, room});
   drawn->legend()->setLabelColor(palette().color(QPalette::Text));
   drawn->legend()->setFont(font());
   drawn->legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);

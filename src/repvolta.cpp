@@ -59,11 +59,12 @@ void Raise(QWidget& form) {
 /// The state, the services and the windows of one run.
 class Desktop {
  public:
-  Desktop(const std::string& programDirectory, std::string layoutFile)
+  Desktop(const std::string& programDirectory, std::string layoutFile, const std::string& guide)
       : layoutFile_(std::move(layoutFile)) {
     state_.ProgramDirectory = programDirectory;
     window_ = &form_;
     dialogs_.SetOwner(&form_);
+    dialogs_.SetGuide(guide);
     progress_.SetOwner(&form_);
     progress_.OfferEject(disks_, [this] { return state_.Settings.OutputPath.Trimmed(); });
     pleaseWait_.SetOwner(&form_);
@@ -106,7 +107,7 @@ int Run() {
   if (instance.IsFirst()) {
     const std::string layoutFile = WindowLayoutFile(directory, executable);
     if (!layoutFile.empty()) KeepFileDialogIn(directory);
-    return Desktop(directory, layoutFile).Run(instance);
+    return Desktop(directory, layoutFile, FindGuide(executable)).Run(instance);
   }
   return instance.RaiseFirst() ? 0 : Fail("Repvolta is already running in " + directory);
 }

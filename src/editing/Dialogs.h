@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,11 @@ class Dialogs {
   virtual std::string AskText(std::string_view prompt, std::string_view title,
                               std::string_view initial = {}) = 0;
 
+  /// A box with a list of `items`. Returns the position of the chosen one; nothing when it was
+  /// cancelled.
+  virtual std::optional<std::size_t> Choose(std::string_view prompt, std::string_view title,
+                                            const std::vector<std::string>& items) = 0;
+
   /// SelectExerciseDialog. Returns "" when no exercise was chosen.
   virtual std::string SelectExercise() = 0;
 
@@ -38,6 +44,10 @@ class Dialogs {
 
   /// Opens a document with the desktop's program for it and does not wait for the program's end.
   virtual void OpenDocument(const std::string& path) = 0;
+
+  /// Opens a page of the guide, "music.html#random-music", with the desktop's program for it, or
+  /// says why it cannot. Throws nothing.
+  virtual void OpenGuide(std::string_view page) = 0;
 };
 
 }  // namespace repvolta

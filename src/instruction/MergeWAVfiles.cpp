@@ -1,5 +1,6 @@
 #include "instruction/MergeWAVfiles.h"
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -52,8 +53,7 @@ class Joint {
   void Tell(const std::string& reason) {
     if (isTold_) return;
     isTold_ = true;
-    log_.AddLineToUpdateList("ERROR: " + source_ + " could not be joined to " + target_ + ": " +
-                             reason);
+    log_.AddLineToUpdateList(NotJoinedLine(target_, source_, reason));
   }
 
   /// The opened file; logs and returns nothing when there is no such file. Throws FileError.
@@ -62,7 +62,7 @@ class Joint {
       return File::Open(name, access);
     } catch (const FileError&) {
       if (FileExists(name)) throw;
-      log_.AddLineToUpdateList("ERROR: " + name + " NOT FOUND.");
+      log_.AddLineToUpdateList(MissingClipLine(name));
       return std::nullopt;
     }
   }
@@ -72,8 +72,8 @@ class Joint {
   /// that is too short is reported, and joined all the same (quirk 28).
   void Append(File& target, const File& source) {
     const std::uint64_t length = target.Size();
-    if (source.Size() < kWavHeaderSize) Tell("It is too short for a WAV file");
-    if (length < kWavHeaderSize) Tell(target_ + " is too short for a WAV file");
+    if (source.Size() < kWavHeaderSize) Tell(kSourceTooShort);
+    if (length < kWavHeaderSize) Tell(TargetTooShortText(target_));
     // An empty target has no last byte that could be replaced.
     if (length > 0) Try([&] { CopyContent(source, kCopyOffset, target, length - 1); });
     const auto newLength = static_cast<std::int64_t>(target.Size());
@@ -90,6 +90,23 @@ class Joint {
 };
 
 }  // namespace
+
+std::string MissingClipLine(const std::string& file) { return "ERROR: " + file + " NOT FOUND."; }
+
+std::string NotJoinedLine(const std::string& target, const std::string& source,
+                          const std::string& reason) {
+  return "ERROR: " + source + " could not be joined to " + target + ": " + reason;
+}
+
+std::string TargetTooShortText(const std::string& target) {
+  return target + " is too short for a WAV file";
+}
+
+std::uint64_t JoinedSize(std::uint64_t target, std::uint64_t source) {
+  const bool isJoined = target > 0 && source > kCopyOffset;
+  const std::uint64_t joined = isJoined ? target - 1 + source - kCopyOffset : target;
+  return std::max<std::uint64_t>(joined, kWavHeaderSize);
+}
 
 void MergeWAVfiles(const std::string& target, const std::string& source, ProgressLog& log) {
   Joint(target, source, log).Join();

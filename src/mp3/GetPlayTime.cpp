@@ -2,7 +2,6 @@
 
 #include "base/Numbers.h"
 #include "base/Text.h"
-#include "mp3/RepvoltaMP3.h"
 
 namespace repvolta {
 
@@ -10,7 +9,9 @@ std::int16_t GetPlayTime(const std::string& path) {
   if (TrimBlanks(path).empty()) return 0;
   RepvoltaMP3 mp3;
   mp3.SetFileName(path);
-  return CheckedInt16(mp3.PlayTimeSeconds());
+  return PlayTimeOf(mp3);
 }
+
+std::int16_t PlayTimeOf(const RepvoltaMP3& song) { return CheckedInt16(song.PlayTimeSeconds()); }
 
 }  // namespace repvolta

@@ -108,9 +108,9 @@ std::uint64_t Id3v2Place::Offset() const {
   return static_cast<std::uint64_t>(position) - 1 - kId3v2Marker.size();
 }
 
-Id3v2Place LocateId3v2(const File& file) {
+Id3v2Place LocateId3v2(const File& file, std::uint64_t start) {
   Id3v2Place place;
-  const auto marker = FindMarker(file, 0);
+  const auto marker = FindMarker(file, start);
   if (!marker) return place;
   place.position = PositionPast(*marker, file.Path());
   std::array<Byte, kId3v2HeaderSize> header{};

@@ -19,9 +19,9 @@ struct Id3v2Place {
   std::uint64_t Offset() const;  // of the marker, from 0
 };
 
-/// Looks for "ID3" until the audio (FF FB) begins or the file ends. Throws FileError, and
-/// std::overflow_error when the position of "ID3" does not fit 31 bits (quirk 62).
-Id3v2Place LocateId3v2(const File& file);
+/// Looks for "ID3", from `start` until the audio (FF FB) begins or the file ends. Throws FileError,
+/// and std::overflow_error when the position of "ID3" does not fit 31 bits (quirk 62).
+Id3v2Place LocateId3v2(const File& file, std::uint64_t start = 0);
 
 /// False when LocateId3v2 would find nothing in a file that starts at `offset`. Throws FileError.
 bool HasId3v2Behind(const File& file, std::uint64_t offset);

@@ -31,6 +31,18 @@ void EndFrames(std::size_t area, Bytes& tag) {
 /// The area that a new tag of `size` bytes gets (quirk 66).
 std::size_t AreaFor(std::size_t size) { return (size / kTagStep + 1) * kTagStep; }
 
+/// A negative size means that the file has no tag that could be replaced.
+std::size_t SizeOf(const Id3v2Place& old) {
+  return static_cast<std::size_t>(std::max(old.size, 0));
+}
+
+/// The bytes that a new tag of `size` bytes needs beside the old one. None when that is larger: it
+/// then keeps its size, so the audio need not be moved (quirk 68).
+std::size_t RoomBeside(const Id3v2Place& old, std::size_t size) {
+  if (old.position >= 1 && SizeOf(old) > size) return 0;
+  return AreaFor(size) - SizeOf(old);
+}
+
 /// Replaces the beginning of the file by the tag, so that the file grows by `room` bytes
 /// (quirk 67).
 void WriteGrown(const File& file, Bytes tag, std::size_t room) {
@@ -64,12 +76,12 @@ GenreText ParseGenre(const std::string& text) {
 
 }  // namespace
 
-void cMP3ID3v2::SetFileName(const std::string& path) {
+void cMP3ID3v2::SetFileName(const std::string& path, std::uint64_t start) {
   *this = {};
   fileName_ = path;
   try {
     const File file = File::Open(path, File::Access::kRead);
-    place_ = LocateId3v2(file);
+    place_ = LocateId3v2(file, start);
     frames_ = ReadId3v2Frames(file, place_);
   } catch (const FileError& error) {
     throw TagError(error, kModuleOfReading);
@@ -134,21 +146,19 @@ void cMP3ID3v2::WriteTag() {
   }
 }
 
+std::size_t cMP3ID3v2::Growth() const { return RoomBeside(place_, BuildTag().size()); }
+
 void cMP3ID3v2::WriteInto(File& file) const {
   Bytes tag = BuildTag();
   const Id3v2Place old = LocateId3v2(file);
-  // A negative size means that the file has no tag that could be replaced.
-  const auto oldSize = static_cast<std::size_t>(std::max(old.size, 0));
-  if (old.position >= 1 && oldSize > tag.size()) {
-    // The larger old tag keeps its size, so the audio need not be moved (quirk 68).
-    StoreSize(oldSize, tag);
-    EndFrames(oldSize, tag);
+  const std::size_t room = RoomBeside(old, tag.size());
+  StoreSize(SizeOf(old) + room, tag);
+  if (room == 0) {
+    EndFrames(SizeOf(old), tag);
     file.WriteAt(old.Offset(), tag);
     file.ConfirmWritten();
   } else {
-    const std::size_t newSize = AreaFor(tag.size());
-    StoreSize(newSize, tag);
-    WriteGrown(file, std::move(tag), newSize - oldSize);
+    WriteGrown(file, std::move(tag), room);
   }
 }
 

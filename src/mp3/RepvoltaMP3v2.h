@@ -12,9 +12,9 @@ namespace repvolta {
 /// are plain big-endian numbers, while RepvoltaMP3 reads seven bits of each byte (quirk 60).
 class cMP3ID3v2 {
  public:
-  /// Makes `path` the current file and reads its tag. Drops all frames of the file before. Throws
-  /// TagError with the source ".cMP3ID3v1" (quirk 61).
-  void SetFileName(const std::string& path);
+  /// Makes `path` the current file and reads its tag, the first one behind `start`. Drops all
+  /// frames of the file before. Throws TagError with the source ".cMP3ID3v1" (quirk 61).
+  void SetFileName(const std::string& path, std::uint64_t start = 0);
 
   /// True when "ID3" comes before the audio.
   bool HasTag() const { return place_.position >= 1; }
@@ -30,6 +30,9 @@ class cMP3ID3v2 {
   /// replaced by a longer one, all or nothing; a tag that is large enough is overwritten in place.
   /// Throws TagError.
   void WriteTag();
+
+  /// By how many bytes WriteTag makes the file longer; 0 when the old tag is large enough.
+  std::size_t Growth() const;
 
   /// The frames and padding that WriteTag puts in front of a file without a tag.
   Bytes NewTag() const;

@@ -21,11 +21,19 @@ bool MayRefuseAppending(int error) {
 
 }  // namespace
 
-void PlayList::AddToPlaylistFile(const std::string& line) {
-  if (line.find_first_of("\r\n") != std::string::npos) {
-    throw std::invalid_argument(line + " cannot stand in a play list: there is a line break in it");
+std::string PlayListName(const std::string& workoutName) {
+  return workoutName + kPlayListExtension;
+}
+
+std::string PlayListLine(const std::string& path) {
+  if (path.find_first_of("\r\n") != std::string::npos) {
+    throw std::invalid_argument(path + " cannot stand in a play list: there is a line break in it");
   }
-  const std::string text = line + "\r\n";
+  return path + "\r\n";
+}
+
+void PlayList::AddToPlaylistFile(const std::string& path) {
+  const std::string text = PlayListLine(path);
   if (text_.empty()) {
     name_ = folder_.WriteInto(name_, text);
   } else if (!isWaiting_) {

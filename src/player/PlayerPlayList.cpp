@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <stdexcept>
 #include <string_view>
 
 #include "base/SingleByteText.h"
@@ -41,9 +42,19 @@ std::string PlayerPlayList::Text() const {
 
 int SecondsOf(const std::string& path) {
   try {
-    const int seconds = GetPlayTime(path);
-    return seconds > 0 ? seconds : kUnknownSeconds;
+    RepvoltaMP3 song;
+    song.SetFileName(path);
+    return SecondsOf(song);
   } catch (const std::exception&) {
+    return kUnknownSeconds;
+  }
+}
+
+int SecondsOf(const RepvoltaMP3& song) {
+  try {
+    const int seconds = PlayTimeOf(song);
+    return seconds > 0 ? seconds : kUnknownSeconds;
+  } catch (const std::overflow_error&) {
     return kUnknownSeconds;
   }
 }

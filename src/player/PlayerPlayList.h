@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "mp3/RepvoltaMP3.h"
+
 namespace repvolta {
 
 inline constexpr const char* kPlayerPlayListExtension = ".m3u8";
@@ -35,5 +37,8 @@ class PlayerPlayList {
 
 /// The play time of an MP3 file in seconds; kUnknownSeconds when it has none or cannot be read.
 int SecondsOf(const std::string& path);
+
+/// The same of a file that has been examined already.
+int SecondsOf(const RepvoltaMP3& song);
 
 }  // namespace repvolta

@@ -4,7 +4,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QUrl>
+#include <algorithm>
 
 #include "app/ExerciseTypes.h"
 #include "base/FileError.h"
@@ -12,6 +14,7 @@
 #include "ui/AboutForm.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
+#include "ui/RowList.h"
 #include "ui/SelectDirectory.h"
 #include "ui/SelectExerciseDialog.h"
 #include "ui/WheelGuard.h"
@@ -36,6 +39,20 @@ bool QtDialogs::Confirm(std::string_view text, std::string_view title) {
 std::string QtDialogs::AskText(std::string_view prompt, std::string_view title,
                                std::string_view initial) {
   return InputBox::Ask(owner_, ToQt(prompt), ToQt(title), ToQt(initial)).toStdString();
+}
+
+std::optional<std::size_t> QtDialogs::Choose(std::string_view prompt, std::string_view title,
+                                             const std::vector<std::string>& items) {
+  QInputDialog dialog(owner_);
+  dialog.setWindowTitle(ToQt(title));
+  dialog.setLabelText(ToQt(prompt));
+  dialog.setOption(QInputDialog::UseListViewForComboBoxItems);
+  dialog.setComboBoxItems(QtTexts(items));
+  new WheelGuard(&dialog);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  const auto found = std::find(items.begin(), items.end(), dialog.textValue().toStdString());
+  if (found == items.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - items.begin());
 }
 
 std::string QtDialogs::SelectExercise() {
@@ -78,6 +95,20 @@ void QtDialogs::ShowAbout() { AboutForm(owner_).exec(); }
 
 void QtDialogs::OpenDocument(const std::string& path) {
   QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(path.c_str())));
+}
+
+void QtDialogs::OpenGuide(std::string_view page) {
+  const QString file = ToQt(page).section('#', 0, 0);
+  const QString path = QDir::cleanPath(QFile::decodeName(guide_.c_str()) + file);
+  if (guide_.empty() || !QFile::exists(path)) {
+    ShowMessage("The guide is not installed: its page " + file.toStdString() + " is missing.");
+    return;
+  }
+  QUrl url = QUrl::fromLocalFile(path);
+  url.setFragment(ToQt(page).section('#', 1));
+  if (QDesktopServices::openUrl(url)) return;
+  ShowMessage("There is no program that can show the guide. Open this page with a browser:\r" +
+              path.toStdString());
 }
 
 }  // namespace repvolta

@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QScreen>
-#include <QShortcut>
 #include <QTabBar>
 #include <QTimer>
 #include <algorithm>
@@ -17,10 +16,13 @@
 #include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
 #include "ui/GrowthAheadCommand.h"
+#include "ui/Help.h"
 #include "ui/Keys.h"
+#include "ui/MainMenu.h"
 #include "ui/SettingsTab.h"
 #include "ui/WheelGuard.h"
 #include "ui/WindowLayout.h"
+#include "ui/WorkoutActions.h"
 #include "ui/WorkoutTab.h"
 #include "update/Steps.h"
 
@@ -52,6 +54,7 @@ RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& p
   setWindowFlags(Qt::Window);
   AddTabs();
   ConnectButtons();
+  AddMenu();
   progress.OnStop([this] { stopRequested_ = true; });
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
@@ -92,12 +95,23 @@ void RepvoltaForm::ConnectButtons() {
   handlers_.OnClickApart(ui_->AboutButton, "The box could not be shown.",
                          [this] { editor_.dialogs.ShowAbout(); });
   connect(ui_->ExitButton, &QPushButton::clicked, this, &RepvoltaForm::Exit);
-  AddKey(this, Qt::Key_F1, ui_->AboutButton);
-  AddKey(this, QKeySequence(Qt::CTRL | Qt::Key_Q), ui_->ExitButton);
-  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp), this), &QShortcut::activated, this,
-          [this] { StepTab(-1); });
-  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown), this), &QShortcut::activated,
-          this, [this] { StepTab(1); });
+  AddKey(this, Qt::CTRL | Qt::Key_U, ui_->UpdateSelectedWorkoutButton);
+  AddKey(this, Qt::CTRL | Qt::SHIFT | Qt::Key_U, ui_->UpdateAllWorkoutsButton);
+  AddKey(this, Qt::SHIFT | Qt::Key_F1, ui_->AboutButton);
+  AddKey(this, Qt::CTRL | Qt::Key_Q, ui_->ExitButton);
+}
+
+/// The commands that have no button, and the menu bar with all commands.
+void RepvoltaForm::AddMenu() {
+  QAction* back = AddCommand(this, "PreviousTabAction", "Previous Tab", Qt::CTRL | Qt::Key_PageUp);
+  connect(back, &QAction::triggered, this, [this] { StepTab(-1); });
+  QAction* next = AddCommand(this, "NextTabAction", "Next Tab", Qt::CTRL | Qt::Key_PageDown);
+  connect(next, &QAction::triggered, this, [this] { StepTab(1); });
+  workoutActions_ = std::make_unique<WorkoutActions>(
+      *this, editor_, handlers_, [this] { return workoutTab_->SelectedExercise(); });
+  new Help(*this, editor_.dialogs);
+  menu_ = new MainMenu(*this, MenuLines());
+  layout()->setMenuBar(menu_);
 }
 
 /// The selection is kept, because the command acts on the rows that the person selected.
@@ -188,6 +202,7 @@ void RepvoltaForm::SetBusy(bool busy) {
   busy_ = busy;
   if (busy) focusBefore_ = focusWidget();
   ui_->SSTab1->setEnabled(!busy);
+  menu_->setEnabled(!busy);
   ui_->AboutButton->setEnabled(!busy);
   EnableWorkoutControls();
   if (!busy && focusBefore_) focusBefore_->setFocus(Qt::OtherFocusReason);
@@ -261,6 +276,7 @@ void RepvoltaForm::ShowTab(WindowTab tab) { ui_->SSTab1->setCurrentIndex(static_
 void RepvoltaForm::EnableWorkoutControls() {
   const bool hasWorkout = !TrimBlanks(editor_.State().WorkoutFileName).empty();
   workoutTab_->EnableEditing(hasWorkout);
+  workoutActions_->Enable(hasWorkout);
   workoutTab_->ShowOddSize();
   if (!hasWorkout && ui_->SSTab1->currentWidget() == ui_->ExercisePage) {
     const ScreenUpdate updating(editor_.State());

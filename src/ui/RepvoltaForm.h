@@ -19,7 +19,9 @@ namespace repvolta {
 
 class ExerciseTab;
 class GrowthAheadCommand;
+class MainMenu;
 class SettingsTab;
+class WorkoutActions;
 class WorkoutTab;
 
 /// The main window. The start-up fills it before it is shown. Closing it ends the program.
@@ -76,6 +78,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
  private:
   void AddTabs();
   void ConnectButtons();
+  void AddMenu();
   void SSTab1_Click();
   void ShowExerciseFrames();
   void StepTab(int step);
@@ -91,10 +94,12 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   std::string layoutFile_;
   Handlers handlers_;
   std::unique_ptr<Ui::RepvoltaForm> ui_;
+  std::unique_ptr<WorkoutActions> workoutActions_;
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
   GrowthAheadCommand* growthAhead_ = nullptr;
+  MainMenu* menu_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;
   bool busy_ = false;

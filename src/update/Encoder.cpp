@@ -9,9 +9,13 @@
 
 namespace repvolta {
 
+Encoding EncodingNow() {
+  return FileExists(kEncoder) ? Encoding::kEncoderRun : Encoding::kNoEncoder;
+}
+
 Encoding EncodeMP3file(ChildProcesses& processes, std::string_view wavFile,
                        std::string_view mp3File) {
-  if (!FileExists(kEncoder)) return Encoding::kNoEncoder;
+  if (EncodingNow() == Encoding::kNoEncoder) return Encoding::kNoEncoder;
   const std::string target(TrimBlanks(mp3File));
   RemoveFile(target);
   ShellWait(

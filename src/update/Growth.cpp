@@ -61,6 +61,12 @@ void Apply(const SetGrowth& growth, ExerciseRecord& exercise) {
   (exercise.*field.value)[growth.set] = growth.to;
 }
 
+std::vector<SetGrowth> Grow(ExerciseRecord& exercise, double day) {
+  std::vector<SetGrowth> growths = GrowthOn(exercise, day);
+  for (const SetGrowth& growth : growths) Apply(growth, exercise);
+  return growths;
+}
+
 void GrowWorkout(Program& program, Steps& steps) {
   const double today = program.clock.Today();
   for (int i = 0; i < program.state.NumberOfExercises; ++i) {

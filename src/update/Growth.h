@@ -28,6 +28,9 @@ std::vector<SetGrowth> GrowthOn(const ExerciseRecord& exercise, double day);
 /// Gives the exercise the grown value and its day. Throws std::out_of_range for a set without slot.
 void Apply(const SetGrowth& growth, ExerciseRecord& exercise);
 
+/// Applies all that is due on the day, and returns it.
+std::vector<SetGrowth> Grow(ExerciseRecord& exercise, double day);
+
 /// Advances every set value of the workout that is due today, logs a line for each, and sets its
 /// date to today.
 void GrowWorkout(Program& program, Steps& steps);

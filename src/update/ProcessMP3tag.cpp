@@ -6,7 +6,6 @@
 #include "base/Product.h"
 #include "base/Text.h"
 #include "mp3/Id3v2Reader.h"
-#include "mp3/RepvoltaMP3.h"
 #include "mp3/RepvoltaMP3v2.h"
 
 namespace repvolta {
@@ -39,6 +38,16 @@ std::string_view FirstCharacters(std::string_view text, std::size_t count) {
   return text.substr(0, end);
 }
 
+// Scripts look for this line, which has no blank after the colon (quirk 71).
+std::string NotRemovedLine(const std::string& path) {
+  return "ERROR:" + FileName(path) + " - MP3v2 TAG could not be removed.";
+}
+
+/// Where the file begins once its old tag is removed.
+std::uint64_t StartBehindTag(const RepvoltaMP3& examined) {
+  return examined.HasID3v2() ? static_cast<std::uint64_t>(examined.Info().headerOffset) : 0;
+}
+
 void SetFrames(cMP3ID3v2& tag, const std::string& path, std::string_view title,
                std::string_view workoutFileName) {
   tag.SetArtist(kProductName);
@@ -46,6 +55,12 @@ void SetFrames(cMP3ID3v2& tag, const std::string& path, std::string_view title,
   tag.SetTitle(TitleOf(path, title));
   tag.SetTrack("0");  // quirk 69
   tag.SetUserUrl(kProductAddress);
+}
+
+Bytes NewTag(const std::string& path, std::string_view title, std::string_view workoutFileName) {
+  cMP3ID3v2 tag;
+  SetFrames(tag, path, title, workoutFileName);
+  return tag.NewTag();
 }
 
 }  // namespace
@@ -68,10 +83,7 @@ void TagWorkingCopy(const std::string& copy, const std::string& path, std::strin
   const bool removed = RemoveOldTag(copy);
   cMP3ID3v2 tag;
   tag.SetFileName(copy);
-  if (!removed || tag.HasTag()) {
-    // Scripts look for this line, which has no blank after the colon (quirk 71).
-    log.AddLineToUpdateList("ERROR:" + FileName(path) + " - MP3v2 TAG could not be removed.");
-  }
+  if (!removed || tag.HasTag()) log.AddLineToUpdateList(NotRemovedLine(path));
   SetFrames(tag, path, title, workoutFileName);
   tag.WriteTag();
   LogTagged(path, log);
@@ -82,18 +94,43 @@ std::optional<TaggedCopy> PlanTaggedCopy(const std::string& source, const std::s
   try {
     RepvoltaMP3 mp3;
     mp3.SetFileName(source);
+    return PlanTaggedCopy(mp3, source, path, title, workoutFileName);
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
+}
+
+std::optional<TaggedCopy> PlanTaggedCopy(const RepvoltaMP3& examined, const std::string& source,
+                                         const std::string& path, std::string_view title,
+                                         std::string_view workoutFileName) {
+  try {
     TaggedCopy copy;
-    if (mp3.HasID3v2()) copy.audioOffset = static_cast<std::uint64_t>(mp3.Info().headerOffset);
+    copy.audioOffset = StartBehindTag(examined);
     if (HasId3v2Behind(File::Open(source, File::Access::kRead), copy.audioOffset)) {
       return std::nullopt;
     }
-    cMP3ID3v2 tag;
-    SetFrames(tag, path, title, workoutFileName);
-    copy.tag = tag.NewTag();
+    copy.tag = NewTag(path, title, workoutFileName);
     return copy;
   } catch (const std::exception&) {
     return std::nullopt;
   }
+}
+
+TaggedInSteps PlanTaggedInSteps(const RepvoltaMP3& examined, const std::string& source,
+                                const std::string& path, std::string_view title,
+                                std::string_view workoutFileName) {
+  const std::uint64_t size = File::Open(source, File::Access::kRead).Size();
+  const std::uint64_t start = StartBehindTag(examined);
+  cMP3ID3v2 tag;
+  tag.SetFileName(source, start);
+  const bool stays = tag.HasTag();
+  SetFrames(tag, path, title, workoutFileName);
+  return {.bytes = size - start + tag.Growth(), .line = stays ? NotRemovedLine(path) : ""};
+}
+
+std::uint64_t SizeOfNewTag(const std::string& path, std::string_view title,
+                           std::string_view workoutFileName) {
+  return NewTag(path, title, workoutFileName).size();
 }
 
 void LogTagged(const std::string& path, ProgressLog& log) {

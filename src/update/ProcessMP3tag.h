@@ -7,6 +7,7 @@
 
 #include "app/ProgressLog.h"
 #include "base/Bytes.h"
+#include "mp3/RepvoltaMP3.h"
 
 namespace repvolta {
 
@@ -37,6 +38,26 @@ struct TaggedCopy {
 /// files. Nothing for other files and after any failure: copy and tag those in two steps.
 std::optional<TaggedCopy> PlanTaggedCopy(const std::string& source, const std::string& path,
                                          std::string_view title, std::string_view workoutFileName);
+
+/// The same for a source that has been examined already.
+std::optional<TaggedCopy> PlanTaggedCopy(const RepvoltaMP3& examined, const std::string& source,
+                                         const std::string& path, std::string_view title,
+                                         std::string_view workoutFileName);
+
+/// What copying and tagging in two steps makes of a source that has been examined.
+struct TaggedInSteps {
+  std::uint64_t bytes = 0;
+  std::string line = {};  // of the log, when an old tag stays; else ""
+};
+
+/// Throws FileError, and std::overflow_error, when the tag that stays cannot be read.
+TaggedInSteps PlanTaggedInSteps(const RepvoltaMP3& examined, const std::string& source,
+                                const std::string& path, std::string_view title,
+                                std::string_view workoutFileName);
+
+/// The size of the tag of a file that has none yet.
+std::uint64_t SizeOfNewTag(const std::string& path, std::string_view title,
+                           std::string_view workoutFileName);
 
 /// Logs that `path` has its tag.
 void LogTagged(const std::string& path, ProgressLog& log);

@@ -13,11 +13,11 @@ namespace {
 /// Fills the music list of one exercise.
 class RandomFill {
  public:
-  RandomFill(Program& program, ExerciseRecord& exercise, Steps& steps)
-      : program_(program), exercise_(exercise), steps_(steps) {}
+  RandomFill(const ProgramState& state, ExerciseRecord& exercise, RandomNumbers& random,
+             Steps& steps)
+      : state_(state), exercise_(exercise), random_(random), steps_(steps) {}
 
-  /// Returns the full paths of the files.
-  std::vector<std::string> Run() {
+  Drawing Run() {
     exercise_.NumberOfMusicFiles = 0;
     // An exercise has room for more files, but gets no more than by hand (quirk 36).
     for (int slot = 0; slot < MaxMusicFiles && FillSlot(slot); ++slot) {
@@ -26,7 +26,7 @@ class RandomFill {
       if (total_ > exercise_.TargetExerciseTime || exercise_.TargetExerciseTime == 0) break;
     }
     exercise_.TotalMusicTime = total_;
-    return std::move(paths_);
+    return std::move(drawing_);
   }
 
  private:
@@ -37,6 +37,8 @@ class RandomFill {
     if (path.empty() || !FileIsReachable(path)) {
       steps_.Log("ERROR: Unable to find random music for Exercise - " +
                  exercise_.ExerciseName.Text());
+      drawing_.endedEarly = true;
+      drawing_.missing = path;
       return false;
     }
     std::int16_t seconds = 0;
@@ -45,7 +47,7 @@ class RandomFill {
     exercise_.MusicFilePlayTime[slot] = seconds;
     exercise_.MusicFile[slot] = path;
     ++exercise_.NumberOfMusicFiles;
-    paths_.push_back(path);
+    drawing_.songs.push_back(path);
     steps_.Log("Random music file found and added for Exercise - " + exercise_.ExerciseName.Text());
     return true;
   }
@@ -55,25 +57,34 @@ class RandomFill {
     std::string path;
     steps_.Run([&] {
       const std::int16_t longest = CheckedInt16(std::int64_t{exercise_.TargetExerciseTime} * 2);
-      path = GetRandomMusicFile(program_.state.RandomMusicFiles, 0, longest, program_.random);
+      path = GetRandomMusicFile(state_.RandomMusicFiles, 0, longest, random_);
     });
     return path;
   }
 
-  Program& program_;
+  const ProgramState& state_;
   ExerciseRecord& exercise_;
+  RandomNumbers& random_;
   Steps& steps_;
   std::int16_t total_ = 0;
-  std::vector<std::string> paths_;
+  Drawing drawing_;
 };
 
 }  // namespace
 
+std::optional<Drawing> DrawFor(ProgramState& state, int exercise, RandomNumbers& random,
+                               Steps& steps) {
+  ExerciseRecord& record = state.Workout[exercise];
+  if (record.RandomMusic != kTrue) return std::nullopt;
+  return RandomFill(state, record, random, steps).Run();
+}
+
 DrawnSongs DrawRandomMusic(Program& program, Steps& steps) {
   DrawnSongs drawn;
   for (int i = 0; i < program.state.NumberOfExercises; ++i) {
-    ExerciseRecord& exercise = program.state.Workout[i];
-    if (exercise.RandomMusic == kTrue) drawn[i] = RandomFill(program, exercise, steps).Run();
+    if (auto drawing = DrawFor(program.state, i, program.random, steps)) {
+      drawn[i] = std::move(drawing->songs);
+    }
   }
   return drawn;
 }

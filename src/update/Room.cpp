@@ -77,6 +77,12 @@ std::optional<DiskRoom> RoomOf(const std::string& folder) {
   return DiskRoom{.free = std::uint64_t{disk.f_bavail} * disk.f_frsize, .unit = disk.f_frsize};
 }
 
+std::optional<DiskRoom> RoomForUpdate(const ProgramState& state) {
+  auto room = RoomOf(state.Settings.OutputPath.Trimmed());
+  if (room) room->free += RoomTakenByOldFiles(state);
+  return room;
+}
+
 std::uint64_t RoomTakenBy(const std::string& folder) {
   const std::string path = WithoutSeparator(folder);
   const auto status = StatusOf(path, Links::kSeen);

@@ -24,6 +24,9 @@ std::optional<DiskRoom> RoomOf(const std::string& folder);
 /// file systems are left out.
 std::uint64_t RoomTakenBy(const std::string& folder);
 
+/// The room on the player once the files of the workout's last update are deleted.
+std::optional<DiskRoom> RoomForUpdate(const ProgramState& state);
+
 /// There is less room for an update than it needs; both in bytes.
 struct LackOfRoom {
   std::uint64_t needed;

@@ -7,29 +7,24 @@
 #include <vector>
 
 #include "base/File.h"
-#include "base/FileNames.h"
+#include "base/FileError.h"
 #include "base/Lines.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
-#include "instruction/Clips.h"
-#include "instruction/SpokenWords.h"
 #include "instruction/TextInstruction.h"
+#include "instruction/VoiceInstruction.h"
 #include "mp3/GetPlayTime.h"
 #include "mp3/Id3v2Format.h"
-#include "sound/WavFormat.h"
+#include "update/Encoder.h"
 #include "update/Growth.h"
-#include "update/ProcessMP3tag.h"
+#include "update/InstructionSize.h"
+#include "update/NumberedName.h"
+#include "update/SongCopy.h"
 
 namespace repvolta {
 namespace {
 
 constexpr double kToSpare = 1.1;
-
-/// Measured with the recorded clips: between 3.9 and 4.4 with the update's quality, -V4.
-constexpr double kWavBytesToOneOfMp3 = 4;
-
-/// A clip that does not exist yet: two seconds of speech.
-constexpr std::uint64_t kClipToBeSpoken = 64'000;
 
 /// The play times and sizes of so many songs stand for the whole list of music.
 constexpr std::int32_t kSampledSongs = 20;
@@ -45,14 +40,8 @@ constexpr std::uint64_t kMostBytesASecond = 56'000;
 constexpr std::uint64_t kMostOfInstruction = 16'000'000;
 constexpr std::uint64_t kMostBesideAudio = 100'000;
 
-std::uint64_t Spared(double bytes) {
-  return static_cast<std::uint64_t>(std::ceil(bytes * kToSpare));
-}
-
-/// 0 when there is no such file. Throws FileError.
-std::uint64_t SizeOf(const std::string& path) {
-  const std::optional<FileStamp> stamp = StampOf(path);
-  return stamp ? stamp->size : 0;
+std::uint64_t Spared(std::uint64_t bytes) {
+  return static_cast<std::uint64_t>(std::ceil(static_cast<double>(bytes) * kToSpare));
 }
 
 /// Songs from all parts of the random music list.
@@ -66,7 +55,7 @@ void Take(const std::string& song, Sample& sample) {
   try {
     const int seconds = GetPlayTime(song);
     if (seconds <= 0) return;
-    sample.bytes += static_cast<double>(SizeOf(song));
+    sample.bytes += static_cast<double>(SizeOrNothing(song));
     sample.seconds += seconds;
     ++sample.songs;
   } catch (const std::exception&) {
@@ -97,10 +86,10 @@ class Estimate {
       : state_(state), workout_(state.Workout), day_(day), unit_(unit) {}
 
   RoomNeeded Run() {
-    hasEncoder_ = FileIsReachable(kEncoder);
+    encoding_ = EncodingNow();
     for (std::int16_t i = 0; i < state_.NumberOfExercises; ++i) {
       ExerciseRecord& exercise = workout_[i];
-      for (const SetGrowth& growth : GrowthOn(exercise, day_)) Apply(growth, exercise);
+      Grow(exercise, day_);
       sentence_ = SentenceOf(i);
       AddInstruction(exercise);
       if (exercise.RandomMusic == kTrue) {
@@ -133,33 +122,22 @@ class Estimate {
   }
 
   void AddInstruction(const ExerciseRecord& exercise) {
-    const SpokenInstruction said = ClipsOfInstruction(
-        exercise,
-        state_.Settings.IncludeWeightValues == kTrue ? SetValues::kSaid : SetValues::kLeftOut);
-    std::uint64_t samples = 0;
-    for (const Clip& clip : said.clips) samples += SamplesOf(clip);
-    const auto wav = static_cast<double>(kWavHeaderSize + samples);
-    const std::uint64_t size =
-        hasEncoder_ ? Spared(wav / kWavBytesToOneOfMp3) + kTagOfSecondStep : Spared(wav);
-    AddListed(size, "Instructions");
+    const InstructionSize size = SizeOfInstruction(ClipsFor(state_.Settings, exercise).clips);
+    if (encoding_ == Encoding::kNoEncoder) {
+      AddListed(Spared(size.bytes), "Instructions");
+    } else {
+      AddListed(Spared(EncodedSize(size)) + kTagOfSecondStep, "Instructions");
+    }
   }
 
-  static std::uint64_t SamplesOf(const Clip& clip) {
-    const std::uint64_t size = SizeOf(ClipFile(clip));
-    if (size == 0 && clip.kind == Clip::Kind::kName) return kClipToBeSpoken;
-    return size - std::min<std::uint64_t>(size, kWavHeaderSize);
-  }
-
-  /// A song that is missing needs no room.
+  /// A song that is missing or cannot be read needs no room.
   void AddSong(const std::string& song) {
     if (!FileIsReachable(song)) return;
-    const std::string name(TrimBlanks(FileName(song)));
-    const std::uint64_t size = SizeOf(song);
-    const auto plan = PlanTaggedCopy(song, "RV000-" + name, sentence_, state_.WorkoutFileName);
-    if (plan) {
-      AddListed(plan->tag.size() + size - std::min(size, plan->audioOffset), name);
-    } else {
-      AddListed(size + kTagOfSecondStep, name);
+    const std::string name = SongCopyName(0, song);
+    try {
+      AddListed(PlanSongCopy(song, name, {sentence_, state_.WorkoutFileName}).bytes, name);
+    } catch (const FileError&) {
+      return;
     }
   }
 
@@ -174,7 +152,7 @@ class Estimate {
         std::min<double>(MaxMusicFiles, std::floor(exercise.TargetExerciseTime / songSeconds) + 1);
     const double bytes = songSeconds * sample_->bytes / sample_->seconds;
     for (int i = 0; i < static_cast<int>(songs); ++i) {
-      AddListed(Spared(bytes) + kTagStep, std::string(kNameRoom, ' '));
+      AddListed(Spared(static_cast<std::uint64_t>(bytes)) + kTagStep, std::string(kNameRoom, ' '));
     }
   }
 
@@ -185,7 +163,7 @@ class Estimate {
   double day_;
   std::uint64_t unit_;
   RoomNeeded needed_;
-  bool hasEncoder_ = false;
+  Encoding encoding_ = Encoding::kNoEncoder;
   std::string sentence_;
   std::uint64_t listBytes_ = 0;
   std::optional<Sample> sample_;

@@ -4,19 +4,10 @@
 
 #include "base/File.h"
 #include "base/FileNames.h"
+#include "update/KeptLines.h"
 
 namespace repvolta {
 namespace {
-
-/// Keeps lines for later.
-class KeptLines : public ProgressLog {
- public:
-  explicit KeptLines(std::vector<std::string>& lines) : lines_(lines) {}
-  void AddLineToUpdateList(std::string_view line) override { lines_.emplace_back(line); }
-
- private:
-  std::vector<std::string>& lines_;
-};
 
 /// The text with another name in place of a first one.
 std::string Renamed(std::string text, const std::string& from, const std::string& to) {

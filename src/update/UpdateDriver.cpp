@@ -14,14 +14,17 @@
 #include "base/Text.h"
 #include "instruction/TextInstruction.h"
 #include "instruction/VoiceInstruction.h"
+#include "keeping/KeepWorkout.h"
 #include "player/OutputFolder.h"
 #include "player/PlayList.h"
 #include "player/PlayerDisk.h"
 #include "player/PlayerPlayList.h"
 #include "update/Encoder.h"
 #include "update/Growth.h"
+#include "update/NumberedName.h"
 #include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
+#include "update/SongCopy.h"
 #include "update/Steps.h"
 #include "update/StopTexts.h"
 #include "update/TaggedSource.h"
@@ -42,7 +45,7 @@ class WorkoutUpdate {
         work_(steps_, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
         folder_(state_.Settings.OutputPath.Text(), workoutName_),
-        playList_(folder_, workoutName_ + kPlayListExtension),  // quirk 51
+        playList_(folder_, PlayListName(workoutName_)),
         disk_(state_.Settings.OutputPath.Text()) {}
 
   /// Returns the path of the play list.
@@ -50,6 +53,7 @@ class WorkoutUpdate {
     Prepare();
     GrowWorkout(program_, steps_);
     drawn_ = DrawRandomMusic(program_, steps_);
+    KeepVersion();
     // The growth is saved first, so that it stays even if all the rest fails (quirk 34).
     steps_.Run([&] { SaveWorkout(state_); });
     stage_ = Stage::kSaved;
@@ -116,6 +120,14 @@ class WorkoutUpdate {
             .workouts = state_.WorkoutNames};
   }
 
+  void KeepVersion() {
+    const std::string unkept =
+        KeepBefore(BeforeWhat::kUpdate, PathOfWorkout(state_), state_, program_.clock.Now());
+    if (unkept.empty()) return;
+    steps_.Log("WARNING: " + unkept);
+    state_.Kept.isFailureTold = true;
+  }
+
   void ProduceInstruction(std::int16_t exercise) {
     work_.BeginInstruction(exercise);
     steps_.Run([&] {
@@ -128,11 +140,11 @@ class WorkoutUpdate {
       encoding = EncodeMP3file(program_.processes, kWorkingWav, kWorkingMp3);
       if (encoding == Encoding::kNoEncoder) workingFiles_ = WorkingFiles::kStay;
     });
-    const std::string name = NumberedName("Instructions");
+    const std::string name = InstructionName(counter_, encoding);
     if (encoding == Encoding::kEncoderRun) {
-      KeepMp3(name + ".mp3");
+      KeepMp3(name);
     } else {
-      KeepWav(name + ".WAV");
+      KeepWav(name);
     }
     work_.EndFile();
   }
@@ -193,10 +205,10 @@ class WorkoutUpdate {
 
   void CopySong(const std::string& source) {
     if (!FileIsReachable(source)) {
-      steps_.Log("ERROR: File not found. " + source);  // quirk 52
+      steps_.Log(MissingSongLine(source));  // quirk 52
       return;
     }
-    const std::string name(TrimBlanks(NumberedName(TrimBlanks(FileName(source)))));
+    const std::string name = SongCopyName(counter_, source);
     // A copy that failed never shows: it is left out like a song that is missing.
     const auto kept = CopyWithTag(source, name);
     if (!kept) return;
@@ -239,7 +251,7 @@ class WorkoutUpdate {
       start.watch = work_.Watch();
       return folder_.CopyInto(tagged.FileToCopy(), name, start);
     } catch (const FileError& error) {
-      throw std::runtime_error(FileName(source) + " could not be copied: " + error.Reason());
+      throw std::runtime_error(NotCopiedText(source, error));
     }
   }
 
@@ -284,13 +296,6 @@ class WorkoutUpdate {
     const std::string name = BaseName(playList_.Name()) + kPlayerPlayListExtension;
     const std::string kept = folder_.WriteInto(name, playerPlayList_.Text());
     if (kept != name) WarnOfName(name, kept);
-  }
-
-  /// The name of the next file: its number has at least three digits.
-  std::string NumberedName(std::string_view name) const {
-    std::string number = std::to_string(counter_);
-    if (number.size() < 3) number.insert(0, 3 - number.size(), '0');
-    return ("RV" + number + "-").append(name);
   }
 
   void Finish() {

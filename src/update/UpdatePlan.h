@@ -25,7 +25,7 @@ struct PlannedFile {
 
   Kind kind;
   std::string name;     // "RV001-Instructions.mp3"; the player may not take every name
-  std::string title;    // in its tag; "" for a WAV file
+  std::string title;    // in its new tag; "" when it gets none, like a WAV file
   std::string source;   // the path of a song; "" for an instruction
   int seconds;          // kUnknownSeconds when it has no play time
   std::uint64_t bytes;  // with its tag
@@ -52,14 +52,15 @@ inline constexpr int kNoExercise = -1;
 struct PlannedProblem {
   /// What is to be mended, and thereby where.
   enum class Kind {
-    kSongGone,        // row: the song
+    kSongGone,        // or cannot be read; row: the song
+    kOddSong,         // its copy is not in the play list, or keeps an old tag; row: the song
     kNoRecording,     // of a name or a word
     kUnspeakable,     // a set cannot be said
     kGrowth,          // a value cannot grow; row: the set
     kDateAhead,       // a date of growth lies in the future; row: the set
     kNoSongFits,      // a target time that no listed song fits
     kMusicListEmpty,  // random music is wanted from an empty list
-    kMusicListOld,    // the list is older than the music
+    kMusicListOld,    // the list is older than the music; a listed song is gone
     kNoOutputPath,    // not set, or the player is not there
     kLackOfRoom,
     kNoEncoder,
@@ -73,7 +74,10 @@ struct PlannedProblem {
   Severity severity;
   int exercise;      // index; kNoExercise when it concerns all
   int row;           // see Kind; -1 where there is none
-  std::string text;  // a sentence
+  std::string text;  // a sentence, and what to do
+
+  /// Of an error: the line that the update would log. "" where that depends on what happens then.
+  std::string line = {};
 
   bool operator==(const PlannedProblem&) const = default;
 };
@@ -88,7 +92,8 @@ struct UpdatePlan {
   std::vector<PlannedProblem> problems;  // those of all first, then exercise by exercise
   std::int64_t seconds;                  // of all files whose play time is known
   std::uint64_t bytes;                   // of all files and play lists
-  std::optional<DiskRoom> room;          // on the player; nothing when it cannot be known
+  std::optional<DiskRoom> room;          // on the player, with that of the old files, which are
+                                         // deleted first; nothing when it cannot be known
 
   bool operator==(const UpdatePlan&) const = default;
 };

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "base/FileError.h"
 #include "base/FileNames.h"
+#include "update/SongCopy.h"
 #include "update/StopTexts.h"
 
 namespace repvolta {
@@ -16,14 +16,7 @@ constexpr std::uint64_t kInstructionWork = std::uint64_t{2} << 20;
 constexpr std::uint64_t kFlushWork = std::uint64_t{1} << 20;
 
 /// A song that cannot be examined is no work: it will not be copied.
-std::uint64_t AmountOfSong(const std::string& song) {
-  try {
-    const std::optional<FileStamp> stamp = StampOf(song);
-    return stamp ? stamp->size : 0;
-  } catch (const FileError&) {
-    return 0;
-  }
-}
+std::uint64_t AmountOfSong(const std::string& song) { return SizeOrNothing(song); }
 
 std::vector<std::string> SongsOfExercise(const ExerciseRecord& exercise) {
   std::vector<std::string> songs;

@@ -40,6 +40,10 @@ class RecordingWindow : public RecordingRun,
                       std::string_view /*initial*/) override {
     return {};
   }
+  std::optional<std::size_t> Choose(std::string_view /*prompt*/, std::string_view /*title*/,
+                                    const std::vector<std::string>& /*items*/) override {
+    return std::nullopt;
+  }
   std::string SelectExercise() override { return {}; }
   std::string SelectDirectory() override {
     calls.emplace_back("select directory");
@@ -52,6 +56,7 @@ class RecordingWindow : public RecordingRun,
   }
   void ShowAbout() override {}
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
+  void OpenGuide(std::string_view /*page*/) override {}
 
   // ProgressWindow
   void Show() override {}

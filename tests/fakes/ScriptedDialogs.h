@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
@@ -32,6 +33,16 @@ class ScriptedDialogs : public Dialogs {
     return NextAnswer();
   }
 
+  /// The answer is one of the items, or "".
+  std::optional<std::size_t> Choose(std::string_view prompt, std::string_view title,
+                                    const std::vector<std::string>& items) override {
+    Record("choose", title, prompt);
+    const std::string answer = NextAnswer();
+    const auto found = std::find(items.begin(), items.end(), answer);
+    if (found == items.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - items.begin());
+  }
+
   std::string SelectExercise() override {
     asked.emplace_back("exercise");
     return NextAnswer();
@@ -55,8 +66,11 @@ class ScriptedDialogs : public Dialogs {
 
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
 
+  void OpenGuide(std::string_view page) override { guide.emplace_back(page); }
+
   std::vector<std::string> asked;
   std::vector<std::string> opened;
+  std::vector<std::string> guide;  // the pages
   std::deque<std::string> answers;
   std::function<void()> whenAsked;
 

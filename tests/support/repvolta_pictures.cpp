@@ -6,6 +6,7 @@
 #include <QFont>
 #include <QIcon>
 #include <QListWidget>
+#include <QMenu>
 #include <QPalette>
 #include <QPushButton>
 #include <QRadioButton>
@@ -188,7 +189,17 @@ void TakeDialogs(const Pictures& pictures) {
   TakeUpdate(pictures);
 }
 
+/// The example of the guide: entered today, which is a Monday.
+ExerciseRecord GrowingExercise() {
+  ExerciseRecord exercise = SampleExercise("Bench Press", 50);
+  exercise.NumberOfSets = 1;
+  exercise.NextUpdate1[0] = SampleClock().Today() + 7;
+  return exercise;
+}
+
 void TakeGrowth(const Pictures& pictures, RepvoltaForm& form) {
+  form.GetEditor().Exercise() = GrowingExercise();
+  form.UpdateExerciseScreen();
   form.findChild<QListWidget*>("FreqList1")->setCurrentRow(0);
   pictures.Take(form, "RepvoltaForm-growth");
   form.findChild<QAction*>("GrowthAheadAction")->trigger();
@@ -220,6 +231,10 @@ void TakeWindow(const Pictures& pictures) {
     pictures.Take(form, QString("RepvoltaForm-") + name);
     if (tabs.currentIndex() == 1) TakeGrowth(pictures, form);
     tabs.setCurrentIndex(tabs.currentIndex() + 1);
+  }
+  for (auto* menu : form.findChildren<QMenu*>()) {
+    emit menu->aboutToShow();
+    pictures.Take(*menu, menu->objectName());
   }
 }
 

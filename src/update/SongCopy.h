@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/FileError.h"
+#include "update/TaggedSource.h"
+
+namespace repvolta {
+
+/// The copy of a song as an update writes it to the player.
+struct SongCopy {
+  enum class NewTag { kWritten, kNone };
+
+  int seconds;            // kUnknownSeconds when it has no play time
+  std::uint64_t bytes;    // with its new tag
+  NewTag newTag;          // an unusual file is copied as it is
+  std::string errorLine;  // that the update logs of its tags; else ""
+};
+
+/// What the copy of `source` to `path` will be. Throws FileError when the song cannot be copied.
+SongCopy PlanSongCopy(const std::string& source, const std::string& path,
+                      const TaggedSource::Tag& tag);
+
+/// The size of a file; 0 when it is not there or cannot be examined.
+std::uint64_t SizeOrNothing(const std::string& path);
+
+/// What an update logs of a song that is missing.
+std::string MissingSongLine(const std::string& song);
+
+/// Why a song is not on the player.
+std::string NotCopiedText(const std::string& song, const FileError& error);
+
+}  // namespace repvolta

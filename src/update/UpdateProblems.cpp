@@ -1,0 +1,121 @@
+#include <algorithm>
+
+#include "app/WorkoutDamage.h"
+#include "base/File.h"
+#include "base/Numbers.h"
+#include "base/ProgramFiles.h"
+#include "player/OutputPath.h"
+#include "player/PlayerDisk.h"
+#include "update/Encoder.h"
+#include "update/MusicListAge.h"
+#include "update/PlanProblems.h"
+
+namespace repvolta {
+namespace {
+
+using Kind = PlannedProblem::Kind;
+
+bool WantsRandomMusic(const ProgramState& state) {
+  const auto used =
+      std::span(state.Workout.begin(), static_cast<std::size_t>(state.NumberOfExercises));
+  return std::ranges::any_of(
+      used, [](const ExerciseRecord& exercise) { return exercise.RandomMusic == kTrue; });
+}
+
+bool IsMusicListEmpty() { return SizeOrNothing(kMusicList) == 0; }
+
+ProblemList ProblemsOfPlayer(const ProgramState& state, double day) {
+  if (IsOutputPathMissing(state.Settings)) {
+    return {PlannedError(
+        Kind::kNoOutputPath, {},
+        "No output path has been chosen. Choose it on the tab \"Program Settings\".", "")};
+  }
+  const std::string missing = WhyPlayerIsMissing(state);
+  if (!missing.empty()) {
+    return {PlannedError(Kind::kNoOutputPath, {},
+                         missing + ". Connect the player, or choose another output path.", "")};
+  }
+  const auto lack = FindLackOfRoom({&state}, day);
+  if (!lack) return {};
+  return {PlannedWarning(Kind::kLackOfRoom, {},
+                         state.WorkoutFileName + " " + TextOf(*lack) +
+                             ". Make room on the player, or choose fewer songs.")};
+}
+
+void AddDamage(const ProgramState& state, ProblemList& problems) {
+  for (const std::string& text : {OddSizeOf(state), DamageOf(state)}) {
+    if (text.empty()) continue;
+    problems.push_back(PlannedWarning(
+        Kind::kDamagedWorkout, {},
+        text +
+            " Put a backup of the file in its place before you update, which saves the damage."));
+  }
+}
+
+/// Why the drawing has found no song, or not enough.
+PlannedProblem ProblemOfEnd(const ExerciseRecord& exercise, const PlannedPlace& place,
+                            const Drawing& drawing, const std::string& line) {
+  if (IsMusicListEmpty()) {
+    return PlannedError(Kind::kMusicListEmpty, place,
+                        place.name +
+                            " wants random music, but the random music list is empty. Choose your "
+                            "music path, and compile the list.",
+                        line);
+  }
+  if (!drawing.missing.empty()) {
+    return PlannedError(Kind::kMusicListOld, place,
+                        "The random music list has a song that is gone: " + drawing.missing +
+                            ". Compile the list again.",
+                        line);
+  }
+  return PlannedError(Kind::kNoSongFits, place,
+                      (drawing.songs.empty() ? "No song" : "No further song") +
+                          std::string(" of the random music list fits the target time of ") +
+                          place.name + ", " + FormatTime(exercise.TargetExerciseTime) +
+                          ": it may be at most twice as long. Set a longer target time, or add "
+                          "shorter songs and compile the list again.",
+                      line);
+}
+
+}  // namespace
+
+ProblemList ProblemsOfAll(const ProgramState& state, double day) {
+  ProblemList problems = ProblemsOfPlayer(state, day);
+  AddDamage(state, problems);
+  if (EncodingNow() == Encoding::kNoEncoder) {
+    problems.push_back(PlannedWarning(
+        Kind::kNoEncoder, {},
+        "There is no encoder, so the instructions stay WAV files, which are large and which not "
+        "every player plays. Install lame."));
+  }
+  if (!WantsRandomMusic(state) || IsMusicListEmpty()) return problems;
+  const std::string change = WhyMusicListIsOld(state);
+  if (!change.empty()) {
+    problems.push_back(PlannedWarning(
+        Kind::kMusicListOld, {},
+        "The random music list is older than your music: " + change + ". Compile the list again."));
+  }
+  return problems;
+}
+
+ProblemList ProblemsOfDrawing(const ExerciseRecord& exercise, int index, const Drawing& drawing,
+                              const std::vector<std::string>& log) {
+  ProblemList problems;
+  const PlannedPlace place{.exercise = index, .name = exercise.ExerciseName.Trimmed()};
+  for (const std::string& line : log) {
+    if (!line.starts_with("ERROR")) continue;
+    // The drawing ends with its last error.
+    if (drawing.endedEarly && &line == &log.back()) {
+      problems.push_back(ProblemOfEnd(exercise, place, drawing, line));
+    } else {
+      problems.push_back(PlannedError(Kind::kNoSongFits, place,
+                                      "Random music for " + place.name + " cannot be drawn as it " +
+                                          "should be: " + line.substr(line.find(' ') + 1) +
+                                          ". Choose songs by hand, or another target time.",
+                                      line));
+    }
+  }
+  return problems;
+}
+
+}  // namespace repvolta

@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "editing/GrowthEditing.h"
 #include "ui/GrowthAheadForm.h"
+#include "ui/Keys.h"
 
 namespace repvolta {
 
@@ -11,12 +12,7 @@ GrowthAheadCommand::GrowthAheadCommand(const Editor& editor, Handlers& handlers,
       editor_(editor),
       handlers_(handlers),
       window_(window),
-      action_(new QAction("Growth Ahead ...", &window)) {
-  action_->setObjectName("GrowthAheadAction");
-  action_->setShortcut(Qt::CTRL | Qt::Key_G);
-  action_->setAutoRepeat(false);
-  action_->setToolTip("On which days the exercise grows, and to what. (Ctrl+G)");
-  window.addAction(action_);
+      action_(AddCommand(&window, "GrowthAheadAction", "Growth Ahead ...", Qt::CTRL | Qt::Key_G)) {
   connect(action_, &QAction::triggered, this, &GrowthAheadCommand::Open);
 }
 

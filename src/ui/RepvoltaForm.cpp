@@ -16,6 +16,7 @@
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
+#include "ui/GrowthAheadCommand.h"
 #include "ui/Help.h"
 #include "ui/Keys.h"
 #include "ui/LastUpdate.h"
@@ -73,6 +74,7 @@ void RepvoltaForm::AddTabs() {
   workoutTab_ = new WorkoutTab(editor_, handlers_);
   exerciseTab_ = new ExerciseTab(editor_, handlers_);
   settingsTab_ = new SettingsTab(editor_, handlers_);
+  growthAhead_ = new GrowthAheadCommand(editor_, handlers_, *this);
   ui_->WorkoutScrollArea->setWidget(workoutTab_);
   ui_->ExerciseScrollArea->setWidget(exerciseTab_);
   ui_->SettingsScrollArea->setWidget(settingsTab_);
@@ -330,6 +332,7 @@ void RepvoltaForm::EnableWorkoutControls() {
   ui_->SSTab1->setTabEnabled(static_cast<int>(WindowTab::kExercise), hasWorkout);
   ui_->UpdateSelectedWorkoutButton->setEnabled(hasWorkout && !busy_);
   ui_->UpdateAllWorkoutsButton->setEnabled(hasWorkout && !busy_);
+  growthAhead_->Refresh();
 }
 
 }  // namespace repvolta

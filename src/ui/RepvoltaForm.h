@@ -21,6 +21,7 @@ namespace repvolta {
 
 class ExerciseTab;
 class LastUpdate;
+class GrowthAheadCommand;
 class MainMenu;
 class SettingsTab;
 class WorkoutActions;
@@ -108,6 +109,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
   LastUpdate* lastUpdate_ = nullptr;
+  GrowthAheadCommand* growthAhead_ = nullptr;
   MainMenu* menu_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;

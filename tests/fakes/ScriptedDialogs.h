@@ -65,6 +65,12 @@ class ScriptedDialogs : public Dialogs {
     return files;
   }
 
+  PreviewOutcome ShowPreview(const std::function<Preview()>& plan) override {
+    asked.emplace_back("preview");
+    previews.push_back(plan());
+    return previewOutcome;
+  }
+
   void ShowAbout() override { asked.emplace_back("about"); }
 
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
@@ -78,6 +84,8 @@ class ScriptedDialogs : public Dialogs {
   std::vector<std::string> opened;
   std::vector<std::string> guide;  // the pages
   std::deque<std::string> answers;
+  std::vector<Preview> previews;
+  PreviewOutcome previewOutcome;
   std::function<void()> whenAsked;
 
  private:

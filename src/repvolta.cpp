@@ -8,9 +8,12 @@
 #include "editing/StartUp.h"
 #include "platform/QtChildProcesses.h"
 #include "platform/desktop/DesktopAudioOutputs.h"
+#include "platform/desktop/DesktopSoundPlayer.h"
 #include "platform/desktop/SingleInstance.h"
 #include "platform/desktop/UDisks.h"
+#include "speech/EngineBackgroundSpeech.h"
 #include "speech/EngineSpeech.h"
+#include "ui/ClearIndicators.h"
 #include "ui/MessageBox.h"
 #include "ui/QtDialogs.h"
 #include "ui/RandomMusicMessage.h"
@@ -59,14 +62,16 @@ void Raise(QWidget& form) {
 /// The state, the services and the windows of one run.
 class Desktop {
  public:
-  Desktop(const std::string& programDirectory, std::string layoutFile)
+  Desktop(const std::string& programDirectory, std::string layoutFile, const std::string& guide)
       : layoutFile_(std::move(layoutFile)) {
     state_.ProgramDirectory = programDirectory;
     window_ = &form_;
     dialogs_.SetOwner(&form_);
+    dialogs_.SetGuide(guide);
     progress_.SetOwner(&form_);
     progress_.OfferEject(disks_, [this] { return state_.Settings.OutputPath.Trimmed(); });
     pleaseWait_.SetOwner(&form_);
+    form_.OfferListening(player_, backgroundSpeech_);
     QObject::connect(&form_, &RepvoltaForm::Ended, qApp, &QCoreApplication::quit,
                      Qt::QueuedConnection);
   }
@@ -91,8 +96,12 @@ class Desktop {
   QtChildProcesses processes_{[this] { RunEvents(); }};
   EngineSpeech speech_{InstalledEngines(processes_)};
   DesktopAudioOutputs outputs_;
+  DesktopSoundPlayer player_;
+  EngineBackgroundSpeech backgroundSpeech_{[](ChildProcesses& processes) {
+    return std::make_unique<EngineSpeech>(InstalledEngines(processes));
+  }};
   UDisks disks_;
-  QtDialogs dialogs_;
+  QtDialogs dialogs_{layoutFile_};
   UpdateForm progress_;
   RandomMusicMessage pleaseWait_;
   Program program_{state_, clock_, random_, processes_, speech_};
@@ -106,7 +115,7 @@ int Run() {
   if (instance.IsFirst()) {
     const std::string layoutFile = WindowLayoutFile(directory, executable);
     if (!layoutFile.empty()) KeepFileDialogIn(directory);
-    return Desktop(directory, layoutFile).Run(instance);
+    return Desktop(directory, layoutFile, FindGuide(executable)).Run(instance);
   }
   return instance.RaiseFirst() ? 0 : Fail("Repvolta is already running in " + directory);
 }
@@ -119,6 +128,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("repvolta");
   QApplication::setDesktopFileName("repvolta");
   QApplication::setWindowIcon(repvolta::ProgramIcon());
+  QApplication::setStyle(new repvolta::ClearIndicators);
   // Only the Exit command ends the program. During the set-up, closing a message box closes the
   // last window.
   QApplication::setQuitOnLastWindowClosed(false);

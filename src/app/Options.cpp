@@ -1,6 +1,7 @@
 #include "app/Options.h"
 
 #include <map>
+#include <vector>
 
 #include "app/SharedFile.h"
 #include "base/File.h"
@@ -14,7 +15,11 @@ namespace {
 
 constexpr std::size_t kLongestOptionsFile = std::size_t{1024} * 1024;
 
-constexpr FlagOption kFlags[] = {kPlayListForPlayer};
+std::vector<FlagOption> Flags() {
+  std::vector<FlagOption> flags = {kPlayListForPlayer, kPlayerHintShown};
+  flags.insert(flags.end(), kUpdatesOn.begin(), kUpdatesOn.end());
+  return flags;
+}
 
 OptionLines ReadOptions() {
   const Bytes file = ReadWholeFile(kOptionsFile, kLongestOptionsFile + 1);
@@ -63,7 +68,7 @@ void SaveOptions(ProgramState& state) {
 std::string OddOptions(const OptionLines& options) {
   std::map<std::size_t, std::string> lines;
   for (const OptionLines::OddLine& line : options.OddLines()) lines[line.number] = line.text;
-  for (const FlagOption& flag : kFlags) {
+  for (const FlagOption& flag : Flags()) {
     if (IsUnderstood(options, flag)) continue;
     lines[options.LineNumber(flag.key)] =
         std::string(flag.key) + " = " + options.Value(flag.key).value_or("");

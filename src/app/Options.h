@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "app/OptionLines.h"
@@ -13,9 +14,22 @@ namespace repvolta {
 /// An update also writes a play list for the player.
 inline constexpr FlagOption kPlayListForPlayer{"play-list-for-player", false};
 
+/// After the first update the window has said how the files get into the player.
+inline constexpr FlagOption kPlayerHintShown{"player-hint-shown", false};
+
 /// Where the player's disk was mounted at the last update; empty when the output path lay on the
 /// same file system as "/".
 inline constexpr TextOption kPlayerMountPoint{"player-mount-point", ""};
+
+/// The days of the week on which updates are made, for what is said of growth ahead; without any,
+/// they are made daily.
+inline constexpr std::array<FlagOption, 7> kUpdatesOn = {{{"updates-on-monday", false},
+                                                          {"updates-on-tuesday", false},
+                                                          {"updates-on-wednesday", false},
+                                                          {"updates-on-thursday", false},
+                                                          {"updates-on-friday", false},
+                                                          {"updates-on-saturday", false},
+                                                          {"updates-on-sunday", false}}};
 
 /// Reads the options from the file in the current directory; without a file all have their
 /// defaults. Throws FileError when the file cannot be read; the options are then unchanged, and

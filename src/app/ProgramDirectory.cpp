@@ -17,6 +17,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kSharedData = "../share/repvolta/";
+constexpr const char* kGuideFolders[] = {"guide/", "../share/doc/repvolta/guide/"};
+constexpr const char* kFirstPage = "index.html";
 
 std::string UserDataFolder() {
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
@@ -59,6 +61,14 @@ void FillProgramDirectory(const std::string& programDirectory, const std::string
   MakeFolders(programDirectory);
   const std::string shared = beside + kSharedData;
   if (FolderExists(shared)) CopyMissing(shared, programDirectory);
+}
+
+std::string FindGuide(const std::string& executable) {
+  for (const char* folder : kGuideFolders) {
+    const std::string found = FolderOf(executable) + folder;
+    if (IsTaken(found + kFirstPage)) return found;
+  }
+  return "";
 }
 
 void LinkEncoder(const std::string& programDirectory) {

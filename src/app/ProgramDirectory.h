@@ -15,6 +15,10 @@ std::string FindProgramDirectory(const std::string& executable);
 /// Does nothing for a directory beside the executable. Throws FileError.
 void FillProgramDirectory(const std::string& programDirectory, const std::string& executable);
 
+/// The folder of the user's guide as web pages, ending with the separator: "guide" beside the
+/// executable, else where it is installed. "" when there is none.
+std::string FindGuide(const std::string& executable);
+
 /// Creates the link "lame.exe" to the system's encoder in the directory, unless the name leads to a
 /// file already or there is no encoder on the PATH. Ignores a directory that cannot be written.
 void LinkEncoder(const std::string& programDirectory);

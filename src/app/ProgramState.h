@@ -38,6 +38,13 @@ struct KnownOptionsFile {
   std::optional<FileStamp> stamp;  // none: there was no file
 };
 
+/// What is known of the versions of workouts that were kept in this run.
+struct KeptVersions {
+  std::string changed;  // the workout whose file was kept before a change
+  double day = 0;       // of that change
+  bool isFailureTold = false;
+};
+
 /// Everything that the program holds in memory; one object for the whole run.
 struct ProgramState {
   ExerciseSlots Workout;
@@ -55,6 +62,7 @@ struct ProgramState {
   std::vector<std::string> WorkoutNames;  // what WorkoutDropBox lists: file names with ".RPV"
   std::string WorkoutFileName;            // of the workout in memory; empty: none
   std::optional<KnownWorkoutFile> KnownFile;
+  KeptVersions Kept;
   std::int32_t RandomMusicFiles = 0;  // lines of "musiclist.txt" as last counted
 
   bool ScreenUpdating = false;       // the program itself fills the controls

@@ -80,6 +80,10 @@ void ReadWorkout(ProgramState& state, const std::string& path) {
 
 void LoadWorkoutNames(ProgramState& state) {
   MakeFolder(kWorkoutFolder);
+  ReadWorkoutNames(state);
+}
+
+void ReadWorkoutNames(ProgramState& state) {
   state.WorkoutNames = ListFiles(kWorkoutFolder, kWorkoutExtension);
   state.NumberOfWorkouts = CheckedInt16(static_cast<std::int64_t>(state.WorkoutNames.size()));
 }
@@ -110,6 +114,8 @@ std::vector<std::string> SongsOfAllWorkoutFiles() {
   }
   return songs;
 }
+
+std::string PathOfWorkout(const ProgramState& state) { return WorkoutPath(state); }
 
 void SaveWorkout(ProgramState& state) {
   MakeProgramDirectoryCurrent(state);

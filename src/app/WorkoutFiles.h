@@ -11,6 +11,9 @@ namespace repvolta {
 /// folder if it is missing. Throws FileError.
 void LoadWorkoutNames(ProgramState& state);
 
+/// The same without creating anything.
+void ReadWorkoutNames(ProgramState& state);
+
 enum class WorkoutLoad { kLoaded, kNoName, kNotFound };
 
 /// Reads the file named by WorkoutFileName into Workout and makes its first exercise the current
@@ -24,6 +27,10 @@ std::vector<std::string> SongsOf(const ExerciseSlots& workout);
 /// The songs of every file in the workout folder. The program directory must be current. Throws
 /// FileError.
 std::vector<std::string> SongsOfAllWorkoutFiles();
+
+/// The path of the file named by WorkoutFileName, whose case may differ; of one that is not there,
+/// where it would be. The program directory must be current.
+std::string PathOfWorkout(const ProgramState& state);
 
 /// Makes the program directory current and writes Workout to the file named by WorkoutFileName, all
 /// or nothing; without a name it writes nothing. Throws FileError, also for a file whose content

@@ -1,14 +1,46 @@
 #include "base/Days.h"
 
+#include <array>
 #include <chrono>
+#include <cmath>
+#include <stdexcept>
 
 namespace repvolta {
+namespace {
+
+constexpr std::chrono::sys_days kDayZero = std::chrono::year{1899} / 12 / 30;
+constexpr int kWeek = 7;
+
+constexpr std::array kWeekdays = {"Monday", "Tuesday",  "Wednesday", "Thursday",
+                                  "Friday", "Saturday", "Sunday"};
+constexpr std::array kMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+
+}  // namespace
 
 double DateOf(int year, int month, int day) {
   using namespace std::chrono;
-  constexpr sys_days kDayZero = std::chrono::year{1899} / 12 / 30;
   const sys_days date = std::chrono::year{year} / month / day;
   return static_cast<double>((date - kDayZero).count());
+}
+
+int WeekdayOf(double date) {
+  constexpr int kWeekdayOfDayZero = 5;
+  const auto day = static_cast<int>(std::fmod(std::floor(date), kWeek));
+  return (day + kWeek + kWeekdayOfDayZero) % kWeek;
+}
+
+const char* WeekdayName(int weekday) { return kWeekdays.at(static_cast<std::size_t>(weekday)); }
+
+std::string EnglishDate(double date) {
+  constexpr double kLimit = 1e7;  // days; more years than a calendar shows
+  constexpr std::size_t kShortName = 3;
+  if (!(std::abs(date) < kLimit)) throw std::overflow_error("There is no such date");
+  const std::chrono::year_month_day day =
+      kDayZero + std::chrono::days(static_cast<int>(std::floor(date)));
+  return std::string(WeekdayName(WeekdayOf(date)), kShortName) + " " +
+         std::to_string(unsigned{day.day()}) + " " + kMonths.at(unsigned{day.month()} - 1) + " " +
+         std::to_string(int{day.year()});
 }
 
 }  // namespace repvolta

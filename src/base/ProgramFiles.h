@@ -17,6 +17,9 @@ inline constexpr const char* kWindowLayoutFile = "window.ini";
 inline constexpr const char* kWorkoutFolder = "workouts/";
 inline constexpr const char* kWorkoutExtension = ".RPV";
 
+/// Kept versions of the workouts, in a folder for each.
+inline constexpr const char* kVersionFolder = "versions/";
+
 /// The lists of exercise names.
 inline constexpr const char* kExerciseFolder = "exercise/";
 inline constexpr const char* kExerciseListExtension = ".lst";

@@ -6,6 +6,7 @@
 #include "app/Options.h"
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
+#include "keeping/KeepWorkout.h"
 
 namespace repvolta {
 namespace {
@@ -49,7 +50,16 @@ UnsavedChange::UnsavedChange(const FileError& error)
       text_(std::string(error.what()) + "\rThe change is shown, but it is not saved.") {}
 
 void SaveChangedWorkout(const Editor& editor) {
+  SaveOrSay([&] { MakeProgramDirectoryCurrent(editor.State()); });
+  const std::string unkept = KeepBeforeChange(editor.State(), editor.program.clock.Now());
   SaveOrSay([&] { SaveWorkout(editor.State()); });
+  TellUnkept(editor, unkept);
+}
+
+void TellUnkept(const Editor& editor, const std::string& why) {
+  if (why.empty()) return;
+  editor.State().Kept.isFailureTold = true;
+  editor.dialogs.ShowMessage(why);
 }
 
 void SaveChangedSettings(const Editor& editor) {

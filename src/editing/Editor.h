@@ -45,7 +45,11 @@ class UnsavedChange : public FileError {
 // The last steps of the commands, see docs/decisions/0001-errors.md. Those that save throw
 // UnsavedChange.
 
+/// Before the first change of a day, the file is kept as it was.
 void SaveChangedWorkout(const Editor& editor);
+
+/// Shows once in a run why no version of a workout was kept; "" shows nothing.
+void TellUnkept(const Editor& editor, const std::string& why);
 
 /// Also show the settings or options that were taken over because another program had saved them.
 void SaveChangedSettings(const Editor& editor);

@@ -12,7 +12,10 @@
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
+#include "editing/AnswerLines.h"
 #include "editing/LoadedWorkout.h"
+#include "editing/WorkoutName.h"
+#include "keeping/KeepWorkout.h"
 
 namespace repvolta {
 namespace {
@@ -79,22 +82,22 @@ void DeleteWorkoutFile(const std::string& path) {
   RemoveFile(path);
 }
 
+void KeepWhatIsReplaced(const Editor& editor) {
+  MakeProgramDirectoryCurrent(editor.State());
+  TellUnkept(editor, KeepBefore(BeforeWhat::kReplacement, PathOfWorkout(editor.State()),
+                                editor.State(), editor.program.clock.Now()));
+}
+
 }  // namespace
 
 void CreateNewWorkoutButton_Click(Editor& editor) {
-  const std::string name(
-      TrimBlanks(editor.dialogs.AskText("Enter a name for the new Workout", "New Workout")));
+  const std::string name = AskWorkoutName(editor, "Enter a name for the new Workout", "New Workout",
+                                          NewWorkoutHelp(editor.State()));
   if (name.empty()) return;
-  if (!IsFileName(name) || !IsFileName(name + std::string(kWorkoutExtension))) {
-    editor.dialogs.ShowMessage(
-        "A workout cannot have this name, because a file cannot have it: it contains a character "
-        "such as \"/\", or it is too long.",
-        "New Workout");
-    return;
-  }
   PreviousWorkout previous(editor);
   ListNewWorkout(editor, name);
   InitialiseWorkout(editor);
+  KeepWhatIsReplaced(editor);
   // An empty workout takes the place of one that has this name already (quirk 104).
   ReplaceWorkoutFile(editor.State());
   SaveWorkout(editor.State());
@@ -110,7 +113,9 @@ void DeleteSelectedWorkoutButton_Click(Editor& editor) {
     return;
   }
   // The name alone, in the current directory and not in the workout folder (quirk 105).
-  DeleteWorkoutFile(ExistingName(state.WorkoutFileName));
+  const std::string path = ExistingName(state.WorkoutFileName);
+  TellUnkept(editor, KeepBefore(BeforeWhat::kDeletion, path, state, editor.program.clock.Now()));
+  DeleteWorkoutFile(path);
   ListWorkouts(editor);
   state.WorkoutFileName.clear();
 }

@@ -28,19 +28,34 @@ void BeginWithName(const std::string& clip, const std::string& target, ProgressL
 
 }  // namespace
 
-void SpeakToFile(const VoiceState& voice, SpeechSynthesizer& speech, const std::string& text,
-                 const std::string& file) {
-  speech.SpeakToFile({.text = text,
-                      .file = file,
-                      .voice = voice.Voice,
-                      .rate = voice.Rate,
-                      .volume = voice.Volume,
-                      .format = voice.Format});
+SpeechRequest SpeechOf(const VoiceState& voice, const std::string& text, const std::string& file) {
+  return {.text = text,
+          .file = file,
+          .voice = voice.Voice,
+          .rate = voice.Rate,
+          .volume = voice.Volume,
+          .format = voice.Format};
 }
 
-SpokenInstruction SaidNow(const SettingsRecord& settings, const ExerciseRecord& exercise) {
+void SpeakToFile(const VoiceState& voice, SpeechSynthesizer& speech, const std::string& text,
+                 const std::string& file) {
+  speech.SpeakToFile(SpeechOf(voice, text, file));
+}
+
+SpokenInstruction ClipsFor(const SettingsRecord& settings, const ExerciseRecord& exercise) {
   return ClipsOfInstruction(
       exercise, settings.IncludeWeightValues == kTrue ? SetValues::kSaid : SetValues::kLeftOut);
+}
+
+void JoinClips(const std::vector<Clip>& clips, const std::string& target,
+               const std::function<void(const Clip& name)>& beginWith, ProgressLog& log) {
+  for (const Clip& clip : clips) {
+    if (clip.kind == Clip::Kind::kName) {
+      beginWith(clip);
+    } else {
+      AppendClip(target, clip.text, log);
+    }
+  }
 }
 
 void GenerateHumanVoiceInstruction(const ProgramState& state, std::int16_t exerciseIndex,
@@ -49,15 +64,12 @@ void GenerateHumanVoiceInstruction(const ProgramState& state, std::int16_t exerc
   const ExerciseRecord& exercise = state.Workout[exerciseIndex];
   // An earlier exercise's file must not be heard as this one's instruction.
   RemoveFile(target);
-  const SpokenInstruction said = SaidNow(state.Settings, exercise);
-  for (const Clip& clip : said.clips) {
-    if (clip.kind == Clip::Kind::kName) {
-      const std::string file = ClipFile(clip);
-      BeginWithName(file, target, log, [&] { SpeakToFile(state.Voice, speech, clip.text, file); });
-    } else {
-      AppendClip(target, clip.text, log);
-    }
-  }
+  const SpokenInstruction said = ClipsFor(state.Settings, exercise);
+  const auto beginWith = [&](const Clip& name) {
+    const std::string file = ClipFile(name);
+    BeginWithName(file, target, log, [&] { SpeakToFile(state.Voice, speech, name.text, file); });
+  };
+  JoinClips(said.clips, target, beginWith, log);
   if (!said.failure.empty()) throw std::out_of_range(said.failure);
 }
 

@@ -4,10 +4,10 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QScreen>
-#include <QShortcut>
 #include <QTabBar>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "app/ScreenUpdate.h"
 #include "app/WorkoutFiles.h"
@@ -16,10 +16,14 @@
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
+#include "ui/Help.h"
 #include "ui/Keys.h"
+#include "ui/LastUpdate.h"
+#include "ui/MainMenu.h"
 #include "ui/SettingsTab.h"
 #include "ui/WheelGuard.h"
 #include "ui/WindowLayout.h"
+#include "ui/WorkoutActions.h"
 #include "ui/WorkoutTab.h"
 #include "update/Steps.h"
 
@@ -51,7 +55,12 @@ RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& p
   setWindowFlags(Qt::Window);
   AddTabs();
   ConnectButtons();
+  AddMenu();
   progress.OnStop([this] { stopRequested_ = true; });
+  progress.OnOpenFolder(
+      [this](const std::string& folder) { editor_.dialogs.OpenDocument(folder); });
+  lastUpdate_ =
+      new LastUpdate(this, ui_->LastUpdateLabel, [this] { editor_.progress.ShowAgain(); });
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
   RestoreWindowLayout(*this, layoutFile_);
@@ -82,6 +91,25 @@ void RepvoltaForm::AddTabs() {
   });
 }
 
+void RepvoltaForm::OfferListening(SoundPlayer& player, BackgroundSpeech& speech) {
+  const auto current = [this] {
+    const int selected = workoutTab_->SelectedExercise();
+    const bool isSelecting = ui_->SSTab1->currentWidget() == ui_->WorkoutPage && selected >= 0;
+    return isSelecting ? selected : editor_.State().CurrentExercise;
+  };
+  listening_ = std::make_unique<Listening>(
+      editor_.program,
+      Listening::Services{.player = player,
+                          .speech = speech,
+                          .output = [this] { return settingsTab_->SelectedAudioOutput(); },
+                          .current = current});
+  exerciseTab_->OfferListening(*listening_, this);
+}
+
+void RepvoltaForm::StopListening() {
+  if (listening_) listening_->Stop();
+}
+
 void RepvoltaForm::ConnectButtons() {
   handlers_.OnClick(ui_->UpdateSelectedWorkoutButton, "The workout could not be updated.",
                     [this] { UpdateSelectedWorkoutButton_Click(editor_); });
@@ -90,12 +118,23 @@ void RepvoltaForm::ConnectButtons() {
   handlers_.OnClickApart(ui_->AboutButton, "The box could not be shown.",
                          [this] { editor_.dialogs.ShowAbout(); });
   connect(ui_->ExitButton, &QPushButton::clicked, this, &RepvoltaForm::Exit);
-  AddKey(this, Qt::Key_F1, ui_->AboutButton);
-  AddKey(this, QKeySequence(Qt::CTRL | Qt::Key_Q), ui_->ExitButton);
-  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp), this), &QShortcut::activated, this,
-          [this] { StepTab(-1); });
-  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown), this), &QShortcut::activated,
-          this, [this] { StepTab(1); });
+  AddKey(this, Qt::CTRL | Qt::Key_U, ui_->UpdateSelectedWorkoutButton);
+  AddKey(this, Qt::CTRL | Qt::SHIFT | Qt::Key_U, ui_->UpdateAllWorkoutsButton);
+  AddKey(this, Qt::SHIFT | Qt::Key_F1, ui_->AboutButton);
+  AddKey(this, Qt::CTRL | Qt::Key_Q, ui_->ExitButton);
+}
+
+/// The commands that have no button, and the menu bar with all commands.
+void RepvoltaForm::AddMenu() {
+  QAction* back = AddCommand(this, "PreviousTabAction", "Previous Tab", Qt::CTRL | Qt::Key_PageUp);
+  connect(back, &QAction::triggered, this, [this] { StepTab(-1); });
+  QAction* next = AddCommand(this, "NextTabAction", "Next Tab", Qt::CTRL | Qt::Key_PageDown);
+  connect(next, &QAction::triggered, this, [this] { StepTab(1); });
+  workoutActions_ = std::make_unique<WorkoutActions>(
+      *this, editor_, handlers_, [this] { return workoutTab_->SelectedExercise(); });
+  new Help(*this, editor_.dialogs);
+  menu_ = new MainMenu(*this, MenuLines());
+  layout()->setMenuBar(menu_);
 }
 
 /// The selection is kept, because the command acts on the rows that the person selected.
@@ -133,11 +172,25 @@ void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
     End();
     return;
   }
-  stopRequested_ = false;
+  if (listening_) listening_->StopIfChanged();
   editor_.progress.UpdateEnds();
+  ShowOutcome();
+  stopRequested_ = false;
   if (outcome == Handlers::Outcome::kFailed) ShowWhatIsInMemory();
   SetBusy(false);
   EnableWorkoutControls();
+}
+
+void RepvoltaForm::ShowOutcome() {
+  const UpdateOutcome outcome = std::exchange(outcome_, {});
+  if (outcome.IsEmpty()) return;
+  // The progress window hides itself after "Update ALL Workouts".
+  const bool isHidden = editor_.State().UpdatingAllWorkouts && !stopRequested_;
+  const bool isHintDue = !isHidden && outcome.HasCompleteWorkout();
+  editor_.progress.ShowOutcome({.text = outcome.Text(),
+                                .folder = outcome.Folder(),
+                                .hint = isHintDue ? TakePlayerHint(editor_) : std::string()});
+  lastUpdate_->Show(isHidden ? outcome.Text() : std::string());
 }
 
 /// A change that could not be saved is still in memory, and the tabs show the memory. The message
@@ -162,6 +215,7 @@ void RepvoltaForm::ShowWhatIsInMemory() {
 void RepvoltaForm::Exit() {
   if (exitRequested_) return;
   exitRequested_ = true;
+  StopListening();
   stopRequested_ = true;
   ExitButton_Click(editor_);
   SaveWindowLayout(*this, layoutFile_);
@@ -186,6 +240,7 @@ void RepvoltaForm::SetBusy(bool busy) {
   busy_ = busy;
   if (busy) focusBefore_ = focusWidget();
   ui_->SSTab1->setEnabled(!busy);
+  menu_->setEnabled(!busy);
   ui_->AboutButton->setEnabled(!busy);
   EnableWorkoutControls();
   if (!busy && focusBefore_) focusBefore_->setFocus(Qt::OtherFocusReason);
@@ -213,11 +268,15 @@ bool RepvoltaForm::KeepWaiting() {
 bool RepvoltaForm::StopRequested() { return stopRequested_; }
 
 void RepvoltaForm::AddLineToUpdateList(std::string_view line) {
+  outcome_.AddLine(KindOfLine(line));
   editor_.progress.AddLine(line);
   LetEventsRun();
 }
 
-void RepvoltaForm::UpdateBegins() { editor_.progress.Show(); }
+void RepvoltaForm::UpdateBegins() {
+  StopListening();
+  editor_.progress.Show();
+}
 
 void RepvoltaForm::ShowWork(const WorkDone& work) {
   editor_.progress.ShowProgress(meter_.Read(work, std::chrono::steady_clock::now()));
@@ -226,7 +285,10 @@ void RepvoltaForm::ShowWork(const WorkDone& work) {
 
 void RepvoltaForm::ShowWorkoutNames() { workoutTab_->ShowWorkoutNames(); }
 
-void RepvoltaForm::UpdateWorkoutScreen() { workoutTab_->UpdateWorkoutScreen(); }
+void RepvoltaForm::UpdateWorkoutScreen() {
+  exerciseTab_->ShowSteps();
+  workoutTab_->UpdateWorkoutScreen();
+}
 
 void RepvoltaForm::UpdateExerciseScreen() { exerciseTab_->UpdateExerciseScreen(); }
 
@@ -259,6 +321,7 @@ void RepvoltaForm::ShowTab(WindowTab tab) { ui_->SSTab1->setCurrentIndex(static_
 void RepvoltaForm::EnableWorkoutControls() {
   const bool hasWorkout = !TrimBlanks(editor_.State().WorkoutFileName).empty();
   workoutTab_->EnableEditing(hasWorkout);
+  workoutActions_->Enable(hasWorkout);
   workoutTab_->ShowOddSize();
   if (!hasWorkout && ui_->SSTab1->currentWidget() == ui_->ExercisePage) {
     const ScreenUpdate updating(editor_.State());

@@ -4,25 +4,12 @@
 #include <stdexcept>
 
 #include "base/Numbers.h"
+#include "update/GrowingField.h"
 
 namespace repvolta {
 namespace {
 
 constexpr int kSlots = kSetSlots;
-
-/// The members of a record that hold one of the two set values and the rule of its growth.
-struct GrowingField {
-  int number;
-  SetSingles ExerciseRecord::*value;
-  SetSingles ExerciseRecord::*increment;
-  SetSingles ExerciseRecord::*frequency;  // days
-  SetDates ExerciseRecord::*nextUpdate;
-};
-
-constexpr GrowingField kField1 = {1, &ExerciseRecord::SetValue1, &ExerciseRecord::SetIncrement1,
-                                  &ExerciseRecord::SetFrequency1, &ExerciseRecord::NextUpdate1};
-constexpr GrowingField kField2 = {2, &ExerciseRecord::SetValue2, &ExerciseRecord::SetIncrement2,
-                                  &ExerciseRecord::SetFrequency2, &ExerciseRecord::NextUpdate2};
 
 /// A value is due the day after its frequency has passed (quirk 29). It is due only once, however
 /// many frequencies have passed (quirk 31).
@@ -69,7 +56,7 @@ std::vector<SetGrowth> GrowthOn(const ExerciseRecord& exercise, double day) {
 }
 
 void Apply(const SetGrowth& growth, ExerciseRecord& exercise) {
-  const GrowingField& field = growth.field == kField1.number ? kField1 : kField2;
+  const GrowingField& field = FieldOf(growth.field);
   (exercise.*field.nextUpdate)[growth.set] = growth.day;  // even if the value stays (quirk 33)
   (exercise.*field.value)[growth.set] = growth.to;
 }

@@ -104,7 +104,7 @@ class Planning {
     const ExerciseRecord& exercise = state_.Workout[i];
     PlannedExercise& planned = At(i);
     planned.sentence = SentenceOf(i);
-    planned.clips = SaidNow(state_.Settings, exercise).clips;
+    planned.clips = ClipsFor(state_.Settings, exercise).clips;
     problems_.Add(ProblemsOfClips(planned, i, clipFiles_, spoken_));
     if (state_.Settings.IncludeWeightValues == kTrue) problems_.Add(ProblemsOfValues(exercise, i));
     const std::string name = InstructionName(number_, encoding_);

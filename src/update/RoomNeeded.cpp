@@ -125,7 +125,7 @@ class Estimate {
 
   void AddInstruction(const ExerciseRecord& exercise) {
     const InstructionSize size =
-        SizeOfInstruction(SaidNow(state_.Settings, exercise).clips, clipFiles_);
+        SizeOfInstruction(ClipsFor(state_.Settings, exercise).clips, clipFiles_);
     if (encoding_ == Encoding::kNoEncoder) {
       AddListed(Spared(size.bytes), "Instructions");
     } else {

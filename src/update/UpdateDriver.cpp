@@ -14,6 +14,7 @@
 #include "base/Text.h"
 #include "instruction/TextInstruction.h"
 #include "instruction/VoiceInstruction.h"
+#include "keeping/KeepWorkout.h"
 #include "player/OutputFolder.h"
 #include "player/PlayList.h"
 #include "player/PlayerDisk.h"
@@ -52,6 +53,7 @@ class WorkoutUpdate {
     Prepare();
     GrowWorkout(program_, steps_);
     drawn_ = DrawRandomMusic(program_, steps_);
+    KeepVersion();
     // The growth is saved first, so that it stays even if all the rest fails (quirk 34).
     steps_.Run([&] { SaveWorkout(state_); });
     stage_ = Stage::kSaved;
@@ -62,6 +64,7 @@ class WorkoutUpdate {
       CopyMusic(i);
     }
     Finish();
+    TellResult(UpdateResult::End::kComplete);
     return folder_.Path() + playList_.Name();
   }
 
@@ -77,6 +80,7 @@ class WorkoutUpdate {
     });
     if (stage_ == Stage::kCleared) state_.Workout = workoutBefore_;
     steps_.Log(StoppedLine());
+    TellResult(UpdateResult::End::kStopped);
   }
 
  private:
@@ -116,6 +120,14 @@ class WorkoutUpdate {
             .songList = kMusicList,
             .otherSongs = SongsOfAllWorkoutFiles,
             .workouts = state_.WorkoutNames};
+  }
+
+  void KeepVersion() {
+    const std::string unkept =
+        KeepBefore(BeforeWhat::kUpdate, PathOfWorkout(state_), state_, program_.clock.Now());
+    if (unkept.empty()) return;
+    steps_.Log("WARNING: " + unkept);
+    state_.Kept.isFailureTold = true;
   }
 
   void ProduceInstruction(std::int16_t exercise) {
@@ -224,7 +236,7 @@ class WorkoutUpdate {
   TaggedSource WithTag(const std::string& source, const std::string& workingFile,
                        const std::string& name) {
     steps_.CheckStop();
-    if (ListsForPlayer()) {
+    if (ListsForPlayer() || host_.IsWatched()) {
       latest_ = {.name = name, .title = TitleOf(name, text_), .seconds = SecondsOf(source)};
     }
     return {source, workingFile, folder_.Path() + name, {text_, state_.WorkoutFileName}};
@@ -269,7 +281,7 @@ class WorkoutUpdate {
     if (playList_.Name() != asked) WarnOfName(asked, playList_.Name());
     ListForPlayer(name);
     unlisted_.clear();
-    work_.AddListed();
+    work_.AddListed(latest_.seconds);
   }
 
   bool ListsForPlayer() const { return Get(state_.Options, kPlayListForPlayer); }
@@ -318,13 +330,20 @@ class WorkoutUpdate {
     if (unlisted_.empty() || !folder_.StatusOf(unlisted_)) return;
     playList_.AddToPlaylistFile(folder_.Path() + unlisted_);
     ListForPlayer(unlisted_);
-    work_.AddListed();
+    work_.AddListed(latest_.seconds);
   }
 
   void RemoveWorkingFiles() {
     TidyUp([] { RemoveFile(kWorkingSong); });
     if (workingFiles_ != WorkingFiles::kMade) return;
     for (const char* file : {kWorkingWav, kWorkingMp3}) TidyUp([&] { RemoveFile(file); });
+  }
+
+  void TellResult(UpdateResult::End end) {
+    UpdateResult result = work_.Result(end);
+    result.workout = workoutName_;
+    result.folder = folder_.Path();
+    host_.UpdateEnded(result);
   }
 
   std::string StoppedLine() const {

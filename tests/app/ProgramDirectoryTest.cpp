@@ -93,6 +93,17 @@ TEST_F(ProgramDirectory, IsNotFoundWhereTheExecutablesFolderCannotBeLookedInto) 
               ThrowsMessage<FileError>(HasSubstr("usr/bin/voice")));
 }
 
+TEST_F(ProgramDirectory, HasTheGuideBesideTheExecutableOrWhereItIsInstalled) {
+  EXPECT_EQ(FindGuide(executable), "");
+  fs::create_directories("usr/share/doc/repvolta/guide");
+  EXPECT_EQ(FindGuide(executable), "");
+  PutFile("usr/share/doc/repvolta/guide/index.html", "");
+  EXPECT_EQ(FindGuide(executable), folder.Path() + "usr/bin/../share/doc/repvolta/guide/");
+  fs::create_directories("usr/bin/guide");
+  PutFile("usr/bin/guide/index.html", "");
+  EXPECT_EQ(FindGuide(executable), folder.Path() + "usr/bin/guide/");
+}
+
 TEST_F(ProgramDirectory, GetsAllThatIsShared) {
   Share("README", "read me");
   Share("voice/one.wav", "one");

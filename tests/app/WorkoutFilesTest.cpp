@@ -53,6 +53,14 @@ TEST_F(WorkoutFiles, LeaveAnEmptyListWhenThereAreNone) {
   EXPECT_EQ(state.NumberOfWorkouts, 0);
 }
 
+TEST_F(WorkoutFiles, AreReadWithoutMakingTheirFolder) {
+  state.NumberOfWorkouts = 3;
+  ReadWorkoutNames(state);
+  EXPECT_THAT(state.WorkoutNames, IsEmpty());
+  EXPECT_EQ(state.NumberOfWorkouts, 0);
+  EXPECT_FALSE(std::filesystem::exists("workouts"));
+}
+
 TEST_F(WorkoutFiles, AreNotSavedWhereTheirFolderCannotBeMade) {
   state.WorkoutFileName = "Monday.RPV";
   const UnreadableFile unwritable(folder.Path(), std::filesystem::perms::owner_exec);

@@ -61,6 +61,8 @@ bool IsBelow(const std::string& path, const std::string& folder) {
   return path == folder || path.starts_with(folder + "/");
 }
 
+bool IsVersion(const std::string& path) { return IsBelow(path, "program/versions"); }
+
 }  // namespace
 
 Entries Look(const std::string& root) {
@@ -243,6 +245,17 @@ void FaultWorld::ExpectNothingLost() {
   ExpectOnlyAllowedPaths(now);
   ExpectWorkoutIsWhole();
   ExpectClipIsWhole();
+  ExpectVersionsAreWhole(now);
+}
+
+/// A version is the workout as it was before an update.
+void FaultWorld::ExpectVersionsAreWhole(const Entries& now) {
+  for (const auto& [path, entry] : now) {
+    if (!IsVersion(path) || !path.ends_with(".RPV")) continue;
+    const Bytes version = GetFile(path);
+    EXPECT_TRUE(version == oldWorkout || WithoutGrowth(version) == WithoutGrowth(newWorkout))
+        << path << " is damaged";
+  }
 }
 
 void FaultWorld::ExpectClipIsWhole() {
@@ -254,7 +267,7 @@ void FaultWorld::ExpectOnlyAllowedPaths(const Entries& now) {
   for (const auto& [path, entry] : now) {
     const bool isAllowed = before_.contains(path) || path == "program/temp.wav" ||
                            path == "program/temp.mp3" || path == "program/options.conf" ||
-                           path == kSpokenClip || IsBelow(path, "player") ||
+                           path == kSpokenClip || IsBelow(path, "player") || IsVersion(path) ||
                            path.ends_with(".new") || IsBelow(path, "tmp");
     EXPECT_TRUE(isAllowed) << path << " was made";
     EXPECT_TRUE(!IsBelow(path, "player") || path == "player" || IsBelow(path, "player/Monday"))

@@ -96,6 +96,7 @@ class FaultWorld : public testing::Test {
   void BuildWorkouts();
   void ExpectWorkoutIsWhole();
   void ExpectClipIsWhole();
+  void ExpectVersionsAreWhole(const Entries& now);
   void ExpectOnlyAllowedPaths(const Entries& now);
 
   Entries before_;

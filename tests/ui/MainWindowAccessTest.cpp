@@ -107,7 +107,8 @@ const std::vector<std::vector<std::string>> kTabOrders = {
      "ExerciseSummaryList", "AddExerciseButton", "EditExerciseNameButton", "RemoveExerciseButton",
      "MoveUpExerciseListButton", "UpdateSelectedWorkoutButton", "UpdateAllWorkoutsButton",
      "AboutButton", "ExitButton"},
-    {"SetButton_0",
+    {"NextExerciseButton",
+     "SetButton_0",
      "UnitsSelection_0",
      "SetExerciseTimeButton",
      "SetList1",
@@ -210,7 +211,7 @@ TEST_F(MainWindowAccess, KeysOfTheWindowWork) {
   EXPECT_EQ(tabs.currentIndex(), 2);
   Press("RateSldr", Qt::CTRL | Qt::Key_PageUp);
   EXPECT_EQ(tabs.currentIndex(), 1);
-  Press("SetList1", Qt::Key_F1);
+  Press("SetList1", Qt::SHIFT | Qt::Key_F1);
   EXPECT_THAT(dialogs.asked, ElementsAre("about"));
   Press("SetList1", Qt::CTRL | Qt::Key_Q);
   EXPECT_FALSE(form->isVisible());
@@ -252,19 +253,13 @@ TEST_F(MainWindowAccess, TheTabKeysPassADisabledTabOver) {
 
 TEST_F(MainWindowAccess, TheToolTipsNameTheKeys) {
   const std::vector<std::pair<const char*, const char*>> keys = {
-      {"AddExerciseButton", "(Ins)"},
-      {"EditExerciseNameButton", "(F2)"},
-      {"RemoveExerciseButton", "(Del)"},
-      {"MoveUpExerciseListButton", "(Alt+Up)"},
-      {"AddNewSetButton", "(Ins)"},
-      {"RemoveSelectedSetButton", "(Del)"},
-      {"MoveSetUpListButton", "(Alt+Up)"},
-      {"AddMusicFileButton", "(Ins)"},
-      {"RemoveMusicFileButton", "(Del)"},
-      {"MoveMusicFileUpListButton", "(Alt+Up)"},
-      {"CreateNewWorkoutButton", "(Ctrl+N)"},
-      {"AboutButton", "(F1)"},
-      {"ExitButton", "(Ctrl+Q)"}};
+      {"AddExerciseButton", "(Ins)"},         {"EditExerciseNameButton", "(F2)"},
+      {"RemoveExerciseButton", "(Del)"},      {"MoveUpExerciseListButton", "(Alt+Up)"},
+      {"AddNewSetButton", "(Ins)"},           {"RemoveSelectedSetButton", "(Del)"},
+      {"MoveSetUpListButton", "(Alt+Up)"},    {"AddMusicFileButton", "(Ins)"},
+      {"RemoveMusicFileButton", "(Del)"},     {"MoveMusicFileUpListButton", "(Alt+Up)"},
+      {"CreateNewWorkoutButton", "(Ctrl+N)"}, {"UpdateAllWorkoutsButton", "(Ctrl+Shift+U)"},
+      {"AboutButton", "(Shift+F1)"},          {"ExitButton", "(Ctrl+Q)"}};
   for (const auto& [button, key] : keys) {
     EXPECT_THAT(Get<QWidget>(button).toolTip().toStdString(), HasSubstr(key)) << button;
   }

@@ -108,8 +108,8 @@ TEST_F(PlayListForPlayer, ThatCannotBeWrittenIsTold) {
 TEST_F(PlayListForPlayer, DoesNotCountAsASongThatIsKept) {
   AddSquatWithSongs();
   Update();
-  const UnreadableFile unreadable("workouts/Monday.RPV");
-  state.KnownFile.reset();
+  PutFile("workouts/Other.RPV", "");
+  const UnreadableFile unreadable("workouts/Other.RPV");
   Update();
   // Songs of other workouts are looked for only where a file may be one.
   EXPECT_THAT(run.log, Not(Contains(HasSubstr("is not deleted"))));

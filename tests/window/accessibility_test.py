@@ -68,7 +68,7 @@ class Accessibility(WindowTest):
     def test_names_the_controls_of_the_boxes(self):
         program = self.program
         for open_it, title in ((lambda: program.press("Create New Workout"), "New Workout"),
-                               (lambda: keys("F1"), "About Repvolta")):
+                               (lambda: keys("shift+F1"), "About Repvolta")):
             with self.subTest(title):
                 program.main()
                 open_it()

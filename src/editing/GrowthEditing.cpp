@@ -1,0 +1,15 @@
+#include "editing/GrowthEditing.h"
+
+namespace repvolta {
+
+UpdateDays ChosenUpdateDays(const Editor& editor) {
+  return ChosenUpdateDays(editor.State().Options);
+}
+
+void ChooseUpdateDays(const Editor& editor, const UpdateDays& days) {
+  PutUpdateDays(editor.State().Options, days);
+  ShowExercise(editor);
+  SaveChangedOptions(editor);
+}
+
+}  // namespace repvolta

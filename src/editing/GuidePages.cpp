@@ -1,0 +1,59 @@
+#include "editing/GuidePages.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace repvolta {
+namespace {
+
+constexpr GuidePage kPages[] = {
+    {"first-start", "The first start"},
+    {"first-workout", "A first workout"},
+    {"growth", "Growth"},
+    {"music", "Music"},
+    {"players", "Players"},
+    {"own-voice", "Your own voice and exercises"},
+    {"schedule", "Updates on a schedule"},
+    {"messages", "What the program says"},
+    {"backup", "Backup and moving"},
+    {"keys", "Menus and keys"},
+};
+
+constexpr HelpPlace kPlaces[] = {
+    {"WorkoutPage", "", "first-workout.html#set-it-up"},
+    {"ExercisePage", "", "first-workout.html#kinds-of-sets"},
+    {"SettingsPage", "", "first-start.html#two-questions"},
+    {"InputBox", "New Workout", "first-workout.html#set-it-up"},
+    {"InputBox", "Edit Exercise Name", "own-voice.html#names-without-a-recording"},
+    {"InputBox", "Set Target Exercise Time", "music.html#random-music"},
+    {"InputBox", "Set Default Exercise Time", "music.html#random-music"},
+    {"InputBox", "", "first-workout.html#kinds-of-sets"},
+    {"MessageBox", "Welcome to Repvolta", "first-start.html#two-questions"},
+    {"MessageBox", "Find your music files", "first-start.html#two-questions"},
+    {"MessageBox", "Select your output directory", "first-start.html#two-questions"},
+    {"MessageBox", "Update Workout", "players.html#is-there-room"},
+    {"MessageBox", "Update ALL Workouts", "players.html#is-there-room"},
+    {"MessageBox", "", "messages.html#messages-of-the-window"},
+    {"SelectExerciseDialog", "", "first-workout.html#set-it-up"},
+    {"SelectDirectory", "", "first-start.html#two-questions"},
+    {"QFileDialog", "", "music.html#songs-of-your-choice"},
+    {"UpdateForm", "", "messages.html#lines-of-an-update"},
+    {"RandomMusicMessage", "", "music.html#random-music"},
+    {"AboutForm", "", kGuideContents},
+};
+
+}  // namespace
+
+std::vector<GuidePage> GuidePages() { return {std::begin(kPages), std::end(kPages)}; }
+
+std::vector<HelpPlace> HelpPlaces() { return {std::begin(kPlaces), std::end(kPlaces)}; }
+
+std::string GuidePageOf(std::string_view place, std::string_view title) {
+  const auto* line =
+      std::find_if(std::begin(kPlaces), std::end(kPlaces), [&](const HelpPlace& one) {
+        return one.place == place && (one.title.empty() || one.title == title);
+      });
+  return std::string(line == std::end(kPlaces) ? kGuideContents : line->page);
+}
+
+}  // namespace repvolta

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+namespace repvolta {
+
+/// The reason why a sound cannot be played, in words for the user.
+class SoundError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// An entry of the list that AudioOutputs::Names gave; without a name, the default output.
+struct ChosenOutput {
+  int entry = 0;
+  std::string name;
+};
+
+/// Plays one WAV file at a time. Nothing waits for the sound.
+class SoundPlayer {
+ public:
+  virtual ~SoundPlayer() = default;
+
+  /// The event loop calls it when the sound has ended: with "" when all of it was heard, otherwise
+  /// with the reason, as a sentence.
+  using Ended = std::function<void(const std::string& failure)>;
+
+  /// Stops what is heard, reads the file and begins to play it. Throws SoundError when it cannot
+  /// begin, FileError when the file cannot be read; `ended` is not called then.
+  virtual void Play(const std::string& file, const ChosenOutput& output, Ended ended) = 0;
+
+  /// Ends the sound, if there is one; its `ended` is not called any more.
+  virtual void Stop() = 0;
+};
+
+}  // namespace repvolta

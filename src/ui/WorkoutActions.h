@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QAction>
+#include <functional>
+#include <vector>
+
+#include "editing/Editor.h"
+#include "ui/Handlers.h"
+
+namespace repvolta {
+
+/// The commands on a workout or exercise that have no button, for the menus.
+class WorkoutActions {
+ public:
+  /// The actions belong to `window`. `selectedExercise` returns a row, or -1.
+  WorkoutActions(QWidget& window, Editor& editor, Handlers& handlers,
+                 std::function<int()> selectedExercise);
+
+  /// They need a workout.
+  void Enable(bool enabled);
+
+ private:
+  void Add(QWidget& window, Handlers& handlers, const char* objectName, const char* text,
+           const std::string& failure, const std::function<void()>& command);
+
+  std::vector<QAction*> actions_;
+};
+
+}  // namespace repvolta

@@ -9,6 +9,7 @@ namespace {
 constexpr GuidePage kPages[] = {
     {"first-start", "The first start"},
     {"first-workout", "A first workout"},
+    {"preview", "Before an update"},
     {"growth", "Growth"},
     {"music", "Music"},
     {"players", "Players"},
@@ -37,6 +38,7 @@ constexpr HelpPlace kPlaces[] = {
     {"SelectDirectory", "", "first-start.html#two-questions"},
     {"QFileDialog", "", "music.html#songs-of-your-choice"},
     {"UpdateForm", "", "messages.html#lines-of-an-update"},
+    {"PreviewForm", "", "preview.html"},
     {"RandomMusicMessage", "", "music.html#random-music"},
     {"AboutForm", "", kGuideContents},
 };

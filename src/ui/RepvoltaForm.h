@@ -11,6 +11,8 @@
 #include "ui/Handlers.h"
 #include "update/Progress.h"
 
+class QAction;
+
 namespace Ui {
 class RepvoltaForm;
 }
@@ -78,6 +80,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void AddTabs();
   void ConnectButtons();
   void AddMenu();
+  void PreviewAction_Trigger();
   void SSTab1_Click();
   void ShowExerciseFrames();
   void StepTab(int step);
@@ -98,6 +101,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
   MainMenu* menu_ = nullptr;
+  QAction* previewAction_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;
   bool busy_ = false;

@@ -17,6 +17,7 @@ constexpr GuidePage kPages[] = {
     {"schedule", "Updates on a schedule"},
     {"messages", "What the program says"},
     {"backup", "Backup and moving"},
+    {"keys", "Menus and keys"},
 };
 
 constexpr HelpPlace kPlaces[] = {

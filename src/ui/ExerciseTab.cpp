@@ -10,6 +10,7 @@
 #include "editing/SetValueEditing.h"
 #include "ui/FileDrop.h"
 #include "ui/Keys.h"
+#include "ui/ListenButtons.h"
 #include "ui/SetTable.h"
 
 #include "ui_ExerciseTab.h"
@@ -33,6 +34,9 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
   sets_ = new SetTable({ui_->SetList1, ui_->SetList2, ui_->SetListInc1, ui_->SetListInc2,
                         ui_->FreqList1, ui_->FreqList2, ui_->NextUpdateList},
                        this);
+  listen_ = new ListenButtons(editor_, handlers_, this);
+  listen_->PutBeside(ui_->ExerciseNameLabel, ui_->ExerciseTabLayout);
+  setTabOrder(listen_->LastButton(), ui_->SetButton_0);
   setButtons_ = {ui_->SetButton_0, ui_->SetButton_1, ui_->SetButton_2, ui_->SetButton_3};
   unitsSelections_ = {ui_->UnitsSelection_0, ui_->UnitsSelection_1};
   ui_->MusicList->setTextElideMode(Qt::ElideMiddle);
@@ -44,6 +48,11 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
 }
 
 ExerciseTab::~ExerciseTab() = default;
+
+void ExerciseTab::OfferListening(Listening& listening, QWidget* window) {
+  listen_->Use(listening);
+  listen_->AddKeys(window);
+}
 
 void ExerciseTab::ConnectSetButtons() {
   handlers_.OnClick(ui_->AddNewSetButton, "The set could not be added.",
@@ -154,6 +163,7 @@ void ExerciseTab::ShowContent(Content content) {
            ui_->ExerciseSettingFrame, ui_->SetDetailsFrame, ui_->AutoIncFrame}) {
     frame->setVisible(shown);
   }
+  listen_->ShowForExercise(shown);
   if (!shown) ui_->ExerciseNameLabel->setText("No Exercise Selected");
 }
 

@@ -110,6 +110,25 @@ void RepvoltaForm::AddTabs() {
   });
 }
 
+void RepvoltaForm::OfferListening(SoundPlayer& player, BackgroundSpeech& speech) {
+  const auto current = [this] {
+    const int selected = workoutTab_->SelectedExercise();
+    const bool isSelecting = ui_->SSTab1->currentWidget() == ui_->WorkoutPage && selected >= 0;
+    return isSelecting ? selected : editor_.State().CurrentExercise;
+  };
+  listening_ = std::make_unique<Listening>(
+      editor_.program,
+      Listening::Services{.player = player,
+                          .speech = speech,
+                          .output = [this] { return settingsTab_->SelectedAudioOutput(); },
+                          .current = current});
+  exerciseTab_->OfferListening(*listening_, this);
+}
+
+void RepvoltaForm::StopListening() {
+  if (listening_) listening_->Stop();
+}
+
 void RepvoltaForm::ConnectButtons() {
   handlers_.OnClick(ui_->UpdateSelectedWorkoutButton, "The workout could not be updated.",
                     [this] { UpdateSelectedWorkoutButton_Click(editor_); });
@@ -183,6 +202,7 @@ void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
     return;
   }
   stopRequested_ = false;
+  if (listening_) listening_->StopIfChanged();
   editor_.progress.UpdateEnds();
   if (outcome == Handlers::Outcome::kFailed) ShowWhatIsInMemory();
   SetBusy(false);
@@ -211,6 +231,7 @@ void RepvoltaForm::ShowWhatIsInMemory() {
 void RepvoltaForm::Exit() {
   if (exitRequested_) return;
   exitRequested_ = true;
+  StopListening();
   stopRequested_ = true;
   ExitButton_Click(editor_);
   SaveWindowLayout(*this, layoutFile_);
@@ -267,7 +288,10 @@ void RepvoltaForm::AddLineToUpdateList(std::string_view line) {
   LetEventsRun();
 }
 
-void RepvoltaForm::UpdateBegins() { editor_.progress.Show(); }
+void RepvoltaForm::UpdateBegins() {
+  StopListening();
+  editor_.progress.Show();
+}
 
 void RepvoltaForm::ShowWork(const WorkDone& work) {
   editor_.progress.ShowProgress(meter_.Read(work, std::chrono::steady_clock::now()));

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "editing/Editor.h"
+#include "editing/Listening.h"
 #include "editing/MainScreen.h"
 #include "ui/Handlers.h"
 #include "update/Progress.h"
@@ -38,6 +39,9 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
 
   /// The editor of the commands, with this window as its screen.
   const Editor& GetEditor() const { return editor_; }
+
+  /// Until this call nothing can be listened to. Both must outlive the window.
+  void OfferListening(SoundPlayer& player, BackgroundSpeech& speech);
 
   /// Handles the windows' events during a wait. Throws UpdateStopped when the person has stopped
   /// the update or ended the program.
@@ -90,12 +94,14 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void AfterHandler(Handlers::Outcome outcome);
   void ShowWhatIsInMemory();
   void LetEventsRun();
+  void StopListening();
   void SetBusy(bool busy);
 
   Editor editor_;
   std::string layoutFile_;
   Handlers handlers_;
   std::unique_ptr<Ui::RepvoltaForm> ui_;
+  std::unique_ptr<Listening> listening_;
   std::unique_ptr<WorkoutActions> workoutActions_;
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;

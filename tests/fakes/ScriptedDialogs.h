@@ -26,9 +26,11 @@ class ScriptedDialogs : public Dialogs {
     return NextAnswer() == "OK";
   }
 
-  std::string AskText(std::string_view prompt, std::string_view title,
+  std::string AskText(std::string_view prompt, std::string_view title, const AnswerHelp& help,
                       std::string_view initial) override {
     Record("ask", title, prompt);
+    nowLines.push_back(help.now);
+    if (!answers.empty()) keptLines.push_back(help.kept(answers.front()));
     if (!initial.empty()) asked.back() += "|" + std::string(initial);
     return NextAnswer();
   }
@@ -48,8 +50,9 @@ class ScriptedDialogs : public Dialogs {
     return NextAnswer();
   }
 
-  std::string SelectDirectory() override {
+  std::string SelectDirectory(const FolderQuestion& question) override {
     asked.emplace_back("directory");
+    questions.push_back(question);
     return NextAnswer();
   }
 
@@ -75,6 +78,9 @@ class ScriptedDialogs : public Dialogs {
   void OpenGuide(std::string_view page) override { guide.emplace_back(page); }
 
   std::vector<std::string> asked;
+  std::vector<std::string> nowLines;   // below the fields of the input boxes
+  std::vector<std::string> keptLines;  // what they say of the answers
+  std::vector<FolderQuestion> questions;
   std::vector<std::string> opened;
   std::vector<std::string> guide;  // the pages
   std::deque<std::string> answers;

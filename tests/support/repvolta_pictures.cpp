@@ -15,6 +15,8 @@
 #include "base/Days.h"
 #include "base/FileNames.h"
 #include "base/Numbers.h"
+#include "editing/AnswerLines.h"
+#include "editing/FolderQuestions.h"
 #include "editing/PreviewRows.h"
 #include "editing/StartUp.h"
 #include "platform/Clock.h"
@@ -129,7 +131,7 @@ void TakePicker(const Pictures& pictures) {
                         .label = "WALKMAN",
                         .kind = Volume::Kind::kRemovable,
                         .freeBytes = 3'200'000'000}});
-  SelectDirectory directory(volumes, QDir::homePath());
+  SelectDirectory directory(volumes, OutputFolderQuestion({}));
   pictures.Take(directory, "SelectDirectory");
   auto& drives = *directory.findChild<QComboBox*>("DriveListBox");
   drives.setCurrentIndex(3);
@@ -248,7 +250,12 @@ void TakeDialogs(const Pictures& pictures) {
   TakePicker(pictures);
   AboutForm about;
   pictures.Take(about, "AboutForm");
-  InputBox input("Enter new Value:", "Change Exercise Value", "12.5");
+  const SystemClock clock;
+  ExerciseRecord squat;
+  squat.ExerciseName = "Squat";
+  squat.SetValue1[1] = 50;
+  InputBox input("Enter new Value:", "Change Exercise Value",
+                 SetNumberHelp(squat, 1, kSetList1, clock), "57,5");
   pictures.Take(input, "InputBox");
   MessageBox message("Are you SURE you want to delete workout\r<b>Monday</b>.RPV", "Delete Workout",
                      QMessageBox::Ok | QMessageBox::Cancel);

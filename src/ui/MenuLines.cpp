@@ -16,6 +16,7 @@ constexpr MenuLine kLines[] = {
     {M::kWorkout},
     {M::kWorkout, "UpdateSelectedWorkoutButton"},
     {M::kWorkout, "UpdateAllWorkoutsButton"},
+    {M::kWorkout, "ShowLastUpdateAction"},
     {M::kWorkout, "OutputPathButton"},
     {M::kWorkout, "PlayerPlayListCheck"},
     {M::kWorkout, "AutoLoadPLaylistCheckbox"},
@@ -43,6 +44,8 @@ constexpr MenuLine kLines[] = {
 
     {M::kExercise, "AddExerciseButton"},
     {M::kExercise, "ExerciseList", "Open Exercise"},
+    {M::kExercise, "PreviousExerciseButton", "Previous Exercise"},
+    {M::kExercise, "NextExerciseButton", "Next Exercise"},
     {M::kExercise, "EditExerciseNameButton"},
     {M::kExercise, "CopyExerciseAction"},
     {M::kExercise, "RemoveExerciseButton"},

@@ -14,6 +14,7 @@
 #include "ui/ExerciseSteps.h"
 #include "ui/FileDrop.h"
 #include "ui/Keys.h"
+#include "ui/ListenButtons.h"
 #include "ui/SetTable.h"
 #include "ui/SongMarks.h"
 
@@ -38,10 +39,14 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
   sets_ = new SetTable({ui_->SetList1, ui_->SetList2, ui_->SetListInc1, ui_->SetListInc2,
                         ui_->FreqList1, ui_->FreqList2, ui_->NextUpdateList},
                        this);
+  listen_ = new ListenButtons(editor_, handlers_, this);
+  listen_->PutBeside(ui_->ExerciseNameLabel);
+  listen_->ComeBefore(ui_->SetButton_0);
   setButtons_ = {ui_->SetButton_0, ui_->SetButton_1, ui_->SetButton_2, ui_->SetButton_3};
   unitsSelections_ = {ui_->UnitsSelection_0, ui_->UnitsSelection_1};
   ui_->MusicList->setTextElideMode(Qt::ElideMiddle);
   ui_->NoSetsLabel->setForegroundRole(QPalette::PlaceholderText);
+  ui_->GrowthLabel->Follow(editor_, {ui_->FreqList1, ui_->FreqList2, ui_->NextUpdateList});
   ConnectSetButtons();
   ConnectSetLists();
   ConnectChoices();
@@ -50,6 +55,11 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
 }
 
 ExerciseTab::~ExerciseTab() = default;
+
+void ExerciseTab::OfferListening(Listening& listening, QWidget* window) {
+  listen_->Use(listening);
+  listen_->AddKeys(window);
+}
 
 void ExerciseTab::ConnectSetButtons() {
   handlers_.OnClick(ui_->AddNewSetButton, "The set could not be added.",
@@ -179,9 +189,10 @@ void ExerciseTab::ShowContent(Content content) {
   const bool shown = content == Content::kExercise;
   for (QWidget* frame : std::initializer_list<QWidget*>{
            ui_->SetButtonsFrame, ui_->MusicButtonsFrame, ui_->MusicListFrame,
-           ui_->ExerciseSettingFrame, ui_->SetDetailsFrame, ui_->AutoIncFrame}) {
+           ui_->ExerciseSettingFrame, ui_->SetDetailsFrame, ui_->AutoIncFrame, ui_->GrowthLabel}) {
     frame->setVisible(shown);
   }
+  listen_->ShowForExercise(shown);
   ShowSteps();
   if (!shown) ui_->ExerciseNameLabel->setText("No Exercise Selected");
 }
@@ -203,6 +214,7 @@ void ExerciseTab::UpdateExerciseScreen() {
     ui_->MusicList->SetRows({});
     songMarks_->Show({});
     sets_->SetRows({});
+    ui_->GrowthLabel->clear();
     throw;
   }
 }
@@ -266,6 +278,7 @@ void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
   const int selected = SelectedSet();
   sets_->SetRows(columns);
   sets_->SelectRow(selected);
+  ui_->GrowthLabel->Refresh();
   // The hint is beside the button that adds a set, because the columns are too narrow for it.
   ui_->NoSetsLabel->setVisible(exercise.NumberOfSets == 0);
 }

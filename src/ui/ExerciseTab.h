@@ -15,6 +15,8 @@ class ExerciseTab;
 
 namespace repvolta {
 
+class ListenButtons;
+class Listening;
 class ExerciseNotes;
 class ExerciseSteps;
 class SetTable;
@@ -31,6 +33,9 @@ class ExerciseTab : public QWidget {
   /// Without an exercise the tab is left unchanged. Throws std::out_of_range for a record that
   /// cannot be shown, after showing everything before the fault.
   void UpdateExerciseScreen();
+
+  /// Until this call nothing can be listened to. `window` gets the keys.
+  void OfferListening(Listening& listening, QWidget* window);
 
   enum class Content { kExercise, kNoExercise };
   void ShowContent(Content content);
@@ -66,6 +71,7 @@ class ExerciseTab : public QWidget {
   Handlers& handlers_;
   std::unique_ptr<Ui::ExerciseTab> ui_;
   SetTable* sets_;
+  ListenButtons* listen_;
   std::unique_ptr<ExerciseNotes> notes_;
   std::unique_ptr<ExerciseSteps> steps_;
   std::unique_ptr<SongMarks> songMarks_;

@@ -61,6 +61,8 @@ constexpr MenuLine kLines[] = {
     {M::kExercise},
     {M::kExercise, "SetExerciseTimeButton"},
     {M::kExercise, "ExerciseTimeButton"},
+    {M::kExercise},
+    {M::kExercise, "GrowthAheadAction"},
 
     {M::kMusic, "AddMusicFileButton"},
     {M::kMusic, "RemoveMusicFileButton"},
@@ -71,6 +73,9 @@ constexpr MenuLine kLines[] = {
     {M::kMusic, "MusicPathButton"},
     {M::kMusic, "CompileMusicList"},
 
+    {M::kVoice, "ListenButton"},
+    {M::kVoice, "ListenNextButton"},
+    {M::kVoice},
     {M::kVoice, "IncludeWeightValuesCheck"},
     {M::kVoice},
     {M::kVoice, "VoiceCB"},
@@ -91,6 +96,7 @@ constexpr MenuLine kLines[] = {
     {M::kHelp, "GuidePage-schedule"},
     {M::kHelp, "GuidePage-messages"},
     {M::kHelp, "GuidePage-backup"},
+    {M::kHelp, "GuidePage-keys"},
     {M::kHelp},
     {M::kHelp, "AboutButton"},
 };

@@ -16,6 +16,7 @@
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
+#include "ui/GrowthAheadCommand.h"
 #include "ui/Help.h"
 #include "ui/Keys.h"
 #include "ui/LastUpdate.h"
@@ -73,6 +74,7 @@ void RepvoltaForm::AddTabs() {
   workoutTab_ = new WorkoutTab(editor_, handlers_);
   exerciseTab_ = new ExerciseTab(editor_, handlers_);
   settingsTab_ = new SettingsTab(editor_, handlers_);
+  growthAhead_ = new GrowthAheadCommand(editor_, handlers_, *this);
   ui_->WorkoutScrollArea->setWidget(workoutTab_);
   ui_->ExerciseScrollArea->setWidget(exerciseTab_);
   ui_->SettingsScrollArea->setWidget(settingsTab_);
@@ -89,6 +91,25 @@ void RepvoltaForm::AddTabs() {
     if (editor_.State().ScreenUpdating) return;
     handlers_.Run("The exercise cannot be shown as a whole.", [this] { SSTab1_Click(); });
   });
+}
+
+void RepvoltaForm::OfferListening(SoundPlayer& player, BackgroundSpeech& speech) {
+  const auto current = [this] {
+    const int selected = workoutTab_->SelectedExercise();
+    const bool isSelecting = ui_->SSTab1->currentWidget() == ui_->WorkoutPage && selected >= 0;
+    return isSelecting ? selected : editor_.State().CurrentExercise;
+  };
+  listening_ = std::make_unique<Listening>(
+      editor_.program,
+      Listening::Services{.player = player,
+                          .speech = speech,
+                          .output = [this] { return settingsTab_->SelectedAudioOutput(); },
+                          .current = current});
+  exerciseTab_->OfferListening(*listening_, this);
+}
+
+void RepvoltaForm::StopListening() {
+  if (listening_) listening_->Stop();
 }
 
 void RepvoltaForm::ConnectButtons() {
@@ -153,6 +174,7 @@ void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
     End();
     return;
   }
+  if (listening_) listening_->StopIfChanged();
   editor_.progress.UpdateEnds();
   ShowOutcome();
   stopRequested_ = false;
@@ -195,6 +217,7 @@ void RepvoltaForm::ShowWhatIsInMemory() {
 void RepvoltaForm::Exit() {
   if (exitRequested_) return;
   exitRequested_ = true;
+  StopListening();
   stopRequested_ = true;
   ExitButton_Click(editor_);
   SaveWindowLayout(*this, layoutFile_);
@@ -252,7 +275,10 @@ void RepvoltaForm::AddLineToUpdateList(std::string_view line) {
   LetEventsRun();
 }
 
-void RepvoltaForm::UpdateBegins() { editor_.progress.Show(); }
+void RepvoltaForm::UpdateBegins() {
+  StopListening();
+  editor_.progress.Show();
+}
 
 void RepvoltaForm::ShowWork(const WorkDone& work) {
   editor_.progress.ShowProgress(meter_.Read(work, std::chrono::steady_clock::now()));
@@ -306,6 +332,7 @@ void RepvoltaForm::EnableWorkoutControls() {
   ui_->SSTab1->setTabEnabled(static_cast<int>(WindowTab::kExercise), hasWorkout);
   ui_->UpdateSelectedWorkoutButton->setEnabled(hasWorkout && !busy_);
   ui_->UpdateAllWorkoutsButton->setEnabled(hasWorkout && !busy_);
+  growthAhead_->Refresh();
 }
 
 }  // namespace repvolta

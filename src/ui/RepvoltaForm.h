@@ -7,6 +7,7 @@
 #include <string>
 
 #include "editing/Editor.h"
+#include "editing/Listening.h"
 #include "editing/MainScreen.h"
 #include "editing/UpdateOutcome.h"
 #include "ui/Handlers.h"
@@ -20,6 +21,7 @@ namespace repvolta {
 
 class ExerciseTab;
 class LastUpdate;
+class GrowthAheadCommand;
 class MainMenu;
 class SettingsTab;
 class WorkoutActions;
@@ -38,6 +40,9 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
 
   /// The editor of the commands, with this window as its screen.
   const Editor& GetEditor() const { return editor_; }
+
+  /// Until this call nothing can be listened to. Both must outlive the window.
+  void OfferListening(SoundPlayer& player, BackgroundSpeech& speech);
 
   /// Handles the windows' events during a wait. Throws UpdateStopped when the person has stopped
   /// the update or ended the program.
@@ -91,17 +96,20 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void ShowWhatIsInMemory();
   void ShowOutcome();
   void LetEventsRun();
+  void StopListening();
   void SetBusy(bool busy);
 
   Editor editor_;
   std::string layoutFile_;
   Handlers handlers_;
   std::unique_ptr<Ui::RepvoltaForm> ui_;
+  std::unique_ptr<Listening> listening_;
   std::unique_ptr<WorkoutActions> workoutActions_;
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
   LastUpdate* lastUpdate_ = nullptr;
+  GrowthAheadCommand* growthAhead_ = nullptr;
   MainMenu* menu_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;

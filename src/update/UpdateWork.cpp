@@ -17,7 +17,7 @@ constexpr std::uint64_t kInstructionWork = std::uint64_t{2} << 20;
 constexpr std::uint64_t kFlushWork = std::uint64_t{1} << 20;
 
 /// A song that cannot be examined is no work: it will not be copied.
-std::uint64_t AmountOfSong(const std::string& song) { return SizeOrNothing(song); }
+std::uint64_t AmountOfSong(const std::string& song) { return SizeIfReachable(song).value_or(0); }
 
 std::vector<std::string> SongsOfExercise(const ExerciseRecord& exercise) {
   std::vector<std::string> songs;

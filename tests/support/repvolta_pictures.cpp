@@ -173,6 +173,11 @@ void TakeUpdate(const Pictures& pictures) {
   for (const char* line : {"", "UPDATE COMPLETE."}) update.AddLine(line);
   update.ShowProgress({.percent = 100});
   update.UpdateEnds();
+  update.ShowOutcome({.text = "Monday: 22 files, 41 min, 1 error, 1 warning",
+                      .folder = QDir::homePath().toStdString(),
+                      .hint =
+                          "How it gets into the player: if the folder is on the player, eject "
+                          "the player and unplug it. Otherwise copy the folder to the player."});
   pictures.Take(update, "UpdateForm");
   update.UpdateEnds();
   disks.answer({Ejection::State::kPossible, "WALKMAN", ""});

@@ -17,6 +17,7 @@
 #include "base/Numbers.h"
 #include "editing/AnswerLines.h"
 #include "editing/FolderQuestions.h"
+#include "editing/Listening.h"
 #include "editing/PreviewRows.h"
 #include "editing/StartUp.h"
 #include "platform/Clock.h"
@@ -33,6 +34,7 @@
 
 #include "fakes/FakeDisks.h"
 #include "fakes/FakeServices.h"
+#include "fakes/FakeSound.h"
 #include "fakes/FakeVolumes.h"
 #include "support/TemporaryFolder.h"
 
@@ -217,7 +219,7 @@ UpdatePlan PlannedWorkout() {
   return plan;
 }
 
-void TakePreview(const Pictures& pictures) {
+void TakePreview(const Pictures& pictures, const Program& program) {
   UpdatePlan plan = PlannedWorkout();
   PreviewForm calm(PreviewOf(plan, {}));
   pictures.Take(calm, "PreviewForm-calm");
@@ -232,6 +234,14 @@ void TakePreview(const Pictures& pictures) {
                     .row = 1,
                     .text = "Goblet Squat: the song /home/kim/Music/Long Run.mp3 is gone."}};
   PreviewForm preview(PreviewOf(plan, {}));
+  FakeSoundPlayer player;
+  FakeBackgroundSpeech background;
+  Listening listening(program, {.player = player,
+                                .speech = background,
+                                .output = [] { return ChosenOutput{}; },
+                                .current = [] { return 0; }});
+  preview.OfferListening(listening);
+  listening.Play(0);
   pictures.Take(preview, "PreviewForm");
   const std::vector<PlannedProblem> few = plan.problems;
   for (int i = 0; i < 10; ++i) plan.problems.insert(plan.problems.end(), few.begin(), few.end());
@@ -263,7 +273,6 @@ void TakeDialogs(const Pictures& pictures) {
   RandomMusicMessage wait;
   pictures.Take(wait, "RandomMusicMessage");
   TakeUpdate(pictures);
-  TakePreview(pictures);
 }
 
 void TakeWindow(const Pictures& pictures) {
@@ -291,6 +300,8 @@ void TakeWindow(const Pictures& pictures) {
     emit menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());
   }
+  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes({0xFD, 0xFD}));
+  TakePreview(pictures, program);
 }
 
 }  // namespace

@@ -59,6 +59,8 @@ constexpr MenuLine kLines[] = {
     {M::kExercise},
     {M::kExercise, "SetExerciseTimeButton"},
     {M::kExercise, "ExerciseTimeButton"},
+    {M::kExercise},
+    {M::kExercise, "GrowthAheadAction"},
 
     {M::kMusic, "AddMusicFileButton"},
     {M::kMusic, "RemoveMusicFileButton"},

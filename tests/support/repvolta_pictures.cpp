@@ -1,4 +1,5 @@
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -8,6 +9,7 @@
 #include <QMenu>
 #include <QPalette>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
 
 #include "app/Settings.h"
@@ -22,6 +24,7 @@
 #include "editing/StartUp.h"
 #include "platform/Clock.h"
 #include "ui/AboutForm.h"
+#include "ui/ClearIndicators.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
 #include "ui/PreviewForm.h"
@@ -38,7 +41,7 @@
 #include "fakes/FakeVolumes.h"
 #include "support/TemporaryFolder.h"
 
-// Takes pictures of the windows: repvolta_pictures FOLDER light|dark [FONT SIZE].
+// Takes pictures of the windows: repvolta_pictures FOLDER light|dark|contrast [FONT SIZE].
 
 namespace repvolta {
 namespace {
@@ -87,6 +90,14 @@ QPalette DarkPalette() {
   dark.setColor(QPalette::Disabled, QPalette::Text, Qt::gray);
   dark.setColor(QPalette::Disabled, QPalette::PlaceholderText, Qt::gray);
   return dark;
+}
+
+QPalette HighContrastPalette() {
+  QPalette contrast(Qt::white, Qt::black, Qt::white, Qt::black, Qt::gray, Qt::white, Qt::white,
+                    Qt::black, Qt::black);
+  contrast.setColor(QPalette::Highlight, Qt::yellow);
+  contrast.setColor(QPalette::HighlightedText, Qt::black);
+  return contrast;
 }
 
 ExerciseRecord SampleExercise(const char* name, float value) {
@@ -275,6 +286,27 @@ void TakeDialogs(const Pictures& pictures) {
   TakeUpdate(pictures);
 }
 
+/// The example of the guide: entered today, which is a Monday.
+ExerciseRecord GrowingExercise() {
+  ExerciseRecord exercise = SampleExercise("Bench Press", 50);
+  exercise.NumberOfSets = 1;
+  exercise.NextUpdate1[0] = SampleClock().Today() + 7;
+  return exercise;
+}
+
+void TakeGrowth(const Pictures& pictures, RepvoltaForm& form) {
+  form.GetEditor().Exercise() = GrowingExercise();
+  form.UpdateExerciseScreen();
+  form.findChild<QListWidget*>("FreqList1")->setCurrentRow(0);
+  pictures.Take(form, "RepvoltaForm-growth");
+  form.findChild<QAction*>("GrowthAheadAction")->trigger();
+  auto& ahead = *form.findChild<QDialog*>("GrowthAheadForm");
+  pictures.Take(ahead, "GrowthAheadForm-daily");
+  form.findChild<QAction*>("GrowthAheadAction")->trigger();
+  ahead.findChild<QRadioButton*>("WeekdaysButton")->click();
+  pictures.Take(ahead, "GrowthAheadForm");
+}
+
 void TakeWindow(const Pictures& pictures) {
   const TemporaryFolder folder;
   ProgramState state;
@@ -294,8 +326,14 @@ void TakeWindow(const Pictures& pictures) {
   auto& tabs = *form.findChild<QTabWidget*>("SSTab1");
   for (const char* name : {"Workout", "Exercise", "Settings"}) {
     pictures.Take(form, QString("RepvoltaForm-") + name);
+    if (tabs.currentIndex() == 1) TakeGrowth(pictures, form);
     tabs.setCurrentIndex(tabs.currentIndex() + 1);
   }
+  tabs.setCurrentIndex(1);
+  form.activateWindow();
+  form.SelectSet(1);
+  form.findChild<QWidget*>("SetListInc1")->setFocus();
+  pictures.Take(form, "RepvoltaForm-Exercise-focus");
   for (auto* menu : form.findChildren<QMenu*>()) {
     emit menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());
@@ -311,8 +349,12 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(REPVOLTA_ICON));
+  QApplication::setStyle(new repvolta::ClearIndicators);
   if (argc < 3) return 2;
   if (QString(argv[2]) == "dark") QApplication::setPalette(repvolta::DarkPalette());
+  if (QString(argv[2]) == "contrast") {
+    QApplication::setPalette(repvolta::HighContrastPalette());
+  }
   if (argc > 3) {
     QFont font = QApplication::font();
     font.setPointSize(QString(argv[3]).toInt());

@@ -130,6 +130,7 @@ void RepvoltaForm::OfferListening(SoundPlayer& player, BackgroundSpeech& speech)
                           .speech = speech,
                           .output = [this] { return settingsTab_->SelectedAudioOutput(); },
                           .current = current});
+  editor_.listening = listening_.get();
   exerciseTab_->OfferListening(*listening_, this);
 }
 

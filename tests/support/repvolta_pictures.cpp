@@ -19,6 +19,7 @@
 #include "base/Numbers.h"
 #include "editing/AnswerLines.h"
 #include "editing/FolderQuestions.h"
+#include "editing/Listening.h"
 #include "editing/PreviewRows.h"
 #include "editing/StartUp.h"
 #include "platform/Clock.h"
@@ -36,6 +37,7 @@
 
 #include "fakes/FakeDisks.h"
 #include "fakes/FakeServices.h"
+#include "fakes/FakeSound.h"
 #include "fakes/FakeVolumes.h"
 #include "support/TemporaryFolder.h"
 
@@ -233,7 +235,7 @@ UpdatePlan PlannedWorkout() {
   return plan;
 }
 
-void TakePreview(const Pictures& pictures) {
+void TakePreview(const Pictures& pictures, const Program& program) {
   UpdatePlan plan = PlannedWorkout();
   PreviewForm calm(PreviewOf(plan, {}));
   pictures.Take(calm, "PreviewForm-calm");
@@ -248,6 +250,14 @@ void TakePreview(const Pictures& pictures) {
                     .row = 1,
                     .text = "Goblet Squat: the song /home/kim/Music/Long Run.mp3 is gone."}};
   PreviewForm preview(PreviewOf(plan, {}));
+  FakeSoundPlayer player;
+  FakeBackgroundSpeech background;
+  Listening listening(program, {.player = player,
+                                .speech = background,
+                                .output = [] { return ChosenOutput{}; },
+                                .current = [] { return 0; }});
+  preview.OfferListening(listening);
+  listening.Play(0);
   pictures.Take(preview, "PreviewForm");
   const std::vector<PlannedProblem> few = plan.problems;
   for (int i = 0; i < 10; ++i) plan.problems.insert(plan.problems.end(), few.begin(), few.end());
@@ -279,7 +289,6 @@ void TakeDialogs(const Pictures& pictures) {
   RandomMusicMessage wait;
   pictures.Take(wait, "RandomMusicMessage");
   TakeUpdate(pictures);
-  TakePreview(pictures);
 }
 
 /// The example of the guide: entered today, which is a Monday.
@@ -334,6 +343,8 @@ void TakeWindow(const Pictures& pictures) {
     emit menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());
   }
+  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes({0xFD, 0xFD}));
+  TakePreview(pictures, program);
 }
 
 }  // namespace

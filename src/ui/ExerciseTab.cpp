@@ -41,7 +41,7 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
                        this);
   listen_ = new ListenButtons(editor_, handlers_, this);
   listen_->PutBeside(ui_->ExerciseNameLabel);
-  listen_->ComeBefore(ui_->SetButton_0);
+  listen_->ComeAfter(ui_->NextExerciseButton);
   setButtons_ = {ui_->SetButton_0, ui_->SetButton_1, ui_->SetButton_2, ui_->SetButton_3};
   unitsSelections_ = {ui_->UnitsSelection_0, ui_->UnitsSelection_1};
   ui_->MusicList->setTextElideMode(Qt::ElideMiddle);

@@ -65,8 +65,8 @@ void ListenButtons::PutBeside(QLabel* name) {
   row->addWidget(this, 2);
 }
 
-void ListenButtons::ComeBefore(QWidget* control) {
-  setTabOrder(control->previousInFocusChain(), listen_);
+void ListenButtons::ComeAfter(QWidget* control) {
+  setTabOrder(control, listen_);
   setTabOrder(listen_, next_);
 }
 

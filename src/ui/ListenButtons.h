@@ -23,8 +23,8 @@ class ListenButtons : public QWidget {
   /// Takes the place of `name`, which then stands at the left of the buttons.
   void PutBeside(QLabel* name);
 
-  /// Puts the buttons before `control` in the tab order.
-  void ComeBefore(QWidget* control);
+  /// Puts the buttons after `control`, which takes the focus, in the tab order.
+  void ComeAfter(QWidget* control);
 
   /// Until this call the buttons stay hidden. `listening` must outlive them.
   void Use(Listening& listening);

@@ -9,6 +9,7 @@ namespace {
 constexpr GuidePage kPages[] = {
     {"first-start", "The first start"},
     {"first-workout", "A first workout"},
+    {"preview", "Before an update"},
     {"growth", "Growth"},
     {"music", "Music"},
     {"players", "Players"},
@@ -42,6 +43,7 @@ constexpr HelpPlace kPlaces[] = {
     {"PreviewForm", "", "first-workout.html#update"},
     {"GrowthAheadForm", "", "growth.html#looking-ahead"},
     {"UpdateForm", "", "messages.html#lines-of-an-update"},
+    {"PreviewForm", "", "preview.html"},
     {"RandomMusicMessage", "", "music.html#random-music"},
     {"AboutForm", "", kGuideContents},
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,6 +9,7 @@
 #include "base/Product.h"
 #include "editing/AnswerHelp.h"
 #include "editing/FolderQuestion.h"
+#include "editing/Preview.h"
 
 namespace repvolta {
 
@@ -40,6 +42,10 @@ class Dialogs {
 
   /// The file-open dialog for music. Returns no files when it was cancelled.
   virtual std::vector<std::string> SelectMusicFiles(const std::string& startFolder) = 0;
+
+  /// PreviewForm. `plan` is called before it is shown and can take a moment; what it throws is
+  /// passed on.
+  virtual PreviewOutcome ShowPreview(const std::function<Preview()>& plan) = 0;
 
   /// AboutForm.
   virtual void ShowAbout() = 0;

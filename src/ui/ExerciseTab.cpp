@@ -4,13 +4,18 @@
 
 #include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
+#include "editing/ExerciseSteps.h"
 #include "editing/MusicEditing.h"
 #include "editing/ScreenTexts.h"
 #include "editing/SetEditing.h"
 #include "editing/SetValueEditing.h"
+#include "ui/ExerciseNotes.h"
+#include "ui/ExerciseSteps.h"
 #include "ui/FileDrop.h"
 #include "ui/Keys.h"
+#include "ui/ListenButtons.h"
 #include "ui/SetTable.h"
+#include "ui/SongMarks.h"
 
 #include "ui_ExerciseTab.h"
 
@@ -33,17 +38,27 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
   sets_ = new SetTable({ui_->SetList1, ui_->SetList2, ui_->SetListInc1, ui_->SetListInc2,
                         ui_->FreqList1, ui_->FreqList2, ui_->NextUpdateList},
                        this);
+  listen_ = new ListenButtons(editor_, handlers_, this);
+  listen_->PutBeside(ui_->ExerciseNameLabel);
+  listen_->ComeBefore(ui_->SetButton_0);
   setButtons_ = {ui_->SetButton_0, ui_->SetButton_1, ui_->SetButton_2, ui_->SetButton_3};
   unitsSelections_ = {ui_->UnitsSelection_0, ui_->UnitsSelection_1};
   ui_->MusicList->setTextElideMode(Qt::ElideMiddle);
   ui_->NoSetsLabel->setForegroundRole(QPalette::PlaceholderText);
+  ui_->GrowthLabel->Follow(editor_, {ui_->FreqList1, ui_->FreqList2, ui_->NextUpdateList});
   ConnectSetButtons();
   ConnectSetLists();
   ConnectChoices();
   ConnectMusic();
+  AddHelpers();
 }
 
 ExerciseTab::~ExerciseTab() = default;
+
+void ExerciseTab::OfferListening(Listening& listening, QWidget* window) {
+  listen_->Use(listening);
+  listen_->AddKeys(window);
+}
 
 void ExerciseTab::ConnectSetButtons() {
   handlers_.OnClick(ui_->AddNewSetButton, "The set could not be added.",
@@ -103,7 +118,10 @@ void ExerciseTab::ChooseRandomMusic(bool chosen) {
   handlers_.Run("The choice could not be kept.", [&] {
     RandomMusicCheckBox_Click(editor_, chosen ? CheckBox::kTicked : CheckBox::kUnticked);
   });
-  if (!editor_.State().ScreenUpdating) ShowTarget(editor_.Exercise());
+  if (!editor_.State().ScreenUpdating) {
+    ShowTarget(editor_.Exercise());
+    notes_->Show(editor_.Exercise());
+  }
   // Refreshing the tab does not touch the box, so a choice that had no effect is undone here.
   if (editor_.State().ScreenUpdating || (editor_.Exercise().RandomMusic == kTrue) == chosen) return;
   const ScreenUpdate updating(editor_.State());
@@ -132,6 +150,25 @@ void ExerciseTab::ConnectMusic() {
       });
 }
 
+void ExerciseTab::AddHelpers() {
+  notes_ = std::make_unique<ExerciseNotes>(
+      ExerciseNotes::Controls{.randomMusicBox = ui_->RandomMusicCheckBox,
+                              .randomMusicLabel = ui_->RandomMusicStateLabel,
+                              .addSet = ui_->AddNewSetButton,
+                              .addMusic = ui_->AddMusicFileButton});
+  songMarks_ = std::make_unique<SongMarks>(ui_->MusicList, ui_->GoneSongsLabel);
+  steps_ = std::make_unique<ExerciseSteps>(ui_->PreviousExerciseButton, ui_->NextExerciseButton);
+  const char* failure = "The exercise cannot be shown as a whole.";
+  handlers_.OnClick(ui_->PreviousExerciseButton, failure,
+                    [this] { PreviousExerciseButton_Click(editor_); });
+  handlers_.OnClick(ui_->NextExerciseButton, failure,
+                    [this] { NextExerciseButton_Click(editor_); });
+  AddWindowKey(this, Qt::CTRL | Qt::Key_Up, ui_->PreviousExerciseButton);
+  AddWindowKey(this, Qt::CTRL | Qt::Key_Down, ui_->NextExerciseButton);
+}
+
+void ExerciseTab::ShowSteps() { steps_->Show(editor_.State()); }
+
 bool ExerciseTab::TakesMusic() const {
   return ui_->MusicList->isEnabled() && !handlers_.AreRunning() &&
          editor_.State().NumberOfExercises >= 1;
@@ -151,9 +188,11 @@ void ExerciseTab::ShowContent(Content content) {
   const bool shown = content == Content::kExercise;
   for (QWidget* frame : std::initializer_list<QWidget*>{
            ui_->SetButtonsFrame, ui_->MusicButtonsFrame, ui_->MusicListFrame,
-           ui_->ExerciseSettingFrame, ui_->SetDetailsFrame, ui_->AutoIncFrame}) {
+           ui_->ExerciseSettingFrame, ui_->SetDetailsFrame, ui_->AutoIncFrame, ui_->GrowthLabel}) {
     frame->setVisible(shown);
   }
+  listen_->ShowForExercise(shown);
+  ShowSteps();
   if (!shown) ui_->ExerciseNameLabel->setText("No Exercise Selected");
 }
 
@@ -172,13 +211,17 @@ void ExerciseTab::UpdateExerciseScreen() {
   } catch (...) {
     // A row of the previous exercise must not stay and be taken for one of this exercise.
     ui_->MusicList->SetRows({});
+    songMarks_->Show({});
     sets_->SetRows({});
+    ui_->GrowthLabel->clear();
     throw;
   }
 }
 
 void ExerciseTab::ShowExercise(const ExerciseRecord& exercise) {
   ui_->ExerciseNameLabel->setText(QString::fromStdString(exercise.ExerciseName.Trimmed()));
+  ShowSteps();
+  notes_->Show(exercise);
   ShowMusic(exercise);
   ui_->EstimatedExerciseTimeLabel->setText(
       QString::fromStdString("Target Exercise Time = " + FormatTime(exercise.TargetExerciseTime)));
@@ -192,10 +235,11 @@ void ExerciseTab::ShowExercise(const ExerciseRecord& exercise) {
 }
 
 void ExerciseTab::ShowMusic(const ExerciseRecord& exercise) {
-  const QStringList files = QtTexts(MusicRows(exercise));
+  const std::vector<std::string> files = MusicRows(exercise);
   const int selected = SelectedMusic();
-  ui_->MusicList->SetRows(files);
+  ui_->MusicList->SetRows(QtTexts(files));
   ui_->MusicList->SelectRow(selected);
+  songMarks_->Show(files);
 }
 
 void ExerciseTab::ShowTarget(const ExerciseRecord& exercise) {
@@ -233,6 +277,7 @@ void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
   const int selected = SelectedSet();
   sets_->SetRows(columns);
   sets_->SelectRow(selected);
+  ui_->GrowthLabel->Refresh();
   // The hint is beside the button that adds a set, because the columns are too narrow for it.
   ui_->NoSetsLabel->setVisible(exercise.NumberOfSets == 0);
 }

@@ -14,6 +14,7 @@ constexpr MenuLine kLines[] = {
     {M::kWorkout, "RenameWorkoutAction"},
     {M::kWorkout, "DeleteSelectedWorkoutButton"},
     {M::kWorkout},
+    {M::kWorkout, "PreviewAction"},
     {M::kWorkout, "UpdateSelectedWorkoutButton"},
     {M::kWorkout, "UpdateAllWorkoutsButton"},
     {M::kWorkout, "OutputPathButton"},
@@ -58,6 +59,8 @@ constexpr MenuLine kLines[] = {
     {M::kExercise},
     {M::kExercise, "SetExerciseTimeButton"},
     {M::kExercise, "ExerciseTimeButton"},
+    {M::kExercise},
+    {M::kExercise, "GrowthAheadAction"},
 
     {M::kMusic, "AddMusicFileButton"},
     {M::kMusic, "RemoveMusicFileButton"},
@@ -68,6 +71,9 @@ constexpr MenuLine kLines[] = {
     {M::kMusic, "MusicPathButton"},
     {M::kMusic, "CompileMusicList"},
 
+    {M::kVoice, "ListenButton"},
+    {M::kVoice, "ListenNextButton"},
+    {M::kVoice},
     {M::kVoice, "IncludeWeightValuesCheck"},
     {M::kVoice},
     {M::kVoice, "VoiceCB"},
@@ -81,6 +87,7 @@ constexpr MenuLine kLines[] = {
     {M::kHelp},
     {M::kHelp, "GuidePage-first-start"},
     {M::kHelp, "GuidePage-first-workout"},
+    {M::kHelp, "GuidePage-preview"},
     {M::kHelp, "GuidePage-growth"},
     {M::kHelp, "GuidePage-music"},
     {M::kHelp, "GuidePage-players"},
@@ -88,6 +95,7 @@ constexpr MenuLine kLines[] = {
     {M::kHelp, "GuidePage-schedule"},
     {M::kHelp, "GuidePage-messages"},
     {M::kHelp, "GuidePage-backup"},
+    {M::kHelp, "GuidePage-keys"},
     {M::kHelp},
     {M::kHelp, "AboutButton"},
 };

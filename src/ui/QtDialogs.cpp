@@ -1,5 +1,6 @@
 #include "ui/QtDialogs.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QFile>
 #include <QInputDialog>
@@ -13,6 +14,7 @@
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
 #include "ui/MusicFileDialog.h"
+#include "ui/PreviewForm.h"
 #include "ui/RowList.h"
 #include "ui/SelectDirectory.h"
 #include "ui/SelectExerciseDialog.h"
@@ -24,6 +26,15 @@ namespace {
 QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+/// Shows the pointer of a busy program.
+class BusyPointer {
+ public:
+  BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~BusyPointer() { QApplication::restoreOverrideCursor(); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+};
 
 }  // namespace
 
@@ -77,6 +88,16 @@ std::string QtDialogs::SelectDirectory(const FolderQuestion& question) {
 
 std::vector<std::string> QtDialogs::SelectMusicFiles(const std::string& startFolder) {
   return PickMusicFiles(owner_, startFolder, layoutFile_);
+}
+
+PreviewOutcome QtDialogs::ShowPreview(const std::function<Preview()>& plan) {
+  const Preview preview = [&] {
+    const BusyPointer busy;
+    return plan();
+  }();
+  PreviewForm form(preview, owner_);
+  form.exec();
+  return form.Outcome();
 }
 
 void QtDialogs::ShowAbout() { AboutForm(owner_).exec(); }

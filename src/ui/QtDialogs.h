@@ -29,6 +29,7 @@ class QtDialogs : public Dialogs {
   std::string SelectExercise() override;
   std::string SelectDirectory(const FolderQuestion& question) override;
   std::vector<std::string> SelectMusicFiles(const std::string& startFolder) override;
+  PreviewOutcome ShowPreview(const std::function<Preview()>& plan) override;
   void ShowAbout() override;
   void OpenDocument(const std::string& path) override;
   void OpenGuide(std::string_view page) override;

@@ -1,5 +1,6 @@
 #include "ui/RepvoltaForm.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -7,16 +8,20 @@
 #include <QTabBar>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "app/ScreenUpdate.h"
 #include "app/WorkoutFiles.h"
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
+#include "editing/PreviewCommands.h"
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
+#include "ui/GrowthAheadCommand.h"
 #include "ui/Help.h"
 #include "ui/Keys.h"
+#include "ui/LastUpdate.h"
 #include "ui/MainMenu.h"
 #include "ui/SettingsTab.h"
 #include "ui/WheelGuard.h"
@@ -31,6 +36,29 @@ namespace repvolta {
 namespace {
 
 constexpr int kMoment = 50;  // milliseconds
+
+/// The control that gets the focus when a place of the preview is shown; null for none.
+const char* ControlAt(PreviewPlace::Kind place) {
+  switch (place) {
+    case PreviewPlace::Kind::kWorkout:
+      return "ExerciseList";
+    case PreviewPlace::Kind::kSet:
+      return "SetList1";
+    case PreviewPlace::Kind::kSong:
+      return "MusicList";
+    case PreviewPlace::Kind::kTargetTime:
+      return "SetExerciseTimeButton";
+    case PreviewPlace::Kind::kRandomMusicList:
+      return "CompileMusicList";
+    case PreviewPlace::Kind::kOutputPath:
+      return "OutputPathButton";
+    case PreviewPlace::Kind::kExercise:
+      return "SSTab1";
+    case PreviewPlace::Kind::kGuide:
+      break;
+  }
+  return nullptr;
+}
 
 }  // namespace
 
@@ -55,6 +83,10 @@ RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& p
   ConnectButtons();
   AddMenu();
   progress.OnStop([this] { stopRequested_ = true; });
+  progress.OnOpenFolder(
+      [this](const std::string& folder) { editor_.dialogs.OpenDocument(folder); });
+  lastUpdate_ =
+      new LastUpdate(this, ui_->LastUpdateLabel, [this] { editor_.progress.ShowAgain(); });
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
   RestoreWindowLayout(*this, layoutFile_);
@@ -67,6 +99,7 @@ void RepvoltaForm::AddTabs() {
   workoutTab_ = new WorkoutTab(editor_, handlers_);
   exerciseTab_ = new ExerciseTab(editor_, handlers_);
   settingsTab_ = new SettingsTab(editor_, handlers_);
+  growthAhead_ = new GrowthAheadCommand(editor_, handlers_, *this);
   ui_->WorkoutScrollArea->setWidget(workoutTab_);
   ui_->ExerciseScrollArea->setWidget(exerciseTab_);
   ui_->SettingsScrollArea->setWidget(settingsTab_);
@@ -85,6 +118,25 @@ void RepvoltaForm::AddTabs() {
   });
 }
 
+void RepvoltaForm::OfferListening(SoundPlayer& player, BackgroundSpeech& speech) {
+  const auto current = [this] {
+    const int selected = workoutTab_->SelectedExercise();
+    const bool isSelecting = ui_->SSTab1->currentWidget() == ui_->WorkoutPage && selected >= 0;
+    return isSelecting ? selected : editor_.State().CurrentExercise;
+  };
+  listening_ = std::make_unique<Listening>(
+      editor_.program,
+      Listening::Services{.player = player,
+                          .speech = speech,
+                          .output = [this] { return settingsTab_->SelectedAudioOutput(); },
+                          .current = current});
+  exerciseTab_->OfferListening(*listening_, this);
+}
+
+void RepvoltaForm::StopListening() {
+  if (listening_) listening_->Stop();
+}
+
 void RepvoltaForm::ConnectButtons() {
   handlers_.OnClick(ui_->UpdateSelectedWorkoutButton, "The workout could not be updated.",
                     [this] { UpdateSelectedWorkoutButton_Click(editor_); });
@@ -101,6 +153,8 @@ void RepvoltaForm::ConnectButtons() {
 
 /// The commands that have no button, and the menu bar with all commands.
 void RepvoltaForm::AddMenu() {
+  previewAction_ = AddCommand(this, "PreviewAction", "Preview Update ...", Qt::CTRL | Qt::Key_P);
+  connect(previewAction_, &QAction::triggered, this, &RepvoltaForm::PreviewAction_Trigger);
   QAction* back = AddCommand(this, "PreviousTabAction", "Previous Tab", Qt::CTRL | Qt::Key_PageUp);
   connect(back, &QAction::triggered, this, [this] { StepTab(-1); });
   QAction* next = AddCommand(this, "NextTabAction", "Next Tab", Qt::CTRL | Qt::Key_PageDown);
@@ -110,6 +164,14 @@ void RepvoltaForm::AddMenu() {
   new Help(*this, editor_.dialogs);
   menu_ = new MainMenu(*this, MenuLines());
   layout()->setMenuBar(menu_);
+}
+
+void RepvoltaForm::PreviewAction_Trigger() {
+  PreviewOutcome outcome;
+  handlers_.Run("The update could not be previewed.", [&] { outcome = PreviewUpdate(editor_); });
+  if (outcome.after == AfterPreview::kUpdate) ui_->UpdateSelectedWorkoutButton->click();
+  const char* control = outcome.place ? ControlAt(outcome.place->kind) : nullptr;
+  if (control != nullptr) findChild<QWidget*>(control)->setFocus();
 }
 
 /// The selection is kept, because the command acts on the rows that the person selected.
@@ -147,11 +209,25 @@ void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
     End();
     return;
   }
-  stopRequested_ = false;
+  if (listening_) listening_->StopIfChanged();
   editor_.progress.UpdateEnds();
+  ShowOutcome();
+  stopRequested_ = false;
   if (outcome == Handlers::Outcome::kFailed) ShowWhatIsInMemory();
   SetBusy(false);
   EnableWorkoutControls();
+}
+
+void RepvoltaForm::ShowOutcome() {
+  const UpdateOutcome outcome = std::exchange(outcome_, {});
+  if (outcome.IsEmpty()) return;
+  // The progress window hides itself after "Update ALL Workouts".
+  const bool isHidden = editor_.State().UpdatingAllWorkouts && !stopRequested_;
+  const bool isHintDue = !isHidden && outcome.HasCompleteWorkout();
+  editor_.progress.ShowOutcome({.text = outcome.Text(),
+                                .folder = outcome.Folder(),
+                                .hint = isHintDue ? TakePlayerHint(editor_) : std::string()});
+  lastUpdate_->Show(isHidden ? outcome.Text() : std::string());
 }
 
 /// A change that could not be saved is still in memory, and the tabs show the memory. The message
@@ -176,6 +252,7 @@ void RepvoltaForm::ShowWhatIsInMemory() {
 void RepvoltaForm::Exit() {
   if (exitRequested_) return;
   exitRequested_ = true;
+  StopListening();
   stopRequested_ = true;
   ExitButton_Click(editor_);
   SaveWindowLayout(*this, layoutFile_);
@@ -228,11 +305,15 @@ bool RepvoltaForm::KeepWaiting() {
 bool RepvoltaForm::StopRequested() { return stopRequested_; }
 
 void RepvoltaForm::AddLineToUpdateList(std::string_view line) {
+  outcome_.AddLine(KindOfLine(line));
   editor_.progress.AddLine(line);
   LetEventsRun();
 }
 
-void RepvoltaForm::UpdateBegins() { editor_.progress.Show(); }
+void RepvoltaForm::UpdateBegins() {
+  StopListening();
+  editor_.progress.Show();
+}
 
 void RepvoltaForm::ShowWork(const WorkDone& work) {
   editor_.progress.ShowProgress(meter_.Read(work, std::chrono::steady_clock::now()));
@@ -241,7 +322,10 @@ void RepvoltaForm::ShowWork(const WorkDone& work) {
 
 void RepvoltaForm::ShowWorkoutNames() { workoutTab_->ShowWorkoutNames(); }
 
-void RepvoltaForm::UpdateWorkoutScreen() { workoutTab_->UpdateWorkoutScreen(); }
+void RepvoltaForm::UpdateWorkoutScreen() {
+  exerciseTab_->ShowSteps();
+  workoutTab_->UpdateWorkoutScreen();
+}
 
 void RepvoltaForm::UpdateExerciseScreen() { exerciseTab_->UpdateExerciseScreen(); }
 
@@ -269,7 +353,11 @@ void RepvoltaForm::ShowAudioOutputs(const std::vector<std::string>& names) {
 
 void RepvoltaForm::ShowFormats() { settingsTab_->ShowFormats(); }
 
-void RepvoltaForm::ShowTab(WindowTab tab) { ui_->SSTab1->setCurrentIndex(static_cast<int>(tab)); }
+void RepvoltaForm::ShowTab(WindowTab tab) {
+  // During a command the tab does not fill itself.
+  if (tab == WindowTab::kExercise) ShowExerciseFrames();
+  ui_->SSTab1->setCurrentIndex(static_cast<int>(tab));
+}
 
 void RepvoltaForm::EnableWorkoutControls() {
   const bool hasWorkout = !TrimBlanks(editor_.State().WorkoutFileName).empty();
@@ -283,6 +371,8 @@ void RepvoltaForm::EnableWorkoutControls() {
   ui_->SSTab1->setTabEnabled(static_cast<int>(WindowTab::kExercise), hasWorkout);
   ui_->UpdateSelectedWorkoutButton->setEnabled(hasWorkout && !busy_);
   ui_->UpdateAllWorkoutsButton->setEnabled(hasWorkout && !busy_);
+  growthAhead_->Refresh();
+  previewAction_->setEnabled(hasWorkout && !busy_);
 }
 
 }  // namespace repvolta

@@ -48,6 +48,13 @@ std::uint64_t StartBehindTag(const RepvoltaMP3& examined) {
   return examined.HasID3v2() ? static_cast<std::uint64_t>(examined.Info().headerOffset) : 0;
 }
 
+/// True when the audio that LocateId3v2 knows begins at the offset, so that no tag stands before
+/// it.
+bool HasAudioAt(const MP3Info& info, std::uint64_t offset) {
+  return static_cast<std::uint64_t>(info.headerOffset) == offset && info.mpegVersion == 1 &&
+         info.layer == 3 && !info.crcProtected;
+}
+
 void SetFrames(cMP3ID3v2& tag, const std::string& path, std::string_view title,
                std::string_view workoutFileName) {
   tag.SetArtist(kProductName);
@@ -89,28 +96,21 @@ void TagWorkingCopy(const std::string& copy, const std::string& path, std::strin
   LogTagged(path, log);
 }
 
+std::optional<std::uint64_t> AudioOffsetOf(const RepvoltaMP3& examined, const std::string& source) {
+  const std::uint64_t offset = StartBehindTag(examined);
+  if (HasAudioAt(examined.Info(), offset)) return offset;
+  if (HasId3v2Behind(File::Open(source, File::Access::kRead), offset)) return std::nullopt;
+  return offset;
+}
+
 std::optional<TaggedCopy> PlanTaggedCopy(const std::string& source, const std::string& path,
                                          std::string_view title, std::string_view workoutFileName) {
   try {
     RepvoltaMP3 mp3;
     mp3.SetFileName(source);
-    return PlanTaggedCopy(mp3, source, path, title, workoutFileName);
-  } catch (const std::exception&) {
-    return std::nullopt;
-  }
-}
-
-std::optional<TaggedCopy> PlanTaggedCopy(const RepvoltaMP3& examined, const std::string& source,
-                                         const std::string& path, std::string_view title,
-                                         std::string_view workoutFileName) {
-  try {
-    TaggedCopy copy;
-    copy.audioOffset = StartBehindTag(examined);
-    if (HasId3v2Behind(File::Open(source, File::Access::kRead), copy.audioOffset)) {
-      return std::nullopt;
-    }
-    copy.tag = NewTag(path, title, workoutFileName);
-    return copy;
+    const auto offset = AudioOffsetOf(mp3, source);
+    if (!offset) return std::nullopt;
+    return TaggedCopy{.tag = NewTag(path, title, workoutFileName), .audioOffset = *offset};
   } catch (const std::exception&) {
     return std::nullopt;
   }

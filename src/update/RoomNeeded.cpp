@@ -19,6 +19,7 @@
 #include "update/Growth.h"
 #include "update/InstructionSize.h"
 #include "update/NumberedName.h"
+#include "update/ProcessMP3tag.h"
 #include "update/SongCopy.h"
 
 namespace repvolta {
@@ -55,7 +56,7 @@ void Take(const std::string& song, Sample& sample) {
   try {
     const int seconds = GetPlayTime(song);
     if (seconds <= 0) return;
-    sample.bytes += static_cast<double>(SizeOrNothing(song));
+    sample.bytes += static_cast<double>(SizeIfReachable(song).value_or(0));
     sample.seconds += seconds;
     ++sample.songs;
   } catch (const std::exception&) {
@@ -91,6 +92,7 @@ class Estimate {
       ExerciseRecord& exercise = workout_[i];
       Grow(exercise, day_);
       sentence_ = SentenceOf(i);
+      newTag_ = SizeOfNewTag(SongCopyName(0, ""), sentence_, state_.WorkoutFileName);
       AddInstruction(exercise);
       if (exercise.RandomMusic == kTrue) {
         AddRandomMusic(exercise);
@@ -122,7 +124,8 @@ class Estimate {
   }
 
   void AddInstruction(const ExerciseRecord& exercise) {
-    const InstructionSize size = SizeOfInstruction(ClipsFor(state_.Settings, exercise).clips);
+    const InstructionSize size =
+        SizeOfInstruction(ClipsFor(state_.Settings, exercise).clips, clipFiles_);
     if (encoding_ == Encoding::kNoEncoder) {
       AddListed(Spared(size.bytes), "Instructions");
     } else {
@@ -132,10 +135,10 @@ class Estimate {
 
   /// A song that is missing or cannot be read needs no room.
   void AddSong(const std::string& song) {
-    if (!FileIsReachable(song)) return;
     const std::string name = SongCopyName(0, song);
     try {
-      AddListed(PlanSongCopy(song, name, {sentence_, state_.WorkoutFileName}).bytes, name);
+      const auto copy = PlanSongCopy(song, name, {sentence_, state_.WorkoutFileName}, newTag_);
+      if (copy) AddListed(copy->bytes, name);
     } catch (const FileError&) {
       return;
     }
@@ -165,7 +168,9 @@ class Estimate {
   RoomNeeded needed_;
   Encoding encoding_ = Encoding::kNoEncoder;
   std::string sentence_;
+  std::uint64_t newTag_ = 0;  // the size of the exercise's tags
   std::uint64_t listBytes_ = 0;
+  ClipFiles clipFiles_;
   std::optional<Sample> sample_;
 };
 

@@ -22,40 +22,45 @@ std::string LineOf(const std::exception& error, const std::string& source,
   return "ERROR: " + text;
 }
 
-}  // namespace
+/// The size of an examined file; the system is asked only where nothing was found in it.
+std::uint64_t SizeOf(const RepvoltaMP3& examined, const std::string& source) {
+  if (examined.Info().fileLength > 0) return static_cast<std::uint64_t>(examined.Info().fileLength);
+  return SizeIfReachable(source).value_or(0);
+}
 
-SongCopy PlanSongCopy(const std::string& source, const std::string& path,
-                      const TaggedSource::Tag& tag) {
-  const std::uint64_t size = File::Open(source, File::Access::kRead).Size();
-  SongCopy copy{.seconds = kUnknownSeconds,
-                .bytes = size,
-                .newTag = SongCopy::NewTag::kNone,
+SongCopy PlanExamined(const RepvoltaMP3& song, const std::string& source, const std::string& path,
+                      const TaggedSource::Tag& tag, std::uint64_t newTag) {
+  SongCopy copy{.seconds = SecondsOf(song),
+                .bytes = SizeOf(song, source),
+                .newTag = SongCopy::NewTag::kWritten,
                 .errorLine = {}};
-  try {
-    RepvoltaMP3 song;
-    song.SetFileName(source);
-    copy.seconds = SecondsOf(song);
-    const auto plan = PlanTaggedCopy(song, source, path, tag.title, tag.workoutFileName);
-    if (plan) {
-      copy.bytes = plan->tag.size() + size - std::min(size, plan->audioOffset);
-    } else {
-      auto steps = PlanTaggedInSteps(song, source, path, tag.title, tag.workoutFileName);
-      copy.bytes = steps.bytes;
-      copy.errorLine = std::move(steps.line);
-    }
-    copy.newTag = SongCopy::NewTag::kWritten;
-  } catch (const std::exception& error) {
-    copy.errorLine = LineOf(error, source, path);
+  if (const auto offset = AudioOffsetOf(song, source)) {
+    copy.bytes = newTag + copy.bytes - std::min(copy.bytes, *offset);
+  } else {
+    auto steps = PlanTaggedInSteps(song, source, path, tag.title, tag.workoutFileName);
+    copy.bytes = steps.bytes;
+    copy.errorLine = std::move(steps.line);
   }
   return copy;
 }
 
-std::uint64_t SizeOrNothing(const std::string& path) {
+}  // namespace
+
+std::optional<SongCopy> PlanSongCopy(const std::string& source, const std::string& path,
+                                     const TaggedSource::Tag& tag, std::uint64_t newTag) {
   try {
-    const auto stamp = StampOf(path);
-    return stamp ? stamp->size : 0;
-  } catch (const FileError&) {
-    return 0;
+    RepvoltaMP3 song;
+    song.SetFileName(source);
+    return PlanExamined(song, source, path, tag, newTag);
+  } catch (const std::exception& error) {
+    const auto size = SizeIfReachable(source);
+    if (!size) return std::nullopt;
+    // What cannot even be opened is not copied, either.
+    static_cast<void>(File::Open(source, File::Access::kRead));
+    return SongCopy{.seconds = kUnknownSeconds,
+                    .bytes = *size,
+                    .newTag = SongCopy::NewTag::kNone,
+                    .errorLine = LineOf(error, source, path)};
   }
 }
 

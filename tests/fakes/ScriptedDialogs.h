@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "editing/Dialogs.h"
-#include "editing/ProgressWindows.h"
 
 namespace repvolta {
 
@@ -65,6 +64,12 @@ class ScriptedDialogs : public Dialogs {
     return files;
   }
 
+  PreviewOutcome ShowPreview(const std::function<Preview()>& plan) override {
+    asked.emplace_back("preview");
+    previews.push_back(plan());
+    return previewOutcome;
+  }
+
   void ShowAbout() override { asked.emplace_back("about"); }
 
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
@@ -78,6 +83,8 @@ class ScriptedDialogs : public Dialogs {
   std::vector<std::string> opened;
   std::vector<std::string> guide;  // the pages
   std::deque<std::string> answers;
+  std::vector<Preview> previews;
+  PreviewOutcome previewOutcome;
   std::function<void()> whenAsked;
 
  private:
@@ -95,44 +102,6 @@ class ScriptedDialogs : public Dialogs {
     answers.pop_front();
     return answer;
   }
-};
-
-/// Records what the progress window shows.
-class RecordingProgress : public ProgressWindow {
- public:
-  void Show() override {
-    lines.clear();
-    visible = true;
-    ++shown;
-  }
-  void Hide() override { visible = false; }
-  void UpdateEnds() override { ++ended; }
-  void OnStop(std::function<void()> onStop) override { stop = std::move(onStop); }
-  void ShowProgress(const Progress& progress) override { shares.push_back(progress.percent); }
-  void AddLine(std::string_view line) override {
-    lines.emplace_back(line);
-    if (whenLine) whenLine();
-  }
-
-  std::vector<std::string> lines;
-  std::vector<int> shares;  // per cent
-  bool visible = false;
-  int shown = 0;
-  int ended = 0;
-  std::function<void()> whenLine;
-  std::function<void()> stop;  // as the person would
-};
-
-class RecordingPleaseWait : public PleaseWait {
- public:
-  void Show() override {
-    visible = true;
-    ++shown;
-  }
-  void Hide() override { visible = false; }
-
-  bool visible = false;
-  int shown = 0;
 };
 
 }  // namespace repvolta

@@ -13,6 +13,7 @@
 #include "platform/desktop/UDisks.h"
 #include "speech/EngineBackgroundSpeech.h"
 #include "speech/EngineSpeech.h"
+#include "ui/ClearIndicators.h"
 #include "ui/MessageBox.h"
 #include "ui/QtDialogs.h"
 #include "ui/RandomMusicMessage.h"
@@ -127,6 +128,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("repvolta");
   QApplication::setDesktopFileName("repvolta");
   QApplication::setWindowIcon(repvolta::ProgramIcon());
+  QApplication::setStyle(new repvolta::ClearIndicators);
   // Only the Exit command ends the program. During the set-up, closing a message box closes the
   // last window.
   QApplication::setQuitOnLastWindowClosed(false);

@@ -17,7 +17,10 @@ namespace repvolta {
 
 class ListenButtons;
 class Listening;
+class ExerciseNotes;
+class ExerciseSteps;
 class SetTable;
+class SongMarks;
 
 /// "Exercise Setup": the sets and the music of the current exercise.
 class ExerciseTab : public QWidget {
@@ -37,6 +40,9 @@ class ExerciseTab : public QWidget {
   enum class Content { kExercise, kNoExercise };
   void ShowContent(Content content);
 
+  /// Enables the buttons that lead to the exercises beside the current one.
+  void ShowSteps();
+
   void SelectSet(int row);
   void SelectMusic(int row);
 
@@ -49,6 +55,7 @@ class ExerciseTab : public QWidget {
   void ConnectSetLists();
   void ConnectChoices();
   void ConnectMusic();
+  void AddHelpers();
   void ChooseRandomMusic(bool chosen);
   void ShowExercise(const ExerciseRecord& exercise);
   void ShowMusic(const ExerciseRecord& exercise);
@@ -65,6 +72,9 @@ class ExerciseTab : public QWidget {
   std::unique_ptr<Ui::ExerciseTab> ui_;
   SetTable* sets_;
   ListenButtons* listen_;
+  std::unique_ptr<ExerciseNotes> notes_;
+  std::unique_ptr<ExerciseSteps> steps_;
+  std::unique_ptr<SongMarks> songMarks_;
   std::array<QAbstractButton*, 4> setButtons_;
   std::array<QAbstractButton*, 2> unitsSelections_;
 };

@@ -7,6 +7,7 @@
 #include <QTabBar>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "app/ScreenUpdate.h"
 #include "app/WorkoutFiles.h"
@@ -17,6 +18,7 @@
 #include "ui/ExerciseTab.h"
 #include "ui/Help.h"
 #include "ui/Keys.h"
+#include "ui/LastUpdate.h"
 #include "ui/MainMenu.h"
 #include "ui/SettingsTab.h"
 #include "ui/WheelGuard.h"
@@ -55,6 +57,10 @@ RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& p
   ConnectButtons();
   AddMenu();
   progress.OnStop([this] { stopRequested_ = true; });
+  progress.OnOpenFolder(
+      [this](const std::string& folder) { editor_.dialogs.OpenDocument(folder); });
+  lastUpdate_ =
+      new LastUpdate(this, ui_->LastUpdateLabel, [this] { editor_.progress.ShowAgain(); });
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
   RestoreWindowLayout(*this, layoutFile_);
@@ -166,12 +172,25 @@ void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
     End();
     return;
   }
-  stopRequested_ = false;
   if (listening_) listening_->StopIfChanged();
   editor_.progress.UpdateEnds();
+  ShowOutcome();
+  stopRequested_ = false;
   if (outcome == Handlers::Outcome::kFailed) ShowWhatIsInMemory();
   SetBusy(false);
   EnableWorkoutControls();
+}
+
+void RepvoltaForm::ShowOutcome() {
+  const UpdateOutcome outcome = std::exchange(outcome_, {});
+  if (outcome.IsEmpty()) return;
+  // The progress window hides itself after "Update ALL Workouts".
+  const bool isHidden = editor_.State().UpdatingAllWorkouts && !stopRequested_;
+  const bool isHintDue = !isHidden && outcome.HasCompleteWorkout();
+  editor_.progress.ShowOutcome({.text = outcome.Text(),
+                                .folder = outcome.Folder(),
+                                .hint = isHintDue ? TakePlayerHint(editor_) : std::string()});
+  lastUpdate_->Show(isHidden ? outcome.Text() : std::string());
 }
 
 /// A change that could not be saved is still in memory, and the tabs show the memory. The message
@@ -249,6 +268,7 @@ bool RepvoltaForm::KeepWaiting() {
 bool RepvoltaForm::StopRequested() { return stopRequested_; }
 
 void RepvoltaForm::AddLineToUpdateList(std::string_view line) {
+  outcome_.AddLine(KindOfLine(line));
   editor_.progress.AddLine(line);
   LetEventsRun();
 }
@@ -265,7 +285,10 @@ void RepvoltaForm::ShowWork(const WorkDone& work) {
 
 void RepvoltaForm::ShowWorkoutNames() { workoutTab_->ShowWorkoutNames(); }
 
-void RepvoltaForm::UpdateWorkoutScreen() { workoutTab_->UpdateWorkoutScreen(); }
+void RepvoltaForm::UpdateWorkoutScreen() {
+  exerciseTab_->ShowSteps();
+  workoutTab_->UpdateWorkoutScreen();
+}
 
 void RepvoltaForm::UpdateExerciseScreen() { exerciseTab_->UpdateExerciseScreen(); }
 

@@ -9,6 +9,7 @@
 #include "editing/Editor.h"
 #include "editing/Listening.h"
 #include "editing/MainScreen.h"
+#include "editing/UpdateOutcome.h"
 #include "ui/Handlers.h"
 #include "update/Progress.h"
 
@@ -19,6 +20,7 @@ class RepvoltaForm;
 namespace repvolta {
 
 class ExerciseTab;
+class LastUpdate;
 class MainMenu;
 class SettingsTab;
 class WorkoutActions;
@@ -50,6 +52,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void UpdateWorkoutScreen() override;
   void UpdateExerciseScreen() override;
   void UpdateBegins() override;
+  void UpdateEnded(const UpdateResult& result) override { outcome_.Add(result); }
   bool IsWatched() const override { return true; }
   void ShowWork(const WorkDone& work) override;
   bool KeepWaiting() override;
@@ -90,6 +93,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void ReloadWorkout();
   void AfterHandler(Handlers::Outcome outcome);
   void ShowWhatIsInMemory();
+  void ShowOutcome();
   void LetEventsRun();
   void StopListening();
   void SetBusy(bool busy);
@@ -103,9 +107,11 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
+  LastUpdate* lastUpdate_ = nullptr;
   MainMenu* menu_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;
+  UpdateOutcome outcome_;  // of the command that runs
   bool busy_ = false;
   bool stopRequested_ = false;  // the update or listing that runs ends at its next step
   bool exitRequested_ = false;

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "base/FileNames.h"
+#include "player/PlayerPlayList.h"
+#include "update/SongCopy.h"
 #include "update/StopTexts.h"
 
 namespace repvolta {
@@ -98,7 +100,14 @@ void UpdateWork::EndFile() {
   Show(before_[std::min(file_ + 1, before_.size() - 1)]);
 }
 
-void UpdateWork::AddListed() { ++listed_.at(exercise_); }
+void UpdateWork::AddListed(int seconds) {
+  ++listed_.at(exercise_);
+  if (seconds == kUnknownSeconds) {
+    ++unknownSeconds_;
+  } else {
+    seconds_ += seconds;
+  }
+}
 
 void UpdateWork::BeginFlush() { Begin(before_.size() - 1, "Writing to the player"); }
 
@@ -119,6 +128,13 @@ std::string UpdateWork::StoppedLine() const {
   }
   incomplete.erase(std::unique(incomplete.begin(), incomplete.end()), incomplete.end());
   return StoppedText(there, planned, incomplete);
+}
+
+UpdateResult UpdateWork::Result(UpdateResult::End end) const {
+  UpdateResult result{.end = end, .seconds = seconds_, .unknownSeconds = unknownSeconds_};
+  for (const ExerciseWork& exercise : exercises_) result.planned += 1 + exercise.songs.size();
+  for (const std::size_t files : listed_) result.files += files;
+  return result;
 }
 
 void UpdateWork::Show(std::uint64_t done) {

@@ -63,6 +63,11 @@ class RecordingWindow : public RecordingRun,
   void Show() override {}
   void Hide() override { calls.emplace_back("hide"); }
   void UpdateEnds() override {}
+  void ShowOutcome(const OutcomeTexts& outcome) override {
+    calls.push_back("outcome: " + outcome.text);
+  }
+  void ShowAgain() override {}
+  void OnOpenFolder(std::function<void(const std::string&)> /*open*/) override {}
   void OnStop(std::function<void()> /*stop*/) override {}
   void ShowProgress(const Progress& /*progress*/) override {}
   void AddLine(std::string_view line) override { AddLineToUpdateList(line); }

@@ -20,6 +20,7 @@
 
 #include "fakes/FakeServices.h"
 #include "fakes/FakeSound.h"
+#include "fakes/RecordingProgress.h"
 #include "fakes/ScriptedDialogs.h"
 #include "support/Modal.h"
 #include "support/ProgramFixture.h"

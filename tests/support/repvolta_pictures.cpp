@@ -21,6 +21,7 @@
 #include "editing/StartUp.h"
 #include "platform/Clock.h"
 #include "ui/AboutForm.h"
+#include "ui/ClearIndicators.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
 #include "ui/PreviewForm.h"
@@ -36,7 +37,7 @@
 #include "fakes/FakeVolumes.h"
 #include "support/TemporaryFolder.h"
 
-// Takes pictures of the windows: repvolta_pictures FOLDER light|dark [FONT SIZE].
+// Takes pictures of the windows: repvolta_pictures FOLDER light|dark|contrast [FONT SIZE].
 
 namespace repvolta {
 namespace {
@@ -85,6 +86,14 @@ QPalette DarkPalette() {
   dark.setColor(QPalette::Disabled, QPalette::Text, Qt::gray);
   dark.setColor(QPalette::Disabled, QPalette::PlaceholderText, Qt::gray);
   return dark;
+}
+
+QPalette HighContrastPalette() {
+  QPalette contrast(Qt::white, Qt::black, Qt::white, Qt::black, Qt::gray, Qt::white, Qt::white,
+                    Qt::black, Qt::black);
+  contrast.setColor(QPalette::Highlight, Qt::yellow);
+  contrast.setColor(QPalette::HighlightedText, Qt::black);
+  return contrast;
 }
 
 ExerciseRecord SampleExercise(const char* name, float value) {
@@ -287,6 +296,11 @@ void TakeWindow(const Pictures& pictures) {
     pictures.Take(form, QString("RepvoltaForm-") + name);
     tabs.setCurrentIndex(tabs.currentIndex() + 1);
   }
+  tabs.setCurrentIndex(1);
+  form.activateWindow();
+  form.SelectSet(1);
+  form.findChild<QWidget*>("SetListInc1")->setFocus();
+  pictures.Take(form, "RepvoltaForm-Exercise-focus");
   for (auto* menu : form.findChildren<QMenu*>()) {
     emit menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());
@@ -300,8 +314,12 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(REPVOLTA_ICON));
+  QApplication::setStyle(new repvolta::ClearIndicators);
   if (argc < 3) return 2;
   if (QString(argv[2]) == "dark") QApplication::setPalette(repvolta::DarkPalette());
+  if (QString(argv[2]) == "contrast") {
+    QApplication::setPalette(repvolta::HighContrastPalette());
+  }
   if (argc > 3) {
     QFont font = QApplication::font();
     font.setPointSize(QString(argv[3]).toInt());

@@ -201,7 +201,7 @@ DesktopSoundPlayer::DesktopSoundPlayer() {
 
 DesktopSoundPlayer::~DesktopSoundPlayer() {
   const std::shared_ptr<Feed> feed = feed_;
-  Stop();
+  DesktopSoundPlayer::Stop();
   if (feed) feed->WaitForEnd(kLastMoment);
 }
 

@@ -56,8 +56,8 @@ ListenButtons::ListenButtons(Editor& editor, Handlers& handlers, QWidget* parent
   ShowOrHide();
 }
 
-void ListenButtons::ComeBefore(QWidget* control) {
-  setTabOrder(control->previousInFocusChain(), listen_);
+void ListenButtons::ComeAfter(QWidget* control) {
+  setTabOrder(control, listen_);
   setTabOrder(listen_, next_);
 }
 

@@ -19,8 +19,8 @@ class ListenButtons : public QWidget {
  public:
   ListenButtons(Editor& editor, Handlers& handlers, QWidget* parent);
 
-  /// Puts the buttons before `control` in the tab order.
-  void ComeBefore(QWidget* control);
+  /// Puts the buttons behind `control` in the tab order.
+  void ComeAfter(QWidget* control);
 
   /// Until this call the buttons stay hidden. `listening` must outlive them.
   void Use(Listening& listening);

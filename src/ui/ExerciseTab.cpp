@@ -45,6 +45,7 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
   unitsSelections_ = {ui_->UnitsSelection_0, ui_->UnitsSelection_1};
   ui_->MusicList->setTextElideMode(Qt::ElideMiddle);
   ui_->NoSetsLabel->setForegroundRole(QPalette::PlaceholderText);
+  ui_->GrowthLabel->Follow(editor_, {ui_->FreqList1, ui_->FreqList2, ui_->NextUpdateList});
   ConnectSetButtons();
   ConnectSetLists();
   ConnectChoices();
@@ -187,7 +188,7 @@ void ExerciseTab::ShowContent(Content content) {
   const bool shown = content == Content::kExercise;
   for (QWidget* frame : std::initializer_list<QWidget*>{
            ui_->SetButtonsFrame, ui_->MusicButtonsFrame, ui_->MusicListFrame,
-           ui_->ExerciseSettingFrame, ui_->SetDetailsFrame, ui_->AutoIncFrame}) {
+           ui_->ExerciseSettingFrame, ui_->SetDetailsFrame, ui_->AutoIncFrame, ui_->GrowthLabel}) {
     frame->setVisible(shown);
   }
   listen_->ShowForExercise(shown);
@@ -212,6 +213,7 @@ void ExerciseTab::UpdateExerciseScreen() {
     ui_->MusicList->SetRows({});
     songMarks_->Show({});
     sets_->SetRows({});
+    ui_->GrowthLabel->clear();
     throw;
   }
 }
@@ -275,6 +277,7 @@ void ExerciseTab::ShowSets(const ExerciseRecord& exercise) {
   const int selected = SelectedSet();
   sets_->SetRows(columns);
   sets_->SelectRow(selected);
+  ui_->GrowthLabel->Refresh();
   // The hint is beside the button that adds a set, because the columns are too narrow for it.
   ui_->NoSetsLabel->setVisible(exercise.NumberOfSets == 0);
 }

@@ -45,6 +45,8 @@ QString ButtonText(PreviewPlace::Kind kind) {
     case PreviewPlace::Kind::kRandomMusicList:
     case PreviewPlace::Kind::kOutputPath:
       return "Show Settings";
+    case PreviewPlace::Kind::kGuide:
+      return "Show Help";
   }
   return {};
 }
@@ -114,13 +116,12 @@ void PreviewForm::AddProblem(const PreviewProblem& problem, int row) {
   label->setText(text);
   label->setWordWrap(true);
   ui_->ProblemsGrid->addWidget(label, row, 1);
-  if (!problem.place) return;
-  auto* button = new QPushButton(ButtonText(problem.place->kind), ui_->ProblemsFrame);
+  auto* button = new QPushButton(ButtonText(problem.place.kind), ui_->ProblemsFrame);
   button->setObjectName(QString("PlaceButton_%1").arg(row));
   button->setAccessibleName(QString("%1, problem %2").arg(button->text()).arg(row + 1));
   button->setAccessibleDescription(text);
   button->setAutoDefault(false);
-  connect(button, &QPushButton::clicked, this, [this, place = *problem.place] {
+  connect(button, &QPushButton::clicked, this, [this, place = problem.place] {
     CloseWith({.after = AfterPreview::kShowPlace, .place = place});
   });
   ui_->ProblemsGrid->addWidget(button, row, 2);

@@ -13,6 +13,8 @@
 #include "ui/Handlers.h"
 #include "update/Progress.h"
 
+class QAction;
+
 namespace Ui {
 class RepvoltaForm;
 }
@@ -21,6 +23,7 @@ namespace repvolta {
 
 class ExerciseTab;
 class LastUpdate;
+class GrowthAheadCommand;
 class MainMenu;
 class SettingsTab;
 class WorkoutActions;
@@ -85,6 +88,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void AddTabs();
   void ConnectButtons();
   void AddMenu();
+  void PreviewAction_Trigger();
   void SSTab1_Click();
   void ShowExerciseFrames();
   void StepTab(int step);
@@ -108,7 +112,9 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
   LastUpdate* lastUpdate_ = nullptr;
+  GrowthAheadCommand* growthAhead_ = nullptr;
   MainMenu* menu_ = nullptr;
+  QAction* previewAction_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;
   UpdateOutcome outcome_;  // of the command that runs

@@ -1,4 +1,5 @@
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -8,6 +9,7 @@
 #include <QMenu>
 #include <QPalette>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
 
 #include "app/Settings.h"
@@ -277,6 +279,27 @@ void TakeDialogs(const Pictures& pictures) {
   TakePreview(pictures);
 }
 
+/// The example of the guide: entered today, which is a Monday.
+ExerciseRecord GrowingExercise() {
+  ExerciseRecord exercise = SampleExercise("Bench Press", 50);
+  exercise.NumberOfSets = 1;
+  exercise.NextUpdate1[0] = SampleClock().Today() + 7;
+  return exercise;
+}
+
+void TakeGrowth(const Pictures& pictures, RepvoltaForm& form) {
+  form.GetEditor().Exercise() = GrowingExercise();
+  form.UpdateExerciseScreen();
+  form.findChild<QListWidget*>("FreqList1")->setCurrentRow(0);
+  pictures.Take(form, "RepvoltaForm-growth");
+  form.findChild<QAction*>("GrowthAheadAction")->trigger();
+  auto& ahead = *form.findChild<QDialog*>("GrowthAheadForm");
+  pictures.Take(ahead, "GrowthAheadForm-daily");
+  form.findChild<QAction*>("GrowthAheadAction")->trigger();
+  ahead.findChild<QRadioButton*>("WeekdaysButton")->click();
+  pictures.Take(ahead, "GrowthAheadForm");
+}
+
 void TakeWindow(const Pictures& pictures) {
   const TemporaryFolder folder;
   ProgramState state;
@@ -299,6 +322,7 @@ void TakeWindow(const Pictures& pictures) {
   auto& tabs = *form.findChild<QTabWidget*>("SSTab1");
   for (const char* name : {"Workout", "Exercise", "Settings"}) {
     pictures.Take(form, QString("RepvoltaForm-") + name);
+    if (tabs.currentIndex() == 1) TakeGrowth(pictures, form);
     tabs.setCurrentIndex(tabs.currentIndex() + 1);
   }
   tabs.setCurrentIndex(1);

@@ -1,8 +1,9 @@
 # Writes the guide as web pages: cmake -D CMARK=... -D DOCS=... -D OUT=... -P GuidePages.cmake
 #
 # The pages of DOCS/guide become OUT/*.html, README.md being index.html, and those of DOCS/formats,
-# to which they lead, OUT/formats/*.html. Links between them lead to the web pages, headings have the
-# anchors that those links name; a link to any other page of the documentation becomes plain text.
+# to which they lead, OUT/formats/*.html, beside the files that those name. Links between them lead
+# to the web pages, headings have the anchors that those links name; a link to any other page of the
+# documentation becomes plain text.
 
 # to_html(PAGE VARIABLE): the page as the converter writes it.
 function(to_html page variable)
@@ -86,4 +87,5 @@ foreach(page IN LISTS formats)
   get_filename_component(name ${page} NAME_WE)
   write_page(${page} formats/${name}.html ../)
 endforeach()
+file(COPY ${DOCS}/formats/ DESTINATION ${OUT}/formats PATTERN "*.md" EXCLUDE)
 file(COPY ${DOCS}/guide/pictures ${DOCS}/html/guide.css DESTINATION ${OUT})

@@ -8,9 +8,12 @@
 #include "editing/StartUp.h"
 #include "platform/QtChildProcesses.h"
 #include "platform/desktop/DesktopAudioOutputs.h"
+#include "platform/desktop/DesktopSoundPlayer.h"
 #include "platform/desktop/SingleInstance.h"
 #include "platform/desktop/UDisks.h"
+#include "speech/EngineBackgroundSpeech.h"
 #include "speech/EngineSpeech.h"
+#include "ui/ClearIndicators.h"
 #include "ui/MessageBox.h"
 #include "ui/QtDialogs.h"
 #include "ui/RandomMusicMessage.h"
@@ -68,6 +71,7 @@ class Desktop {
     progress_.SetOwner(&form_);
     progress_.OfferEject(disks_, [this] { return state_.Settings.OutputPath.Trimmed(); });
     pleaseWait_.SetOwner(&form_);
+    form_.OfferListening(player_, backgroundSpeech_);
     QObject::connect(&form_, &RepvoltaForm::Ended, qApp, &QCoreApplication::quit,
                      Qt::QueuedConnection);
   }
@@ -92,8 +96,12 @@ class Desktop {
   QtChildProcesses processes_{[this] { RunEvents(); }};
   EngineSpeech speech_{InstalledEngines(processes_)};
   DesktopAudioOutputs outputs_;
+  DesktopSoundPlayer player_;
+  EngineBackgroundSpeech backgroundSpeech_{[](ChildProcesses& processes) {
+    return std::make_unique<EngineSpeech>(InstalledEngines(processes));
+  }};
   UDisks disks_;
-  QtDialogs dialogs_;
+  QtDialogs dialogs_{layoutFile_};
   UpdateForm progress_;
   RandomMusicMessage pleaseWait_;
   Program program_{state_, clock_, random_, processes_, speech_};
@@ -120,6 +128,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("repvolta");
   QApplication::setDesktopFileName("repvolta");
   QApplication::setWindowIcon(repvolta::ProgramIcon());
+  QApplication::setStyle(new repvolta::ClearIndicators);
   // Only the Exit command ends the program. During the set-up, closing a message box closes the
   // last window.
   QApplication::setQuitOnLastWindowClosed(false);

@@ -14,6 +14,9 @@ namespace repvolta {
 /// An update also writes a play list for the player.
 inline constexpr FlagOption kPlayListForPlayer{"play-list-for-player", false};
 
+/// After the first update the window has said how the files get into the player.
+inline constexpr FlagOption kPlayerHintShown{"player-hint-shown", false};
+
 /// Where the player's disk was mounted at the last update; empty when the output path lay on the
 /// same file system as "/".
 inline constexpr TextOption kPlayerMountPoint{"player-mount-point", ""};

@@ -15,6 +15,7 @@ class ProblemCount {
  public:
   void Add(LineKind kind);
   int Errors() const { return errors_; }
+  int Warnings() const { return warnings_; }
 
   /// "2 errors, 1 warning"; "" when there are none.
   std::string Text() const;

@@ -155,9 +155,12 @@ bool FileExists(const std::string& path) {
   return status && S_ISREG(status->st_mode);
 }
 
-bool FileIsReachable(const std::string& path) {
+bool FileIsReachable(const std::string& path) { return SizeIfReachable(path).has_value(); }
+
+std::optional<std::uint64_t> SizeIfReachable(const std::string& path) {
   struct stat status {};
-  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+  if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  return static_cast<std::uint64_t>(status.st_size);
 }
 
 std::optional<FileStamp> StampOf(const std::string& path) {

@@ -96,6 +96,9 @@ bool FileExists(const std::string& path);
 /// Like FileExists, but false when the disk cannot tell: for files that are only ever read.
 bool FileIsReachable(const std::string& path);
 
+/// The size of a file that FileIsReachable; else nothing.
+std::optional<std::uint64_t> SizeIfReachable(const std::string& path);
+
 /// The stamp of the file `path`, links followed; nothing when there is no such file. Throws
 /// FileError when the disk cannot tell.
 std::optional<FileStamp> StampOf(const std::string& path);

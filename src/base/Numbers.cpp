@@ -56,15 +56,18 @@ std::string TwoDigits(int value) {
 
 }  // namespace
 
-double LeadingNumber(std::string_view text) {
+double LeadingNumber(std::string_view text) { return ReadLeadingNumber(text).value; }
+
+NumberAtStart ReadLeadingNumber(std::string_view text) {
+  const char* const start = text.data();
   text = TrimBlanks(text);
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) text.remove_prefix(1);
-  if (!StartsNumber(text)) return 0;
+  if (!StartsNumber(text)) return {.value = 0, .length = 0};
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error == std::errc::result_out_of_range) value = OutOfRange({text.data(), end});
-  return negative ? -value : value;
+  return {.value = negative ? -value : value, .length = static_cast<std::size_t>(end - start)};
 }
 
 std::string ListNumberText(float value) {

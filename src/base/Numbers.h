@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -10,6 +11,13 @@ namespace repvolta {
 /// point, an optional exponent; the rest is ignored. 0 when there is none, as in "nan", "inf" and
 /// "0x10". Infinity when it is too large for a double. The same in every locale (quirk 22).
 double LeadingNumber(std::string_view text);
+
+/// The same with the number of bytes that it takes at the start of the text; 0 when there is none.
+struct NumberAtStart {
+  double value;
+  std::size_t length;
+};
+NumberAtStart ReadLeadingNumber(std::string_view text);
 
 /// A number as the instruction sentence shows it: at most 7 significant digits, no trailing zeros,
 /// nothing before the point when the magnitude is below 1 (".5", "-.25"; quirk 4).

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/Product.h"
+#include "editing/AnswerHelp.h"
+#include "editing/FolderQuestion.h"
+#include "editing/Preview.h"
 
 namespace repvolta {
 
@@ -21,9 +25,9 @@ class Dialogs {
   /// A message box with OK and Cancel. Returns true for OK.
   virtual bool Confirm(std::string_view text, std::string_view title) = 0;
 
-  /// An input box. Returns "" when it was cancelled.
+  /// An input box. `help` stands below its field. Returns "" when it was cancelled.
   virtual std::string AskText(std::string_view prompt, std::string_view title,
-                              std::string_view initial = {}) = 0;
+                              const AnswerHelp& help, std::string_view initial = {}) = 0;
 
   /// A box with a list of `items`. Returns the position of the chosen one; nothing when it was
   /// cancelled.
@@ -34,10 +38,14 @@ class Dialogs {
   virtual std::string SelectExercise() = 0;
 
   /// SelectDirectory. Returns "" when it was cancelled.
-  virtual std::string SelectDirectory() = 0;
+  virtual std::string SelectDirectory(const FolderQuestion& question) = 0;
 
   /// The file-open dialog for music. Returns no files when it was cancelled.
   virtual std::vector<std::string> SelectMusicFiles(const std::string& startFolder) = 0;
+
+  /// PreviewForm. `plan` is called before it is shown and can take a moment; what it throws is
+  /// passed on.
+  virtual PreviewOutcome ShowPreview(const std::function<Preview()>& plan) = 0;
 
   /// AboutForm.
   virtual void ShowAbout() = 0;

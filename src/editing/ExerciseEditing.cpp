@@ -7,6 +7,8 @@
 #include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
 #include "base/Text.h"
+#include "editing/AnswerLines.h"
+#include "editing/Answers.h"
 
 namespace repvolta {
 namespace {
@@ -49,12 +51,13 @@ void AddExerciseButton_Click(Editor& editor) {
 void EditExerciseNameButton_Click(Editor& editor, int row) {
   ProgramState& state = editor.State();
   if (state.ScreenUpdating || !HasWorkout(state) || state.NumberOfExercises < 1 || row < 0) return;
-  const std::string name = editor.dialogs.AskText("Enter a new Exercise Name", "Edit Exercise Name",
-                                                  state.Workout[row].ExerciseName.Trimmed());
-  // A name of blanks would end the list of exercises at the next load.
-  if (TrimBlanks(name).empty()) return;
+  const ExerciseRecord& exercise = state.Workout[row];
+  const std::optional<std::string> name = ExerciseNameOf(
+      editor.dialogs.AskText("Enter a new Exercise Name", "Edit Exercise Name",
+                             ExerciseNameHelp(exercise), exercise.ExerciseName.Trimmed()));
+  if (!name) return;
   state.CurrentExercise = CheckedInt16(row);
-  editor.Exercise().ExerciseName = name;
+  editor.Exercise().ExerciseName = *name;
   Keep(editor);
 }
 

@@ -16,6 +16,7 @@ constexpr GuidePage kPages[] = {
     {"schedule", "Updates on a schedule"},
     {"messages", "What the program says"},
     {"backup", "Backup and moving"},
+    {"keys", "Menus and keys"},
 };
 
 constexpr HelpPlace kPlaces[] = {
@@ -36,6 +37,7 @@ constexpr HelpPlace kPlaces[] = {
     {"SelectExerciseDialog", "", "first-workout.html#set-it-up"},
     {"SelectDirectory", "", "first-start.html#two-questions"},
     {"QFileDialog", "", "music.html#songs-of-your-choice"},
+    {"GrowthAheadForm", "", "growth.html#looking-ahead"},
     {"UpdateForm", "", "messages.html#lines-of-an-update"},
     {"RandomMusicMessage", "", "music.html#random-music"},
     {"AboutForm", "", kGuideContents},

@@ -79,7 +79,7 @@ void Listening::Begin(const Piece& piece) {
   folder_ = std::make_unique<PrivateFolder>();
   piece_ = piece;
   last_ = piece.number;
-  currentAtLast_ = program_.state.CurrentExercise;
+  currentAtLast_ = services_.current();
   const Clip* name = NameOf(said_);
   const std::string clip = name ? ClipFile(*name) : "";
   if (name && !FileExists(clip)) {
@@ -123,10 +123,9 @@ void Listening::End(const std::string& failure) {
 }
 
 void Listening::PlayNext() {
-  const ProgramState& state = program_.state;
-  const bool goesOn = last_ && currentAtLast_ == state.CurrentExercise;
-  const int after = (goesOn ? *last_ : state.CurrentExercise) + 1;
-  Play(after < state.NumberOfExercises ? after : 0);
+  const int current = services_.current();
+  const int after = (last_ && currentAtLast_ == current ? *last_ : current) + 1;
+  Play(after < program_.state.NumberOfExercises ? after : 0);
 }
 
 void Listening::Stop() {

@@ -24,6 +24,7 @@ class Listening {
     SoundPlayer& player;
     BackgroundSpeech& speech;
     std::function<ChosenOutput()> output;  // the one that is chosen in AudioOutputCB
+    std::function<int()> current;          // the exercise that is selected or edited
   };
 
   Listening(const Program& program, Services services);
@@ -36,9 +37,11 @@ class Listening {
   /// what fails later is in Notice.
   void Play(int exercise);
 
-  /// Plays the exercise after the one that was heard last since another exercise became the
-  /// current one, or else the one after the current; after the last comes the first. Throws as
-  /// Play does.
+  /// The same for the current exercise.
+  void PlayCurrent() { Play(services_.current()); }
+
+  /// The same for the exercise after the one that was heard last since another exercise became the
+  /// current one, or else the one after the current; after the last comes the first.
   void PlayNext();
 
   void Stop();
@@ -85,9 +88,9 @@ class Listening {
   std::optional<Piece> piece_;  // while it is heard or prepared
   SpokenInstruction said_;      // of today
   std::unique_ptr<PrivateFolder> folder_;
-  std::string missing_;             // what could not be said
-  std::optional<int> last_;         // the exercise that was heard last
-  std::int16_t currentAtLast_ = 0;  // the current exercise at that time
+  std::string missing_;      // what could not be said
+  std::optional<int> last_;  // the exercise that was heard last
+  int currentAtLast_ = 0;    // the current exercise at that time
   std::string notice_;
   bool hasFailed_ = false;
 };

@@ -1,18 +1,15 @@
 #include "editing/MusicEditing.h"
 
-#include <cmath>
-#include <limits>
+#include <stdexcept>
 #include <utility>
 
-#include "base/Numbers.h"
-#include "base/Text.h"
+#include "editing/AnswerLines.h"
+#include "editing/Answers.h"
 #include "editing/FindMusic.h"
 #include "editing/MusicAddition.h"
 
 namespace repvolta {
 namespace {
-
-constexpr int kSecondsPerMinute = 60;
 
 void Keep(const Editor& editor) {
   SaveAndShow(editor, [&] { ShowExercise(editor); });
@@ -106,19 +103,16 @@ void RandomMusicCheckBox_Click(Editor& editor, CheckBox box) {
 
 void SetExerciseTimeButton_Click(Editor& editor) {
   constexpr const char* kTitle = "Set Target Exercise Time";
-  const std::string answer =
-      editor.dialogs.AskText("Enter the Target Exercise time in minutes", kTitle);
-  if (TrimBlanks(answer).empty()) return;
-  const double seconds = LeadingNumber(answer) * kSecondsPerMinute;
-  if (!(seconds > 0)) return;
-  constexpr std::int16_t kLongest = std::numeric_limits<std::int16_t>::max();
-  if (std::nearbyint(seconds) > kLongest) {
-    editor.dialogs.ShowMessage("This time is too long. The longest target time is " +
-                                   FormatTime(kLongest) + " (minutes and seconds).",
-                               kTitle);
+  const std::string answer = editor.dialogs.AskText("Enter the Target Exercise time in minutes",
+                                                    kTitle, TargetTimeHelp(editor.Exercise()));
+  try {
+    const std::optional<std::int16_t> seconds = TargetTimeOf(answer);
+    if (!seconds) return;
+    editor.Exercise().TargetExerciseTime = *seconds;
+  } catch (const std::overflow_error& error) {
+    editor.dialogs.ShowMessage(error.what(), kTitle);
     return;
   }
-  editor.Exercise().TargetExerciseTime = RoundToInt16(seconds);
   Keep(editor);
 }
 

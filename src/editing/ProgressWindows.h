@@ -1,11 +1,21 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "update/Progress.h"
 
 namespace repvolta {
+
+/// What the window says of an update that is over.
+struct OutcomeTexts {
+  std::string text;    // what came out
+  std::string folder;  // that holds the files
+  std::string hint;    // what to do next; "" when that is known
+
+  bool operator==(const OutcomeTexts&) const = default;
+};
 
 /// UpdateForm, as the main window uses it.
 class ProgressWindow {
@@ -19,6 +29,15 @@ class ProgressWindow {
 
   /// No update runs any more: the window stays as it is, but there is nothing to stop.
   virtual void UpdateEnds() = 0;
+
+  /// Behind UpdateEnds: stays in sight until the next Show.
+  virtual void ShowOutcome(const OutcomeTexts& outcome) = 0;
+
+  /// Shows the window with the lines of the last update.
+  virtual void ShowAgain() = 0;
+
+  /// `open` is called when the person wants to see a folder.
+  virtual void OnOpenFolder(std::function<void(const std::string& folder)> open) = 0;
 
   /// `stop` is called when the person wants the update to stop.
   virtual void OnStop(std::function<void()> stop) = 0;

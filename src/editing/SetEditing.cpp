@@ -5,6 +5,8 @@
 
 #include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
+#include "editing/AnswerLines.h"
+#include "editing/Answers.h"
 #include "editing/ScreenTexts.h"
 
 namespace repvolta {
@@ -28,10 +30,11 @@ void KeepAndSelect(const Editor& editor, int row) {
 }
 
 /// Cancel gives 0 (quirk 91).
-float AskForValue(Editor& editor, const std::string& fieldName) {
-  const std::string answer =
-      editor.dialogs.AskText("Enter the " + fieldName + " required:", fieldName);
-  return CheckedSingle(LeadingNumber(answer));
+float AskForValue(Editor& editor, int field) {
+  const FieldNames names = FieldNamesOf(editor.Exercise());
+  const std::string& name = field == 1 ? names.first : names.second;
+  return NewSetValueOf(editor.dialogs.AskText("Enter the " + name + " required:", name,
+                                              NewSetHelp(editor.Exercise(), field)));
 }
 
 void MoveLaterSetsUp(ExerciseRecord& exercise, int removed) {
@@ -54,9 +57,8 @@ void AddNewSetButton_Click(Editor& editor) {
   }
   {
     const ScreenUpdate updating(state);
-    const FieldNames names = FieldNamesOf(exercise);
-    const float value1 = AskForValue(editor, names.first);
-    const float value2 = AskForValue(editor, names.second);
+    const float value1 = AskForValue(editor, 1);
+    const float value2 = AskForValue(editor, 2);
     // The rest of the slot stays as it is (quirk 92).
     exercise.SetValue1[exercise.NumberOfSets] = value1;
     exercise.SetValue2[exercise.NumberOfSets] = value2;

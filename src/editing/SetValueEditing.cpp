@@ -2,27 +2,26 @@
 
 #include <optional>
 
-#include "base/Numbers.h"
-#include "base/Text.h"
+#include "editing/AnswerLines.h"
+#include "editing/Answers.h"
 #include "editing/ScreenTexts.h"
 
 namespace repvolta {
 namespace {
 
-std::optional<float> AskForNumber(Editor& editor) {
-  const std::string answer = editor.dialogs.AskText("Enter new Value:", "Change Exercise Value");
-  if (TrimBlanks(answer).empty()) return std::nullopt;
-  const double number = LeadingNumber(answer);
-  if (number < 0) return std::nullopt;
-  return CheckedSingle(number);
+std::optional<float> AskForNumber(Editor& editor, int row, SetColumn column) {
+  const Clock& clock = editor.program.clock;
+  return SetNumberOf(editor.dialogs.AskText("Enter new Value:", "Change Exercise Value",
+                                            SetNumberHelp(editor.Exercise(), row, column, clock)),
+                     column, clock);
 }
 
 /// `change` takes the record and the number. It works on a copy, so that nothing is changed if it
 /// throws.
 template <class Change>
-void ChangeNumber(Editor& editor, int row, Change change) {
+void ChangeNumber(Editor& editor, int row, SetColumn column, Change change) {
   if (row < 0) return;
-  const std::optional<float> number = AskForNumber(editor);
+  const std::optional<float> number = AskForNumber(editor, row, column);
   if (!number) return;
   ExerciseRecord changed = editor.Exercise();
   change(changed, *number);
@@ -31,45 +30,45 @@ void ChangeNumber(Editor& editor, int row, Change change) {
   SaveChangedWorkout(editor);
 }
 
-void ChangeField(Editor& editor, int row, SetSingles ExerciseRecord::*field) {
-  ChangeNumber(editor, row,
+void ChangeField(Editor& editor, int row, SetColumn column, SetSingles ExerciseRecord::*field) {
+  ChangeNumber(editor, row, column,
                [&](ExerciseRecord& record, float number) { (record.*field)[row] = number; });
 }
 
-void ChangeFrequency(Editor& editor, int row, SetSingles ExerciseRecord::*frequency,
-                     SetDates ExerciseRecord::*nextUpdate) {
-  ChangeNumber(editor, row, [&](ExerciseRecord& record, float days) {
+void ChangeFrequency(Editor& editor, int row, SetColumn column,
+                     SetSingles ExerciseRecord::*frequency, SetDates ExerciseRecord::*nextUpdate) {
+  ChangeNumber(editor, row, column, [&](ExerciseRecord& record, float days) {
     (record.*frequency)[row] = days;
     (record.*nextUpdate)[row] = editor.program.clock.Today() + static_cast<double>(days);
-    // Throws for days that could not be shown.
-    DaysText(days, (record.*nextUpdate)[row], editor.program.clock.Now());
   });
 }
 
 }  // namespace
 
 void SetList1_DblClick(Editor& editor, int row) {
-  ChangeField(editor, row, &ExerciseRecord::SetValue1);
+  ChangeField(editor, row, kSetList1, &ExerciseRecord::SetValue1);
 }
 
 void SetList2_DblClick(Editor& editor, int row) {
-  ChangeField(editor, row, &ExerciseRecord::SetValue2);
+  ChangeField(editor, row, kSetList2, &ExerciseRecord::SetValue2);
 }
 
 void SetListInc1_DblClick(Editor& editor, int row) {
-  ChangeField(editor, row, &ExerciseRecord::SetIncrement1);
+  ChangeField(editor, row, kSetListInc1, &ExerciseRecord::SetIncrement1);
 }
 
 void SetListInc2_DblClick(Editor& editor, int row) {
-  ChangeField(editor, row, &ExerciseRecord::SetIncrement2);
+  ChangeField(editor, row, kSetListInc2, &ExerciseRecord::SetIncrement2);
 }
 
 void FreqList1_DblClick(Editor& editor, int row) {
-  ChangeFrequency(editor, row, &ExerciseRecord::SetFrequency1, &ExerciseRecord::NextUpdate1);
+  ChangeFrequency(editor, row, kFreqList1, &ExerciseRecord::SetFrequency1,
+                  &ExerciseRecord::NextUpdate1);
 }
 
 void FreqList2_DblClick(Editor& editor, int row) {
-  ChangeFrequency(editor, row, &ExerciseRecord::SetFrequency2, &ExerciseRecord::NextUpdate2);
+  ChangeFrequency(editor, row, kFreqList2, &ExerciseRecord::SetFrequency2,
+                  &ExerciseRecord::NextUpdate2);
 }
 
 void NextUpdateList_DblClick(Editor& editor, int row) {

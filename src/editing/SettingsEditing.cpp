@@ -5,7 +5,9 @@
 #include "app/ScreenUpdate.h"
 #include "app/WorkoutFiles.h"
 #include "base/Numbers.h"
-#include "base/Text.h"
+#include "editing/AnswerLines.h"
+#include "editing/Answers.h"
+#include "editing/FolderQuestions.h"
 #include "editing/ListMusic.h"
 #include "update/RandomMusicList.h"
 
@@ -17,7 +19,8 @@ Flag FlagOf(CheckBox box) { return box == CheckBox::kTicked ? kTrue : kFalse; }
 }  // namespace
 
 void MusicPathButton_Click(Editor& editor) {
-  const std::string path = editor.dialogs.SelectDirectory();
+  const std::string path =
+      editor.dialogs.SelectDirectory(MusicFolderQuestion(editor.State().Settings));
   if (path.empty()) return;
   editor.State().Settings.MusicPath = PathField(path);
   editor.screen.ShowPaths();
@@ -29,7 +32,8 @@ void MusicPathButton_Click(Editor& editor) {
 }
 
 void OutputPathButton_Click(Editor& editor) {
-  const std::string path = editor.dialogs.SelectDirectory();
+  const std::string path =
+      editor.dialogs.SelectDirectory(OutputFolderQuestion(editor.State().Settings));
   if (path.empty()) return;
   editor.State().Settings.OutputPath = PathField(path);
   editor.screen.ShowPaths();
@@ -37,10 +41,11 @@ void OutputPathButton_Click(Editor& editor) {
 }
 
 void ExerciseTimeButton_Click(Editor& editor) {
-  const std::string answer =
-      editor.dialogs.AskText("Enter the default Exercise time", "Set Default Exercise Time");
-  if (TrimBlanks(answer).empty()) return;
-  editor.State().Settings.DefaultExerciseTime = RoundToInt16(LeadingNumber(answer));
+  const std::optional<std::int16_t> minutes = DefaultTimeOf(
+      editor.dialogs.AskText("Enter the default Exercise time", "Set Default Exercise Time",
+                             DefaultTimeHelp(editor.State().Settings)));
+  if (!minutes) return;
+  editor.State().Settings.DefaultExerciseTime = *minutes;
   editor.screen.ShowDefaultExerciseTime();
   SaveChangedSettings(editor);
   // The workout has no change that could be lost, so a plain FileError is right here.

@@ -11,6 +11,7 @@
 #include "base/FileError.h"
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
+#include "editing/FolderQuestions.h"
 #include "editing/ListMusic.h"
 #include "editing/LoadedWorkout.h"
 #include "update/RandomMusicList.h"
@@ -77,9 +78,10 @@ void SetUpSpeech(const Editor& editor, AudioOutputs& outputs) {
 
 /// Shows the message and the folder picker, and returns the chosen folder. If the path does not fit
 /// its field, a message says so and the result is empty.
-FixedText<256> AskForFolder(const Editor& editor, std::string_view text, std::string_view title) {
+FixedText<256> AskForFolder(const Editor& editor, std::string_view text, std::string_view title,
+                            const FolderQuestion& question) {
   editor.dialogs.ShowMessage(text, title);
-  const std::string folder = editor.dialogs.SelectDirectory();
+  const std::string folder = editor.dialogs.SelectDirectory(question);
   FixedText<256> path;
   Try(editor, [&] { path = PathField(folder); });
   return path;
@@ -95,7 +97,7 @@ void AskForMusic(const Editor& editor) {
                    "Repvolta needs to know where your MP3 music files are loacted.\r"
                    "These are the music files Repvolta will use to create your workout.\r"
                    "Press ENTER to select where your files are located",
-                   "Find your music files");
+                   "Find your music files", MusicFolderQuestion(editor.State().Settings));
   editor.screen.ShowPaths();
   Try(editor, [&] {
     ListMusic(editor);
@@ -111,7 +113,7 @@ void AskForOutput(const Editor& editor) {
       "in.\r"
       "It is recommended you create a new directory just for this purpose.\r"
       "Press ENTER to select a directory.",
-      "Select your output directory");
+      "Select your output directory", OutputFolderQuestion(editor.State().Settings));
   editor.screen.ShowPaths();
 }
 

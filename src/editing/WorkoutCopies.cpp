@@ -9,6 +9,7 @@
 #include "base/ProgramFiles.h"
 #include "base/RenameToNew.h"
 #include "base/Text.h"
+#include "editing/AnswerLines.h"
 #include "editing/LoadedWorkout.h"
 #include "editing/WorkoutName.h"
 #include "keeping/KeepWorkout.h"
@@ -101,8 +102,8 @@ void DuplicateWorkout(Editor& editor) {
   if (!HasWorkout(editor)) return;
   MakeProgramDirectoryCurrent(editor.State());
   constexpr const char* kTitle = "Duplicate Workout";
-  const std::string name =
-      AskWorkoutName(editor, "Enter a name for the copy of " + NameOf(editor), kTitle);
+  const std::string name = AskWorkoutName(editor, "Enter a name for the copy of " + NameOf(editor),
+                                          kTitle, CopiedWorkoutHelp(editor.State()));
   const std::string path = name.empty() ? "" : FreePath(editor, name, kTitle);
   if (path.empty()) return;
   CopyFileToNew(PathOfWorkout(editor.State()), path);
@@ -117,7 +118,8 @@ void RenameWorkout(Editor& editor) {
   MakeProgramDirectoryCurrent(state);
   constexpr const char* kTitle = "Rename Workout";
   const std::string before = NameOf(editor);
-  const std::string name = AskWorkoutName(editor, "Enter a new name for " + before, kTitle, before);
+  const std::string name = AskWorkoutName(editor, "Enter a new name for " + before, kTitle,
+                                          RenamedWorkoutHelp(state), before);
   if (name.empty() || name == before) return;
   const std::string old = PathOfWorkout(state);
   const std::string path = FreePath(editor, name, kTitle, old);

@@ -12,6 +12,7 @@
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
+#include "editing/AnswerLines.h"
 #include "editing/LoadedWorkout.h"
 #include "editing/WorkoutName.h"
 #include "keeping/KeepWorkout.h"
@@ -90,8 +91,8 @@ void KeepWhatIsReplaced(const Editor& editor) {
 }  // namespace
 
 void CreateNewWorkoutButton_Click(Editor& editor) {
-  const std::string name =
-      AskWorkoutName(editor, "Enter a name for the new Workout", "New Workout");
+  const std::string name = AskWorkoutName(editor, "Enter a name for the new Workout", "New Workout",
+                                          NewWorkoutHelp(editor.State()));
   if (name.empty()) return;
   PreviousWorkout previous(editor);
   ListNewWorkout(editor, name);

@@ -1,21 +1,20 @@
 #include "editing/WorkoutName.h"
 
-#include "base/FileNames.h"
-#include "base/ProgramFiles.h"
-#include "base/Text.h"
+#include <stdexcept>
+
+#include "editing/Answers.h"
 
 namespace repvolta {
 
 std::string AskWorkoutName(const Editor& editor, std::string_view prompt, std::string_view title,
-                           std::string_view initial) {
-  std::string name(TrimBlanks(editor.dialogs.AskText(prompt, title, initial)));
-  if (name.empty()) return "";
-  if (IsFileName(name) && IsFileName(name + std::string(kWorkoutExtension))) return name;
-  editor.dialogs.ShowMessage(
-      "A workout cannot have this name, because a file cannot have it: it contains a character "
-      "such as \"/\", or it is too long.",
-      title);
-  return "";
+                           const AnswerHelp& help, std::string_view initial) {
+  const std::string answer = editor.dialogs.AskText(prompt, title, help, initial);
+  try {
+    return WorkoutNameOf(answer).value_or("");
+  } catch (const std::invalid_argument& error) {
+    editor.dialogs.ShowMessage(error.what(), title);
+    return "";
+  }
 }
 
 }  // namespace repvolta

@@ -7,9 +7,9 @@
 
 namespace repvolta {
 
-/// Asks for the name of a workout, without extension. A message says when a file cannot have it.
-/// Returns "" then, and when the person cancels.
+/// Asks for the name of a workout, without extension; `help` stands below the field. A message says
+/// when a file cannot have it. Returns "" then, and when the person cancels.
 std::string AskWorkoutName(const Editor& editor, std::string_view prompt, std::string_view title,
-                           std::string_view initial = {});
+                           const AnswerHelp& help, std::string_view initial = {});
 
 }  // namespace repvolta

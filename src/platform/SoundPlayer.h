@@ -12,7 +12,7 @@ class SoundError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// An entry of the list that AudioOutputs::Names gave.
+/// An entry of the list that AudioOutputs::Names gave; without a name, the default output.
 struct ChosenOutput {
   int entry = 0;
   std::string name;

@@ -20,10 +20,7 @@ QString NameOf(const Volume& volume) {
   QString name = hasLabel ? QString::fromStdString(ShownOnOneLine(volume.label)) : PathOf(volume);
   if (volume.state == Volume::State::kSilent) return name + " (does not answer)";
   if (volume.kind == Volume::Kind::kFixed || !volume.freeBytes) return name;
-  return name + " (" +
-         QLocale::c().formattedDataSize(static_cast<qint64>(*volume.freeBytes), kDecimals,
-                                        QLocale::DataSizeSIFormat) +
-         " free)";
+  return name + " (" + FreeRoomText(*volume.freeBytes) + ")";
 }
 
 template <class Matches>
@@ -33,6 +30,12 @@ int IndexOf(const std::vector<DriveEntry>& entries, Matches matches) {
 }
 
 }  // namespace
+
+QString FreeRoomText(std::uint64_t bytes) {
+  return QLocale::c().formattedDataSize(static_cast<qint64>(bytes), kDecimals,
+                                        QLocale::DataSizeSIFormat) +
+         " free";
+}
 
 std::vector<DriveEntry> DriveEntries(const std::vector<Volume>& volumes) {
   std::vector<DriveEntry> entries;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 #include <vector>
 
 #include "platform/Volumes.h"
@@ -18,6 +19,9 @@ struct DriveEntry {
 
 /// The entries of the volumes, in their order; no two have the same text.
 std::vector<DriveEntry> DriveEntries(const std::vector<Volume>& volumes);
+
+/// "3.2 GB free", the same in every locale.
+QString FreeRoomText(std::uint64_t bytes);
 
 /// The entry of that path; -1 when there is none.
 int EntryAt(const std::vector<DriveEntry>& entries, const QString& path);

@@ -4,13 +4,18 @@
 
 #include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
+#include "editing/ExerciseSteps.h"
 #include "editing/MusicEditing.h"
 #include "editing/ScreenTexts.h"
 #include "editing/SetEditing.h"
 #include "editing/SetValueEditing.h"
+#include "ui/ExerciseNotes.h"
+#include "ui/ExerciseSteps.h"
 #include "ui/FileDrop.h"
 #include "ui/Keys.h"
+#include "ui/ListenButtons.h"
 #include "ui/SetTable.h"
+#include "ui/SongMarks.h"
 
 #include "ui_ExerciseTab.h"
 
@@ -33,6 +38,9 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
   sets_ = new SetTable({ui_->SetList1, ui_->SetList2, ui_->SetListInc1, ui_->SetListInc2,
                         ui_->FreqList1, ui_->FreqList2, ui_->NextUpdateList},
                        this);
+  listen_ = new ListenButtons(editor_, handlers_, this);
+  listen_->PutBeside(ui_->ExerciseNameLabel, ui_->ExerciseTabLayout);
+  setTabOrder(listen_->LastButton(), ui_->SetButton_0);
   setButtons_ = {ui_->SetButton_0, ui_->SetButton_1, ui_->SetButton_2, ui_->SetButton_3};
   unitsSelections_ = {ui_->UnitsSelection_0, ui_->UnitsSelection_1};
   ui_->MusicList->setTextElideMode(Qt::ElideMiddle);
@@ -42,9 +50,15 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
   ConnectSetLists();
   ConnectChoices();
   ConnectMusic();
+  AddHelpers();
 }
 
 ExerciseTab::~ExerciseTab() = default;
+
+void ExerciseTab::OfferListening(Listening& listening, QWidget* window) {
+  listen_->Use(listening);
+  listen_->AddKeys(window);
+}
 
 void ExerciseTab::ConnectSetButtons() {
   handlers_.OnClick(ui_->AddNewSetButton, "The set could not be added.",
@@ -104,7 +118,10 @@ void ExerciseTab::ChooseRandomMusic(bool chosen) {
   handlers_.Run("The choice could not be kept.", [&] {
     RandomMusicCheckBox_Click(editor_, chosen ? CheckBox::kTicked : CheckBox::kUnticked);
   });
-  if (!editor_.State().ScreenUpdating) ShowTarget(editor_.Exercise());
+  if (!editor_.State().ScreenUpdating) {
+    ShowTarget(editor_.Exercise());
+    notes_->Show(editor_.Exercise());
+  }
   // Refreshing the tab does not touch the box, so a choice that had no effect is undone here.
   if (editor_.State().ScreenUpdating || (editor_.Exercise().RandomMusic == kTrue) == chosen) return;
   const ScreenUpdate updating(editor_.State());
@@ -133,6 +150,25 @@ void ExerciseTab::ConnectMusic() {
       });
 }
 
+void ExerciseTab::AddHelpers() {
+  notes_ = std::make_unique<ExerciseNotes>(
+      ExerciseNotes::Controls{.randomMusicBox = ui_->RandomMusicCheckBox,
+                              .randomMusicLabel = ui_->RandomMusicStateLabel,
+                              .addSet = ui_->AddNewSetButton,
+                              .addMusic = ui_->AddMusicFileButton});
+  songMarks_ = std::make_unique<SongMarks>(ui_->MusicList, ui_->GoneSongsLabel);
+  steps_ = std::make_unique<ExerciseSteps>(ui_->PreviousExerciseButton, ui_->NextExerciseButton);
+  const char* failure = "The exercise cannot be shown as a whole.";
+  handlers_.OnClick(ui_->PreviousExerciseButton, failure,
+                    [this] { PreviousExerciseButton_Click(editor_); });
+  handlers_.OnClick(ui_->NextExerciseButton, failure,
+                    [this] { NextExerciseButton_Click(editor_); });
+  AddWindowKey(this, Qt::CTRL | Qt::Key_Up, ui_->PreviousExerciseButton);
+  AddWindowKey(this, Qt::CTRL | Qt::Key_Down, ui_->NextExerciseButton);
+}
+
+void ExerciseTab::ShowSteps() { steps_->Show(editor_.State()); }
+
 bool ExerciseTab::TakesMusic() const {
   return ui_->MusicList->isEnabled() && !handlers_.AreRunning() &&
          editor_.State().NumberOfExercises >= 1;
@@ -155,6 +191,8 @@ void ExerciseTab::ShowContent(Content content) {
            ui_->ExerciseSettingFrame, ui_->SetDetailsFrame, ui_->AutoIncFrame, ui_->GrowthLabel}) {
     frame->setVisible(shown);
   }
+  listen_->ShowForExercise(shown);
+  ShowSteps();
   if (!shown) ui_->ExerciseNameLabel->setText("No Exercise Selected");
 }
 
@@ -173,6 +211,7 @@ void ExerciseTab::UpdateExerciseScreen() {
   } catch (...) {
     // A row of the previous exercise must not stay and be taken for one of this exercise.
     ui_->MusicList->SetRows({});
+    songMarks_->Show({});
     sets_->SetRows({});
     ui_->GrowthLabel->clear();
     throw;
@@ -181,6 +220,8 @@ void ExerciseTab::UpdateExerciseScreen() {
 
 void ExerciseTab::ShowExercise(const ExerciseRecord& exercise) {
   ui_->ExerciseNameLabel->setText(QString::fromStdString(exercise.ExerciseName.Trimmed()));
+  ShowSteps();
+  notes_->Show(exercise);
   ShowMusic(exercise);
   ui_->EstimatedExerciseTimeLabel->setText(
       QString::fromStdString("Target Exercise Time = " + FormatTime(exercise.TargetExerciseTime)));
@@ -194,10 +235,11 @@ void ExerciseTab::ShowExercise(const ExerciseRecord& exercise) {
 }
 
 void ExerciseTab::ShowMusic(const ExerciseRecord& exercise) {
-  const QStringList files = QtTexts(MusicRows(exercise));
+  const std::vector<std::string> files = MusicRows(exercise);
   const int selected = SelectedMusic();
-  ui_->MusicList->SetRows(files);
+  ui_->MusicList->SetRows(QtTexts(files));
   ui_->MusicList->SelectRow(selected);
+  songMarks_->Show(files);
 }
 
 void ExerciseTab::ShowTarget(const ExerciseRecord& exercise) {

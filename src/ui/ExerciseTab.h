@@ -15,7 +15,12 @@ class ExerciseTab;
 
 namespace repvolta {
 
+class ListenButtons;
+class Listening;
+class ExerciseNotes;
+class ExerciseSteps;
 class SetTable;
+class SongMarks;
 
 /// "Exercise Setup": the sets and the music of the current exercise.
 class ExerciseTab : public QWidget {
@@ -29,8 +34,14 @@ class ExerciseTab : public QWidget {
   /// cannot be shown, after showing everything before the fault.
   void UpdateExerciseScreen();
 
+  /// Until this call nothing can be listened to. `window` gets the keys.
+  void OfferListening(Listening& listening, QWidget* window);
+
   enum class Content { kExercise, kNoExercise };
   void ShowContent(Content content);
+
+  /// Enables the buttons that lead to the exercises beside the current one.
+  void ShowSteps();
 
   void SelectSet(int row);
   void SelectMusic(int row);
@@ -44,6 +55,7 @@ class ExerciseTab : public QWidget {
   void ConnectSetLists();
   void ConnectChoices();
   void ConnectMusic();
+  void AddHelpers();
   void ChooseRandomMusic(bool chosen);
   void ShowExercise(const ExerciseRecord& exercise);
   void ShowMusic(const ExerciseRecord& exercise);
@@ -59,6 +71,10 @@ class ExerciseTab : public QWidget {
   Handlers& handlers_;
   std::unique_ptr<Ui::ExerciseTab> ui_;
   SetTable* sets_;
+  ListenButtons* listen_;
+  std::unique_ptr<ExerciseNotes> notes_;
+  std::unique_ptr<ExerciseSteps> steps_;
+  std::unique_ptr<SongMarks> songMarks_;
   std::array<QAbstractButton*, 4> setButtons_;
   std::array<QAbstractButton*, 2> unitsSelections_;
 };

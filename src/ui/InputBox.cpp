@@ -1,5 +1,7 @@
 #include "ui/InputBox.h"
 
+#include <utility>
+
 #include "ui/MessageBox.h"
 
 #include "ui_InputBox.h"
@@ -8,12 +10,13 @@ namespace repvolta {
 namespace {
 
 constexpr int kWidth = 56;  // characters of the box's font
+constexpr int kKeptLines = 2;
 
 }  // namespace
 
-InputBox::InputBox(const QString& prompt, const QString& title, const QString& initial,
-                   QWidget* parent)
-    : QDialog(parent), ui_(std::make_unique<Ui::InputBox>()) {
+InputBox::InputBox(const QString& prompt, const QString& title, AnswerHelp help,
+                   const QString& initial, QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::InputBox>()), help_(std::move(help)) {
   ui_->setupUi(this);
   setWindowTitle(title);
   ui_->PromptLabel->setText(WithLineBreaks(prompt));
@@ -22,17 +25,29 @@ InputBox::InputBox(const QString& prompt, const QString& title, const QString& i
   ui_->AnswerBox->setFocus();
   ui_->AnswerBox->selectAll();
   ui_->AnswerBox->setMinimumWidth(kWidth * fontMetrics().averageCharWidth());
+  ui_->NowLabel->setText(QString::fromStdString(help_.now));
+  ui_->NowLabel->setVisible(!help_.now.empty());
+  // The box must not grow while somebody types.
+  ui_->KeptLabel->setMinimumHeight(kKeptLines * fontMetrics().lineSpacing());
+  AnswerBox_Change();
+  connect(ui_->AnswerBox, &QLineEdit::textChanged, this, &InputBox::AnswerBox_Change);
   connect(ui_->OKButton, &QPushButton::clicked, this, &QDialog::accept);
   connect(ui_->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 InputBox::~InputBox() = default;
 
+void InputBox::AnswerBox_Change() {
+  const QString kept = QString::fromStdString(help_.kept(Answer().toStdString()));
+  ui_->KeptLabel->setText(kept);
+  ui_->AnswerBox->setAccessibleDescription(ui_->NowLabel->text() + " " + kept);
+}
+
 QString InputBox::Answer() const { return ui_->AnswerBox->text(); }
 
 QString InputBox::Ask(QWidget* parent, const QString& prompt, const QString& title,
-                      const QString& initial) {
-  InputBox box(prompt, title, initial, parent);
+                      const AnswerHelp& help, const QString& initial) {
+  InputBox box(prompt, title, help, initial, parent);
   return box.exec() == QDialog::Accepted ? box.Answer() : QString();
 }
 

@@ -25,7 +25,6 @@ void BringUpToDate(const QMenu& menu) {
 
 MainMenu::MainMenu(QWidget& window, const std::vector<MenuLine>& lines) : QMenuBar(&window) {
   setObjectName("MainMenu");
-  setAccessibleName("Menu bar");
   // A desktop's own bar would not open at F10.
   setNativeMenuBar(false);
   for (const MenuLine& line : lines) AddLine(window, line);

@@ -70,6 +70,9 @@ constexpr MenuLine kLines[] = {
     {M::kMusic, "MusicPathButton"},
     {M::kMusic, "CompileMusicList"},
 
+    {M::kVoice, "ListenButton"},
+    {M::kVoice, "ListenNextButton"},
+    {M::kVoice},
     {M::kVoice, "IncludeWeightValuesCheck"},
     {M::kVoice},
     {M::kVoice, "VoiceCB"},
@@ -90,6 +93,7 @@ constexpr MenuLine kLines[] = {
     {M::kHelp, "GuidePage-schedule"},
     {M::kHelp, "GuidePage-messages"},
     {M::kHelp, "GuidePage-backup"},
+    {M::kHelp, "GuidePage-keys"},
     {M::kHelp},
     {M::kHelp, "AboutButton"},
 };

@@ -21,6 +21,10 @@ void MarkProblem(QListWidgetItem& item, LineKind kind) {
   item.setData(Qt::AccessibleDescriptionRole, isError ? "Error" : "Warning");
 }
 
+LineKind KindOf(const QListWidgetItem& item) {
+  return static_cast<LineKind>(item.data(kKindRole).toInt());
+}
+
 void ProblemLines::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
   const auto kind = static_cast<LineKind>(index.data(kKindRole).toInt());

@@ -12,6 +12,9 @@ namespace repvolta {
 /// says of it. Its text stays.
 void MarkProblem(QListWidgetItem& item, LineKind kind);
 
+/// What the item was marked as.
+LineKind KindOf(const QListWidgetItem& item);
+
 /// Paints items that were marked on the palette's other background, and errors bold. The colours
 /// are those of the moment, also when the desktop turns dark.
 class ProblemLines : public QStyledItemDelegate {

@@ -1,9 +1,8 @@
 #include "ui/QtDialogs.h"
 
+#include <QApplication>
 #include <QDesktopServices>
-#include <QDir>
 #include <QFile>
-#include <QFileDialog>
 #include <QInputDialog>
 #include <QUrl>
 #include <algorithm>
@@ -14,6 +13,8 @@
 #include "ui/AboutForm.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
+#include "ui/MusicFileDialog.h"
+#include "ui/PreviewForm.h"
 #include "ui/RowList.h"
 #include "ui/SelectDirectory.h"
 #include "ui/SelectExerciseDialog.h"
@@ -26,6 +27,15 @@ QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// Shows the pointer of a busy program.
+class BusyPointer {
+ public:
+  BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~BusyPointer() { QApplication::restoreOverrideCursor(); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+};
+
 }  // namespace
 
 void QtDialogs::ShowMessage(std::string_view text, std::string_view title) {
@@ -37,8 +47,8 @@ bool QtDialogs::Confirm(std::string_view text, std::string_view title) {
 }
 
 std::string QtDialogs::AskText(std::string_view prompt, std::string_view title,
-                               std::string_view initial) {
-  return InputBox::Ask(owner_, ToQt(prompt), ToQt(title), ToQt(initial)).toStdString();
+                               const AnswerHelp& help, std::string_view initial) {
+  return InputBox::Ask(owner_, ToQt(prompt), ToQt(title), help, ToQt(initial)).toStdString();
 }
 
 std::optional<std::size_t> QtDialogs::Choose(std::string_view prompt, std::string_view title,
@@ -69,26 +79,25 @@ std::string QtDialogs::SelectExercise() {
   return dialog.SelectedName();
 }
 
-std::string QtDialogs::SelectDirectory() {
+std::string QtDialogs::SelectDirectory(const FolderQuestion& question) {
   MountedVolumes volumes;
-  repvolta::SelectDirectory dialog(volumes, QDir::homePath(), owner_);
+  repvolta::SelectDirectory dialog(volumes, question, owner_);
   dialog.exec();
   return dialog.SelectedDirectory();
 }
 
 std::vector<std::string> QtDialogs::SelectMusicFiles(const std::string& startFolder) {
-  QFileDialog dialog(owner_, "Music File Selection", QFile::decodeName(startFolder.c_str()));
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setOption(QFileDialog::HideNameFilterDetails);
-  dialog.setFileMode(QFileDialog::ExistingFiles);
-  dialog.setNameFilters({"MP3 (*.MP3)", "WMA (*.WMA)"});
-  new WheelGuard(&dialog);
-  if (dialog.exec() != QDialog::Accepted) return {};
-  std::vector<std::string> files;
-  for (const QString& file : dialog.selectedFiles()) {
-    files.push_back(QFile::encodeName(file).toStdString());
-  }
-  return files;
+  return PickMusicFiles(owner_, startFolder, layoutFile_);
+}
+
+PreviewOutcome QtDialogs::ShowPreview(const std::function<Preview()>& plan) {
+  const Preview preview = [&] {
+    const BusyPointer busy;
+    return plan();
+  }();
+  PreviewForm form(preview, owner_);
+  form.exec();
+  return form.Outcome();
 }
 
 void QtDialogs::ShowAbout() { AboutForm(owner_).exec(); }

@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <utility>
 
 #include "editing/Dialogs.h"
 
@@ -10,6 +11,9 @@ namespace repvolta {
 /// The real boxes and dialogs.
 class QtDialogs : public Dialogs {
  public:
+  /// `layoutFile` is where WindowLayout.h keeps sizes and folders.
+  explicit QtDialogs(std::string layoutFile = {}) : layoutFile_(std::move(layoutFile)) {}
+
   /// The boxes belong to this window and stay above it.
   void SetOwner(QWidget* owner) { owner_ = owner; }
 
@@ -18,18 +22,20 @@ class QtDialogs : public Dialogs {
 
   void ShowMessage(std::string_view text, std::string_view title = kProductName) override;
   bool Confirm(std::string_view text, std::string_view title) override;
-  std::string AskText(std::string_view prompt, std::string_view title,
+  std::string AskText(std::string_view prompt, std::string_view title, const AnswerHelp& help,
                       std::string_view initial = {}) override;
   std::optional<std::size_t> Choose(std::string_view prompt, std::string_view title,
                                     const std::vector<std::string>& items) override;
   std::string SelectExercise() override;
-  std::string SelectDirectory() override;
+  std::string SelectDirectory(const FolderQuestion& question) override;
   std::vector<std::string> SelectMusicFiles(const std::string& startFolder) override;
+  PreviewOutcome ShowPreview(const std::function<Preview()>& plan) override;
   void ShowAbout() override;
   void OpenDocument(const std::string& path) override;
   void OpenGuide(std::string_view page) override;
 
  private:
+  std::string layoutFile_;
   QPointer<QWidget> owner_;
   std::string guide_;
 };

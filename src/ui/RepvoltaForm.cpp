@@ -7,6 +7,7 @@
 #include <QTabBar>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "app/ScreenUpdate.h"
 #include "app/WorkoutFiles.h"
@@ -18,6 +19,7 @@
 #include "ui/GrowthAheadCommand.h"
 #include "ui/Help.h"
 #include "ui/Keys.h"
+#include "ui/LastUpdate.h"
 #include "ui/MainMenu.h"
 #include "ui/SettingsTab.h"
 #include "ui/WheelGuard.h"
@@ -56,6 +58,10 @@ RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& p
   ConnectButtons();
   AddMenu();
   progress.OnStop([this] { stopRequested_ = true; });
+  progress.OnOpenFolder(
+      [this](const std::string& folder) { editor_.dialogs.OpenDocument(folder); });
+  lastUpdate_ =
+      new LastUpdate(this, ui_->LastUpdateLabel, [this] { editor_.progress.ShowAgain(); });
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
   RestoreWindowLayout(*this, layoutFile_);
@@ -85,6 +91,25 @@ void RepvoltaForm::AddTabs() {
     if (editor_.State().ScreenUpdating) return;
     handlers_.Run("The exercise cannot be shown as a whole.", [this] { SSTab1_Click(); });
   });
+}
+
+void RepvoltaForm::OfferListening(SoundPlayer& player, BackgroundSpeech& speech) {
+  const auto current = [this] {
+    const int selected = workoutTab_->SelectedExercise();
+    const bool isSelecting = ui_->SSTab1->currentWidget() == ui_->WorkoutPage && selected >= 0;
+    return isSelecting ? selected : editor_.State().CurrentExercise;
+  };
+  listening_ = std::make_unique<Listening>(
+      editor_.program,
+      Listening::Services{.player = player,
+                          .speech = speech,
+                          .output = [this] { return settingsTab_->SelectedAudioOutput(); },
+                          .current = current});
+  exerciseTab_->OfferListening(*listening_, this);
+}
+
+void RepvoltaForm::StopListening() {
+  if (listening_) listening_->Stop();
 }
 
 void RepvoltaForm::ConnectButtons() {
@@ -149,11 +174,25 @@ void RepvoltaForm::AfterHandler(Handlers::Outcome outcome) {
     End();
     return;
   }
-  stopRequested_ = false;
+  if (listening_) listening_->StopIfChanged();
   editor_.progress.UpdateEnds();
+  ShowOutcome();
+  stopRequested_ = false;
   if (outcome == Handlers::Outcome::kFailed) ShowWhatIsInMemory();
   SetBusy(false);
   EnableWorkoutControls();
+}
+
+void RepvoltaForm::ShowOutcome() {
+  const UpdateOutcome outcome = std::exchange(outcome_, {});
+  if (outcome.IsEmpty()) return;
+  // The progress window hides itself after "Update ALL Workouts".
+  const bool isHidden = editor_.State().UpdatingAllWorkouts && !stopRequested_;
+  const bool isHintDue = !isHidden && outcome.HasCompleteWorkout();
+  editor_.progress.ShowOutcome({.text = outcome.Text(),
+                                .folder = outcome.Folder(),
+                                .hint = isHintDue ? TakePlayerHint(editor_) : std::string()});
+  lastUpdate_->Show(isHidden ? outcome.Text() : std::string());
 }
 
 /// A change that could not be saved is still in memory, and the tabs show the memory. The message
@@ -178,6 +217,7 @@ void RepvoltaForm::ShowWhatIsInMemory() {
 void RepvoltaForm::Exit() {
   if (exitRequested_) return;
   exitRequested_ = true;
+  StopListening();
   stopRequested_ = true;
   ExitButton_Click(editor_);
   SaveWindowLayout(*this, layoutFile_);
@@ -230,11 +270,15 @@ bool RepvoltaForm::KeepWaiting() {
 bool RepvoltaForm::StopRequested() { return stopRequested_; }
 
 void RepvoltaForm::AddLineToUpdateList(std::string_view line) {
+  outcome_.AddLine(KindOfLine(line));
   editor_.progress.AddLine(line);
   LetEventsRun();
 }
 
-void RepvoltaForm::UpdateBegins() { editor_.progress.Show(); }
+void RepvoltaForm::UpdateBegins() {
+  StopListening();
+  editor_.progress.Show();
+}
 
 void RepvoltaForm::ShowWork(const WorkDone& work) {
   editor_.progress.ShowProgress(meter_.Read(work, std::chrono::steady_clock::now()));
@@ -243,7 +287,10 @@ void RepvoltaForm::ShowWork(const WorkDone& work) {
 
 void RepvoltaForm::ShowWorkoutNames() { workoutTab_->ShowWorkoutNames(); }
 
-void RepvoltaForm::UpdateWorkoutScreen() { workoutTab_->UpdateWorkoutScreen(); }
+void RepvoltaForm::UpdateWorkoutScreen() {
+  exerciseTab_->ShowSteps();
+  workoutTab_->UpdateWorkoutScreen();
+}
 
 void RepvoltaForm::UpdateExerciseScreen() { exerciseTab_->UpdateExerciseScreen(); }
 

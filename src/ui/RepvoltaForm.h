@@ -7,7 +7,9 @@
 #include <string>
 
 #include "editing/Editor.h"
+#include "editing/Listening.h"
 #include "editing/MainScreen.h"
+#include "editing/UpdateOutcome.h"
 #include "ui/Handlers.h"
 #include "update/Progress.h"
 
@@ -19,6 +21,7 @@ namespace repvolta {
 
 class ExerciseTab;
 class GrowthAheadCommand;
+class LastUpdate;
 class MainMenu;
 class SettingsTab;
 class WorkoutActions;
@@ -38,6 +41,9 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   /// The editor of the commands, with this window as its screen.
   const Editor& GetEditor() const { return editor_; }
 
+  /// Until this call nothing can be listened to. Both must outlive the window.
+  void OfferListening(SoundPlayer& player, BackgroundSpeech& speech);
+
   /// Handles the windows' events during a wait. Throws UpdateStopped when the person has stopped
   /// the update or ended the program.
   void RunEvents();
@@ -47,6 +53,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void UpdateWorkoutScreen() override;
   void UpdateExerciseScreen() override;
   void UpdateBegins() override;
+  void UpdateEnded(const UpdateResult& result) override { outcome_.Add(result); }
   bool IsWatched() const override { return true; }
   void ShowWork(const WorkDone& work) override;
   bool KeepWaiting() override;
@@ -87,21 +94,26 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void ReloadWorkout();
   void AfterHandler(Handlers::Outcome outcome);
   void ShowWhatIsInMemory();
+  void ShowOutcome();
   void LetEventsRun();
+  void StopListening();
   void SetBusy(bool busy);
 
   Editor editor_;
   std::string layoutFile_;
   Handlers handlers_;
   std::unique_ptr<Ui::RepvoltaForm> ui_;
+  std::unique_ptr<Listening> listening_;
   std::unique_ptr<WorkoutActions> workoutActions_;
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
   GrowthAheadCommand* growthAhead_ = nullptr;
+  LastUpdate* lastUpdate_ = nullptr;
   MainMenu* menu_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;
+  UpdateOutcome outcome_;  // of the command that runs
   bool busy_ = false;
   bool stopRequested_ = false;  // the update or listing that runs ends at its next step
   bool exitRequested_ = false;

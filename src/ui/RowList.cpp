@@ -2,10 +2,12 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
 
 #include "ui/EmptyListHint.h"
+#include "ui/RowPainter.h"
 
 namespace repvolta {
 namespace {
@@ -13,6 +15,8 @@ namespace {
 // The smallest part of a list that is always visible.
 constexpr int kFewestRows = 3;
 constexpr int kFewestCharacters = 9;
+
+constexpr int kFocusFrame = 2;  // pixels
 
 constexpr int kRowMargin = 3;  // a row is 1/3 higher than the font
 
@@ -26,6 +30,7 @@ QStringList QtTexts(const std::vector<std::string>& texts) {
 
 RowList::RowList(QWidget* parent) : QListWidget(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setItemDelegate(new RowPainter(this));
   connect(this, &QListWidget::itemSelectionChanged, this,
           [this] { emit RowSelected(SelectedRow()); });
 }
@@ -64,13 +69,23 @@ void RowList::SetRows(const QStringList& rows) {
   const int position = verticalScrollBar()->value();
   clear();
   addItems(rows);
-  const QString help = toolTip().isEmpty() ? QString() : "<br>" + toolTip().toHtmlEscaped();
-  for (int i = 0; i < count(); ++i) {
-    // Escaped rich text, so that no character of the row is taken for markup.
-    item(i)->setToolTip("<qt>" + rows[i].toHtmlEscaped() + help + "</qt>");
-  }
+  for (int i = 0; i < count(); ++i) item(i)->setToolTip(ToolTipOf(rows[i], {}));
   doItemsLayout();
   verticalScrollBar()->setValue(position);
+}
+
+void RowList::SetRemark(int row, const QString& remark) {
+  item(row)->setToolTip(ToolTipOf(item(row)->text(), remark));
+  item(row)->setData(Qt::AccessibleDescriptionRole, remark);
+}
+
+/// Escaped rich text, so that no character of the row is taken for markup.
+QString RowList::ToolTipOf(const QString& text, const QString& remark) const {
+  QString tip = "<qt>" + text.toHtmlEscaped();
+  for (const QString& line : {remark, toolTip()}) {
+    if (!line.isEmpty()) tip += "<br>" + line.toHtmlEscaped();
+  }
+  return tip + "</qt>";
 }
 
 QSize RowList::SizeOf(int characters, int rows) const {
@@ -120,6 +135,30 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
 void RowList::changeEvent(QEvent* event) {
   QListWidget::changeEvent(event);
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) updateGeometry();
+}
+
+void RowList::paintEvent(QPaintEvent* event) {
+  QListWidget::paintEvent(event);
+  if (!hasFocus()) return;
+  QPainter painter(viewport());
+  DrawFrame(painter, viewport()->rect(), palette().color(QPalette::Text), kFocusFrame);
+}
+
+// The frame lies above the rows, so it is painted anew whenever they move.
+
+void RowList::focusInEvent(QFocusEvent* event) {
+  QListWidget::focusInEvent(event);
+  viewport()->update();
+}
+
+void RowList::focusOutEvent(QFocusEvent* event) {
+  QListWidget::focusOutEvent(event);
+  viewport()->update();
+}
+
+void RowList::scrollContentsBy(int dx, int dy) {
+  QListWidget::scrollContentsBy(dx, dy);
+  viewport()->update();
 }
 
 KeptRow::KeptRow(RowList& list)

@@ -10,7 +10,8 @@ namespace repvolta {
 QStringList QtTexts(const std::vector<std::string>& texts);
 
 /// A list with at most one selected row. A row that only became current, for example on focus, is
-/// not selected. Enter acts like a double click and is never passed on to the dialog.
+/// not selected. Enter acts like a double click and is never passed on to the dialog. A frame shows
+/// the focus.
 class RowList : public QListWidget {
   Q_OBJECT
   Q_PROPERTY(QString hint READ Hint WRITE SetHint)
@@ -36,6 +37,9 @@ class RowList : public QListWidget {
   /// Replaces all rows and selects none. The list keeps its scroll position.
   void SetRows(const QStringList& rows);
 
+  /// Adds a remark to the tool tip of a row and to what a screen reader says of it; "" removes it.
+  void SetRemark(int row, const QString& remark);
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -47,10 +51,15 @@ class RowList : public QListWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
 
  private:
   void EmitChosen();
   QSize SizeOf(int characters, int rows) const;
+  QString ToolTipOf(const QString& text, const QString& remark) const;
 
   QObject* hint_ = nullptr;
   int visibleRows_ = 3;

@@ -11,6 +11,7 @@
 #include "base/FileNames.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
+#include "ui/SizeOnScreen.h"
 #include "ui/WheelGuard.h"
 
 #include "ui_SelectDirectory.h"
@@ -22,6 +23,9 @@ namespace {
 constexpr int kWidth = 64;
 constexpr int kHeight = 28;
 
+// Milliseconds for which a folder is selected before it is looked at.
+constexpr int kRest = 150;
+
 /// The folder, or its nearest existing parent.
 QString ExistingFolder(const QString& folder) {
   QString path = QDir(folder).absolutePath();
@@ -29,16 +33,53 @@ QString ExistingFolder(const QString& folder) {
   return path;
 }
 
+QString SongsText(const FolderSight& sight) {
+  using State = FolderSight::State;
+  if (sight.state == State::kUnreadable) return SelectDirectory::tr("This folder cannot be read.");
+  const QString text = SelectDirectory::tr("Songs in it and below it: %1").arg(sight.songs);
+  return sight.state == State::kLooking ? text + "..." : text;
+}
+
+QString RoomText(const FolderSight& sight) {
+  if (!sight.freeBytes) return SelectDirectory::tr("How much room it has is not known.");
+  return SelectDirectory::tr("Room: %1").arg(FreeRoomText(*sight.freeBytes));
+}
+
+/// The settings would not keep a blank at the end of a path.
+QString NewFolderName(const QString& answer) { return answer.trimmed(); }
+
+AnswerHelp NewFolderHelp(const QString& parent) {
+  return {.now = "In " + QDir::toNativeSeparators(parent).toStdString() + ".",
+          .kept = [](std::string_view answer) -> std::string {
+            const QString typed =
+                QString::fromUtf8(answer.data(), static_cast<qsizetype>(answer.size()));
+            const std::string name = NewFolderName(typed).toStdString();
+            if (name.empty()) return "Nothing is made.";
+            return IsFileName(name) ? "Will be made: \"" + name + "\"."
+                                    : "Refused: a folder cannot have this name.";
+          }};
+}
+
 }  // namespace
 
-SelectDirectory::SelectDirectory(Volumes& volumes, const QString& start, QWidget* parent)
-    : QDialog(parent), ui_(std::make_unique<Ui::SelectDirectory>()), volumes_(volumes) {
+SelectDirectory::SelectDirectory(Volumes& volumes, const FolderQuestion& question, QWidget* parent)
+    : QDialog(parent),
+      ui_(std::make_unique<Ui::SelectDirectory>()),
+      volumes_(volumes),
+      figure_(question.figure),
+      look_(question.figure, [this](const FolderSight& sight) { ShowSight(sight); }) {
   ui_->setupUi(this);
   new WheelGuard(this);
-  resize(kWidth * fontMetrics().averageCharWidth(), kHeight * fontMetrics().lineSpacing());
+  ui_->PurposeLabel->setText(QString::fromStdString(question.purpose));
+  ui_->DirListBox->setAccessibleDescription(ui_->PurposeLabel->text());
+  lookSoon_.setSingleShot(true);
+  lookSoon_.setInterval(kRest);
+  connect(&lookSoon_, &QTimer::timeout, this, &SelectDirectory::LookAtFolder);
+  resize(SizeOnScreen(
+      *this, {kWidth * fontMetrics().averageCharWidth(), kHeight * fontMetrics().lineSpacing()}));
   OpenTree();
-  Show(ExistingFolder(start));
   ShowDrives(DriveEntries(volumes_.Now()));
+  Show(StartOf(question));
   ui_->DriveListBox->setCurrentIndex(EntryHolding(drives_, CurrentFolder()));
   volumes_.OnChange([this] { VolumesChange(); });
 
@@ -65,12 +106,15 @@ void SelectDirectory::DriveListBox_Change() {
 
 void SelectDirectory::DirListBox_Change() {
   ui_->SelectedFolderLabel->setText(QDir::toNativeSeparators(CurrentFolder()));
+  ui_->FigureLabel->clear();
+  look_.GiveUp();
+  lookSoon_.start();
 }
 
 void SelectDirectory::NewFolderButton_Click() {
-  // The settings would not keep a blank at the end of a path.
   const QString name =
-      InputBox::Ask(this, tr("Enter a name for the new folder"), tr("New Folder")).trimmed();
+      NewFolderName(InputBox::Ask(this, tr("Enter a name for the new folder"), tr("New Folder"),
+                                  NewFolderHelp(CurrentFolder())));
   if (name.isEmpty()) return;
   const QString folder = QDir(CurrentFolder()).filePath(name);
   if (!IsFileName(name.toStdString())) {
@@ -154,6 +198,24 @@ void SelectDirectory::KeepInSight() {
   connect(folders_, &QFileSystemModel::directoryLoaded, this, &SelectDirectory::Reveal);
   connect(folders_, &QFileSystemModel::rowsInserted, this, &SelectDirectory::Reveal);
   connect(folders_, &QFileSystemModel::layoutChanged, this, &SelectDirectory::Reveal);
+}
+
+/// A drive that does not answer would hold up the window.
+QString SelectDirectory::StartOf(const FolderQuestion& question) const {
+  const QString start = QFile::decodeName(question.start.c_str());
+  const int drive = EntryHolding(drives_, start);
+  const bool answers = drive < 0 || drives_[static_cast<std::size_t>(drive)].canBeChosen;
+  return start.isEmpty() || !answers ? QDir::homePath() : ExistingFolder(start);
+}
+
+void SelectDirectory::LookAtFolder() { look_.At(QFile::encodeName(CurrentFolder()).toStdString()); }
+
+void SelectDirectory::ShowSight(const FolderSight& sight) {
+  const QString text =
+      figure_ == FolderQuestion::Figure::kSongs ? SongsText(sight) : RoomText(sight);
+  ui_->FigureLabel->setText(text);
+  // Read by screen readers with the folder that has the focus.
+  ui_->DirListBox->setAccessibleDescription(ui_->PurposeLabel->text() + " " + text);
 }
 
 void SelectDirectory::LetGo() { shown_ = QModelIndex(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QStringList>
 #include <functional>
 #include <memory>
 #include <string>
@@ -12,7 +13,8 @@ class SelectExerciseDialog;
 
 namespace repvolta {
 
-/// Chooses an exercise name from the lists of the exercise types, or takes one typed in.
+/// Chooses an exercise name from the lists of the exercise types, where a search leads to it, or
+/// takes one typed in.
 class SelectExerciseDialog : public QDialog {
   Q_OBJECT
 
@@ -35,8 +37,14 @@ class SelectExerciseDialog : public QDialog {
   void OKButton_Click();
   void CancelButton_Click();
 
+  void FindExerciseBox_Change();
+  void TakeUnlistedName();
+  const std::vector<QStringList>& NamesOfAllTypes();
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
   std::unique_ptr<Ui::SelectExerciseDialog> ui_;
   NamesOfType namesOfType_;
+  std::vector<QStringList> namesOfAllTypes_;
   std::string selectedName_;
 };
 

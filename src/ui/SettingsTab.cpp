@@ -114,6 +114,12 @@ void SettingsTab::ShowAudioOutputs(const std::vector<std::string>& names) {
   ui_->AudioOutputCB->setCurrentIndex(0);
 }
 
+ChosenOutput SettingsTab::SelectedAudioOutput() const {
+  const QComboBox& box = *ui_->AudioOutputCB;
+  if (!box.isEnabledTo(this)) return {};
+  return {.entry = box.currentIndex(), .name = box.currentText().toStdString()};
+}
+
 void SettingsTab::ShowFormats() {
   const ScreenUpdate updating(editor_.State());
   ui_->FormatCB->clear();

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "editing/Editor.h"
+#include "platform/SoundPlayer.h"
 #include "ui/Handlers.h"
 
 namespace Ui {
@@ -28,6 +29,10 @@ class SettingsTab : public QWidget {
   void ShowDefaultExerciseTime();
   void ShowVoices(const std::vector<std::string>& names);
   void ShowAudioOutputs(const std::vector<std::string>& names);
+
+  /// Without a name, for the default output, when there was none at the start.
+  ChosenOutput SelectedAudioOutput() const;
+
   void ShowFormats();
 
  private:

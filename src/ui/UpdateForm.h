@@ -34,6 +34,11 @@ class UpdateForm : public QDialog, public ProgressWindow {
   void Show() override;
   void Hide() override { hide(); }
   void UpdateEnds() override;
+  void ShowOutcome(const OutcomeTexts& outcome) override;
+  void ShowAgain() override;
+  void OnOpenFolder(std::function<void(const std::string&)> open) override {
+    openFolder_ = std::move(open);
+  }
   void OnStop(std::function<void()> stop) override { stop_ = std::move(stop); }
   void ShowProgress(const Progress& progress) override;
   void AddLine(std::string_view line) override;
@@ -43,10 +48,14 @@ class UpdateForm : public QDialog, public ProgressWindow {
   void ShowEjection(const QString& line);
   void StopButton_Click();
   void ShowProblems();
+  void HideOutcome();
+  void OpenFolderButton_Click();
 
   std::unique_ptr<Ui::UpdateForm> ui_;
   QPointer<QWidget> owner_;
   std::function<void()> stop_ = [] {};
+  std::function<void(const std::string&)> openFolder_ = [](const std::string&) {};
+  std::string folder_;  // of the last update
   bool isStopping_ = false;
   ProblemCount problems_;
 };

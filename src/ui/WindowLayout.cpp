@@ -42,6 +42,15 @@ void RestoreWindowLayout(QWidget& window, const std::string& file) {
   }
 }
 
+QString KeptText(const QWidget& window, const QString& name, const std::string& file) {
+  return Open(file)->value(KeyOf(window, name)).toString();
+}
+
+void KeepText(const QWidget& window, const QString& name, const QString& text,
+              const std::string& file) {
+  Open(file)->setValue(KeyOf(window, name), text);
+}
+
 std::string WindowLayoutFile(const std::string& programDirectory, const std::string& executable) {
   return programDirectory == FolderOf(executable) ? programDirectory + kWindowLayoutFile : "";
 }

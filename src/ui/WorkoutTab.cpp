@@ -6,6 +6,7 @@
 #include "app/ScreenUpdate.h"
 #include "app/WorkoutDamage.h"
 #include "editing/ExerciseEditing.h"
+#include "editing/MissingFiles.h"
 #include "editing/ScreenTexts.h"
 #include "editing/WorkoutEditing.h"
 #include "ui/Keys.h"
@@ -126,11 +127,20 @@ void WorkoutTab::UpdateWorkoutScreen() {
     name = name.Trimmed();
   }
   ui_->ExerciseList->SetRows(QtTexts(ExerciseRows(state)));
+  ShowNameRemarks();
   ui_->ExerciseSummaryList->SetRows(QtTexts(SummaryRows(state)));
   shownExercise_ = state.CurrentExercise;
   SelectExercise(shownExercise_);
   ui_->TotalWorkoutMusicTimeLabel->clear();
   ui_->TotalWorkoutMusicTimeLabel->setText(QString::fromStdString(TotalMusicTimeText(state)));
+}
+
+void WorkoutTab::ShowNameRemarks() {
+  int row = 0;
+  for (const std::string& remark : NameRemarks(editor_.State())) {
+    if (!remark.empty()) ui_->ExerciseList->SetRemark(row, QString::fromStdString(remark));
+    ++row;
+  }
 }
 
 void WorkoutTab::ShowOddSize() {

@@ -53,6 +53,7 @@ class WorkoutTab : public QWidget {
   void ConnectLists();
   void ChooseWorkout();
   void ExerciseList_Click(int row);
+  void ShowNameRemarks();
 
   Editor& editor_;
   Handlers& handlers_;

@@ -6,7 +6,6 @@
 #include <optional>
 
 #include "base/File.h"
-#include "instruction/Clips.h"
 #include "instruction/MergeWAVfiles.h"
 #include "sound/WavFormat.h"
 
@@ -33,19 +32,18 @@ std::optional<std::uint32_t> ByteRateOf(const std::string& file) {
 /// Follows the joining of the clips.
 class Joining {
  public:
-  void BeginWithName(const std::string& file) {
-    const auto stamp = StampOf(file);
-    if (stamp) {
-      result_.bytes = stamp->size;
-      byteRate_ = ByteRateOf(file);
+  void BeginWithName(const ClipFiles::Found& clip) {
+    if (clip.size) {
+      result_.bytes = *clip.size;
+      byteRate_ = ByteRateOf(clip.path);
     } else {
       result_.bytes = kWavHeaderSize + kClipToBeSpoken;
       result_.clips = InstructionSize::Clips::kNameToBeSpoken;
     }
   }
 
-  void AddWord(const std::string& file) {
-    if (const auto stamp = StampOf(file)) result_.bytes = JoinedSize(result_.bytes, stamp->size);
+  void AddWord(const ClipFiles::Found& clip) {
+    if (clip.size) result_.bytes = JoinedSize(result_.bytes, *clip.size);
   }
 
   InstructionSize Result() {
@@ -62,13 +60,13 @@ class Joining {
 
 }  // namespace
 
-InstructionSize SizeOfInstruction(const std::vector<Clip>& clips) {
+InstructionSize SizeOfInstruction(const std::vector<Clip>& clips, ClipFiles& files) {
   Joining joining;
   for (const Clip& clip : clips) {
     if (clip.kind == Clip::Kind::kName) {
-      joining.BeginWithName(ClipFile(clip));
+      joining.BeginWithName(files.Of(clip));
     } else {
-      joining.AddWord(ClipFile(clip));
+      joining.AddWord(files.Of(clip));
     }
   }
   return joining.Result();

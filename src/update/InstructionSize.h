@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "instruction/SpokenWords.h"
+#include "update/ClipFiles.h"
 
 namespace repvolta {
 
@@ -16,9 +17,8 @@ struct InstructionSize {
   Clips clips = Clips::kAllThere;  // the length of a name that is yet to be spoken is estimated
 };
 
-/// Looks at the files of the clips; words without one are left out, as when they are joined. The
-/// program directory must be current. Throws FileError.
-InstructionSize SizeOfInstruction(const std::vector<Clip>& clips);
+/// Words without a file are left out, as when they are joined. Throws FileError.
+InstructionSize SizeOfInstruction(const std::vector<Clip>& clips, ClipFiles& files);
 
 /// About the size of the MP3 file that the encoder makes of it, without a tag.
 std::uint64_t EncodedSize(const InstructionSize& instruction);

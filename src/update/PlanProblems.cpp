@@ -6,12 +6,10 @@
 #include <stdexcept>
 #include <utility>
 
-#include "base/File.h"
 #include "base/FileNames.h"
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
-#include "instruction/Clips.h"
 #include "instruction/MergeWAVfiles.h"
 #include "sound/WavFormat.h"
 
@@ -37,33 +35,28 @@ class ClipCheck {
   ClipCheck(const PlannedExercise& exercise, int index)
       : name_(exercise.name), place_{.exercise = index} {}
 
-  void LookAtName(const Clip& clip, std::set<std::string>& spoken) {
-    const std::string file = ClipFile(clip);
-    const auto stamp = StampOf(file);
-    if (stamp) {
-      isTargetShort_ = stamp->size < kWavHeaderSize;
-    } else if (spoken.insert(file).second) {
-      problems_.push_back(PlannedWarning(
-          Kind::kNoRecording, place_,
-          "The name \"" + clip.text +
-              "\" has no recording, so the computer will speak it. Record it if you prefer "
-              "another voice."));
-    }
+  void LookAtName(const Clip& clip, const ClipFiles::Found& found, std::set<std::string>& spoken) {
+    isTargetShort_ = found.size.value_or(kWavHeaderSize) < kWavHeaderSize;
+    if (found.size || !spoken.insert(found.path).second) return;
+    problems_.push_back(PlannedWarning(
+        Kind::kNoRecording, place_,
+        "The name \"" + clip.text +
+            "\" has no recording, so the computer will speak it. Record it if you prefer another "
+            "voice."));
   }
 
-  void LookAtWord(const Clip& clip) {
-    const std::string file = ClipFile(clip);
-    const auto stamp = StampOf(file);
-    if (!stamp) {
+  void LookAtWord(const Clip& clip, const ClipFiles::Found& found) {
+    const std::string& file = found.path;
+    if (!found.size) {
       Add(clip, "has no recording", file, MissingClipLine(file));
-    } else if (stamp->size < kWavHeaderSize) {
+    } else if (*found.size < kWavHeaderSize) {
       Add(clip, "has a damaged recording", file, NotJoinedLine(kWorkingWav, file, kSourceTooShort));
     } else if (isTargetShort_) {
       Add(clip, "follows a damaged recording of the name", "the recording of the name",
           NotJoinedLine(kWorkingWav, file, TargetTooShortText(kWorkingWav)));
     }
     // Joining gives a target that is too short its numbers.
-    if (stamp) isTargetShort_ = false;
+    if (found.size) isTargetShort_ = false;
   }
 
   ProblemList TakeProblems() { return std::move(problems_); }
@@ -149,14 +142,14 @@ ProblemList ProblemsOfGrowth(const ExerciseRecord& exercise, int index,
   return problems;
 }
 
-ProblemList ProblemsOfClips(const PlannedExercise& exercise, int index,
+ProblemList ProblemsOfClips(const PlannedExercise& exercise, int index, ClipFiles& files,
                             std::set<std::string>& spoken) {
   ClipCheck check(exercise, index);
   for (const Clip& clip : exercise.clips) {
     if (clip.kind == Clip::Kind::kName) {
-      check.LookAtName(clip, spoken);
+      check.LookAtName(clip, files.Of(clip), spoken);
     } else {
-      check.LookAtWord(clip);
+      check.LookAtWord(clip, files.Of(clip));
     }
   }
   return check.TakeProblems();

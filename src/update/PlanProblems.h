@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/FileError.h"
+#include "update/ClipFiles.h"
 #include "update/RandomMusic.h"
 #include "update/SongCopy.h"
 #include "update/UpdatePlan.h"
@@ -31,12 +32,8 @@ class PlannedProblems {
   /// Those of all first, then exercise by exercise, each in the order in which they were added.
   ProblemList Take();
 
-  /// The clips of the names that the update will have spoken.
-  std::set<std::string>& NamesToBeSpoken() { return spoken_; }
-
  private:
   ProblemList problems_;
-  std::set<std::string> spoken_;
 };
 
 PlannedProblem PlannedWarning(PlannedProblem::Kind kind, const PlannedPlace& place,
@@ -61,8 +58,8 @@ ProblemList ProblemsOfGrowth(const ExerciseRecord& exercise, int index,
 ProblemList ProblemsOfDrawing(const ExerciseRecord& exercise, int index, const Drawing& drawing,
                               const std::vector<std::string>& log);
 
-/// Clips without a file. `spoken` has the names that an update speaks before, and gets this one's.
-ProblemList ProblemsOfClips(const PlannedExercise& exercise, int index,
+/// The clips of the exercise that cannot be joined. Names that an update speaks are told once.
+ProblemList ProblemsOfClips(const PlannedExercise& exercise, int index, ClipFiles& files,
                             std::set<std::string>& spoken);
 
 /// Values that no clips can say.

@@ -1,6 +1,7 @@
 #include "update/PlanUpdate.h"
 
 #include <cmath>
+#include <set>
 #include <stdexcept>
 #include <utility>
 
@@ -103,9 +104,9 @@ class Planning {
     PlannedExercise& planned = At(i);
     planned.sentence = SentenceOf(i);
     planned.clips = ClipsFor(state_.Settings, exercise).clips;
-    problems_.Add(ProblemsOfClips(planned, i, problems_.NamesToBeSpoken()));
+    problems_.Add(ProblemsOfClips(planned, i, clipFiles_, spoken_));
     if (state_.Settings.IncludeWeightValues == kTrue) problems_.Add(ProblemsOfValues(exercise, i));
-    const InstructionSize size = SizeOfInstruction(planned.clips);
+    const InstructionSize size = SizeOfInstruction(planned.clips, clipFiles_);
     PlannedFile file{.kind = PlannedFile::Kind::kInstruction,
                      .name = InstructionName(number_, encoding_),
                      .title = {},
@@ -135,18 +136,18 @@ class Planning {
     PlannedExercise& planned = At(i);
     const PlannedPlace place{
         .exercise = i, .row = drawn_.contains(i) ? kNoRow : row, .name = planned.name};
-    if (!FileIsReachable(song)) return problems_.Add({ProblemOfMissing(song, place)});
     const std::string name = SongCopyName(number_, song);
     try {
-      SongCopy copy = PlanSongCopy(song, plan_.folder + name, {planned.sentence, plan_.workout});
-      problems_.Add(ProblemsOfCopy(song, copy, place));
+      const auto copy = PlanSongCopy(song, plan_.folder + name, {planned.sentence, plan_.workout});
+      if (!copy) return problems_.Add({ProblemOfMissing(song, place)});
+      problems_.Add(ProblemsOfCopy(song, *copy, place));
       Take({.kind = PlannedFile::Kind::kSong,
             .name = name,
             .title =
-                copy.newTag == SongCopy::NewTag::kWritten ? TitleOf(name, planned.sentence) : "",
+                copy->newTag == SongCopy::NewTag::kWritten ? TitleOf(name, planned.sentence) : "",
             .source = song,
-            .seconds = copy.seconds,
-            .bytes = copy.bytes,
+            .seconds = copy->seconds,
+            .bytes = copy->bytes,
             .figures = PlannedFile::Figures::kExact,
             .choice =
                 drawn_.contains(i) ? PlannedFile::Choice::kExample : PlannedFile::Choice::kSet},
@@ -188,6 +189,8 @@ class Planning {
   UpdatePlan plan_{};
   PlannedProblems problems_;
   DrawnSongs drawn_;
+  ClipFiles clipFiles_;
+  std::set<std::string> spoken_;  // the clips of names that the update will have spoken
   PlayerPlayList playerList_;
   int number_ = 1;  // of the next file
 };

@@ -48,6 +48,13 @@ std::uint64_t StartBehindTag(const RepvoltaMP3& examined) {
   return examined.HasID3v2() ? static_cast<std::uint64_t>(examined.Info().headerOffset) : 0;
 }
 
+/// True when the audio that LocateId3v2 knows begins at the offset, so that no tag stands before
+/// it.
+bool HasAudioAt(const MP3Info& info, std::uint64_t offset) {
+  return static_cast<std::uint64_t>(info.headerOffset) == offset && info.mpegVersion == 1 &&
+         info.layer == 3 && !info.crcProtected;
+}
+
 void SetFrames(cMP3ID3v2& tag, const std::string& path, std::string_view title,
                std::string_view workoutFileName) {
   tag.SetArtist(kProductName);
@@ -106,7 +113,8 @@ std::optional<TaggedCopy> PlanTaggedCopy(const RepvoltaMP3& examined, const std:
   try {
     TaggedCopy copy;
     copy.audioOffset = StartBehindTag(examined);
-    if (HasId3v2Behind(File::Open(source, File::Access::kRead), copy.audioOffset)) {
+    if (!HasAudioAt(examined.Info(), copy.audioOffset) &&
+        HasId3v2Behind(File::Open(source, File::Access::kRead), copy.audioOffset)) {
       return std::nullopt;
     }
     copy.tag = NewTag(path, title, workoutFileName);

@@ -55,7 +55,7 @@ void Take(const std::string& song, Sample& sample) {
   try {
     const int seconds = GetPlayTime(song);
     if (seconds <= 0) return;
-    sample.bytes += static_cast<double>(SizeOrNothing(song));
+    sample.bytes += static_cast<double>(SizeIfReachable(song).value_or(0));
     sample.seconds += seconds;
     ++sample.songs;
   } catch (const std::exception&) {
@@ -122,7 +122,8 @@ class Estimate {
   }
 
   void AddInstruction(const ExerciseRecord& exercise) {
-    const InstructionSize size = SizeOfInstruction(ClipsFor(state_.Settings, exercise).clips);
+    const InstructionSize size =
+        SizeOfInstruction(ClipsFor(state_.Settings, exercise).clips, clipFiles_);
     if (encoding_ == Encoding::kNoEncoder) {
       AddListed(Spared(size.bytes), "Instructions");
     } else {
@@ -132,10 +133,10 @@ class Estimate {
 
   /// A song that is missing or cannot be read needs no room.
   void AddSong(const std::string& song) {
-    if (!FileIsReachable(song)) return;
     const std::string name = SongCopyName(0, song);
     try {
-      AddListed(PlanSongCopy(song, name, {sentence_, state_.WorkoutFileName}).bytes, name);
+      const auto copy = PlanSongCopy(song, name, {sentence_, state_.WorkoutFileName});
+      if (copy) AddListed(copy->bytes, name);
     } catch (const FileError&) {
       return;
     }
@@ -166,6 +167,7 @@ class Estimate {
   Encoding encoding_ = Encoding::kNoEncoder;
   std::string sentence_;
   std::uint64_t listBytes_ = 0;
+  ClipFiles clipFiles_;
   std::optional<Sample> sample_;
 };
 

@@ -23,6 +23,7 @@ class SeveralUpdates : public UpdateHost {
   std::vector<std::string> NotBegun() const;
 
   void UpdateBegins() override { host_.UpdateBegins(); }
+  void UpdateEnded(const UpdateResult& result) override { host_.UpdateEnded(result); }
   bool IsWatched() const override { return host_.IsWatched(); }
   void ShowWork(const WorkDone& work) override;
   bool KeepWaiting() override { return host_.KeepWaiting(); }

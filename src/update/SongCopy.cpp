@@ -22,41 +22,40 @@ std::string LineOf(const std::exception& error, const std::string& source,
   return "ERROR: " + text;
 }
 
+void PlanTag(const std::string& source, const std::string& path, const TaggedSource::Tag& tag,
+             SongCopy& copy) {
+  RepvoltaMP3 song;
+  song.SetFileName(source);
+  copy.seconds = SecondsOf(song);
+  const auto plan = PlanTaggedCopy(song, source, path, tag.title, tag.workoutFileName);
+  if (plan) {
+    copy.bytes = plan->tag.size() + copy.bytes - std::min(copy.bytes, plan->audioOffset);
+  } else {
+    auto steps = PlanTaggedInSteps(song, source, path, tag.title, tag.workoutFileName);
+    copy.bytes = steps.bytes;
+    copy.errorLine = std::move(steps.line);
+  }
+  copy.newTag = SongCopy::NewTag::kWritten;
+}
+
 }  // namespace
 
-SongCopy PlanSongCopy(const std::string& source, const std::string& path,
-                      const TaggedSource::Tag& tag) {
-  const std::uint64_t size = File::Open(source, File::Access::kRead).Size();
+std::optional<SongCopy> PlanSongCopy(const std::string& source, const std::string& path,
+                                     const TaggedSource::Tag& tag) {
+  const auto size = SizeIfReachable(source);
+  if (!size) return std::nullopt;
   SongCopy copy{.seconds = kUnknownSeconds,
-                .bytes = size,
+                .bytes = *size,
                 .newTag = SongCopy::NewTag::kNone,
                 .errorLine = {}};
   try {
-    RepvoltaMP3 song;
-    song.SetFileName(source);
-    copy.seconds = SecondsOf(song);
-    const auto plan = PlanTaggedCopy(song, source, path, tag.title, tag.workoutFileName);
-    if (plan) {
-      copy.bytes = plan->tag.size() + size - std::min(size, plan->audioOffset);
-    } else {
-      auto steps = PlanTaggedInSteps(song, source, path, tag.title, tag.workoutFileName);
-      copy.bytes = steps.bytes;
-      copy.errorLine = std::move(steps.line);
-    }
-    copy.newTag = SongCopy::NewTag::kWritten;
+    PlanTag(source, path, tag, copy);
   } catch (const std::exception& error) {
+    // What cannot even be opened is not copied, either.
+    static_cast<void>(File::Open(source, File::Access::kRead));
     copy.errorLine = LineOf(error, source, path);
   }
   return copy;
-}
-
-std::uint64_t SizeOrNothing(const std::string& path) {
-  try {
-    const auto stamp = StampOf(path);
-    return stamp ? stamp->size : 0;
-  } catch (const FileError&) {
-    return 0;
-  }
 }
 
 std::string MissingSongLine(const std::string& song) { return "ERROR: File not found. " + song; }

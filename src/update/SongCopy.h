@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "base/FileError.h"
@@ -18,12 +19,10 @@ struct SongCopy {
   std::string errorLine;  // that the update logs of its tags; else ""
 };
 
-/// What the copy of `source` to `path` will be. Throws FileError when the song cannot be copied.
-SongCopy PlanSongCopy(const std::string& source, const std::string& path,
-                      const TaggedSource::Tag& tag);
-
-/// The size of a file; 0 when it is not there or cannot be examined.
-std::uint64_t SizeOrNothing(const std::string& path);
+/// What the copy of `source` to `path` will be; nothing when the song is missing. Throws FileError
+/// when it cannot be copied.
+std::optional<SongCopy> PlanSongCopy(const std::string& source, const std::string& path,
+                                     const TaggedSource::Tag& tag);
 
 /// What an update logs of a song that is missing.
 std::string MissingSongLine(const std::string& song);

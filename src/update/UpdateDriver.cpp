@@ -64,6 +64,7 @@ class WorkoutUpdate {
       CopyMusic(i);
     }
     Finish();
+    TellResult(UpdateResult::End::kComplete);
     return folder_.Path() + playList_.Name();
   }
 
@@ -79,6 +80,7 @@ class WorkoutUpdate {
     });
     if (stage_ == Stage::kCleared) state_.Workout = workoutBefore_;
     steps_.Log(StoppedLine());
+    TellResult(UpdateResult::End::kStopped);
   }
 
  private:
@@ -234,7 +236,7 @@ class WorkoutUpdate {
   TaggedSource WithTag(const std::string& source, const std::string& workingFile,
                        const std::string& name) {
     steps_.CheckStop();
-    if (ListsForPlayer()) {
+    if (ListsForPlayer() || host_.IsWatched()) {
       latest_ = {.name = name, .title = TitleOf(name, text_), .seconds = SecondsOf(source)};
     }
     return {source, workingFile, folder_.Path() + name, {text_, state_.WorkoutFileName}};
@@ -279,7 +281,7 @@ class WorkoutUpdate {
     if (playList_.Name() != asked) WarnOfName(asked, playList_.Name());
     ListForPlayer(name);
     unlisted_.clear();
-    work_.AddListed();
+    work_.AddListed(latest_.seconds);
   }
 
   bool ListsForPlayer() const { return Get(state_.Options, kPlayListForPlayer); }
@@ -328,13 +330,20 @@ class WorkoutUpdate {
     if (unlisted_.empty() || !folder_.StatusOf(unlisted_)) return;
     playList_.AddToPlaylistFile(folder_.Path() + unlisted_);
     ListForPlayer(unlisted_);
-    work_.AddListed();
+    work_.AddListed(latest_.seconds);
   }
 
   void RemoveWorkingFiles() {
     TidyUp([] { RemoveFile(kWorkingSong); });
     if (workingFiles_ != WorkingFiles::kMade) return;
     for (const char* file : {kWorkingWav, kWorkingMp3}) TidyUp([&] { RemoveFile(file); });
+  }
+
+  void TellResult(UpdateResult::End end) {
+    UpdateResult result = work_.Result(end);
+    result.workout = workoutName_;
+    result.folder = folder_.Path();
+    host_.UpdateEnded(result);
   }
 
   std::string StoppedLine() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "update/Progress.h"
+#include "update/UpdateResult.h"
 
 namespace repvolta {
 
@@ -12,8 +13,11 @@ class UpdateHost {
   /// A new update begins: a window shows itself and clears the lines of the previous update.
   virtual void UpdateBegins() {}
 
-  /// True when somebody sees ShowWork. Then the size of each song is looked up, and long copies
-  /// go in small pieces, at the pace of the player.
+  /// The update of a workout is over, completely or by a stop; all its lines have been logged.
+  virtual void UpdateEnded(const UpdateResult& /*result*/) {}
+
+  /// True when somebody sees ShowWork. Then the size and play time of each song are looked up, and
+  /// long copies go in small pieces, at the pace of the player.
   virtual bool IsWatched() const { return false; }
 
   /// Called whenever some work has been done or begun, if the update is watched.

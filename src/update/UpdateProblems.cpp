@@ -22,7 +22,7 @@ bool WantsRandomMusic(const ProgramState& state) {
       used, [](const ExerciseRecord& exercise) { return exercise.RandomMusic == kTrue; });
 }
 
-bool IsMusicListEmpty() { return SizeOrNothing(kMusicList) == 0; }
+bool IsMusicListEmpty() { return SizeIfReachable(kMusicList).value_or(0) == 0; }
 
 ProblemList ProblemsOfPlayer(const ProgramState& state, double day) {
   if (IsOutputPathMissing(state.Settings)) {

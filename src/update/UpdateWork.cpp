@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/FileNames.h"
+#include "player/PlayerPlayList.h"
 #include "update/SongCopy.h"
 #include "update/StopTexts.h"
 
@@ -16,7 +17,7 @@ constexpr std::uint64_t kInstructionWork = std::uint64_t{2} << 20;
 constexpr std::uint64_t kFlushWork = std::uint64_t{1} << 20;
 
 /// A song that cannot be examined is no work: it will not be copied.
-std::uint64_t AmountOfSong(const std::string& song) { return SizeOrNothing(song); }
+std::uint64_t AmountOfSong(const std::string& song) { return SizeIfReachable(song).value_or(0); }
 
 std::vector<std::string> SongsOfExercise(const ExerciseRecord& exercise) {
   std::vector<std::string> songs;
@@ -99,7 +100,14 @@ void UpdateWork::EndFile() {
   Show(before_[std::min(file_ + 1, before_.size() - 1)]);
 }
 
-void UpdateWork::AddListed() { ++listed_.at(exercise_); }
+void UpdateWork::AddListed(int seconds) {
+  ++listed_.at(exercise_);
+  if (seconds == kUnknownSeconds) {
+    ++unknownSeconds_;
+  } else {
+    seconds_ += seconds;
+  }
+}
 
 void UpdateWork::BeginFlush() { Begin(before_.size() - 1, "Writing to the player"); }
 
@@ -120,6 +128,13 @@ std::string UpdateWork::StoppedLine() const {
   }
   incomplete.erase(std::unique(incomplete.begin(), incomplete.end()), incomplete.end());
   return StoppedText(there, planned, incomplete);
+}
+
+UpdateResult UpdateWork::Result(UpdateResult::End end) const {
+  UpdateResult result{.end = end, .seconds = seconds_, .unknownSeconds = unknownSeconds_};
+  for (const ExerciseWork& exercise : exercises_) result.planned += 1 + exercise.songs.size();
+  for (const std::size_t files : listed_) result.files += files;
+  return result;
 }
 
 void UpdateWork::Show(std::uint64_t done) {

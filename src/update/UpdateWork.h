@@ -8,6 +8,7 @@
 #include "base/File.h"
 #include "update/RandomMusic.h"
 #include "update/Steps.h"
+#include "update/UpdateResult.h"
 
 namespace repvolta {
 
@@ -47,8 +48,9 @@ class UpdateWork {
   /// The instruction or song is done, or has failed.
   void EndFile();
 
-  /// A further file of the exercise is on the player and in the play list.
-  void AddListed();
+  /// A further file of the exercise is on the player and in the play list; `seconds` is its play
+  /// time, or kUnknownSeconds.
+  void AddListed(int seconds);
 
   /// The files are being flushed to the device.
   void BeginFlush();
@@ -58,6 +60,9 @@ class UpdateWork {
 
   /// What a stop leaves behind, as a line.
   std::string StoppedLine() const;
+
+  /// How many files are on the player, and their play time.
+  UpdateResult Result(UpdateResult::End end) const;
 
  private:
   void Begin(std::size_t file, const std::string& atHand);
@@ -70,6 +75,8 @@ class UpdateWork {
   std::vector<std::size_t> listed_;     // how many files of each exercise
   std::vector<std::uint64_t> before_;   // the work before each file; at last, before the flush
   std::uint64_t total_ = 0;
+  std::int64_t seconds_ = 0;        // of the listed files
+  std::size_t unknownSeconds_ = 0;  // listed files
   std::size_t exercise_ = 0;
   std::size_t file_ = 0;      // at hand
   std::uint64_t copied_ = 0;  // of the file at hand

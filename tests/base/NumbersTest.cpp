@@ -49,6 +49,16 @@ TEST(LeadingNumber, WeighsDigitsAndExponentOfANumberThatDoesNotFit) {
   EXPECT_EQ(LeadingNumber("1e-99999999999999999999"), 0);
 }
 
+TEST(ReadLeadingNumber, TellsHowMuchOfTheTextTheNumberTakes) {
+  EXPECT_EQ(ReadLeadingNumber("57,5").length, 2U);
+  EXPECT_EQ(ReadLeadingNumber("  -1.5e2 kg").length, 8U);
+  EXPECT_EQ(ReadLeadingNumber("+7").length, 2U);
+  EXPECT_EQ(ReadLeadingNumber("1e9999 ").length, 6U);
+  EXPECT_EQ(ReadLeadingNumber("abc").length, 0U);
+  EXPECT_EQ(ReadLeadingNumber("-").length, 0U);
+  EXPECT_EQ(ReadLeadingNumber("").length, 0U);
+}
+
 TEST(NumberText, HasNoZeroBeforeThePoint) {
   EXPECT_EQ(NumberText(0.5F), ".5");
   EXPECT_EQ(NumberText(-0.25F), "-.25");

@@ -4,6 +4,7 @@
 #include "editing/ListMusic.h"
 #include "update/Steps.h"
 
+#include "fakes/RecordingProgress.h"
 #include "fakes/ScriptedDialogs.h"
 #include "support/WindowlessFixture.h"
 

@@ -20,6 +20,10 @@ class RecordingRun : public ProgressLog, public UpdateHost {
     calls.emplace_back("show");
     log.clear();
   }
+  void UpdateEnded(const UpdateResult& result) override {
+    results.push_back(result);
+    logAtEnd = log;
+  }
   bool IsWatched() const override { return isWatched; }
   void ShowWork(const WorkDone& work) override {
     progress.push_back(work);
@@ -31,6 +35,8 @@ class RecordingRun : public ProgressLog, public UpdateHost {
   std::vector<std::string> log;
   std::vector<std::string> calls;
   std::vector<WorkDone> progress;
+  std::vector<UpdateResult> results;
+  std::vector<std::string> logAtEnd;
   bool isWatched = false;
   std::function<void(const WorkDone&)> whenProgress;
   std::function<bool()> keepWaiting;

@@ -37,7 +37,7 @@ class RecordingWindow : public RecordingRun,
   }
   bool Confirm(std::string_view /*text*/, std::string_view /*title*/) override { return true; }
   std::string AskText(std::string_view /*prompt*/, std::string_view /*title*/,
-                      std::string_view /*initial*/) override {
+                      const AnswerHelp& /*help*/, std::string_view /*initial*/) override {
     return {};
   }
   std::optional<std::size_t> Choose(std::string_view /*prompt*/, std::string_view /*title*/,
@@ -45,7 +45,7 @@ class RecordingWindow : public RecordingRun,
     return std::nullopt;
   }
   std::string SelectExercise() override { return {}; }
-  std::string SelectDirectory() override {
+  std::string SelectDirectory(const FolderQuestion& /*question*/) override {
     calls.emplace_back("select directory");
     std::string folder = folders.at(0);
     folders.pop_front();
@@ -54,6 +54,7 @@ class RecordingWindow : public RecordingRun,
   std::vector<std::string> SelectMusicFiles(const std::string& /*startFolder*/) override {
     return {};
   }
+  PreviewOutcome ShowPreview(const std::function<Preview()>& /*plan*/) override { return {}; }
   void ShowAbout() override {}
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
   void OpenGuide(std::string_view /*page*/) override {}
@@ -62,6 +63,11 @@ class RecordingWindow : public RecordingRun,
   void Show() override {}
   void Hide() override { calls.emplace_back("hide"); }
   void UpdateEnds() override {}
+  void ShowOutcome(const OutcomeTexts& outcome) override {
+    calls.push_back("outcome: " + outcome.text);
+  }
+  void ShowAgain() override {}
+  void OnOpenFolder(std::function<void(const std::string&)> /*open*/) override {}
   void OnStop(std::function<void()> /*stop*/) override {}
   void ShowProgress(const Progress& /*progress*/) override {}
   void AddLine(std::string_view line) override { AddLineToUpdateList(line); }

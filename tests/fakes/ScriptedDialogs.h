@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "editing/Dialogs.h"
-#include "editing/ProgressWindows.h"
 
 namespace repvolta {
 
@@ -26,9 +25,11 @@ class ScriptedDialogs : public Dialogs {
     return NextAnswer() == "OK";
   }
 
-  std::string AskText(std::string_view prompt, std::string_view title,
+  std::string AskText(std::string_view prompt, std::string_view title, const AnswerHelp& help,
                       std::string_view initial) override {
     Record("ask", title, prompt);
+    nowLines.push_back(help.now);
+    if (!answers.empty()) keptLines.push_back(help.kept(answers.front()));
     if (!initial.empty()) asked.back() += "|" + std::string(initial);
     return NextAnswer();
   }
@@ -48,8 +49,9 @@ class ScriptedDialogs : public Dialogs {
     return NextAnswer();
   }
 
-  std::string SelectDirectory() override {
+  std::string SelectDirectory(const FolderQuestion& question) override {
     asked.emplace_back("directory");
+    questions.push_back(question);
     return NextAnswer();
   }
 
@@ -62,6 +64,12 @@ class ScriptedDialogs : public Dialogs {
     return files;
   }
 
+  PreviewOutcome ShowPreview(const std::function<Preview()>& plan) override {
+    asked.emplace_back("preview");
+    previews.push_back(plan());
+    return previewOutcome;
+  }
+
   void ShowAbout() override { asked.emplace_back("about"); }
 
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
@@ -69,9 +77,14 @@ class ScriptedDialogs : public Dialogs {
   void OpenGuide(std::string_view page) override { guide.emplace_back(page); }
 
   std::vector<std::string> asked;
+  std::vector<std::string> nowLines;   // below the fields of the input boxes
+  std::vector<std::string> keptLines;  // what they say of the answers
+  std::vector<FolderQuestion> questions;
   std::vector<std::string> opened;
   std::vector<std::string> guide;  // the pages
   std::deque<std::string> answers;
+  std::vector<Preview> previews;
+  PreviewOutcome previewOutcome;
   std::function<void()> whenAsked;
 
  private:
@@ -89,44 +102,6 @@ class ScriptedDialogs : public Dialogs {
     answers.pop_front();
     return answer;
   }
-};
-
-/// Records what the progress window shows.
-class RecordingProgress : public ProgressWindow {
- public:
-  void Show() override {
-    lines.clear();
-    visible = true;
-    ++shown;
-  }
-  void Hide() override { visible = false; }
-  void UpdateEnds() override { ++ended; }
-  void OnStop(std::function<void()> onStop) override { stop = std::move(onStop); }
-  void ShowProgress(const Progress& progress) override { shares.push_back(progress.percent); }
-  void AddLine(std::string_view line) override {
-    lines.emplace_back(line);
-    if (whenLine) whenLine();
-  }
-
-  std::vector<std::string> lines;
-  std::vector<int> shares;  // per cent
-  bool visible = false;
-  int shown = 0;
-  int ended = 0;
-  std::function<void()> whenLine;
-  std::function<void()> stop;  // as the person would
-};
-
-class RecordingPleaseWait : public PleaseWait {
- public:
-  void Show() override {
-    visible = true;
-    ++shown;
-  }
-  void Hide() override { visible = false; }
-
-  bool visible = false;
-  int shown = 0;
 };
 
 }  // namespace repvolta

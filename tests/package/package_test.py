@@ -128,7 +128,9 @@ class Package(unittest.TestCase):
         self.assert_has(*(f"/usr/bin/{name}" for name in
                           ("repvolta", "repvolta-update", "repvolta-voice")),
                         "/usr/share/applications/repvolta.desktop",
-                        "/usr/share/icons/hicolor/48x48/apps/repvolta.png")
+                        "/usr/share/icons/hicolor/48x48/apps/repvolta.png",
+                        "/usr/share/doc/repvolta/guide/index.html",
+                        "/usr/share/doc/repvolta/guide/pictures/exercise.png")
         # There are no settings yet.
         self.tree.as_user("repvolta-update", status=2)
         self.assert_lacks(DATA)
@@ -202,7 +204,7 @@ class Package(unittest.TestCase):
             f"--directory={self.tree.path(HOME + '/stick')}")
         self.tree.as_root("chown", "-R", "tester:tester", HOME + "/stick")
         portable = f"{HOME}/stick/{self.archive.name.removesuffix('.tar.xz')}"
-        self.assert_has(portable + "/guide/README.md")
+        self.assert_has(portable + "/guide/index.html")
         before = self.tree.snapshot(HOME, without=("stick",))
         program = self.start(portable + "/repvolta")
         set_up()

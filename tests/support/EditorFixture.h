@@ -8,6 +8,7 @@
 #include "editing/Editor.h"
 
 #include "fakes/ModelScreen.h"
+#include "fakes/RecordingProgress.h"
 #include "fakes/ScriptedDialogs.h"
 #include "support/ProgramFixture.h"
 #include "support/SavedFiles.h"

@@ -21,6 +21,7 @@ FormFixture::~FormFixture() = default;
 void FormFixture::OpenForm() {
   form.reset();
   form = std::make_unique<RepvoltaForm>(program, dialogs, progress, pleaseWait, layoutFile);
+  form->OfferListening(player, backgroundSpeech);
   form->show();
 }
 

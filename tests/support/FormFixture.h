@@ -19,6 +19,8 @@
 #include "ui/RowList.h"
 
 #include "fakes/FakeServices.h"
+#include "fakes/FakeSound.h"
+#include "fakes/RecordingProgress.h"
 #include "fakes/ScriptedDialogs.h"
 #include "support/Modal.h"
 #include "support/ProgramFixture.h"
@@ -70,6 +72,8 @@ class FormFixture : public testing::Test {
   ScriptedNumbers random;
   FakeProcesses processes;
   FakeSpeech speech;
+  FakeSoundPlayer player;
+  FakeBackgroundSpeech backgroundSpeech;
   ScriptedDialogs dialogs;
   RecordingProgress progress;
   RecordingPleaseWait pleaseWait;

@@ -68,7 +68,8 @@ int Run(const std::string& directory, const std::string& workout, const std::str
   Program program{state, services.clock, services.random, services.processes, services.speech};
   Listening listening(program, {.player = services.player,
                                 .speech = services.background,
-                                .output = [output] { return Find(output); }});
+                                .output = [output] { return Find(output); },
+                                .current = [] { return 0; }});
   const Listening::Watch watch = listening.OnChange([&] { Print(listening); });
   QSocketNotifier input(0, QSocketNotifier::Read);
   QObject::connect(&input, &QSocketNotifier::activated, [&] {

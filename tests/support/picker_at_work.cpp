@@ -15,6 +15,7 @@
 #include "platform/MountedVolumes.h"
 #include "ui/SelectDirectory.h"
 
+#include "support/FolderFrom.h"
 #include "support/Modal.h"
 
 // Opens the folder picker while disks come and go, and prints what it shows. It needs a namespace
@@ -53,7 +54,7 @@ class PickerAtWork {
  public:
   PickerAtWork() {
     for (const char* name : {"disk/Music", "mnt", "hung", "start"}) fs::create_directories(name);
-    dialog_ = std::make_unique<SelectDirectory>(volumes_, At("start"));
+    dialog_ = std::make_unique<SelectDirectory>(volumes_, From(At("start")));
     dialog_->show();
   }
 

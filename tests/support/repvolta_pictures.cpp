@@ -16,11 +16,17 @@
 #include "app/WorkoutFiles.h"
 #include "base/Days.h"
 #include "base/FileNames.h"
+#include "base/Numbers.h"
+#include "editing/AnswerLines.h"
+#include "editing/FolderQuestions.h"
+#include "editing/PreviewRows.h"
 #include "editing/StartUp.h"
 #include "platform/Clock.h"
 #include "ui/AboutForm.h"
+#include "ui/ClearIndicators.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
+#include "ui/PreviewForm.h"
 #include "ui/QtDialogs.h"
 #include "ui/RandomMusicMessage.h"
 #include "ui/RepvoltaForm.h"
@@ -33,7 +39,7 @@
 #include "fakes/FakeVolumes.h"
 #include "support/TemporaryFolder.h"
 
-// Takes pictures of the windows: repvolta_pictures FOLDER light|dark [FONT SIZE].
+// Takes pictures of the windows: repvolta_pictures FOLDER light|dark|contrast [FONT SIZE].
 
 namespace repvolta {
 namespace {
@@ -84,6 +90,14 @@ QPalette DarkPalette() {
   return dark;
 }
 
+QPalette HighContrastPalette() {
+  QPalette contrast(Qt::white, Qt::black, Qt::white, Qt::black, Qt::gray, Qt::white, Qt::white,
+                    Qt::black, Qt::black);
+  contrast.setColor(QPalette::Highlight, Qt::yellow);
+  contrast.setColor(QPalette::HighlightedText, Qt::black);
+  return contrast;
+}
+
 ExerciseRecord SampleExercise(const char* name, float value) {
   ExerciseRecord exercise;
   exercise.ExerciseName = name;
@@ -128,7 +142,7 @@ void TakePicker(const Pictures& pictures) {
                         .label = "WALKMAN",
                         .kind = Volume::Kind::kRemovable,
                         .freeBytes = 3'200'000'000}});
-  SelectDirectory directory(volumes, QDir::homePath());
+  SelectDirectory directory(volumes, OutputFolderQuestion({}));
   pictures.Take(directory, "SelectDirectory");
   auto& drives = *directory.findChild<QComboBox*>("DriveListBox");
   drives.setCurrentIndex(3);
@@ -168,6 +182,74 @@ void TakeUpdate(const Pictures& pictures) {
   pictures.Take(update, "UpdateForm-ejected");
 }
 
+PlannedExercise PlannedSample(const std::string& name, float weight, int number) {
+  const auto nameOf = [](int file, const std::string& rest) {
+    return "RV00" + std::to_string(file) + "-" + rest + ".mp3";
+  };
+  const std::string sentence = name + " - 3 sets, " + ListNumberText(weight) + "kg for 12reps";
+  PlannedExercise exercise{
+      .name = name, .growth = {}, .sentence = sentence, .clips = {}, .files = {}};
+  exercise.growth.push_back(
+      {.set = 0, .field = 1, .from = weight - 2.5F, .to = weight, .day = 0, .failure = {}});
+  for (const char* word : {"3", "sets", "22", "point", "5", "kilograms", "for", "12", "reps"}) {
+    exercise.clips.push_back({.kind = Clip::Kind::kWord, .text = word});
+  }
+  exercise.clips.insert(exercise.clips.begin(), {.kind = Clip::Kind::kName, .text = name});
+  exercise.files.push_back({.kind = PlannedFile::Kind::kInstruction,
+                            .name = nameOf(number, "Instructions"),
+                            .title = "RV001- " + sentence,
+                            .source = "",
+                            .seconds = 14,
+                            .bytes = 112'000,
+                            .figures = PlannedFile::Figures::kEstimated,
+                            .choice = PlannedFile::Choice::kSet});
+  exercise.files.push_back({.kind = PlannedFile::Kind::kSong,
+                            .name = nameOf(number + 1, "Café au lait"),
+                            .title = "RV002- " + sentence,
+                            .source = "/home/kim/Music/Café au lait.mp3",
+                            .seconds = 215,
+                            .bytes = 3'441'000,
+                            .figures = PlannedFile::Figures::kExact,
+                            .choice = PlannedFile::Choice::kSet});
+  return exercise;
+}
+
+UpdatePlan PlannedWorkout() {
+  UpdatePlan plan{};
+  plan.workout = "Monday.RPV";
+  plan.day = SampleClock().Today();
+  plan.folder = "/home/kim/Player/Monday/";
+  plan.exercises = {PlannedSample("Goblet Squat", 22.5F, 1), PlannedSample("Bench Press", 42.5F, 3),
+                    PlannedSample("Overhead Triceps Extension", 7.5F, 5)};
+  plan.exercises[2].files[1].choice = PlannedFile::Choice::kExample;
+  plan.seconds = 687;
+  plan.bytes = 10'659'000;
+  plan.room = DiskRoom{.free = 3'200'000'000, .unit = 4096};
+  return plan;
+}
+
+void TakePreview(const Pictures& pictures) {
+  UpdatePlan plan = PlannedWorkout();
+  PreviewForm calm(PreviewOf(plan, {}));
+  pictures.Take(calm, "PreviewForm-calm");
+  plan.problems = {{.kind = PlannedProblem::Kind::kMusicListOld,
+                    .severity = PlannedProblem::Severity::kWarning,
+                    .exercise = kNoExercise,
+                    .row = -1,
+                    .text = "The random music list is older than the music."},
+                   {.kind = PlannedProblem::Kind::kSongGone,
+                    .severity = PlannedProblem::Severity::kError,
+                    .exercise = 0,
+                    .row = 1,
+                    .text = "Goblet Squat: the song /home/kim/Music/Long Run.mp3 is gone."}};
+  PreviewForm preview(PreviewOf(plan, {}));
+  pictures.Take(preview, "PreviewForm");
+  const std::vector<PlannedProblem> few = plan.problems;
+  for (int i = 0; i < 10; ++i) plan.problems.insert(plan.problems.end(), few.begin(), few.end());
+  PreviewForm crowded(PreviewOf(plan, {}));
+  pictures.Take(crowded, "PreviewForm-crowded");
+}
+
 void TakeDialogs(const Pictures& pictures) {
   SelectExerciseDialog exercise({"Arms", "Back", "Chest", "Core", "Legs"}, [](const std::string&) {
     return std::vector<std::string>{"Bench Press", "Cable Crossover", "Chest Dip"};
@@ -179,7 +261,12 @@ void TakeDialogs(const Pictures& pictures) {
   TakePicker(pictures);
   AboutForm about;
   pictures.Take(about, "AboutForm");
-  InputBox input("Enter new Value:", "Change Exercise Value", "12.5");
+  const SystemClock clock;
+  ExerciseRecord squat;
+  squat.ExerciseName = "Squat";
+  squat.SetValue1[1] = 50;
+  InputBox input("Enter new Value:", "Change Exercise Value",
+                 SetNumberHelp(squat, 1, kSetList1, clock), "57,5");
   pictures.Take(input, "InputBox");
   MessageBox message("Are you SURE you want to delete workout\r<b>Monday</b>.RPV", "Delete Workout",
                      QMessageBox::Ok | QMessageBox::Cancel);
@@ -187,6 +274,7 @@ void TakeDialogs(const Pictures& pictures) {
   RandomMusicMessage wait;
   pictures.Take(wait, "RandomMusicMessage");
   TakeUpdate(pictures);
+  TakePreview(pictures);
 }
 
 /// The example of the guide: entered today, which is a Monday.
@@ -232,6 +320,11 @@ void TakeWindow(const Pictures& pictures) {
     if (tabs.currentIndex() == 1) TakeGrowth(pictures, form);
     tabs.setCurrentIndex(tabs.currentIndex() + 1);
   }
+  tabs.setCurrentIndex(1);
+  form.activateWindow();
+  form.SelectSet(1);
+  form.findChild<QWidget*>("SetListInc1")->setFocus();
+  pictures.Take(form, "RepvoltaForm-Exercise-focus");
   for (auto* menu : form.findChildren<QMenu*>()) {
     emit menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());
@@ -245,8 +338,12 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(REPVOLTA_ICON));
+  QApplication::setStyle(new repvolta::ClearIndicators);
   if (argc < 3) return 2;
   if (QString(argv[2]) == "dark") QApplication::setPalette(repvolta::DarkPalette());
+  if (QString(argv[2]) == "contrast") {
+    QApplication::setPalette(repvolta::HighContrastPalette());
+  }
   if (argc > 3) {
     QFont font = QApplication::font();
     font.setPointSize(QString(argv[3]).toInt());

@@ -71,7 +71,9 @@ class SmallGuide(Guide):
             "# Songs; & `more`\n\n## Is it *there*? (1)\n\n[up](README.md) [part](#is-it-there-1) "
             "[kept](../formats/kept.md#table) [why](../decisions/why.md) <b>raw</b>\n\n"
             "| a | b |\n|---|---|\n| 1; [2] | `@title@` |\n")
-        (docs / "formats/kept.md").write_text("# Kept\n\n## Table\n\n[songs](../guide/songs.md)\n")
+        (docs / "formats/kept.md").write_text(
+            "# Kept\n\n## Table\n\n[songs](../guide/songs.md) [schema](kept.json)\n")
+        (docs / "formats/kept.json").write_text("{}")
         write_pages(docs, self.out)
         self.songs = (self.out / "songs.html").read_text(encoding="utf-8")
 

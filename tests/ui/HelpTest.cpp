@@ -47,7 +47,7 @@ TEST_F(HelpTest, OpensThePageOfTheOpenTab) {
 }
 
 TEST_F(HelpTest, OpensThePageOfTheBox) {
-  EXPECT_THAT(PagesOfBox([&] { InputBox::Ask(form.get(), "?", "Set Target Exercise Time"); }),
+  EXPECT_THAT(PagesOfBox([&] { InputBox::Ask(form.get(), "?", "Set Target Exercise Time", {}); }),
               ElementsAre("music.html#random-music"));
   EXPECT_THAT(PagesOfBox([&] { MessageBox::Show(form.get(), "!", "Repvolta"); }),
               ElementsAre("messages.html#messages-of-the-window"));
@@ -63,8 +63,9 @@ TEST_F(HelpTest, OpensThePageOfTheTabFromAMenu) {
 }
 
 TEST_F(HelpTest, IsNotMeantByF1WithAnotherKey) {
-  EXPECT_THAT(PagesOfBox([&] { InputBox::Ask(form.get(), "?", "Weight"); }, Qt::ControlModifier),
-              IsEmpty());
+  EXPECT_THAT(
+      PagesOfBox([&] { InputBox::Ask(form.get(), "?", "Weight", {}); }, Qt::ControlModifier),
+      IsEmpty());
 }
 
 TEST_F(HelpTest, HasACommandForEachPage) {

@@ -1,3 +1,5 @@
+#include <QAccessible>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QtTest/QTest>
@@ -11,13 +13,17 @@
 namespace repvolta {
 namespace {
 
+const AnswerHelp kHelp = {.now = "50 now.", .kept = [](std::string_view answer) {
+                            return "Kept: " + std::string(answer);
+                          }};
+
 /// The result of Ask() when `answer` is typed and `key` pressed.
 QString AskAndType(const QString& answer, Qt::Key key, const QString& initial = {}) {
   WhenModal([&](QWidget& box) {
     QTest::keyClicks(box.focusWidget(), answer);
     QTest::keyClick(&box, key);
   });
-  return InputBox::Ask(nullptr, "Enter new Value:", "Change Exercise Value", initial);
+  return InputBox::Ask(nullptr, "Enter new Value:", "Change Exercise Value", kHelp, initial);
 }
 
 TEST(InputBox, GivesTheTypedAnswer) { EXPECT_EQ(AskAndType(" 12.5 ", Qt::Key_Return), " 12.5 "); }
@@ -39,7 +45,7 @@ TEST(InputBox, TakesVeryLongAnswers) {
 }
 
 TEST(InputBox, ShowsItsTitleAndPromptAsTheyAre) {
-  InputBox box("Enter the <b>Reps & Sets</b> required:\rNow", "Reps", "");
+  InputBox box("Enter the <b>Reps & Sets</b> required:\rNow", "Reps", kHelp);
   EXPECT_EQ(box.windowTitle(), "Reps");
   const auto& prompt = Find<QLabel>(box, "PromptLabel");
   EXPECT_EQ(prompt.textFormat(), Qt::PlainText);
@@ -47,8 +53,55 @@ TEST(InputBox, ShowsItsTitleAndPromptAsTheyAre) {
   EXPECT_EQ(prompt.text(), "Enter the <b>Reps & Sets</b> required:\nNow");
 }
 
+TEST(InputBox, SaysBelowTheFieldWhatIsThereAndWhatWillBeKept) {
+  InputBox box("Enter new Value:", "Change Exercise Value", kHelp, "5");
+  box.show();
+  EXPECT_EQ(Find<QLabel>(box, "NowLabel").text(), "50 now.");
+  EXPECT_EQ(Find<QLabel>(box, "KeptLabel").text(), "Kept: 5");
+
+  QTest::keyClicks(box.focusWidget(), "57");
+
+  EXPECT_EQ(Find<QLabel>(box, "KeptLabel").text(), "Kept: 57");
+  const int field = Find<QLineEdit>(box, "AnswerBox").geometry().bottom();
+  EXPECT_GT(Find<QLabel>(box, "NowLabel").y(), field);
+  EXPECT_GT(Find<QLabel>(box, "KeptLabel").y(), Find<QLabel>(box, "NowLabel").y());
+}
+
+TEST(InputBox, TellsScreenReadersWhatStandsBelowTheFieldAtEachChange) {
+  InputBox box("Enter new Value:", "Change Exercise Value", kHelp);
+  box.show();
+  static int told;
+  told = 0;
+  QAccessible::setActive(true);
+  const auto before = QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+    if (event->type() == QAccessible::DescriptionChanged) ++told;
+  });
+
+  QTest::keyClicks(box.focusWidget(), "57");
+
+  QAccessible::installUpdateHandler(before);
+  QAccessible::setActive(false);
+  EXPECT_EQ(told, 2);
+  EXPECT_EQ(Find<QLineEdit>(box, "AnswerBox").accessibleDescription(), "50 now. Kept: 57");
+}
+
+TEST(InputBox, DoesNotGrowWhileItIsTypedIn) {
+  const std::string kLong =
+      "This is one of the longest lines that can stand below a field: it has "
+      "about as many letters as two lines of the box can hold.";
+  InputBox box("Enter new Value:", "Change Exercise Value",
+               {.now = "50 now.", .kept = [&](std::string_view answer) {
+                  return answer.empty() ? std::string() : kLong;
+                }});
+  box.show();
+  const QSize before = box.size();
+  QTest::keyClicks(box.focusWidget(), "57");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(box.size(), before);
+}
+
 TEST(InputBox, IsHeardByDistinctNames) {
-  const InputBox box("Enter new Value:", "Change Exercise Value", "");
+  const InputBox box("Enter new Value:", "Change Exercise Value", kHelp);
   EXPECT_EQ(HeardNames(box),
             (std::map<std::string, int>{{"Cancel", 1}, {"Enter new Value:", 1}, {"OK", 1}}));
 }

@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -124,6 +125,18 @@ TEST_F(MainMenuTest, HasTheTextsOfTheButtonsAndLists) {
   EXPECT_EQ(plain("RateSldr"), "Speaking rate");
   OpenTab(1);
   EXPECT_EQ(plain("SetList1"), "Change First Value: Weight");
+}
+
+TEST_F(MainMenuTest, IsHeardAsABarOfMenusWithCommandsAndKeys) {
+  const QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(&Bar());
+  ASSERT_EQ(bar->role(), QAccessible::MenuBar);
+  ASSERT_EQ(bar->childCount(), 6);
+  EXPECT_EQ(bar->child(1)->role(), QAccessible::MenuItem);
+  EXPECT_EQ(bar->child(1)->text(QAccessible::Name), "Edit");
+  const QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(&Get<QMenu>("EditMenu"));
+  EXPECT_EQ(menu->role(), QAccessible::PopupMenu);
+  EXPECT_EQ(menu->child(0)->role(), QAccessible::MenuItem);
+  EXPECT_EQ(menu->child(0)->text(QAccessible::Name).replace('\t', ' '), "Add New Set Ins");
 }
 
 TEST_F(MainMenuTest, FollowsATextThatChanges) {

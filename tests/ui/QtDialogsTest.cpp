@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "editing/FolderQuestions.h"
 #include "ui/QtDialogs.h"
 
 #include "support/Modal.h"
@@ -21,6 +22,8 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+const AnswerHelp kNoHelp = {.now = "", .kept = [](std::string_view) { return std::string(); }};
 
 class QtDialogsTest : public testing::Test {
  protected:
@@ -58,7 +61,7 @@ TEST_F(QtDialogsTest, AskForTexts) {
     Find<QLineEdit>(box, "AnswerBox").setText("月曜日");
     QTest::keyClick(&box, Qt::Key_Return);
   });
-  EXPECT_EQ(dialogs.AskText("Enter a name for the new Workout", "New Workout"), "月曜日");
+  EXPECT_EQ(dialogs.AskText("Enter a name for the new Workout", "New Workout", kNoHelp), "月曜日");
 }
 
 TEST_F(QtDialogsTest, SelectAnExerciseFromTheListsOfTheProgramDirectory) {
@@ -94,12 +97,12 @@ TEST_F(QtDialogsTest, TellWhenAnExerciseListHasVanished) {
 
 TEST_F(QtDialogsTest, SelectADirectoryFromTheHomeFolderOn) {
   WhenModal([](QWidget& box) { Find<QPushButton>(box, "OKButton").click(); });
-  EXPECT_EQ(dialogs.SelectDirectory(), QDir::homePath().toStdString());
+  EXPECT_EQ(dialogs.SelectDirectory(MusicFolderQuestion({})), QDir::homePath().toStdString());
 }
 
 TEST_F(QtDialogsTest, SelectNoDirectoryWhenCancelled) {
   WhenModal([](QWidget& box) { box.close(); });
-  EXPECT_EQ(dialogs.SelectDirectory(), "");
+  EXPECT_EQ(dialogs.SelectDirectory(MusicFolderQuestion({})), "");
 }
 
 TEST_F(QtDialogsTest, SelectAMusicFile) {
@@ -110,6 +113,65 @@ TEST_F(QtDialogsTest, SelectAMusicFile) {
   });
   EXPECT_THAT(dialogs.SelectMusicFiles(folder.Path() + "Läufe"),
               ElementsAre(folder.Path() + "Läufe/走る.MP3"));
+}
+
+/// The folder in which the dialog begins when it is opened for this music path; it is closed with
+/// one song, if any.
+QString BeginOf(QtDialogs& dialogs, const std::string& musicPath, const QString& song = {}) {
+  QString begin;
+  WhenModal([&](QWidget& box) {
+    begin = dynamic_cast<QFileDialog&>(box).directory().path();
+    if (song.isEmpty()) {
+      box.close();
+      return;
+    }
+    Find<QLineEdit>(box, "fileNameEdit").setText(song);
+    QTest::keyClick(&box, Qt::Key_Return);
+  });
+  dialogs.SelectMusicFiles(musicPath);
+  return begin;
+}
+
+TEST_F(QtDialogsTest, BeginWhereSongsWerePickedLast) {
+  PutFile("music/a.mp3", "x");
+  PutFile("music/deep/b.mp3", "x");
+  PutFile("other/c.mp3", "x");
+  const std::string music = folder.Path() + "music";
+  const QString deep = QString::fromStdString(music + "/deep");
+  QtDialogs first(folder.Path() + "window.ini");
+  EXPECT_EQ(BeginOf(first, music, deep + "/b.mp3").toStdString(), music);
+
+  QtDialogs next(folder.Path() + "window.ini");
+
+  EXPECT_EQ(BeginOf(next, music), deep);
+  EXPECT_EQ(BeginOf(next, music), deep) << "cancelled";
+  EXPECT_EQ(BeginOf(next, folder.Path() + "other").toStdString(), folder.Path() + "other")
+      << "a new music path";
+}
+
+TEST_F(QtDialogsTest, BeginInTheMusicPathWhenTheLastFolderIsGone) {
+  PutFile("music/deep/b.mp3", "x");
+  const std::string music = folder.Path() + "music";
+  QtDialogs kept(folder.Path() + "window.ini");
+  BeginOf(kept, music, QString::fromStdString(music + "/deep/b.mp3"));
+  std::filesystem::remove_all(music + "/deep");
+  EXPECT_EQ(BeginOf(kept, music).toStdString(), music);
+}
+
+TEST_F(QtDialogsTest, RememberTheSizeOfTheMusicDialog) {
+  QtDialogs kept(folder.Path() + "window.ini");
+  WhenModal([](QWidget& box) {
+    box.resize(640, 444);
+    box.close();
+  });
+  kept.SelectMusicFiles(folder.Path());
+  QSize size;
+  WhenModal([&](QWidget& box) {
+    size = box.size();
+    box.close();
+  });
+  kept.SelectMusicFiles(folder.Path());
+  EXPECT_EQ(size, QSize(640, 444));
 }
 
 TEST_F(QtDialogsTest, SelectNoMusicFileWhenCancelled) {

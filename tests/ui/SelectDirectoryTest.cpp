@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTreeView>
 #include <QWheelEvent>
@@ -12,10 +13,12 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+#include "editing/FolderQuestions.h"
 #include "ui/SelectDirectory.h"
 
 #include "fakes/FakeVolumes.h"
 #include "support/Accessibility.h"
+#include "support/FolderFrom.h"
 #include "support/Modal.h"
 #include "support/ProgramsBeside.h"
 #include "support/RunProgram.h"
@@ -30,7 +33,7 @@ class SelectDirectoryDialog : public testing::Test {
   SelectDirectoryDialog() {
     for (const char* name : {"a/Music", "b", "start/inner"})
       std::filesystem::create_directories(name);
-    dialog = std::make_unique<SelectDirectory>(volumes, At("start"));
+    dialog = std::make_unique<SelectDirectory>(volumes, From(At("start")));
   }
 
   QString At(const char* name) const { return QString::fromStdString(folder.Path() + name); }
@@ -75,9 +78,61 @@ TEST_F(SelectDirectoryDialog, OpensAtTheGivenFolder) {
 }
 
 TEST_F(SelectDirectoryDialog, OpensAtTheNearestFolderThatExists) {
-  SelectDirectory other(volumes, At("start/gone/deeper"));
+  SelectDirectory other(volumes, From(At("start/gone/deeper")));
   Find<QPushButton>(other, "OKButton").click();
   EXPECT_EQ(other.SelectedDirectory(), folder.Path() + "start");
+}
+
+TEST_F(SelectDirectoryDialog, SaysWhatTheFolderIsFor) {
+  EXPECT_EQ(Find<QLabel>(*dialog, "PurposeLabel").text(), "Choose a folder.");
+  EXPECT_TRUE(Folders().accessibleDescription().startsWith("Choose a folder."));
+}
+
+TEST_F(SelectDirectoryDialog, OpensInTheHomeFolderWithoutAPath) {
+  SelectDirectory other(volumes, From(""));
+  Find<QPushButton>(other, "OKButton").click();
+  EXPECT_EQ(other.SelectedDirectory(), QDir::homePath().toStdString());
+}
+
+TEST_F(SelectDirectoryDialog, OpensInTheHomeFolderWhenTheDriveDoesNotAnswer) {
+  FakeVolumes silent(
+      {{.root = "/"}, {.root = folder.Path() + "a", .state = Volume::State::kSilent}});
+  SelectDirectory other(silent, From(At("a/Music")));
+  Find<QPushButton>(other, "OKButton").click();
+  EXPECT_EQ(other.SelectedDirectory(), QDir::homePath().toStdString());
+}
+
+TEST_F(SelectDirectoryDialog, CountsTheSongsBelowTheSelectedFolder) {
+  for (const char* song : {"start/one.mp3", "start/inner/two.MP3", "start/inner/cover.jpg"}) {
+    PutFile(song, "");
+  }
+  auto& figure = Find<QLabel>(*dialog, "FigureLabel");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return figure.text() == "Songs in it and below it: 2"; }));
+  EXPECT_EQ(Folders().accessibleDescription(), "Choose a folder. Songs in it and below it: 2");
+
+  auto& model = dynamic_cast<QFileSystemModel&>(*Folders().model());
+  Folders().setCurrentIndex(model.index(At("start/inner")));
+
+  EXPECT_EQ(figure.text(), "") << "the count was of another folder";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return figure.text() == "Songs in it and below it: 1"; }));
+}
+
+TEST_F(SelectDirectoryDialog, SaysHowMuchRoomThereIs) {
+  FolderQuestion question = From(At("start"));
+  question.figure = FolderQuestion::Figure::kRoom;
+  SelectDirectory other(volumes, question);
+  auto& figure = Find<QLabel>(other, "FigureLabel");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !figure.text().isEmpty(); }));
+  EXPECT_TRUE(QRegularExpression("^Room: [0-9.]+ [kMGT]?B free$").match(figure.text()).hasMatch())
+      << figure.text().toStdString();
+}
+
+TEST_F(SelectDirectoryDialog, FitsOnASmallScreenAtDoubleSize) {
+  SelectDirectory other(volumes, MusicFolderQuestion({}));
+  other.show();
+  // 1024 x 768 at 200 %, without the frame of the window.
+  EXPECT_LE(other.minimumSizeHint().width(), 496);
+  EXPECT_LE(other.minimumSizeHint().height(), 344);
 }
 
 /// The picker, opened deep below a folder with many entries.
@@ -96,7 +151,7 @@ class SelectDirectoryDeepDown : public testing::Test {
   }
 
   void Open() {
-    dialog = std::make_unique<SelectDirectory>(volumes, At(kDeep));
+    dialog = std::make_unique<SelectDirectory>(volumes, From(At(kDeep)));
     dialog->show();
     folders = dialog->findChild<QTreeView*>("DirListBox");
     QAbstractItemModel& model = *folders->model();
@@ -187,7 +242,7 @@ TEST_F(SelectDirectoryDialog, ListsNoFiles) {
 TEST_F(SelectDirectoryDialog, ListsTheDrivesAndSelectsTheOneOfTheFolder) {
   EXPECT_EQ(Drives().count(), 3);
   EXPECT_EQ(Drives().currentText(), "/");
-  SelectDirectory other(volumes, At("a/Music"));
+  SelectDirectory other(volumes, From(At("a/Music")));
   EXPECT_EQ(Find<QComboBox>(other, "DriveListBox").currentText(), At("a"));
 }
 
@@ -246,7 +301,7 @@ TEST_F(SelectDirectoryDialog, SaysWhenTheFolderCannotBeMade) {
 
 TEST_F(SelectDirectoryDialog, GivesNamesWithAccentsAndJapaneseAsTheyAreOnDisk) {
   std::filesystem::create_directories("Müsik/音楽");
-  SelectDirectory other(volumes, At("Müsik/音楽"));
+  SelectDirectory other(volumes, From(At("Müsik/音楽")));
   Find<QPushButton>(other, "OKButton").click();
   EXPECT_EQ(other.SelectedDirectory(), folder.Path() + "Müsik/音楽");
 }
@@ -319,7 +374,7 @@ TEST_F(SelectDirectoryWithPlayers, KeepsAnOpenedFolderWhenAnotherIsPulledOut) {
 
 TEST_F(SelectDirectoryWithPlayers, ShowsTheNearestFolderThatIsLeftWhenTheSelectedOneIsPulledOut) {
   std::filesystem::create_directories("b/Music");
-  SelectDirectory other(volumes, At("b/Music"));
+  SelectDirectory other(volumes, From(At("b/Music")));
   std::filesystem::remove_all("b");
   volumes.ChangeTo({Root(), Fixed("a")});
   EXPECT_EQ(Find<QLabel>(other, "SelectedFolderLabel").text().toStdString() + "/", folder.Path());

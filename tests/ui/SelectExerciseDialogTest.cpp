@@ -1,4 +1,5 @@
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -28,7 +29,62 @@ class SelectExercise : public testing::Test {
   QListWidget& names = Find<QListWidget>(dialog, "ExerciseNameList");
   QCheckBox& enableUserName = Find<QCheckBox>(dialog, "EnableUserName");
   QLineEdit& userName = Find<QLineEdit>(dialog, "UserExerciseNameBox");
+  QLineEdit& search = Find<QLineEdit>(dialog, "FindExerciseBox");
+  QLabel& found = Find<QLabel>(dialog, "FoundLabel");
 };
+
+TEST_F(SelectExercise, OpensWithTheKeyboardInTheSearch) {
+  dialog.show();
+  EXPECT_EQ(dialog.focusWidget(), &search);
+}
+
+TEST_F(SelectExercise, FindsATypedNameInAllLists) {
+  QTest::keyClicks(&search, "weights t");
+  EXPECT_EQ(types.currentRow(), 1);
+  EXPECT_EQ(names.currentRow(), 2);
+  EXPECT_EQ(found.text(), "Weights: Weights two");
+}
+
+TEST_F(SelectExercise, TakesTheNameThatIsFound) {
+  dialog.show();
+  QTest::keyClicks(&search, "two");
+  QTest::keyClick(&search, Qt::Key_Return);
+  EXPECT_FALSE(dialog.isVisible());
+  EXPECT_EQ(dialog.SelectedName(), "Cardio two");
+}
+
+TEST_F(SelectExercise, MakesANameThatNoListHasAnOwnName) {
+  dialog.show();
+  QTest::keyClicks(&search, "OHP");
+  EXPECT_EQ(found.text(), "In no list. Enter makes it a name of your own.");
+  QTest::keyClick(&search, Qt::Key_Return);
+  EXPECT_TRUE(dialog.isVisible());
+  EXPECT_EQ(dialog.focusWidget(), &userName);
+  QTest::keyClick(&userName, Qt::Key_Return);
+  EXPECT_EQ(dialog.SelectedName(), "OHP");
+}
+
+TEST_F(SelectExercise, ForgetsWhatWasFoundWhenNothingFitsAnyMore) {
+  QTest::keyClicks(&search, "two");
+  QTest::keyClicks(&search, "x");
+  ClickOk();
+  EXPECT_EQ(dialog.SelectedName(), "");
+}
+
+TEST_F(SelectExercise, GoesFromTheSearchToTheFoundNameWithTheArrowKey) {
+  dialog.show();
+  QTest::keyClicks(&search, "one");
+  QTest::keyClick(&search, Qt::Key_Down);
+  EXPECT_EQ(dialog.focusWidget(), &names);
+  EXPECT_EQ(names.currentRow(), 0);
+}
+
+TEST_F(SelectExercise, GivesNothingOnEnterInAnEmptySearch) {
+  dialog.show();
+  QTest::keyClick(&search, Qt::Key_Return);
+  EXPECT_FALSE(dialog.isVisible());
+  EXPECT_EQ(dialog.SelectedName(), "");
+}
 
 TEST_F(SelectExercise, OpensWithTheTypesAndNoNames) {
   ASSERT_EQ(types.count(), 2);
@@ -162,6 +218,7 @@ TEST_F(SelectExercise, IsHeardByDistinctNames) {
   EXPECT_EQ(HeardNames(dialog), (std::map<std::string, int>{{"Cancel", 1},
                                                             {"Exercise name", 1},
                                                             {"Exercise type", 1},
+                                                            {"Find an exercise:", 1},
                                                             {"OK", 1},
                                                             {"Own exercise name", 1},
                                                             {"Type a name instead", 1}}));

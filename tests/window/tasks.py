@@ -153,10 +153,12 @@ class Tasks:
                   if field.get_role_name() == "text"]
         if search:
             self.person.type_into(search[0], name)
-            own = not self._is_listed(dialog, name)
-        if not search or own:
+            if not self._is_listed(dialog, name):
+                self.person.key("Return")
+                self.program.wait_for("the own name", lambda: search[0] not in
+                                      self.program.focused(dialog))
+        else:
             self.person.press("Type a name instead", dialog, "check box")
-        if not search:
             self.person.type_into(self.program.find(dialog, "text", "Own exercise name"), name)
         self.person.key("Return")
         self.person.gone(dialog)
@@ -164,9 +166,11 @@ class Tasks:
                               lambda: name in self.program.items("Exercises"))
 
     def _is_listed(self, dialog, name):
-        """Whether the list of names has found what was typed into the search."""
-        return any(has_state(row, Atspi.StateType.SELECTED) and row.get_name() == name
-                   for row in self.program.controls(dialog, "list item"))
+        """Whether the search finds the name in the lists."""
+        return self.program.wait_for("the search", lambda: [
+            label.get_name() for label in self.program.controls(dialog, "label")
+            if label.get_name().endswith(": " + name) or label.get_name().startswith("In no list")
+        ])[0].endswith(": " + name)
 
     def add_sets(self, values):
         for first, second in values:

@@ -48,6 +48,7 @@ std::string Refused(const std::string& name) {
 QAudioDevice DeviceOf(const ChosenOutput& output) {
   const QList<QAudioDevice> devices = OutputsInOrder();
   if (devices.isEmpty()) throw SoundError("This computer has no audio output.");
+  if (output.name.empty()) return devices.first();
   const QString name = QString::fromStdString(output.name);
   if (devices.value(output.entry).description() == name) return devices.at(output.entry);
   const auto found = std::find_if(devices.begin(), devices.end(), [&](const QAudioDevice& device) {

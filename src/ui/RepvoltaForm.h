@@ -13,6 +13,8 @@
 #include "ui/Handlers.h"
 #include "update/Progress.h"
 
+class QAction;
+
 namespace Ui {
 class RepvoltaForm;
 }
@@ -20,6 +22,7 @@ class RepvoltaForm;
 namespace repvolta {
 
 class ExerciseTab;
+class GrowthAheadCommand;
 class LastUpdate;
 class MainMenu;
 class SettingsTab;
@@ -85,6 +88,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void AddTabs();
   void ConnectButtons();
   void AddMenu();
+  void PreviewAction_Trigger();
   void SSTab1_Click();
   void ShowExerciseFrames();
   void StepTab(int step);
@@ -107,8 +111,10 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
+  GrowthAheadCommand* growthAhead_ = nullptr;
   LastUpdate* lastUpdate_ = nullptr;
   MainMenu* menu_ = nullptr;
+  QAction* previewAction_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;
   UpdateOutcome outcome_;  // of the command that runs

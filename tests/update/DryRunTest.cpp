@@ -22,5 +22,54 @@ TEST(HasErrors, LooksAtThePlansAndAtWhatConcernsAll) {
   EXPECT_TRUE(HasErrors(run));
 }
 
+class PlanUpdatesTest : public UpdateFixture {
+ protected:
+  void PutWorkout(const std::string& name) {
+    state.WorkoutFileName = name;
+    ReplaceWorkoutFile(state);
+    SaveWorkout(state);
+  }
+
+  DryRun Plan(const std::vector<std::string>& workouts) {
+    return PlanUpdates(state, workouts, clock.Today(), random);
+  }
+};
+
+TEST_F(PlanUpdatesTest, PlansTheWorkoutsInTheirOrder) {
+  AddNamed("Squat");
+  PutWorkout("Monday.RPV");
+  state.Workout[0].ExerciseName = "Press";
+  PutWorkout("Friday.RPV");
+
+  const DryRun run = Plan({"Monday.RPV", "Friday.RPV"});
+
+  EXPECT_EQ(run.day, clock.Today());
+  ASSERT_EQ(run.plans.size(), 2U);
+  EXPECT_EQ(run.plans[0].workout, "Monday.RPV");
+  EXPECT_EQ(run.plans[0].exercises[0].name, "Squat");
+  EXPECT_EQ(run.plans[1].exercises[0].name, "Press");
+  EXPECT_TRUE(run.problems.empty());
+}
+
+TEST_F(PlanUpdatesTest, SaysWhichWorkoutIsGoneAndGoesOn) {
+  AddNamed("Squat");
+  PutWorkout("Monday.RPV");
+
+  const DryRun run = Plan({"Gone.RPV", "Monday.RPV"});
+
+  EXPECT_EQ(run.problems,
+            (std::vector<DryRunProblem>{{Severity::kError, "Gone.RPV could not be loaded"}}));
+  EXPECT_EQ(run.plans.size(), 1U);
+}
+
+TEST_F(PlanUpdatesTest, WarnsOfOptionsThatCannotBeUnderstood) {
+  PutFile("options.conf", "odd\n");
+  LoadOptions(state);
+  const DryRun run = Plan({});
+  ASSERT_EQ(run.problems.size(), 1U);
+  EXPECT_EQ(run.problems[0].severity, Severity::kWarning);
+  EXPECT_EQ(run.problems[0].text, OddOptions(state.Options));
+}
+
 }  // namespace
 }  // namespace repvolta

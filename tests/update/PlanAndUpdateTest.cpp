@@ -7,6 +7,7 @@
 #include "app/Options.h"
 #include "app/RecordFormat.h"
 #include "app/WorkoutFiles.h"
+#include "base/Product.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "instruction/Clips.h"
@@ -73,6 +74,7 @@ class PlanAndUpdate : private MemoryDisk, public UpdateFixture {
             Mp3Bytes().Garbage(50).Id3v2(Id3v2Bytes(tag).Padding(9000)).Raw(SongBytes(1)));
     PutFile("music/two tags.mp3",
             Mp3Bytes().Id3v2(Id3v2Bytes(tag).Syncsafe()).Id3v2(Id3v2Bytes(tag)).Raw(SongBytes(2)));
+    PutFile("music/mpeg 2.mp3", Mp3Bytes().Frames(5, kMpeg2Layer3).Id3v2(tag).Frames(9));
     PutFile("music/no frame.mp3", "no frame at all");
     PutFile("music/empty.mp3", "");
     PutFile("music/divides by zero.mp3", Mp3Bytes().Frame().Xing(1, 0).Frames(9));
@@ -212,9 +214,10 @@ class PlanAndUpdate : private MemoryDisk, public UpdateFixture {
 
   void CompareTags() const {
     for (const PlannedFile& file : Files()) {
-      if (file.title.empty()) continue;
       cMP3ID3v2 tag;
       tag.SetFileName(Player(file.name));
+      EXPECT_EQ(file.title.empty(), tag.Artist() != kProductName) << file.name;
+      if (file.title.empty()) continue;
       EXPECT_EQ(tag.Title(), file.title) << file.name;
       EXPECT_EQ(tag.Album(), plan_.workout);
     }

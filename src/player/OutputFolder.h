@@ -32,6 +32,10 @@ class OutputFolder {
   /// the disk keeps for another workout stays; this one then gets a number: "monday (2)".
   void Clear(const Keepsakes& keep) { place_.Clear(keep); }
 
+  /// Finds the folder that Clear() would delete, and throws what that throws before it deletes
+  /// anything. Nothing is changed, and afterwards the object is good for its path and name only.
+  void Look(const Keepsakes& keep) { place_.Look(keep); }
+
   /// Creates the folder unless it exists. Where the disk refuses its name, the nearest one that it
   /// takes is cleared and created instead. Throws FileError, and what Clear() throws.
   void Create();

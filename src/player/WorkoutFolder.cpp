@@ -55,6 +55,11 @@ void WorkoutFolder::Clear(const Keepsakes& keep) {
   use_ = Use::kReplace;
 }
 
+void WorkoutFolder::Look(const Keepsakes& keep) {
+  oldFiles_ = OldFiles::kLeft;
+  Clear(keep);
+}
+
 /// Clears the folder of this name, or, where the disk keeps another workout's folder there, the
 /// first one with a number that is free for this workout.
 void WorkoutFolder::ClearOneOf(const std::string& name, NameIs nameIs) {
@@ -101,7 +106,7 @@ void WorkoutFolder::Empty(const FolderHandle& folder) {
     if (const auto kept = FindKeepsake(folder, keep_)) Refuse(*kept + " lies there");
   }
   use_ = Use::kReplace;
-  if (folder.IsOpen()) DeleteFolder(place_, folder);
+  if (folder.IsOpen() && oldFiles_ == OldFiles::kDeleted) DeleteFolder(place_, folder);
 }
 
 /// Creates the folder of this name, unless it exists. Returns 0 or the errno value.

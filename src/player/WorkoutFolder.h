@@ -28,6 +28,9 @@ class WorkoutFolder {
   /// As OutputFolder::Clear.
   void Clear(const Keepsakes& keep);
 
+  /// As OutputFolder::Look.
+  void Look(const Keepsakes& keep);
+
   /// As OutputFolder::Create.
   void Create();
 
@@ -36,6 +39,7 @@ class WorkoutFolder {
 
  private:
   enum class NameIs { kPlain, kChanged };
+  enum class OldFiles { kDeleted, kLeft };
 
   /// Throws std::runtime_error.
   [[noreturn]] void Refuse(const std::string& why) const;
@@ -56,6 +60,7 @@ class WorkoutFolder {
   std::string path_;
   Keepsakes keep_;
   Use use_ = Use::kReplace;
+  OldFiles oldFiles_ = OldFiles::kDeleted;
   FolderHandle place_;  // the output path
 };
 

@@ -46,6 +46,9 @@ PlannedProblem PlannedError(PlannedProblem::Kind kind, const PlannedPlace& place
 /// What concerns the whole update: the player, its room, the encoder, the music list, the file.
 ProblemList ProblemsOfAll(const ProgramState& state, double day);
 
+/// The folder of the last update cannot be deleted, which the error says.
+PlannedProblem ProblemOfFolder(const std::exception& error);
+
 // Those of one exercise, with its index.
 
 /// Dates that keep a value from growing for longer than its frequency.

@@ -13,6 +13,7 @@
 #include "instruction/TextInstruction.h"
 #include "instruction/VoiceInstruction.h"
 #include "player/OutputFolder.h"
+#include "player/OutputPath.h"
 #include "player/PlayList.h"
 #include "player/PlayerPlayList.h"
 #include "update/Encoder.h"
@@ -25,6 +26,7 @@
 #include "update/SongCopy.h"
 #include "update/Steps.h"
 #include "update/UpdateWork.h"
+#include "update/WhatToKeep.h"
 
 namespace repvolta {
 namespace {
@@ -52,9 +54,9 @@ class Planning {
 
   UpdatePlan Run() {
     if (plan_.workout.empty()) return std::move(plan_);
-    plan_.folder = OutputFolder(state_.Settings.OutputPath.Text(), BaseName(plan_.workout)).Path();
     plan_.room = RoomForUpdate(state_);
     problems_.Add(ProblemsOfAll(state_, plan_.day));
+    FindFolder();
     Grow();
     Draw();
     PlanFiles();
@@ -64,6 +66,16 @@ class Planning {
   }
 
  private:
+  void FindFolder() {
+    OutputFolder folder(state_.Settings.OutputPath.Text(), BaseName(plan_.workout));
+    try {
+      if (!IsOutputPathMissing(state_.Settings)) folder.Look(WhatToKeep(state_));
+    } catch (const std::exception& error) {
+      problems_.Add({ProblemOfFolder(error)});
+    }
+    plan_.folder = folder.Path();
+  }
+
   void Grow() {
     plan_.exercises.resize(static_cast<std::size_t>(state_.NumberOfExercises));
     for (int i = 0; i < state_.NumberOfExercises; ++i) {

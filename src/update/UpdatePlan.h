@@ -61,7 +61,7 @@ struct PlannedProblem {
     kNoSongFits,      // a target time that no listed song fits
     kMusicListEmpty,  // random music is wanted from an empty list
     kMusicListOld,    // the list is older than the music; a listed song is gone
-    kNoOutputPath,    // not set, or the player is not there
+    kNoOutputPath,    // not set, not there, or the old folder there must not be deleted
     kLackOfRoom,
     kNoEncoder,
     kDamagedWorkout,

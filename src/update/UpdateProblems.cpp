@@ -98,6 +98,13 @@ ProblemList ProblemsOfAll(const ProgramState& state, double day) {
   return problems;
 }
 
+PlannedProblem ProblemOfFolder(const std::exception& error) {
+  return PlannedError(Kind::kNoOutputPath, {},
+                      std::string("The update cannot write its files, because ") + error.what() +
+                          ". Choose another output path, or give the workout another name.",
+                      std::string("ERROR: ") + error.what());
+}
+
 ProblemList ProblemsOfDrawing(const ExerciseRecord& exercise, int index, const Drawing& drawing,
                               const std::vector<std::string>& log) {
   ProblemList problems;

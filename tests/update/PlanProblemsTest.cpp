@@ -277,6 +277,23 @@ TEST_F(ProblemsAhead, NameAPlayerThatIsNotThere) {
   EXPECT_THAT(run.log, Contains(testing::StartsWith("ERROR: ")));
 }
 
+TEST_F(ProblemsAhead, NameAFolderThatMustNotBeDeleted) {
+  PutFile("player/Monday/mine.mp3", SongBytes(2));
+  AddSong(AddSquat(), Full("player/Monday/mine.mp3"));
+  const auto problems = Problems();
+  ASSERT_THAT(problems, ElementsAre(IsError(Kind::kNoOutputPath, -1, -1, "mine.mp3 lies there")));
+  Update();
+  EXPECT_THAT(run.log, Contains(problems[0].line));
+  EXPECT_TRUE(fs::exists("player/Monday/mine.mp3"));
+}
+
+TEST_F(ProblemsAhead, NameAFolderThatIsALink) {
+  fs::create_directory("elsewhere");
+  fs::create_directory_symlink("../elsewhere", "player/Monday");
+  AddSquat();
+  EXPECT_THAT(Problems(), ElementsAre(IsError(Kind::kNoOutputPath, -1, -1, "it is a link")));
+}
+
 TEST_F(ProblemsAhead, WarnOfTooLittleRoom) {
   std::ofstream(Full("music/huge.mp3"));
   fs::resize_file("music/huge.mp3", std::uintmax_t{1} << 43);

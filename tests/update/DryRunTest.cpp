@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "app/Options.h"
+#include "app/WorkoutFiles.h"
 #include "update/DryRun.h"
+#include "update/UpdateFixture.h"
 
 #include "support/SampleDryRun.h"
 
@@ -41,34 +44,34 @@ TEST_F(PlanUpdatesTest, PlansTheWorkoutsInTheirOrder) {
   state.Workout[0].ExerciseName = "Press";
   PutWorkout("Friday.RPV");
 
-  const DryRun run = Plan({"Monday.RPV", "Friday.RPV"});
+  const DryRun planned = Plan({"Monday.RPV", "Friday.RPV"});
 
-  EXPECT_EQ(run.day, clock.Today());
-  ASSERT_EQ(run.plans.size(), 2U);
-  EXPECT_EQ(run.plans[0].workout, "Monday.RPV");
-  EXPECT_EQ(run.plans[0].exercises[0].name, "Squat");
-  EXPECT_EQ(run.plans[1].exercises[0].name, "Press");
-  EXPECT_TRUE(run.problems.empty());
+  EXPECT_EQ(planned.day, clock.Today());
+  ASSERT_EQ(planned.plans.size(), 2U);
+  EXPECT_EQ(planned.plans[0].workout, "Monday.RPV");
+  EXPECT_EQ(planned.plans[0].exercises[0].name, "Squat");
+  EXPECT_EQ(planned.plans[1].exercises[0].name, "Press");
+  EXPECT_TRUE(planned.problems.empty());
 }
 
 TEST_F(PlanUpdatesTest, SaysWhichWorkoutIsGoneAndGoesOn) {
   AddNamed("Squat");
   PutWorkout("Monday.RPV");
 
-  const DryRun run = Plan({"Gone.RPV", "Monday.RPV"});
+  const DryRun planned = Plan({"Gone.RPV", "Monday.RPV"});
 
-  EXPECT_EQ(run.problems,
+  EXPECT_EQ(planned.problems,
             (std::vector<DryRunProblem>{{Severity::kError, "Gone.RPV could not be loaded"}}));
-  EXPECT_EQ(run.plans.size(), 1U);
+  EXPECT_EQ(planned.plans.size(), 1U);
 }
 
 TEST_F(PlanUpdatesTest, WarnsOfOptionsThatCannotBeUnderstood) {
   PutFile("options.conf", "odd\n");
   LoadOptions(state);
-  const DryRun run = Plan({});
-  ASSERT_EQ(run.problems.size(), 1U);
-  EXPECT_EQ(run.problems[0].severity, Severity::kWarning);
-  EXPECT_EQ(run.problems[0].text, OddOptions(state.Options));
+  const DryRun planned = Plan({});
+  ASSERT_EQ(planned.problems.size(), 1U);
+  EXPECT_EQ(planned.problems[0].severity, Severity::kWarning);
+  EXPECT_EQ(planned.problems[0].text, OddOptions(state.Options));
 }
 
 }  // namespace

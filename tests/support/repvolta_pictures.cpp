@@ -2,9 +2,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFont>
 #include <QIcon>
+#include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QPalette>
@@ -135,6 +137,16 @@ void MakeProgramDirectory(ProgramState& state) {
   SaveSettings(state);
 }
 
+/// Waits for what the picker finds out in the background.
+void AwaitFigure(const SelectDirectory& directory) {
+  constexpr int kLimit = 2000;  // milliseconds
+  const auto& figure = *directory.findChild<QLabel*>("FigureLabel");
+  const QDeadlineTimer limit(kLimit);
+  while (figure.text().isEmpty() && !limit.hasExpired()) {
+    QApplication::processEvents(QEventLoop::AllEvents, 20);
+  }
+}
+
 void TakePicker(const Pictures& pictures) {
   const std::string home = QDir::homePath().toStdString();
   const TemporaryFolder player;
@@ -146,9 +158,11 @@ void TakePicker(const Pictures& pictures) {
                         .kind = Volume::Kind::kRemovable,
                         .freeBytes = 3'200'000'000}});
   SelectDirectory directory(volumes, OutputFolderQuestion({}));
+  AwaitFigure(directory);
   pictures.Take(directory, "SelectDirectory");
   auto& drives = *directory.findChild<QComboBox*>("DriveListBox");
   drives.setCurrentIndex(3);
+  AwaitFigure(directory);
   pictures.Take(directory, "SelectDirectory-player");
   drives.showPopup();
   pictures.Take(*drives.view()->window(), "SelectDirectory-drives");

@@ -272,6 +272,11 @@ void TakePreview(const Pictures& pictures, const Program& program) {
                                 .output = [] { return ChosenOutput{}; },
                                 .current = [] { return 0; }});
   preview.OfferListening(listening);
+  program.state.Workout[0].ExerciseName = plan.exercises[0].name;
+  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes({0xFD, 0xFD}));
+  for (const char* word : {"1", "set", "50", "kilograms", "for", "12", "reps"}) {
+    PutFile("voice/" + std::string(word) + ".wav", ClipBytes({0xFD, 0xFD}));
+  }
   listening.Play(0);
   pictures.Take(preview, "PreviewForm");
   const std::vector<PlannedProblem> few = plan.problems;
@@ -364,7 +369,6 @@ void TakeWindow(const Pictures& pictures) {
     emit menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());
   }
-  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes({0xFD, 0xFD}));
   TakePreview(pictures, program);
 }
 

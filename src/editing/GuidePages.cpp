@@ -40,7 +40,6 @@ constexpr HelpPlace kPlaces[] = {
     {"SelectExerciseDialog", "", "first-workout.html#set-it-up"},
     {"SelectDirectory", "", "first-start.html#two-questions"},
     {"MusicFileDialog", "", "music.html#songs-of-your-choice"},
-    {"PreviewForm", "", "first-workout.html#update"},
     {"GrowthAheadForm", "", "growth.html#looking-ahead"},
     {"UpdateForm", "", "messages.html#lines-of-an-update"},
     {"PreviewForm", "", "preview.html"},

@@ -48,7 +48,7 @@ PreviewOutcome PreviewUpdate(Editor& editor) {
   if (TrimBlanks(editor.State().WorkoutFileName).empty()) return {};
   MakeProgramDirectoryCurrent(editor.State());
   const PreviewOutcome outcome =
-      editor.dialogs.ShowPreview([&] { return PlanAndDescribe(editor); });
+      editor.dialogs.ShowPreview([&] { return PlanAndDescribe(editor); }, editor.listening);
   if (outcome.place) ShowPlace(editor, *outcome.place);
   return outcome;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/ScreenUpdate.h"
+#include "base/File.h"
 #include "base/Numbers.h"
 #include "editing/ExerciseSteps.h"
 #include "editing/MusicEditing.h"
@@ -156,7 +157,7 @@ void ExerciseTab::AddHelpers() {
                               .randomMusicLabel = ui_->RandomMusicStateLabel,
                               .addSet = ui_->AddNewSetButton,
                               .addMusic = ui_->AddMusicFileButton});
-  songMarks_ = std::make_unique<SongMarks>(ui_->MusicList, ui_->GoneSongsLabel);
+  songMarks_ = std::make_unique<SongMarks>(ui_->MusicList, ui_->GoneSongsLabel, FileIsReachable);
   steps_ = std::make_unique<ExerciseSteps>(ui_->PreviousExerciseButton, ui_->NextExerciseButton);
   const char* failure = "The exercise cannot be shown as a whole.";
   handlers_.OnClick(ui_->PreviousExerciseButton, failure,

@@ -17,6 +17,7 @@ constexpr MenuLine kLines[] = {
     {M::kWorkout, "PreviewAction"},
     {M::kWorkout, "UpdateSelectedWorkoutButton"},
     {M::kWorkout, "UpdateAllWorkoutsButton"},
+    {M::kWorkout, "ShowLastUpdateAction"},
     {M::kWorkout, "OutputPathButton"},
     {M::kWorkout, "PlayerPlayListCheck"},
     {M::kWorkout, "AutoLoadPLaylistCheckbox"},
@@ -44,6 +45,8 @@ constexpr MenuLine kLines[] = {
 
     {M::kExercise, "AddExerciseButton"},
     {M::kExercise, "ExerciseList", "Open Exercise"},
+    {M::kExercise, "PreviousExerciseButton", "Previous Exercise"},
+    {M::kExercise, "NextExerciseButton", "Next Exercise"},
     {M::kExercise, "EditExerciseNameButton"},
     {M::kExercise, "CopyExerciseAction"},
     {M::kExercise, "RemoveExerciseButton"},

@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "ui/PreviewListening.h"
 #include "ui/RowTable.h"
 #include "ui/TextTable.h"
 
@@ -152,6 +153,18 @@ void PreviewForm::ShowGrowth() {
   ui_->GrowthLabel->setVisible(!rows.empty());
   ui_->NoGrowthLabel->setVisible(rows.empty());
   ui_->GrowthTable->SelectRow(0);
+}
+
+void PreviewForm::OfferListening(Listening& listening) {
+  ui_->ListenFrame->setVisible(true);
+  new PreviewListening(preview_, listening,
+                       {.files = ui_->FilesTable,
+                        .rows = files_,
+                        .listen = ui_->ListenButton,
+                        .stop = ui_->StopButton,
+                        .next = ui_->NextButton,
+                        .notice = ui_->NoticeLabel},
+                       this);
 }
 
 void PreviewForm::FileRow_Select(int row) {

@@ -81,12 +81,12 @@ RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& p
   setWindowFlags(Qt::Window);
   AddTabs();
   ConnectButtons();
+  lastUpdate_ =
+      new LastUpdate(this, ui_->LastUpdateLabel, [this] { editor_.progress.ShowAgain(); });
   AddMenu();
   progress.OnStop([this] { stopRequested_ = true; });
   progress.OnOpenFolder(
       [this](const std::string& folder) { editor_.dialogs.OpenDocument(folder); });
-  lastUpdate_ =
-      new LastUpdate(this, ui_->LastUpdateLabel, [this] { editor_.progress.ShowAgain(); });
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
   RestoreWindowLayout(*this, layoutFile_);
@@ -130,6 +130,7 @@ void RepvoltaForm::OfferListening(SoundPlayer& player, BackgroundSpeech& speech)
                           .speech = speech,
                           .output = [this] { return settingsTab_->SelectedAudioOutput(); },
                           .current = current});
+  editor_.listening = listening_.get();
   exerciseTab_->OfferListening(*listening_, this);
 }
 

@@ -19,6 +19,7 @@
 #include "base/Numbers.h"
 #include "editing/AnswerLines.h"
 #include "editing/FolderQuestions.h"
+#include "editing/Listening.h"
 #include "editing/PreviewRows.h"
 #include "editing/StartUp.h"
 #include "platform/Clock.h"
@@ -175,6 +176,11 @@ void TakeUpdate(const Pictures& pictures) {
   for (const char* line : {"", "UPDATE COMPLETE."}) update.AddLine(line);
   update.ShowProgress({.percent = 100});
   update.UpdateEnds();
+  update.ShowOutcome({.text = "Monday: 22 files, 41 min, 1 error, 1 warning",
+                      .folder = QDir::homePath().toStdString(),
+                      .hint =
+                          "How it gets into the player: if the folder is on the player, eject "
+                          "the player and unplug it. Otherwise copy the folder to the player."});
   pictures.Take(update, "UpdateForm");
   update.UpdateEnds();
   disks.answer({Ejection::State::kPossible, "WALKMAN", ""});
@@ -230,7 +236,7 @@ UpdatePlan PlannedWorkout() {
   return plan;
 }
 
-void TakePreview(const Pictures& pictures) {
+void TakePreview(const Pictures& pictures, const Program& program) {
   UpdatePlan plan = PlannedWorkout();
   PreviewForm calm(PreviewOf(plan, {}));
   pictures.Take(calm, "PreviewForm-calm");
@@ -245,6 +251,14 @@ void TakePreview(const Pictures& pictures) {
                     .row = 1,
                     .text = "Goblet Squat: the song /home/kim/Music/Long Run.mp3 is gone."}};
   PreviewForm preview(PreviewOf(plan, {}));
+  FakeSoundPlayer player;
+  FakeBackgroundSpeech background;
+  Listening listening(program, {.player = player,
+                                .speech = background,
+                                .output = [] { return ChosenOutput{}; },
+                                .current = [] { return 0; }});
+  preview.OfferListening(listening);
+  listening.Play(0);
   pictures.Take(preview, "PreviewForm");
   const std::vector<PlannedProblem> few = plan.problems;
   for (int i = 0; i < 10; ++i) plan.problems.insert(plan.problems.end(), few.begin(), few.end());
@@ -276,7 +290,6 @@ void TakeDialogs(const Pictures& pictures) {
   RandomMusicMessage wait;
   pictures.Take(wait, "RandomMusicMessage");
   TakeUpdate(pictures);
-  TakePreview(pictures);
 }
 
 /// The example of the guide: entered today, which is a Monday.
@@ -337,6 +350,8 @@ void TakeWindow(const Pictures& pictures) {
     emit menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());
   }
+  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes({0xFD, 0xFD}));
+  TakePreview(pictures, program);
 }
 
 }  // namespace

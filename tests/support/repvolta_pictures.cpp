@@ -362,7 +362,7 @@ void TakeWindow(const Pictures& pictures) {
   form.SelectSet(1);
   form.findChild<QWidget*>("SetListInc1")->setFocus();
   pictures.Take(form, "RepvoltaForm-Exercise-focus");
-  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes(Bytes(10, 1)));
+  PutFile("voice/exercise/Bench Press.WAV", ClipBytes({0xFD, 0xFD}));
   form.findChild<QPushButton*>("ListenButton")->click();
   pictures.Take(form, "RepvoltaForm-Exercise-heard");
   for (auto* menu : form.findChildren<QMenu*>()) {

@@ -9,6 +9,7 @@
 #include "base/FileNames.h"
 #include "instruction/MergeWAVfiles.h"
 #include "mp3/GetPlayTime.h"
+#include "update/PlanUpdate.h"
 #include "update/ProcessMP3tag.h"
 #include "update/RandomMusicList.h"
 
@@ -59,6 +60,22 @@ void CopyThenTag(const std::vector<std::string>& songs, const std::string& folde
     CopyFileOver(song, path);
     Tag(path);
   }
+}
+
+void PlanSongs(const std::vector<std::string>& songs) {
+  ProgramState state;
+  state.WorkoutFileName = kWorkout;
+  state.Settings.OutputPath = ".";
+  for (std::size_t i = 0; i < songs.size(); ++i) {
+    ExerciseRecord& exercise = state.Workout[static_cast<int>(i / MaxMusicFiles)];
+    exercise.ExerciseName = "Squats";
+    exercise.MusicFile[exercise.NumberOfMusicFiles] = songs[i];
+    exercise.MusicFilePlayTime[exercise.NumberOfMusicFiles] = 1;
+    ++exercise.NumberOfMusicFiles;
+    state.NumberOfExercises = static_cast<std::int16_t>(i / MaxMusicFiles + 1);
+  }
+  TimerSeededNumbers random;
+  PlanUpdate(state, 0, random);
 }
 
 void JoinClips(const std::string& target, const std::vector<std::string>& clips) {

@@ -16,6 +16,10 @@ void CopyAndTag(const std::vector<std::string>& songs, const std::string& folder
 /// Copies each song and then tags the copy, in as many passes as that takes.
 void CopyThenTag(const std::vector<std::string>& songs, const std::string& folder);
 
+/// Plans an update of a workout with the songs, ten an exercise. The current folder is the program
+/// directory.
+void PlanSongs(const std::vector<std::string>& songs);
+
 /// Appends the clips to the target.
 void JoinClips(const std::string& target, const std::vector<std::string>& clips);
 

@@ -53,6 +53,7 @@ const std::map<std::string, std::function<void(const Arguments&)>>& Operations()
   static const std::map<std::string, std::function<void(const Arguments&)>> operations{
       {"play-time", [](const Arguments& files) { PlayTimes(files); }},
       {"copy", [](const Arguments& all) { CopyAndTag(Behind(all, 1), all.at(0)); }},
+      {"plan", [](const Arguments& songs) { PlanSongs(songs); }},
       {"list", [](const Arguments& all) { CompileMusicList(all.at(0)); }},
       {"draw", [](const Arguments& all) { DrawInVain(std::stoi(all.at(0))); }},
       {"join", [](const Arguments& all) { JoinAll(all.at(0), Behind(all, 1)); }}};

@@ -138,6 +138,8 @@ def make_work(folder, clips):
         work[f"play time, {kind}"] = Work(["play-time", *files[:10]], ["play-time", *files], 10)
         work[f"copy and tag, {kind}"] = Work(["copy", "out", *files[:10]],
                                              ["copy", "out", *files], 10)
+    songs = [f"small{i}.mp3" for i in range(20)]
+    work["plan, small"] = Work(["plan", *songs[:10]], ["plan", *songs], 10)
     for name, pattern in WORST_CASES.items():
         whole = pattern * (CASE_SIZE // len(pattern))
         files = copies(folder, name, whole, 2)

@@ -42,6 +42,7 @@ RATIOS = [
     Row(10, "joining 60 clips", 1.3, 1.1),
     Row(11, "encoding", 1.05, None),
     Row(12, "whole update", 1.2, 1.1),
+    Row(13, "plan of 50 songs", 2, 1.5),
 ]
 
 

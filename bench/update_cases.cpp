@@ -1,3 +1,4 @@
+#include <benchmark/benchmark.h>
 #include <filesystem>
 #include <memory>
 
@@ -8,9 +9,11 @@
 #include "base/ProgramFiles.h"
 #include "instruction/Clips.h"
 #include "instruction/VoiceInstruction.h"
+#include "mp3/GetPlayTime.h"
 #include "platform/QtChildProcesses.h"
 #include "speech/EngineSpeech.h"
 #include "update/Encoder.h"
+#include "update/PlanUpdate.h"
 #include "update/ProcessMP3tag.h"
 #include "update/UpdateDriver.h"
 
@@ -47,8 +50,10 @@ class Workout {
     MakeInstructions();
   }
 
+  void Enter() { MakeProgramDirectoryCurrent(state_); }
+
   void Begin() {
-    MakeProgramDirectoryCurrent(state_);
+    Enter();
     RemoveFile(std::string(kNameClipFolder) + kSpokenName + std::string(kNameClipExtension));
     fs::remove_all("out/Monday");
     fs::remove_all("limit");
@@ -56,6 +61,10 @@ class Workout {
   }
 
   void Update() { UpdateCurrentWorkout(program_, nobody_, nobody_); }
+
+  void Plan() { PlanUpdate(state_, clock_.Today(), random_); }
+
+  void LookUpPlayTimes() const { benchmark::DoNotOptimize(PlayTimes(songs_)); }
 
   void Encode() { EncodeMP3file(processes_, "instruction0.wav", "temp.mp3"); }
 
@@ -101,6 +110,7 @@ class Workout {
       for (int j = 0; j < MaxMusicFiles; ++j) {
         const std::string& song = songs_[static_cast<std::size_t>(i * MaxMusicFiles + j)];
         exercise.MusicFile[j] = song;
+        exercise.MusicFilePlayTime[j] = GetPlayTime(song);
         plans_.push_back(PlanTaggedCopy(song, song, "Squats", "Monday.RPV").value());
       }
     }
@@ -142,6 +152,10 @@ void RegisterUpdate(const Places& places) {
   Register({"encoding", "limit", begin, back([] {
               limits::RunProgram({"./lame.exe", "-V4", "instruction0.wav", "temp.mp3"});
             })});
+  // What a person waits for is compared with what has to be read of the songs in any case.
+  const auto enter = [=] { workout->Enter(); };
+  Register({"plan of 50 songs", "ours", enter, back([=] { workout->Plan(); })});
+  Register({"plan of 50 songs", "limit", enter, back([=] { workout->LookUpPlayTimes(); })});
   Register({"whole update", "ours", begin, back([=] { workout->Update(); })});
   Register({"whole update", "limit", begin, back([=] { workout->RunPartsAlone(); })});
   fs::current_path(places.work);

@@ -1,5 +1,4 @@
 #include <QCoreApplication>
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <iostream>
@@ -23,12 +22,17 @@
 #include "player/OutputPath.h"
 #include "player/PlayerDisk.h"
 #include "speech/EngineSpeech.h"
+#include "update/ChosenWorkouts.h"
+#include "update/DryRun.h"
+#include "update/PlanJson.h"
+#include "update/PlanText.h"
 #include "update/Program.h"
 #include "update/RandomMusicList.h"
 #include "update/Room.h"
 #include "update/SeveralUpdates.h"
 #include "update/Steps.h"
 #include "update/StopTexts.h"
+#include "update/UpdateArguments.h"
 #include "update/UpdateDriver.h"
 #include "update/UpdateLock.h"
 
@@ -97,35 +101,6 @@ class Console : public ProgressLog, public UpdateHost {
   TerminalLine terminal_{STDERR_FILENO};
 };
 
-std::vector<std::string> Operands(const std::vector<std::string>& arguments) {
-  for (const std::string& argument : arguments) {
-    if (argument.starts_with('-')) {
-      throw CannotStart(argument + " is no workout; usage: repvolta-update [WORKOUT ...]");
-    }
-  }
-  return arguments;
-}
-
-/// The listed workout that an operand names, with or without ".RPV", ignoring case.
-std::string FindWorkout(const ProgramState& state, const std::string& operand) {
-  for (const std::string& wanted : {operand, operand + std::string(kWorkoutExtension)}) {
-    if (std::ranges::count(state.WorkoutNames, wanted) > 0) return wanted;
-    for (const std::string& name : state.WorkoutNames) {
-      if (FoldCase(name) == FoldCase(wanted)) return name;
-    }
-  }
-  throw CannotStart("There is no workout " + operand);
-}
-
-std::vector<std::string> ChosenWorkouts(const ProgramState& state,
-                                        const std::vector<std::string>& operands) {
-  if (operands.empty()) return state.WorkoutNames;
-  std::vector<std::string> chosen;
-  chosen.reserve(operands.size());
-  for (const std::string& operand : operands) chosen.push_back(FindWorkout(state, operand));
-  return chosen;
-}
-
 void Warn(ProgressLog& log, const std::string& warning) {
   if (!warning.empty()) log.AddLineToUpdateList("WARNING: " + warning);
 }
@@ -171,9 +146,8 @@ void UpdateWorkouts(Program& program, const std::vector<std::string>& workouts, 
   console.End();
 }
 
-/// Reads the settings, the options, the list of workouts and the count of random music. Throws
-/// CannotStart.
-void Load(ProgramState& state, const std::string& executable) {
+/// Reads the settings and the options. Throws CannotStart.
+void LoadChoices(ProgramState& state, const std::string& executable) {
   state.ProgramDirectory = FindProgramDirectory(executable);
   const std::string settings = state.ProgramDirectory + kSettingsFile;
   if (!FileExists(settings)) {
@@ -182,21 +156,47 @@ void Load(ProgramState& state, const std::string& executable) {
   MakeProgramDirectoryCurrent(state);
   LoadSettings(state);
   LoadOptions(state);
+}
+
+/// Throws CannotStart when there is no player to write to.
+void ExpectPlayer(const ProgramState& state) {
   if (IsOutputPathMissing(state.Settings)) {
     throw CannotStart("no Output file path has been specified");
   }
   const std::string missing = WhyPlayerIsMissing(state);
   if (!missing.empty()) throw CannotStart(missing);
+}
+
+/// Prints all of a text. What a reader of a pipe does not want to read is no failure.
+int Print(const std::string& text, int status) {
+  std::cout << text << std::flush;
+  if (std::cout || errno == EPIPE) return status;
+  std::cerr << "repvolta-update: The text could not be written\n";
+  return kDoneWithErrors;
+}
+
+/// Shows what the update would do, also when it could not start because the player is missing.
+int ShowPlan(ProgramState& state, const UpdateArguments& arguments) {
+  ReadWorkoutNames(state);
+  CountRandomMusicFiles(state);
+  TimerSeededNumbers random;
+  const DryRun run =
+      PlanUpdates(state, ChosenWorkouts(state, arguments.workouts), SystemClock().Today(), random);
+  const bool isForPrograms = arguments.task == UpdateArguments::Task::kShowPlanAsJson;
+  const int status = Print(isForPrograms ? PlanJson(run) : PlanText(run),
+                           HasErrors(run) ? kDoneWithErrors : kDone);
+  ExpectPlayer(state);
+  return status;
+}
+
+int Update(ProgramState& state, const UpdateArguments& arguments, const std::string& executable) {
+  static_cast<void>(std::signal(SIGINT, RequestStop));
+  static_cast<void>(std::signal(SIGTERM, RequestStop));
+  ExpectPlayer(state);
   SetUpVoice(state);
   LoadWorkoutNames(state);
   CountRandomMusicFiles(state);
-}
-
-int Run(const std::string& executable, const std::vector<std::string>& arguments) {
-  const std::vector<std::string> operands = Operands(arguments);
-  ProgramState state;
-  Load(state, executable);
-  const std::vector<std::string> workouts = ChosenWorkouts(state, operands);
+  const std::vector<std::string> workouts = ChosenWorkouts(state, arguments.workouts);
   const UpdateLock lock(state.ProgramDirectory);
   FillProgramDirectory(state.ProgramDirectory, executable);
 
@@ -215,13 +215,24 @@ int Run(const std::string& executable, const std::vector<std::string>& arguments
   return console.SawError() ? kDoneWithErrors : kDone;
 }
 
+int Run(const std::string& executable, const std::vector<std::string>& words) {
+  using Task = UpdateArguments::Task;
+  const UpdateArguments arguments = ParseUpdateArguments(words);
+  if (arguments.task == Task::kShowHelp) return Print(UpdateHelp(), kDone);
+  if (arguments.task == Task::kShowVersion) {
+    return Print("repvolta-update " REPVOLTA_VERSION "\n", kDone);
+  }
+  ProgramState state;
+  LoadChoices(state, executable);
+  if (arguments.task == Task::kUpdate) return Update(state, arguments, executable);
+  return ShowPlan(state, arguments);
+}
+
 }  // namespace
 }  // namespace repvolta
 
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
-  static_cast<void>(std::signal(SIGINT, repvolta::RequestStop));
-  static_cast<void>(std::signal(SIGTERM, repvolta::RequestStop));
   static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
   try {
     return repvolta::Run(QCoreApplication::applicationFilePath().toStdString(),

@@ -13,6 +13,8 @@
 
 namespace repvolta {
 
+class Listening;
+
 /// The message boxes and dialogs of the window's commands. Each call returns when its box is
 /// closed. Texts are plain; a carriage return is a line break.
 class Dialogs {
@@ -44,8 +46,9 @@ class Dialogs {
   virtual std::vector<std::string> SelectMusicFiles(const std::string& startFolder) = 0;
 
   /// PreviewForm. `plan` is called before it is shown and can take a moment; what it throws is
-  /// passed on.
-  virtual PreviewOutcome ShowPreview(const std::function<Preview()>& plan) = 0;
+  /// passed on. Without `listening` nothing can be listened to.
+  virtual PreviewOutcome ShowPreview(const std::function<Preview()>& plan,
+                                     Listening* listening) = 0;
 
   /// AboutForm.
   virtual void ShowAbout() = 0;

@@ -13,6 +13,8 @@
 
 namespace repvolta {
 
+class Listening;
+
 enum class CheckBox { kUnticked, kTicked };
 
 /// The state, services and screens that the editing commands use.
@@ -27,6 +29,7 @@ struct Editor {
   /// Handles the windows' events during long work; throws UpdateStopped when the person ends the
   /// program.
   std::function<void()> runEvents;
+  Listening* listening = nullptr;  // none: nothing can be listened to
 
   ProgramState& State() const { return program.state; }
   ExerciseRecord& Exercise() const { return State().Workout[State().CurrentExercise]; }

@@ -9,6 +9,7 @@ namespace {
 constexpr GuidePage kPages[] = {
     {"first-start", "The first start"},
     {"first-workout", "A first workout"},
+    {"preview", "Before an update"},
     {"growth", "Growth"},
     {"music", "Music"},
     {"players", "Players"},
@@ -24,6 +25,8 @@ constexpr HelpPlace kPlaces[] = {
     {"ExercisePage", "", "first-workout.html#kinds-of-sets"},
     {"SettingsPage", "", "first-start.html#two-questions"},
     {"InputBox", "New Workout", "first-workout.html#set-it-up"},
+    {"InputBox", "Duplicate Workout", "first-workout.html#a-second-one-from-the-first"},
+    {"InputBox", "Rename Workout", "first-workout.html#a-second-one-from-the-first"},
     {"InputBox", "Edit Exercise Name", "own-voice.html#names-without-a-recording"},
     {"InputBox", "Set Target Exercise Time", "music.html#random-music"},
     {"InputBox", "Set Default Exercise Time", "music.html#random-music"},
@@ -36,9 +39,10 @@ constexpr HelpPlace kPlaces[] = {
     {"MessageBox", "", "messages.html#messages-of-the-window"},
     {"SelectExerciseDialog", "", "first-workout.html#set-it-up"},
     {"SelectDirectory", "", "first-start.html#two-questions"},
-    {"QFileDialog", "", "music.html#songs-of-your-choice"},
+    {"MusicFileDialog", "", "music.html#songs-of-your-choice"},
     {"GrowthAheadForm", "", "growth.html#looking-ahead"},
     {"UpdateForm", "", "messages.html#lines-of-an-update"},
+    {"PreviewForm", "", "preview.html"},
     {"RandomMusicMessage", "", "music.html#random-music"},
     {"AboutForm", "", kGuideContents},
 };

@@ -9,9 +9,18 @@
 
 namespace repvolta {
 
-/// A place of the main window where something of the plan can be changed.
+/// A place of the main window, or of the guide, where something of the plan can be changed.
 struct PreviewPlace {
-  enum class Kind { kWorkout, kExercise, kSet, kSong, kTargetTime, kRandomMusicList, kOutputPath };
+  enum class Kind {
+    kWorkout,
+    kExercise,
+    kSet,
+    kSong,
+    kTargetTime,
+    kRandomMusicList,
+    kOutputPath,
+    kGuide  // it is mended outside the program; the guide says how
+  };
 
   Kind kind;
   int exercise = -1;  // -1: of no exercise
@@ -20,11 +29,11 @@ struct PreviewPlace {
   bool operator==(const PreviewPlace&) const = default;
 };
 
-/// What will go wrong. A problem without a place is mended outside this program.
+/// What will go wrong, and where it is mended.
 struct PreviewProblem {
   LineKind kind;
   std::string text;
-  std::optional<PreviewPlace> place;
+  PreviewPlace place;
 };
 
 /// The columns of the table of files.

@@ -147,13 +147,14 @@ std::string WordsText(const std::vector<Clip>& clips) {
   return text.empty() ? "none" : text;
 }
 
-std::optional<PreviewPlace> PlaceOf(const PlannedProblem& problem) {
+PreviewPlace PlaceOf(const PlannedProblem& problem) {
   using Kind = PlannedProblem::Kind;
   const auto at = [&](PreviewPlace::Kind kind) {
     return PreviewPlace{.kind = kind, .exercise = problem.exercise, .row = problem.row};
   };
   switch (problem.kind) {
     case Kind::kSongGone:
+    case Kind::kOddSong:
       return at(PreviewPlace::Kind::kSong);
     case Kind::kUnspeakable:
     case Kind::kGrowth:
@@ -165,16 +166,16 @@ std::optional<PreviewPlace> PlaceOf(const PlannedProblem& problem) {
       return at(PreviewPlace::Kind::kTargetTime);
     case Kind::kMusicListEmpty:
     case Kind::kMusicListOld:
-      return PreviewPlace{.kind = PreviewPlace::Kind::kRandomMusicList};
+      return {.kind = PreviewPlace::Kind::kRandomMusicList};
     case Kind::kNoOutputPath:
     case Kind::kLackOfRoom:
-      return PreviewPlace{.kind = PreviewPlace::Kind::kOutputPath};
+      return {.kind = PreviewPlace::Kind::kOutputPath};
     case Kind::kDamagedWorkout:
-      return PreviewPlace{.kind = PreviewPlace::Kind::kWorkout};
-    default:
+      return {.kind = PreviewPlace::Kind::kWorkout};
+    case Kind::kNoEncoder:
       break;
   }
-  return std::nullopt;
+  return {.kind = PreviewPlace::Kind::kGuide};
 }
 
 Preview PreviewOf(const UpdatePlan& plan, const ExerciseSlots& workout) {

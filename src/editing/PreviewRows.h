@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,7 +15,7 @@ Preview PreviewOf(const UpdatePlan& plan, const ExerciseSlots& workout);
 /// "Squat, 3, sets": the words as they are heard.
 std::string WordsText(const std::vector<Clip>& clips);
 
-/// Where a problem of that kind is mended; nothing when it cannot be in this program.
-std::optional<PreviewPlace> PlaceOf(const PlannedProblem& problem);
+/// Where a problem of that kind is mended.
+PreviewPlace PlaceOf(const PlannedProblem& problem);
 
 }  // namespace repvolta

@@ -26,7 +26,7 @@ std::string PlayListName(const std::string& workoutName) {
 }
 
 std::string PlayListLine(const std::string& path) {
-  if (path.find_first_of("\r\n") != std::string::npos) {
+  if (path.find('\r') != std::string::npos || path.find('\n') != std::string::npos) {
     throw std::invalid_argument(path + " cannot stand in a play list: there is a line break in it");
   }
   return path + "\r\n";

@@ -62,7 +62,7 @@ QString ControlAction::TextOfControl() const {
     return key.isEmpty() ? text : text + "\t" + key;
   };
   if (const auto* button = qobject_cast<const QAbstractButton*>(&control_)) {
-    return withKey(button->text());
+    return withKey(button->text().isEmpty() ? text_ : button->text());
   }
   if (qobject_cast<const RowList*>(&control_) != nullptr) {
     return TextOfList(control_, text_) + "\tEnter";

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/ScreenUpdate.h"
+#include "base/File.h"
 #include "base/Numbers.h"
 #include "editing/ExerciseSteps.h"
 #include "editing/MusicEditing.h"
@@ -39,8 +40,8 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
                         ui_->FreqList1, ui_->FreqList2, ui_->NextUpdateList},
                        this);
   listen_ = new ListenButtons(editor_, handlers_, this);
-  listen_->PutBeside(ui_->ExerciseNameLabel, ui_->ExerciseTabLayout);
-  setTabOrder(listen_->LastButton(), ui_->SetButton_0);
+  ui_->ExerciseNameRow->addWidget(listen_, 2);
+  listen_->ComeAfter(ui_->NextExerciseButton);
   setButtons_ = {ui_->SetButton_0, ui_->SetButton_1, ui_->SetButton_2, ui_->SetButton_3};
   unitsSelections_ = {ui_->UnitsSelection_0, ui_->UnitsSelection_1};
   ui_->MusicList->setTextElideMode(Qt::ElideMiddle);
@@ -156,7 +157,7 @@ void ExerciseTab::AddHelpers() {
                               .randomMusicLabel = ui_->RandomMusicStateLabel,
                               .addSet = ui_->AddNewSetButton,
                               .addMusic = ui_->AddMusicFileButton});
-  songMarks_ = std::make_unique<SongMarks>(ui_->MusicList, ui_->GoneSongsLabel);
+  songMarks_ = std::make_unique<SongMarks>(ui_->MusicList, ui_->GoneSongsLabel, FileIsReachable);
   steps_ = std::make_unique<ExerciseSteps>(ui_->PreviousExerciseButton, ui_->NextExerciseButton);
   const char* failure = "The exercise cannot be shown as a whole.";
   handlers_.OnClick(ui_->PreviousExerciseButton, failure,

@@ -6,7 +6,7 @@
 namespace repvolta {
 
 LastUpdate::LastUpdate(QWidget* window, QLabel* label, std::function<void()> showAgain)
-    : QObject(window), label_(label), action_(new QAction("Show &Last Update", window)) {
+    : QObject(window), label_(label), action_(new QAction("Show Last Update", window)) {
   action_->setObjectName("ShowLastUpdateAction");
   action_->setToolTip("Show the lines of the last update again.");
   action_->setEnabled(false);

@@ -1,9 +1,10 @@
 #include "ui/ListenButtons.h"
 
 #include <QAccessible>
-#include <QFontMetrics>
+#include <QHBoxLayout>
 #include <QIcon>
 #include <QTimer>
+#include <algorithm>
 
 #include "ui/ElidedLabel.h"
 #include "ui/Keys.h"
@@ -55,12 +56,9 @@ ListenButtons::ListenButtons(Editor& editor, Handlers& handlers, QWidget* parent
   ShowOrHide();
 }
 
-void ListenButtons::PutBeside(QLabel* name, QBoxLayout* layout) {
-  auto* row = new QHBoxLayout;
-  layout->removeWidget(name);
-  layout->insertLayout(0, row);
-  row->addWidget(name, 1);
-  row->addWidget(this, 2);
+void ListenButtons::ComeAfter(QWidget* control) {
+  setTabOrder(control, listen_);
+  setTabOrder(listen_, next_);
 }
 
 void ListenButtons::AddKeys(QWidget* window) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QWidget>
 
@@ -21,11 +19,8 @@ class ListenButtons : public QWidget {
  public:
   ListenButtons(Editor& editor, Handlers& handlers, QWidget* parent);
 
-  /// Moves `name` from the top of `layout` to the left of the buttons.
-  void PutBeside(QLabel* name, QBoxLayout* layout);
-
-  /// The last button in the tab order; the other one comes before it.
-  QWidget* LastButton() const { return next_; }
+  /// Puts the buttons behind `control` in the tab order.
+  void ComeAfter(QWidget* control);
 
   /// Until this call the buttons stay hidden. `listening` must outlive them.
   void Use(Listening& listening);

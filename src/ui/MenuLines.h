@@ -11,8 +11,9 @@ enum class Menu { kWorkout, kEdit, kExercise, kMusic, kVoice, kHelp };
 const char* TitleOf(Menu menu);
 
 /// A line of a menu: the object name of a control, a tab or a QAction in the main window. `text`
-/// says what Enter does to the selected row of a list, or what a field without a telling label is
-/// for; all others have a text of their own. Without an object, the line separates.
+/// says what Enter does to the selected row of a list, what a button without a text does, or what a
+/// field without a telling label is for; all others have a text of their own. Without an object,
+/// the line separates.
 struct MenuLine {
   Menu menu;
   const char* object = "";

@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "ui/PreviewListening.h"
 #include "ui/RowTable.h"
 #include "ui/TextTable.h"
 
@@ -45,6 +46,8 @@ QString ButtonText(PreviewPlace::Kind kind) {
     case PreviewPlace::Kind::kRandomMusicList:
     case PreviewPlace::Kind::kOutputPath:
       return "Show Settings";
+    case PreviewPlace::Kind::kGuide:
+      return "Show Help";
   }
   return {};
 }
@@ -114,13 +117,12 @@ void PreviewForm::AddProblem(const PreviewProblem& problem, int row) {
   label->setText(text);
   label->setWordWrap(true);
   ui_->ProblemsGrid->addWidget(label, row, 1);
-  if (!problem.place) return;
-  auto* button = new QPushButton(ButtonText(problem.place->kind), ui_->ProblemsFrame);
+  auto* button = new QPushButton(ButtonText(problem.place.kind), ui_->ProblemsFrame);
   button->setObjectName(QString("PlaceButton_%1").arg(row));
   button->setAccessibleName(QString("%1, problem %2").arg(button->text()).arg(row + 1));
   button->setAccessibleDescription(text);
   button->setAutoDefault(false);
-  connect(button, &QPushButton::clicked, this, [this, place = *problem.place] {
+  connect(button, &QPushButton::clicked, this, [this, place = problem.place] {
     CloseWith({.after = AfterPreview::kShowPlace, .place = place});
   });
   ui_->ProblemsGrid->addWidget(button, row, 2);
@@ -151,6 +153,18 @@ void PreviewForm::ShowGrowth() {
   ui_->GrowthLabel->setVisible(!rows.empty());
   ui_->NoGrowthLabel->setVisible(rows.empty());
   ui_->GrowthTable->SelectRow(0);
+}
+
+void PreviewForm::OfferListening(Listening& listening) {
+  ui_->ListenFrame->setVisible(true);
+  new PreviewListening(preview_, listening,
+                       {.files = ui_->FilesTable,
+                        .rows = files_,
+                        .listen = ui_->ListenButton,
+                        .stop = ui_->StopButton,
+                        .next = ui_->NextButton,
+                        .notice = ui_->NoticeLabel},
+                       this);
 }
 
 void PreviewForm::FileRow_Select(int row) {

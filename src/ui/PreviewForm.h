@@ -11,6 +11,7 @@ class PreviewForm;
 
 namespace repvolta {
 
+class Listening;
 class TextTable;
 
 /// What an update would do: what will go wrong, the files, what is spoken, and what grows. It
@@ -21,6 +22,9 @@ class PreviewForm : public QDialog {
  public:
   explicit PreviewForm(const Preview& preview, QWidget* parent = nullptr);
   ~PreviewForm() override;
+
+  /// Until this call nothing can be listened to. `listening` must outlive the form.
+  void OfferListening(Listening& listening);
 
   const PreviewOutcome& Outcome() const { return outcome_; }
 

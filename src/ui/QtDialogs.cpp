@@ -90,12 +90,13 @@ std::vector<std::string> QtDialogs::SelectMusicFiles(const std::string& startFol
   return PickMusicFiles(owner_, startFolder, layoutFile_);
 }
 
-PreviewOutcome QtDialogs::ShowPreview(const std::function<Preview()>& plan) {
+PreviewOutcome QtDialogs::ShowPreview(const std::function<Preview()>& plan, Listening* listening) {
   const Preview preview = [&] {
     const BusyPointer busy;
     return plan();
   }();
   PreviewForm form(preview, owner_);
+  if (listening != nullptr) form.OfferListening(*listening);
   form.exec();
   return form.Outcome();
 }

@@ -1,5 +1,6 @@
 #include "ui/RepvoltaForm.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -13,6 +14,7 @@
 #include "app/WorkoutFiles.h"
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
+#include "editing/PreviewCommands.h"
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
 #include "ui/ExerciseTab.h"
@@ -35,6 +37,29 @@ namespace {
 
 constexpr int kMoment = 50;  // milliseconds
 
+/// The control that gets the focus when a place of the preview is shown; null for none.
+const char* ControlAt(PreviewPlace::Kind place) {
+  switch (place) {
+    case PreviewPlace::Kind::kWorkout:
+      return "ExerciseList";
+    case PreviewPlace::Kind::kSet:
+      return "SetList1";
+    case PreviewPlace::Kind::kSong:
+      return "MusicList";
+    case PreviewPlace::Kind::kTargetTime:
+      return "SetExerciseTimeButton";
+    case PreviewPlace::Kind::kRandomMusicList:
+      return "CompileMusicList";
+    case PreviewPlace::Kind::kOutputPath:
+      return "OutputPathButton";
+    case PreviewPlace::Kind::kExercise:
+      return "SSTab1";
+    case PreviewPlace::Kind::kGuide:
+      break;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& progress,
@@ -56,12 +81,12 @@ RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& p
   setWindowFlags(Qt::Window);
   AddTabs();
   ConnectButtons();
+  lastUpdate_ =
+      new LastUpdate(this, ui_->LastUpdateLabel, [this] { editor_.progress.ShowAgain(); });
   AddMenu();
   progress.OnStop([this] { stopRequested_ = true; });
   progress.OnOpenFolder(
       [this](const std::string& folder) { editor_.dialogs.OpenDocument(folder); });
-  lastUpdate_ =
-      new LastUpdate(this, ui_->LastUpdateLabel, [this] { editor_.progress.ShowAgain(); });
   new WheelGuard(this);
   resize(sizeHint().boundedTo(screen()->availableSize()));
   RestoreWindowLayout(*this, layoutFile_);
@@ -105,6 +130,7 @@ void RepvoltaForm::OfferListening(SoundPlayer& player, BackgroundSpeech& speech)
                           .speech = speech,
                           .output = [this] { return settingsTab_->SelectedAudioOutput(); },
                           .current = current});
+  editor_.listening = listening_.get();
   exerciseTab_->OfferListening(*listening_, this);
 }
 
@@ -128,6 +154,8 @@ void RepvoltaForm::ConnectButtons() {
 
 /// The commands that have no button, and the menu bar with all commands.
 void RepvoltaForm::AddMenu() {
+  previewAction_ = AddCommand(this, "PreviewAction", "Preview Update ...", Qt::CTRL | Qt::Key_P);
+  connect(previewAction_, &QAction::triggered, this, &RepvoltaForm::PreviewAction_Trigger);
   QAction* back = AddCommand(this, "PreviousTabAction", "Previous Tab", Qt::CTRL | Qt::Key_PageUp);
   connect(back, &QAction::triggered, this, [this] { StepTab(-1); });
   QAction* next = AddCommand(this, "NextTabAction", "Next Tab", Qt::CTRL | Qt::Key_PageDown);
@@ -137,6 +165,14 @@ void RepvoltaForm::AddMenu() {
   new Help(*this, editor_.dialogs);
   menu_ = new MainMenu(*this, MenuLines());
   layout()->setMenuBar(menu_);
+}
+
+void RepvoltaForm::PreviewAction_Trigger() {
+  PreviewOutcome outcome;
+  handlers_.Run("The update could not be previewed.", [&] { outcome = PreviewUpdate(editor_); });
+  if (outcome.after == AfterPreview::kUpdate) ui_->UpdateSelectedWorkoutButton->click();
+  const char* control = outcome.place ? ControlAt(outcome.place->kind) : nullptr;
+  if (control != nullptr) findChild<QWidget*>(control)->setFocus();
 }
 
 /// The selection is kept, because the command acts on the rows that the person selected.
@@ -318,7 +354,11 @@ void RepvoltaForm::ShowAudioOutputs(const std::vector<std::string>& names) {
 
 void RepvoltaForm::ShowFormats() { settingsTab_->ShowFormats(); }
 
-void RepvoltaForm::ShowTab(WindowTab tab) { ui_->SSTab1->setCurrentIndex(static_cast<int>(tab)); }
+void RepvoltaForm::ShowTab(WindowTab tab) {
+  // During a command the tab does not fill itself.
+  if (tab == WindowTab::kExercise) ShowExerciseFrames();
+  ui_->SSTab1->setCurrentIndex(static_cast<int>(tab));
+}
 
 void RepvoltaForm::EnableWorkoutControls() {
   const bool hasWorkout = !TrimBlanks(editor_.State().WorkoutFileName).empty();
@@ -333,6 +373,7 @@ void RepvoltaForm::EnableWorkoutControls() {
   ui_->UpdateSelectedWorkoutButton->setEnabled(hasWorkout && !busy_);
   ui_->UpdateAllWorkoutsButton->setEnabled(hasWorkout && !busy_);
   growthAhead_->Refresh();
+  previewAction_->setEnabled(hasWorkout && !busy_);
 }
 
 }  // namespace repvolta

@@ -13,6 +13,8 @@
 #include "ui/Handlers.h"
 #include "update/Progress.h"
 
+class QAction;
+
 namespace Ui {
 class RepvoltaForm;
 }
@@ -86,6 +88,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void AddTabs();
   void ConnectButtons();
   void AddMenu();
+  void PreviewAction_Trigger();
   void SSTab1_Click();
   void ShowExerciseFrames();
   void StepTab(int step);
@@ -111,6 +114,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   GrowthAheadCommand* growthAhead_ = nullptr;
   LastUpdate* lastUpdate_ = nullptr;
   MainMenu* menu_ = nullptr;
+  QAction* previewAction_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy
   ProgressMeter meter_;
   UpdateOutcome outcome_;  // of the command that runs

@@ -4,8 +4,8 @@
 #include <QApplication>
 #include <QStyle>
 #include <algorithm>
+#include <utility>
 
-#include "base/File.h"
 #include "editing/MissingFiles.h"
 
 namespace repvolta {
@@ -21,8 +21,8 @@ Presence PresenceOf(std::optional<bool> answer) {
 
 }  // namespace
 
-SongMarks::SongMarks(RowList* list, QLabel* label)
-    : list_(list), label_(label), answers_(FileIsReachable, [this] { Mark(); }) {}
+SongMarks::SongMarks(RowList* list, QLabel* label, Answers<bool>::Look look)
+    : list_(list), label_(label), answers_(std::move(look), [this] { Mark(); }) {}
 
 void SongMarks::Show(std::vector<std::string> paths) {
   paths_ = std::move(paths);

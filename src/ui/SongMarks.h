@@ -13,7 +13,8 @@ namespace repvolta {
 /// the background: a silent one delays nothing but its own marks.
 class SongMarks {
  public:
-  SongMarks(RowList* list, QLabel* label);
+  /// `look` tells, in a thread of its own, whether a path can be reached.
+  SongMarks(RowList* list, QLabel* label, Answers<bool>::Look look);
 
   /// Looks for the songs anew; the list has a row for each path.
   void Show(std::vector<std::string> paths);

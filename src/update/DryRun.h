@@ -24,6 +24,12 @@ struct DryRun {
   bool operator==(const DryRun&) const = default;
 };
 
+/// Plans the updates of these workouts, files in the workout folder, which are loaded one after the
+/// other. Nothing is written. The program directory must be current, with settings and options
+/// loaded.
+DryRun PlanUpdates(ProgramState& state, const std::vector<std::string>& workouts, double day,
+                   RandomNumbers& random);
+
 /// Whether the updates would log an error.
 bool HasErrors(const DryRun& run);
 

@@ -97,6 +97,7 @@ QJsonObject ObjectOf(const PlannedProblem& problem) {
   object["kind"] = NameOf(problem.kind);
   object["exercise"] = NumberOf(problem.exercise);
   object["row"] = NumberOf(problem.row);
+  if (!problem.line.empty()) Put(object, "line", problem.line);
   return object;
 }
 

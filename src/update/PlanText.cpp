@@ -89,7 +89,8 @@ std::string TotalLine(std::size_t files, std::int64_t seconds, std::uint64_t byt
 }
 
 std::string RoomText(const std::optional<DiskRoom>& room) {
-  return room ? std::to_string(room->free / kMegabyte) + " MB are free" : "the room is not known";
+  return room ? "there is room for " + std::to_string(room->free / kMegabyte) + " MB"
+              : "the room is not known";
 }
 
 std::string DayText(double day) {
@@ -119,8 +120,7 @@ void AddTotals(LinesOfPlan& lines, const DryRun& run) {
       seconds += plan.seconds;
       bytes += plan.bytes;
     }
-    lines.Add(0, "All workouts: " + TotalLine(files, seconds, bytes) + "; " +
-                     RoomText(run.plans.front().room));
+    lines.Add(0, "All workouts: " + TotalLine(files, seconds, bytes));
   }
   if (HasExamples(run)) lines.Add(0, "(example): random music; the update draws its own.");
 }

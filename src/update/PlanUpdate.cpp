@@ -40,7 +40,10 @@ class Nobody : public UpdateHost {
 class Planning {
  public:
   Planning(const ProgramState& state, double day, RandomNumbers& random)
-      : state_(state), random_(random), encoding_(EncodingNow()) {
+      : state_(state),
+        random_(random),
+        encoding_(EncodingNow()),
+        listsForPlayer_(Get(state.Options, kPlayListForPlayer)) {
     state_.WorkoutFileName = TrimBlanks(state_.WorkoutFileName);
     state_.Settings.OutputPath = state_.Settings.OutputPath.Trimmed();
     plan_.workout = state_.WorkoutFileName;
@@ -55,9 +58,7 @@ class Planning {
     Grow();
     Draw();
     PlanFiles();
-    if (Get(state_.Options, kPlayListForPlayer) && !playerList_.IsEmpty()) {
-      plan_.bytes += playerList_.Text().size();
-    }
+    if (!playerList_.IsEmpty()) plan_.bytes += playerList_.Text().size();
     plan_.problems = problems_.Take();
     return std::move(plan_);
   }
@@ -106,9 +107,11 @@ class Planning {
     planned.clips = ClipsFor(state_.Settings, exercise).clips;
     problems_.Add(ProblemsOfClips(planned, i, clipFiles_, spoken_));
     if (state_.Settings.IncludeWeightValues == kTrue) problems_.Add(ProblemsOfValues(exercise, i));
+    const std::string name = InstructionName(number_, encoding_);
+    newTag_ = SizeOfNewTag(name, planned.sentence, plan_.workout);
     const InstructionSize size = SizeOfInstruction(planned.clips, clipFiles_);
     PlannedFile file{.kind = PlannedFile::Kind::kInstruction,
-                     .name = InstructionName(number_, encoding_),
+                     .name = name,
                      .title = {},
                      .source = {},
                      .seconds = static_cast<int>(std::lround(size.seconds)),
@@ -117,7 +120,7 @@ class Planning {
                      .choice = PlannedFile::Choice::kSet};
     if (encoding_ == Encoding::kEncoderRun) {
       file.title = TitleOf(file.name, planned.sentence);
-      file.bytes = EncodedSize(size) + SizeOfNewTag(file.name, planned.sentence, plan_.workout);
+      file.bytes = EncodedSize(size) + newTag_;
     } else if (size.clips == InstructionSize::Clips::kAllThere) {
       file.figures = PlannedFile::Figures::kExact;
     }
@@ -138,7 +141,8 @@ class Planning {
         .exercise = i, .row = drawn_.contains(i) ? kNoRow : row, .name = planned.name};
     const std::string name = SongCopyName(number_, song);
     try {
-      const auto copy = PlanSongCopy(song, plan_.folder + name, {planned.sentence, plan_.workout});
+      const auto copy =
+          PlanSongCopy(song, plan_.folder + name, {planned.sentence, plan_.workout}, newTag_);
       if (!copy) return problems_.Add({ProblemOfMissing(song, place)});
       problems_.Add(ProblemsOfCopy(song, *copy, place));
       Take({.kind = PlannedFile::Kind::kSong,
@@ -163,7 +167,7 @@ class Planning {
     if (file.seconds != kUnknownSeconds) plan_.seconds += file.seconds;
     try {
       plan_.bytes += PlayListLine(plan_.folder + file.name).size();
-      plan_.playList = PlayListName(BaseName(plan_.workout));
+      if (plan_.playList.empty()) plan_.playList = PlayListName(BaseName(plan_.workout));
     } catch (const std::invalid_argument& error) {
       problems_.Add({ProblemOfUnlisted(file.name, error, place)});
     }
@@ -173,6 +177,7 @@ class Planning {
 
   /// The play list has a title for every song, and no play time for a WAV file.
   void AddForPlayer(const PlannedFile& file, const std::string& sentence) {
+    if (!listsForPlayer_) return;
     if (file.kind == PlannedFile::Kind::kInstruction && file.title.empty()) {
       playerList_.Add({.name = file.name, .title = BaseName(file.name)});
     } else {
@@ -191,6 +196,8 @@ class Planning {
   DrawnSongs drawn_;
   ClipFiles clipFiles_;
   std::set<std::string> spoken_;  // the clips of names that the update will have spoken
+  std::uint64_t newTag_ = 0;      // the size of the tags of the exercise
+  bool listsForPlayer_;
   PlayerPlayList playerList_;
   int number_ = 1;  // of the next file
 };

@@ -96,29 +96,21 @@ void TagWorkingCopy(const std::string& copy, const std::string& path, std::strin
   LogTagged(path, log);
 }
 
+std::optional<std::uint64_t> AudioOffsetOf(const RepvoltaMP3& examined, const std::string& source) {
+  const std::uint64_t offset = StartBehindTag(examined);
+  if (HasAudioAt(examined.Info(), offset)) return offset;
+  if (HasId3v2Behind(File::Open(source, File::Access::kRead), offset)) return std::nullopt;
+  return offset;
+}
+
 std::optional<TaggedCopy> PlanTaggedCopy(const std::string& source, const std::string& path,
                                          std::string_view title, std::string_view workoutFileName) {
   try {
     RepvoltaMP3 mp3;
     mp3.SetFileName(source);
-    return PlanTaggedCopy(mp3, source, path, title, workoutFileName);
-  } catch (const std::exception&) {
-    return std::nullopt;
-  }
-}
-
-std::optional<TaggedCopy> PlanTaggedCopy(const RepvoltaMP3& examined, const std::string& source,
-                                         const std::string& path, std::string_view title,
-                                         std::string_view workoutFileName) {
-  try {
-    TaggedCopy copy;
-    copy.audioOffset = StartBehindTag(examined);
-    if (!HasAudioAt(examined.Info(), copy.audioOffset) &&
-        HasId3v2Behind(File::Open(source, File::Access::kRead), copy.audioOffset)) {
-      return std::nullopt;
-    }
-    copy.tag = NewTag(path, title, workoutFileName);
-    return copy;
+    const auto offset = AudioOffsetOf(mp3, source);
+    if (!offset) return std::nullopt;
+    return TaggedCopy{.tag = NewTag(path, title, workoutFileName), .audioOffset = *offset};
   } catch (const std::exception&) {
     return std::nullopt;
   }

@@ -39,10 +39,9 @@ struct TaggedCopy {
 std::optional<TaggedCopy> PlanTaggedCopy(const std::string& source, const std::string& path,
                                          std::string_view title, std::string_view workoutFileName);
 
-/// The same for a source that has been examined already.
-std::optional<TaggedCopy> PlanTaggedCopy(const RepvoltaMP3& examined, const std::string& source,
-                                         const std::string& path, std::string_view title,
-                                         std::string_view workoutFileName);
+/// TaggedCopy::audioOffset of a source that has been examined already; nothing for other files.
+/// Throws FileError.
+std::optional<std::uint64_t> AudioOffsetOf(const RepvoltaMP3& examined, const std::string& source);
 
 /// What copying and tagging in two steps makes of a source that has been examined.
 struct TaggedInSteps {
@@ -55,7 +54,7 @@ TaggedInSteps PlanTaggedInSteps(const RepvoltaMP3& examined, const std::string& 
                                 const std::string& path, std::string_view title,
                                 std::string_view workoutFileName);
 
-/// The size of the tag of a file that has none yet.
+/// The size of TaggedCopy::tag. Titles of the same size give the same.
 std::uint64_t SizeOfNewTag(const std::string& path, std::string_view title,
                            std::string_view workoutFileName);
 

@@ -19,6 +19,7 @@
 #include "update/Growth.h"
 #include "update/InstructionSize.h"
 #include "update/NumberedName.h"
+#include "update/ProcessMP3tag.h"
 #include "update/SongCopy.h"
 
 namespace repvolta {
@@ -91,6 +92,7 @@ class Estimate {
       ExerciseRecord& exercise = workout_[i];
       Grow(exercise, day_);
       sentence_ = SentenceOf(i);
+      newTag_ = SizeOfNewTag(SongCopyName(0, ""), sentence_, state_.WorkoutFileName);
       AddInstruction(exercise);
       if (exercise.RandomMusic == kTrue) {
         AddRandomMusic(exercise);
@@ -135,7 +137,7 @@ class Estimate {
   void AddSong(const std::string& song) {
     const std::string name = SongCopyName(0, song);
     try {
-      const auto copy = PlanSongCopy(song, name, {sentence_, state_.WorkoutFileName});
+      const auto copy = PlanSongCopy(song, name, {sentence_, state_.WorkoutFileName}, newTag_);
       if (copy) AddListed(copy->bytes, name);
     } catch (const FileError&) {
       return;
@@ -166,6 +168,7 @@ class Estimate {
   RoomNeeded needed_;
   Encoding encoding_ = Encoding::kNoEncoder;
   std::string sentence_;
+  std::uint64_t newTag_ = 0;  // the size of the exercise's tags
   std::uint64_t listBytes_ = 0;
   ClipFiles clipFiles_;
   std::optional<Sample> sample_;

@@ -22,40 +22,46 @@ std::string LineOf(const std::exception& error, const std::string& source,
   return "ERROR: " + text;
 }
 
-void PlanTag(const std::string& source, const std::string& path, const TaggedSource::Tag& tag,
-             SongCopy& copy) {
-  RepvoltaMP3 song;
-  song.SetFileName(source);
-  copy.seconds = SecondsOf(song);
-  const auto plan = PlanTaggedCopy(song, source, path, tag.title, tag.workoutFileName);
-  if (plan) {
-    copy.bytes = plan->tag.size() + copy.bytes - std::min(copy.bytes, plan->audioOffset);
+/// The size of an examined file; the system is asked only where nothing was found in it.
+std::uint64_t SizeOf(const RepvoltaMP3& examined, const std::string& source) {
+  if (examined.Info().fileLength > 0) return static_cast<std::uint64_t>(examined.Info().fileLength);
+  return SizeIfReachable(source).value_or(0);
+}
+
+SongCopy PlanExamined(const RepvoltaMP3& song, const std::string& source, const std::string& path,
+                      const TaggedSource::Tag& tag, std::uint64_t newTag) {
+  SongCopy copy{.seconds = SecondsOf(song),
+                .bytes = SizeOf(song, source),
+                .newTag = SongCopy::NewTag::kWritten,
+                .errorLine = {}};
+  if (const auto offset = AudioOffsetOf(song, source)) {
+    copy.bytes = newTag + copy.bytes - std::min(copy.bytes, *offset);
   } else {
     auto steps = PlanTaggedInSteps(song, source, path, tag.title, tag.workoutFileName);
     copy.bytes = steps.bytes;
     copy.errorLine = std::move(steps.line);
   }
-  copy.newTag = SongCopy::NewTag::kWritten;
+  return copy;
 }
 
 }  // namespace
 
 std::optional<SongCopy> PlanSongCopy(const std::string& source, const std::string& path,
-                                     const TaggedSource::Tag& tag) {
-  const auto size = SizeIfReachable(source);
-  if (!size) return std::nullopt;
-  SongCopy copy{.seconds = kUnknownSeconds,
-                .bytes = *size,
-                .newTag = SongCopy::NewTag::kNone,
-                .errorLine = {}};
+                                     const TaggedSource::Tag& tag, std::uint64_t newTag) {
   try {
-    PlanTag(source, path, tag, copy);
+    RepvoltaMP3 song;
+    song.SetFileName(source);
+    return PlanExamined(song, source, path, tag, newTag);
   } catch (const std::exception& error) {
+    const auto size = SizeIfReachable(source);
+    if (!size) return std::nullopt;
     // What cannot even be opened is not copied, either.
     static_cast<void>(File::Open(source, File::Access::kRead));
-    copy.errorLine = LineOf(error, source, path);
+    return SongCopy{.seconds = kUnknownSeconds,
+                    .bytes = *size,
+                    .newTag = SongCopy::NewTag::kNone,
+                    .errorLine = LineOf(error, source, path)};
   }
-  return copy;
 }
 
 std::string MissingSongLine(const std::string& song) { return "ERROR: File not found. " + song; }

@@ -19,10 +19,11 @@ struct SongCopy {
   std::string errorLine;  // that the update logs of its tags; else ""
 };
 
-/// What the copy of `source` to `path` will be; nothing when the song is missing. Throws FileError
-/// when it cannot be copied.
+/// What the copy of `source` to `path` will be; nothing when the song is missing. `newTag` is
+/// SizeOfNewTag of the path and the tag, which all songs of an exercise share. Throws FileError
+/// when the song cannot be copied.
 std::optional<SongCopy> PlanSongCopy(const std::string& source, const std::string& path,
-                                     const TaggedSource::Tag& tag);
+                                     const TaggedSource::Tag& tag, std::uint64_t newTag);
 
 /// What an update logs of a song that is missing.
 std::string MissingSongLine(const std::string& song);

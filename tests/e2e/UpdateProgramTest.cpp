@@ -61,10 +61,10 @@ TEST_F(UpdateProgram, DoesNotStartForAWorkoutThatDoesNotExist) {
   ExpectNotStarted({""}, "no workout");
 }
 
-TEST_F(UpdateProgram, TakesNoOptions) {
+TEST_F(UpdateProgram, TakesNoOtherOptions) {
   AddWorkout("Monday", "Squat");
-  ExpectNotStarted({"--help"}, "--help");
-  ExpectNotStarted({"Monday", "-x"}, "-x");
+  ExpectNotStarted({"--verbose"}, "--verbose is no workout");
+  ExpectNotStarted({"Monday", "-x"}, "-x is no workout; usage: repvolta-update [WORKOUT ...]\n");
 }
 
 TEST_F(UpdateProgram, UpdatesEveryWorkoutInListOrder) {

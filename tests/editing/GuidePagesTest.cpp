@@ -50,6 +50,12 @@ TEST(GuidePages, KnowsAPlaceByItsTitleBeforeItsKind) {
   EXPECT_EQ(GuidePageOf("InputBox", "Weight"), "first-workout.html#kinds-of-sets");
 }
 
+TEST(GuidePages, HasNoPlaceTwice) {
+  for (const HelpPlace& place : HelpPlaces()) {
+    EXPECT_EQ(GuidePageOf(place.place, place.title), place.page) << place.place;
+  }
+}
+
 TEST(GuidePages, OpensTheContentsForAPlaceWithoutAPage) {
   EXPECT_EQ(GuidePageOf("", "anything"), "index.html");
 }

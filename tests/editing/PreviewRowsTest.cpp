@@ -137,8 +137,9 @@ TEST_F(PreviewRows, SaysTheTotalsExactlyWhenEachFigureIs) {
 TEST(PlaceOf, IsWhereTheProblemIsMended) {
   using Kind = PlannedProblem::Kind;
   const auto placeOf = [](Kind kind) { return PlaceOf(ProblemOf(kind, "", 2, 1)); };
-  EXPECT_EQ(placeOf(Kind::kSongGone),
-            (PreviewPlace{.kind = Place::kSong, .exercise = 2, .row = 1}));
+  for (const Kind kind : {Kind::kSongGone, Kind::kOddSong}) {
+    EXPECT_EQ(placeOf(kind), (PreviewPlace{.kind = Place::kSong, .exercise = 2, .row = 1}));
+  }
   for (const Kind kind : {Kind::kUnspeakable, Kind::kGrowth, Kind::kDateAhead}) {
     EXPECT_EQ(placeOf(kind), (PreviewPlace{.kind = Place::kSet, .exercise = 2, .row = 1}));
   }
@@ -155,8 +156,9 @@ TEST(PlaceOf, IsWhereTheProblemIsMended) {
   EXPECT_EQ(placeOf(Kind::kDamagedWorkout), PreviewPlace{.kind = Place::kWorkout});
 }
 
-TEST(PlaceOf, IsOutsideTheProgramWhereTheEncoderIsMissing) {
-  EXPECT_EQ(PlaceOf(ProblemOf(PlannedProblem::Kind::kNoEncoder, "")), std::nullopt);
+TEST(PlaceOf, IsTheGuideWhereTheEncoderIsMissing) {
+  EXPECT_EQ(PlaceOf(ProblemOf(PlannedProblem::Kind::kNoEncoder, "")),
+            PreviewPlace{.kind = Place::kGuide});
 }
 
 }  // namespace

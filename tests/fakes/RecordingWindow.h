@@ -54,7 +54,10 @@ class RecordingWindow : public RecordingRun,
   std::vector<std::string> SelectMusicFiles(const std::string& /*startFolder*/) override {
     return {};
   }
-  PreviewOutcome ShowPreview(const std::function<Preview()>& /*plan*/) override { return {}; }
+  PreviewOutcome ShowPreview(const std::function<Preview()>& /*plan*/,
+                             Listening* /*listening*/) override {
+    return {};
+  }
   void ShowAbout() override {}
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
   void OpenGuide(std::string_view /*page*/) override {}

@@ -64,7 +64,8 @@ class ScriptedDialogs : public Dialogs {
     return files;
   }
 
-  PreviewOutcome ShowPreview(const std::function<Preview()>& plan) override {
+  PreviewOutcome ShowPreview(const std::function<Preview()>& plan,
+                             Listening* /*listening*/) override {
     asked.emplace_back("preview");
     previews.push_back(plan());
     return previewOutcome;

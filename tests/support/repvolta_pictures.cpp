@@ -19,6 +19,7 @@
 #include "base/Numbers.h"
 #include "editing/AnswerLines.h"
 #include "editing/FolderQuestions.h"
+#include "editing/Listening.h"
 #include "editing/PreviewRows.h"
 #include "editing/StartUp.h"
 #include "platform/Clock.h"
@@ -36,7 +37,9 @@
 
 #include "fakes/FakeDisks.h"
 #include "fakes/FakeServices.h"
+#include "fakes/FakeSound.h"
 #include "fakes/FakeVolumes.h"
+#include "support/ClipBytes.h"
 #include "support/TemporaryFolder.h"
 
 // Takes pictures of the windows: repvolta_pictures FOLDER light|dark|contrast [FONT SIZE].
@@ -173,6 +176,11 @@ void TakeUpdate(const Pictures& pictures) {
   for (const char* line : {"", "UPDATE COMPLETE."}) update.AddLine(line);
   update.ShowProgress({.percent = 100});
   update.UpdateEnds();
+  update.ShowOutcome({.text = "Monday: 22 files, 41 min, 1 error, 1 warning",
+                      .folder = QDir::homePath().toStdString(),
+                      .hint =
+                          "How it gets into the player: if the folder is on the player, eject "
+                          "the player and unplug it. Otherwise copy the folder to the player."});
   pictures.Take(update, "UpdateForm");
   update.UpdateEnds();
   disks.answer({Ejection::State::kPossible, "WALKMAN", ""});
@@ -228,7 +236,7 @@ UpdatePlan PlannedWorkout() {
   return plan;
 }
 
-void TakePreview(const Pictures& pictures) {
+void TakePreview(const Pictures& pictures, const Program& program) {
   UpdatePlan plan = PlannedWorkout();
   PreviewForm calm(PreviewOf(plan, {}));
   pictures.Take(calm, "PreviewForm-calm");
@@ -243,6 +251,14 @@ void TakePreview(const Pictures& pictures) {
                     .row = 1,
                     .text = "Goblet Squat: the song /home/kim/Music/Long Run.mp3 is gone."}};
   PreviewForm preview(PreviewOf(plan, {}));
+  FakeSoundPlayer player;
+  FakeBackgroundSpeech background;
+  Listening listening(program, {.player = player,
+                                .speech = background,
+                                .output = [] { return ChosenOutput{}; },
+                                .current = [] { return 0; }});
+  preview.OfferListening(listening);
+  listening.Play(0);
   pictures.Take(preview, "PreviewForm");
   const std::vector<PlannedProblem> few = plan.problems;
   for (int i = 0; i < 10; ++i) plan.problems.insert(plan.problems.end(), few.begin(), few.end());
@@ -274,7 +290,6 @@ void TakeDialogs(const Pictures& pictures) {
   RandomMusicMessage wait;
   pictures.Take(wait, "RandomMusicMessage");
   TakeUpdate(pictures);
-  TakePreview(pictures);
 }
 
 /// The example of the guide: entered today, which is a Monday.
@@ -311,7 +326,10 @@ void TakeWindow(const Pictures& pictures) {
   UpdateForm progress;
   RandomMusicMessage wait;
   Program program{state, SampleClock(), random, processes, speech};
+  FakeSoundPlayer player;
+  FakeBackgroundSpeech background;
   RepvoltaForm form(program, dialogs, progress, wait, "");
+  form.OfferListening(player, background);
   Form_Load(form.GetEditor(), outputs);
   form.findChild<QListWidget*>("ExerciseList")->setCurrentRow(0);
   auto& tabs = *form.findChild<QTabWidget*>("SSTab1");
@@ -325,10 +343,15 @@ void TakeWindow(const Pictures& pictures) {
   form.SelectSet(1);
   form.findChild<QWidget*>("SetListInc1")->setFocus();
   pictures.Take(form, "RepvoltaForm-Exercise-focus");
+  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes(Bytes(10, 1)));
+  form.findChild<QPushButton*>("ListenButton")->click();
+  pictures.Take(form, "RepvoltaForm-Exercise-heard");
   for (auto* menu : form.findChildren<QMenu*>()) {
     emit menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());
   }
+  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes({0xFD, 0xFD}));
+  TakePreview(pictures, program);
 }
 
 }  // namespace

@@ -12,6 +12,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+const AnswerHelp kNoHelp{"", [](std::string_view) { return std::string(); }};
+
 class HelpTest : public FormFixture {
  protected:
   HelpTest() {
@@ -47,8 +49,9 @@ TEST_F(HelpTest, OpensThePageOfTheOpenTab) {
 }
 
 TEST_F(HelpTest, OpensThePageOfTheBox) {
-  EXPECT_THAT(PagesOfBox([&] { InputBox::Ask(form.get(), "?", "Set Target Exercise Time", {}); }),
-              ElementsAre("music.html#random-music"));
+  EXPECT_THAT(
+      PagesOfBox([&] { InputBox::Ask(form.get(), "?", "Set Target Exercise Time", kNoHelp); }),
+      ElementsAre("music.html#random-music"));
   EXPECT_THAT(PagesOfBox([&] { MessageBox::Show(form.get(), "!", "Repvolta"); }),
               ElementsAre("messages.html#messages-of-the-window"));
 }
@@ -64,7 +67,7 @@ TEST_F(HelpTest, OpensThePageOfTheTabFromAMenu) {
 
 TEST_F(HelpTest, IsNotMeantByF1WithAnotherKey) {
   EXPECT_THAT(
-      PagesOfBox([&] { InputBox::Ask(form.get(), "?", "Weight", {}); }, Qt::ControlModifier),
+      PagesOfBox([&] { InputBox::Ask(form.get(), "?", "Weight", kNoHelp); }, Qt::ControlModifier),
       IsEmpty());
 }
 

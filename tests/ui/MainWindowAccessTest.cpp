@@ -6,6 +6,8 @@
 #include <QTabBar>
 #include <QWheelEvent>
 
+#include "ui/Keys.h"
+
 #include "support/Accessibility.h"
 #include "support/FormFixture.h"
 
@@ -89,14 +91,25 @@ TEST_F(MainWindowAccess, EachMnemonicStandsOnceInItsTab) {
   }
 }
 
-TEST_F(MainWindowAccess, EachButtonHasAMnemonic) {
+/// A button without a free letter has a key that works in the whole window, and says so.
+bool HasAKeyThatIsTold(const QAbstractButton& button, const QWidget& window) {
+  const QString key = button.property(kKeyProperty).toString();
+  const auto shortcuts = window.findChildren<QShortcut*>(Qt::FindDirectChildrenOnly);
+  return !key.isEmpty() && button.toolTip().contains("(" + key + ")") &&
+         std::any_of(shortcuts.begin(), shortcuts.end(), [&](const QShortcut* shortcut) {
+           return shortcut->key().toString(QKeySequence::NativeText) == key;
+         });
+}
+
+TEST_F(MainWindowAccess, EachButtonHasAMnemonicOrAKeyThatItTells) {
   for (const auto* button : form->findChildren<QAbstractButton*>()) {
     if (button->objectName().isEmpty() || button->objectName().startsWith("qt_") ||
         qobject_cast<const QTabBar*>(button->parent()) != nullptr) {
       continue;
     }
     if (button->text().isEmpty()) continue;
-    EXPECT_FALSE(QKeySequence::mnemonic(button->text()).isEmpty())
+    EXPECT_TRUE(!QKeySequence::mnemonic(button->text()).isEmpty() ||
+                HasAKeyThatIsTold(*button, *form))
         << button->objectName().toStdString();
   }
 }
@@ -108,6 +121,8 @@ const std::vector<std::vector<std::string>> kTabOrders = {
      "MoveUpExerciseListButton", "UpdateSelectedWorkoutButton", "UpdateAllWorkoutsButton",
      "AboutButton", "ExitButton"},
     {"NextExerciseButton",
+     "ListenButton",
+     "ListenNextButton",
      "SetButton_0",
      "UnitsSelection_0",
      "SetExerciseTimeButton",

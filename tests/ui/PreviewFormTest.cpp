@@ -119,9 +119,9 @@ TEST_F(PreviewWindow, HasAButtonThatLeadsToWhereAProblemIsMended) {
             (PreviewPlace{.kind = PreviewPlace::Kind::kSong, .exercise = 0, .row = 0}));
 }
 
-TEST_F(PreviewWindow, HasNoButtonForWhatIsMendedElsewhere) {
+TEST_F(PreviewWindow, OffersTheGuideForWhatIsMendedElsewhere) {
   OpenWithProblems();
-  EXPECT_EQ(form->findChild<QPushButton*>("PlaceButton_0"), nullptr);
+  EXPECT_EQ(Find<QPushButton>(*form, "PlaceButton_0").text(), "Show Help");
 }
 
 TEST_F(PreviewWindow, ShowsNamesWithMarkupAsTheyAre) {
@@ -158,18 +158,19 @@ TEST_F(PreviewWindow, ShowsAWorkoutWithoutFiles) {
 TEST_F(PreviewWindow, IsReachedByTabInItsOrder) {
   OpenWithProblems();
   std::vector<std::string> order;
-  for (int i = 0; i < 6; ++i) {
+  for (int i = 0; i < 7; ++i) {
     order.push_back(QApplication::focusWidget()->objectName().toStdString());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
-  EXPECT_THAT(order, testing::ElementsAre("FilesTable", "DetailsText", "GrowthTable",
-                                          "UpdateButton", "CloseButton", "PlaceButton_1"));
+  EXPECT_THAT(order,
+              testing::ElementsAre("FilesTable", "DetailsText", "GrowthTable", "UpdateButton",
+                                   "CloseButton", "PlaceButton_0", "PlaceButton_1"));
 }
 
 TEST_F(PreviewWindow, IsHeardByDistinctNames) {
   OpenWithProblems();
   const auto names = HeardNames(*form);
-  EXPECT_EQ(names.size(), 6);
+  EXPECT_EQ(names.size(), 7);
   EXPECT_THAT(names, Each(Pair(testing::Not(""), 1)));
 }
 

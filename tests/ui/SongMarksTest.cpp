@@ -3,7 +3,9 @@
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <semaphore>
 
+#include "base/File.h"
 #include "ui/SongMarks.h"
 
 #include "support/FormFixture.h"
@@ -32,8 +34,26 @@ class SongMarksTest : public testing::Test {
   TemporaryFolder folder;
   RowList list;
   QLabel label;
-  SongMarks marks{&list, &label};
+  SongMarks marks{&list, &label, FileIsReachable};
 };
+
+TEST(SongMarks, WaitForNoDiskThatIsSilentAlready) {
+  const auto disk = std::make_shared<std::counting_semaphore<>>(0);
+  RowList list;
+  QLabel label;
+  SongMarks marks(&list, &label, [disk](const std::string&) {
+    disk->acquire();
+    return false;
+  });
+  list.SetRows({"/nas/A.mp3"});
+  marks.Show({"/nas/A.mp3"});
+  EXPECT_EQ(list.item(0)->toolTip(),
+            "<qt>/nas/A.mp3<br>The disk of this song does not answer.</qt>");
+  EXPECT_EQ(label.text(), "");
+  for (int i = 0; i < 1000; ++i) marks.Show({"/nas/A.mp3"});
+  disk->release();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return label.text() == "1 song is gone"; }));
+}
 
 TEST_F(SongMarksTest, AreIconsOfTheSongsThatAreGone) {
   EXPECT_TRUE(list.item(0)->icon().isNull());

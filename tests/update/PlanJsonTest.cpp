@@ -80,6 +80,14 @@ TEST(PlanJson, HasProblemsOfPlansAndOfAll) {
   EXPECT_EQ(Compact(Parsed(run)["problems"]), R"([{"severity":"warning","text":"Odd."}])");
 }
 
+TEST(PlanJson, HasTheLineThatTheUpdateWouldLog) {
+  DryRun run = SampleDryRun();
+  run.plans[0].problems = {SampleProblem(Severity::kError, "")};
+  run.plans[0].problems[0].line = "ERROR: File not found. /gone.mp3";
+  EXPECT_EQ(Plan(run)["problems"].toArray()[0].toObject()["line"].toString(),
+            "ERROR: File not found. /gone.mp3");
+}
+
 TEST(PlanJson, HasNullForWhatThereIsNot) {
   DryRun run = SampleDryRun();
   UpdatePlan& plan = run.plans[0];

@@ -25,7 +25,7 @@ TEST(PlanText, ShowsWhatGrowsTheSentenceTheFilesAndTheTotals) {
             "       03:21    4.8 MB  RV002-Song.mp3\n"
             "       03:21    4.8 MB  RV003-Drawn.mp3 (example)\n"
             "\n"
-            "  3 files, 06:49, 9.6 MB; 300 MB are free\n"
+            "  3 files, 06:49, 9.6 MB; there is room for 300 MB\n"
             "  Folder: /player/Monday/\n"
             "  Play list: Monday.M3U\n"
             "\n"
@@ -54,7 +54,7 @@ TEST(PlanText, AddsUpSeveralWorkouts) {
   DryRun run = SampleDryRun();
   run.plans.push_back(SamplePlan());
   EXPECT_THAT(PlanText(run),
-              HasSubstr("\nAll workouts: 6 files, 13:38, 19.2 MB; 300 MB are free\n"));
+              HasSubstr("\nAll workouts: 6 files, 13:38, 19.2 MB\n"));
 }
 
 TEST(PlanText, SpeaksOfExamplesOnlyWhereTheyAre) {

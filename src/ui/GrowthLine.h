@@ -20,11 +20,10 @@ class GrowthLine : public QLabel {
   /// Shows the current exercise as it is in memory.
   void Refresh();
 
- protected:
-  void changeEvent(QEvent* event) override;
+  void ShowNothing() { Say({}); }
 
  private:
-  void KeepRoomForOneLine();
+  void Say(const QString& sentence);
 
   const Editor* editor_ = nullptr;
   std::vector<RowList*> lists_;

@@ -101,11 +101,12 @@ TEST_F(GrowthOfTheSelectedSet, IsGoneWithTheLastExercise) {
   EXPECT_FALSE(Get<QLabel>("GrowthLabel").isVisible());
 }
 
-TEST_F(GrowthOfTheSelectedSet, IsNotThatOfAnExerciseThatCouldBeShown) {
+TEST_F(GrowthOfTheSelectedSet, IsNotThatOfAnExerciseThatWasShownBefore) {
   ClickRow("SetList1", 0);
   state.Workout[0].NumberOfSets = 99;
   EXPECT_THROW(form->UpdateExerciseScreen(), std::out_of_range);
   EXPECT_EQ(Text("GrowthLabel"), "");
+  EXPECT_EQ(List("FreqList1").accessibleDescription(), "");
 }
 
 }  // namespace

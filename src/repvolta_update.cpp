@@ -1,5 +1,4 @@
 #include <QCoreApplication>
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <iostream>
@@ -23,6 +22,7 @@
 #include "player/OutputPath.h"
 #include "player/PlayerDisk.h"
 #include "speech/EngineSpeech.h"
+#include "update/ChosenWorkouts.h"
 #include "update/DryRun.h"
 #include "update/PlanJson.h"
 #include "update/PlanText.h"
@@ -100,26 +100,6 @@ class Console : public ProgressLog, public UpdateHost {
   std::string progress_;
   TerminalLine terminal_{STDERR_FILENO};
 };
-
-/// The listed workout that an operand names, with or without ".RPV", ignoring case.
-std::string FindWorkout(const ProgramState& state, const std::string& operand) {
-  for (const std::string& wanted : {operand, operand + std::string(kWorkoutExtension)}) {
-    if (std::ranges::count(state.WorkoutNames, wanted) > 0) return wanted;
-    for (const std::string& name : state.WorkoutNames) {
-      if (FoldCase(name) == FoldCase(wanted)) return name;
-    }
-  }
-  throw CannotStart("There is no workout " + operand);
-}
-
-std::vector<std::string> ChosenWorkouts(const ProgramState& state,
-                                        const std::vector<std::string>& operands) {
-  if (operands.empty()) return state.WorkoutNames;
-  std::vector<std::string> chosen;
-  chosen.reserve(operands.size());
-  for (const std::string& operand : operands) chosen.push_back(FindWorkout(state, operand));
-  return chosen;
-}
 
 void Warn(ProgressLog& log, const std::string& warning) {
   if (!warning.empty()) log.AddLineToUpdateList("WARNING: " + warning);

@@ -62,6 +62,12 @@ Unit UnitOfField(const ExerciseRecord& exercise, int field) {
   }
 }
 
+/// Distance and speed are heard in the other units (quirk 2).
+std::string HeardUnits(const ExerciseRecord& exercise) {
+  if (exercise.SetType != kDistanceAndSpeed) return "";
+  return std::string(" The voice says ") + (exercise.Units == kTrue ? "kilometers" : "miles") + ".";
+}
+
 /// "50 kilograms", "1 day"
 std::string Quantity(const std::string& number, const Unit& unit) {
   if (unit.many.empty()) return number;
@@ -149,7 +155,8 @@ AnswerHelp SetNumberHelp(const ExerciseRecord& exercise, int set, SetColumn colu
   const Unit unit = isFrequency ? kDays : UnitOfField(exercise, field);
   const std::string now = Quantity(ListNumberText((exercise.*numbers)[set]), unit);
   return {.now = exercise.ExerciseName.Trimmed() + ", set " + std::to_string(set + 1) + ", " +
-                 meaning + NameOfField(exercise, field) + ": " + now + " now.",
+                 meaning + NameOfField(exercise, field) + ": " + now + " now." +
+                 (isFrequency ? "" : HeardUnits(exercise)),
           .kept = [column, unit, &clock](std::string_view answer) {
             return NumberLine(answer, "less than 0", [&]() -> std::optional<std::string> {
               const std::optional<float> number = SetNumberOf(answer, column, clock);
@@ -164,7 +171,7 @@ AnswerHelp NewSetHelp(const ExerciseRecord& exercise, int field) {
   const std::string inUnit = unit.many.empty() ? "" : " in " + std::string(unit.many);
   return {.now = exercise.ExerciseName.Trimmed() + ", new set " +
                  std::to_string(exercise.NumberOfSets + 1) + ": " + NameOfField(exercise, field) +
-                 inUnit + ".",
+                 inUnit + "." + HeardUnits(exercise),
           .kept = [unit](std::string_view answer) {
             const std::string line = NumberLine(answer, "", [&]() -> std::optional<std::string> {
               return Quantity(ListNumberText(NewSetValueOf(answer)), unit);

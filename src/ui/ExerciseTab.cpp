@@ -40,8 +40,8 @@ ExerciseTab::ExerciseTab(Editor& editor, Handlers& handlers)
                         ui_->FreqList1, ui_->FreqList2, ui_->NextUpdateList},
                        this);
   listen_ = new ListenButtons(editor_, handlers_, this);
-  listen_->PutBeside(ui_->ExerciseNameLabel);
-  listen_->ComeBefore(ui_->SetButton_0);
+  ui_->ExerciseNameRow->addWidget(listen_, 2);
+  listen_->ComeAfter(ui_->NextExerciseButton);
   setButtons_ = {ui_->SetButton_0, ui_->SetButton_1, ui_->SetButton_2, ui_->SetButton_3};
   unitsSelections_ = {ui_->UnitsSelection_0, ui_->UnitsSelection_1};
   ui_->MusicList->setTextElideMode(Qt::ElideMiddle);

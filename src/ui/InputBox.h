@@ -27,7 +27,7 @@ class InputBox : public QDialog {
 
   /// Shows a box and returns its answer; empty when it was cancelled.
   static QString Ask(QWidget* parent, const QString& prompt, const QString& title,
-                     const AnswerHelp& help, const QString& initial = {});
+                     const AnswerHelp& help = {}, const QString& initial = {});
 
  private:
   void AnswerBox_Change();

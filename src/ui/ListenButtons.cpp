@@ -56,17 +56,8 @@ ListenButtons::ListenButtons(Editor& editor, Handlers& handlers, QWidget* parent
   ShowOrHide();
 }
 
-void ListenButtons::PutBeside(QLabel* name) {
-  auto* place = new QWidget(name->parentWidget());
-  delete name->parentWidget()->layout()->replaceWidget(name, place);
-  auto* row = new QHBoxLayout(place);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->addWidget(name, 1);
-  row->addWidget(this, 2);
-}
-
-void ListenButtons::ComeBefore(QWidget* control) {
-  setTabOrder(control->previousInFocusChain(), listen_);
+void ListenButtons::ComeAfter(QWidget* control) {
+  setTabOrder(control, listen_);
   setTabOrder(listen_, next_);
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QLabel>
 #include <QPushButton>
 #include <QWidget>
 
@@ -20,11 +19,8 @@ class ListenButtons : public QWidget {
  public:
   ListenButtons(Editor& editor, Handlers& handlers, QWidget* parent);
 
-  /// Takes the place of `name`, which then stands at the left of the buttons.
-  void PutBeside(QLabel* name);
-
-  /// Puts the buttons before `control` in the tab order.
-  void ComeBefore(QWidget* control);
+  /// Puts the buttons behind `control` in the tab order.
+  void ComeAfter(QWidget* control);
 
   /// Until this call the buttons stay hidden. `listening` must outlive them.
   void Use(Listening& listening);

@@ -22,8 +22,8 @@ class RepvoltaForm;
 namespace repvolta {
 
 class ExerciseTab;
-class LastUpdate;
 class GrowthAheadCommand;
+class LastUpdate;
 class MainMenu;
 class SettingsTab;
 class WorkoutActions;
@@ -111,8 +111,8 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;
-  LastUpdate* lastUpdate_ = nullptr;
   GrowthAheadCommand* growthAhead_ = nullptr;
+  LastUpdate* lastUpdate_ = nullptr;
   MainMenu* menu_ = nullptr;
   QAction* previewAction_ = nullptr;
   QPointer<QWidget> focusBefore_;  // while busy

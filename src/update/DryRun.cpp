@@ -26,7 +26,8 @@ void AddLackOfRoom(const std::vector<ProgramState>& workouts, DryRun& run) {
   all.reserve(workouts.size());
   for (const ProgramState& workout : workouts) all.push_back(&workout);
   if (const auto lack = FindLackOfRoom(all, run.day)) {
-    run.problems.push_back({Severity::kWarning, "The update of all workouts " + TextOf(*lack) + "."});
+    run.problems.push_back(
+        {Severity::kWarning, "The update of all workouts " + TextOf(*lack) + "."});
   }
 }
 

@@ -89,7 +89,8 @@ std::string TotalLine(std::size_t files, std::int64_t seconds, std::uint64_t byt
 }
 
 std::string RoomText(const std::optional<DiskRoom>& room) {
-  return room ? "there is room for " + std::to_string(room->free / kMegabyte) + " MB" : "the room is not known";
+  return room ? "there is room for " + std::to_string(room->free / kMegabyte) + " MB"
+              : "the room is not known";
 }
 
 std::string DayText(double day) {

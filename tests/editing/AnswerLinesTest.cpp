@@ -67,6 +67,15 @@ TEST_F(AnswerLines, HaveTheUnitsOfTheSetTypeAndTheExercise) {
   }
 }
 
+TEST_F(AnswerLines, SayInWhichUnitsADistanceIsHeard) {
+  Squat().SetType = kDistanceAndSpeed;
+  EXPECT_EQ(Now(kSetList1), "Squat, set 2, Distance: 52.5 kilometers now. The voice says miles.");
+  Squat().Units = kTrue;
+  EXPECT_EQ(NewSetHelp(Squat(), 2).now,
+            "Squat, new set 3: Speed in miles per hour. The voice says kilometers.");
+  EXPECT_EQ(Now(kFreqList1), "Squat, set 2, frequency of Distance: 7 days now.");
+}
+
 TEST_F(AnswerLines, NameAUserDefinedField) {
   Squat().SetType = kUserDefined;
   Squat().UserField1Name = "Tosses";

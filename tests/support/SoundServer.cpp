@@ -29,10 +29,12 @@ std::string ReadUntil(QProcess& program, const char* line) {
 }
 
 QStringList OutputArguments(const QString& name) {
-  // At the rate of the clips, so that nothing is converted.
-  return {"-L", QString("module-null-sink sink_name=%1 rate=16000 channels=1 format=s16le "
-                        "sink_properties=device.description=%1")
-                    .arg(name)};
+  // At the rate of the clips, so that nothing is converted; without rewinds, so that what is played
+  // is recorded within 50 ms.
+  return {"-L",
+          QString("module-null-sink sink_name=%1 norewinds=1 rate=16000 channels=1 format=s16le "
+                  "sink_properties=device.description=%1")
+              .arg(name)};
 }
 
 }  // namespace

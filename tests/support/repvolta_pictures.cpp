@@ -39,6 +39,7 @@
 #include "fakes/FakeServices.h"
 #include "fakes/FakeSound.h"
 #include "fakes/FakeVolumes.h"
+#include "support/ClipBytes.h"
 #include "support/TemporaryFolder.h"
 
 // Takes pictures of the windows: repvolta_pictures FOLDER light|dark|contrast [FONT SIZE].
@@ -325,7 +326,10 @@ void TakeWindow(const Pictures& pictures) {
   UpdateForm progress;
   RandomMusicMessage wait;
   Program program{state, SampleClock(), random, processes, speech};
+  FakeSoundPlayer player;
+  FakeBackgroundSpeech background;
   RepvoltaForm form(program, dialogs, progress, wait, "");
+  form.OfferListening(player, background);
   Form_Load(form.GetEditor(), outputs);
   form.findChild<QListWidget*>("ExerciseList")->setCurrentRow(0);
   auto& tabs = *form.findChild<QTabWidget*>("SSTab1");
@@ -339,6 +343,9 @@ void TakeWindow(const Pictures& pictures) {
   form.SelectSet(1);
   form.findChild<QWidget*>("SetListInc1")->setFocus();
   pictures.Take(form, "RepvoltaForm-Exercise-focus");
+  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes(Bytes(10, 1)));
+  form.findChild<QPushButton*>("ListenButton")->click();
+  pictures.Take(form, "RepvoltaForm-Exercise-heard");
   for (auto* menu : form.findChildren<QMenu*>()) {
     emit menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());

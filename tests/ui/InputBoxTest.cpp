@@ -85,6 +85,16 @@ TEST(InputBox, TellsScreenReadersWhatStandsBelowTheFieldAtEachChange) {
   EXPECT_EQ(Find<QLineEdit>(box, "AnswerBox").accessibleDescription(), "50 now. Kept: 57");
 }
 
+TEST(InputBox, FitsOnASmallScreenAtDoubleSize) {
+  InputBox box("Enter the Target Exercise time in minutes", "Set Target Exercise Time",
+               {.now = std::string(200, 'n'),
+                .kept = [](std::string_view) { return std::string(200, 'k'); }});
+  box.show();
+  // 1024 x 768 at 200 %, without the frame of the window.
+  EXPECT_LE(box.width(), 496);
+  EXPECT_LE(box.height(), 344);
+}
+
 TEST(InputBox, DoesNotGrowWhileItIsTypedIn) {
   const std::string kLong =
       "This is one of the longest lines that can stand below a field: it has "

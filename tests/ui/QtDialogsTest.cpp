@@ -23,8 +23,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const AnswerHelp kNoHelp = {.now = "", .kept = [](std::string_view) { return std::string(); }};
-
 class QtDialogsTest : public testing::Test {
  protected:
   TemporaryFolder folder;
@@ -61,7 +59,7 @@ TEST_F(QtDialogsTest, AskForTexts) {
     Find<QLineEdit>(box, "AnswerBox").setText("月曜日");
     QTest::keyClick(&box, Qt::Key_Return);
   });
-  EXPECT_EQ(dialogs.AskText("Enter a name for the new Workout", "New Workout", kNoHelp), "月曜日");
+  EXPECT_EQ(dialogs.AskText("Enter a name for the new Workout", "New Workout", {}), "月曜日");
 }
 
 TEST_F(QtDialogsTest, SelectAnExerciseFromTheListsOfTheProgramDirectory) {
@@ -172,6 +170,18 @@ TEST_F(QtDialogsTest, RememberTheSizeOfTheMusicDialog) {
   });
   kept.SelectMusicFiles(folder.Path());
   EXPECT_EQ(size, QSize(640, 444));
+}
+
+TEST_F(QtDialogsTest, HaveAMusicDialogThatFitsOnASmallScreenAtDoubleSize) {
+  QSize least;
+  WhenModal([&](QWidget& box) {
+    least = box.minimumSizeHint();
+    box.close();
+  });
+  dialogs.SelectMusicFiles(folder.Path());
+  // 1024 x 768 at 200 %, without the frame of the window.
+  EXPECT_LE(least.width(), 496);
+  EXPECT_LE(least.height(), 344);
 }
 
 TEST_F(QtDialogsTest, SelectNoMusicFileWhenCancelled) {

@@ -5,7 +5,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTreeView>
 #include <QWheelEvent>
@@ -13,7 +12,6 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "editing/FolderQuestions.h"
 #include "ui/SelectDirectory.h"
 
 #include "fakes/FakeVolumes.h"
@@ -81,58 +79,6 @@ TEST_F(SelectDirectoryDialog, OpensAtTheNearestFolderThatExists) {
   SelectDirectory other(volumes, From(At("start/gone/deeper")));
   Find<QPushButton>(other, "OKButton").click();
   EXPECT_EQ(other.SelectedDirectory(), folder.Path() + "start");
-}
-
-TEST_F(SelectDirectoryDialog, SaysWhatTheFolderIsFor) {
-  EXPECT_EQ(Find<QLabel>(*dialog, "PurposeLabel").text(), "Choose a folder.");
-  EXPECT_TRUE(Folders().accessibleDescription().startsWith("Choose a folder."));
-}
-
-TEST_F(SelectDirectoryDialog, OpensInTheHomeFolderWithoutAPath) {
-  SelectDirectory other(volumes, From(""));
-  Find<QPushButton>(other, "OKButton").click();
-  EXPECT_EQ(other.SelectedDirectory(), QDir::homePath().toStdString());
-}
-
-TEST_F(SelectDirectoryDialog, OpensInTheHomeFolderWhenTheDriveDoesNotAnswer) {
-  FakeVolumes silent(
-      {{.root = "/"}, {.root = folder.Path() + "a", .state = Volume::State::kSilent}});
-  SelectDirectory other(silent, From(At("a/Music")));
-  Find<QPushButton>(other, "OKButton").click();
-  EXPECT_EQ(other.SelectedDirectory(), QDir::homePath().toStdString());
-}
-
-TEST_F(SelectDirectoryDialog, CountsTheSongsBelowTheSelectedFolder) {
-  for (const char* song : {"start/one.mp3", "start/inner/two.MP3", "start/inner/cover.jpg"}) {
-    PutFile(song, "");
-  }
-  auto& figure = Find<QLabel>(*dialog, "FigureLabel");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return figure.text() == "Songs in it and below it: 2"; }));
-  EXPECT_EQ(Folders().accessibleDescription(), "Choose a folder. Songs in it and below it: 2");
-
-  auto& model = dynamic_cast<QFileSystemModel&>(*Folders().model());
-  Folders().setCurrentIndex(model.index(At("start/inner")));
-
-  EXPECT_EQ(figure.text(), "") << "the count was of another folder";
-  EXPECT_TRUE(QTest::qWaitFor([&] { return figure.text() == "Songs in it and below it: 1"; }));
-}
-
-TEST_F(SelectDirectoryDialog, SaysHowMuchRoomThereIs) {
-  FolderQuestion question = From(At("start"));
-  question.figure = FolderQuestion::Figure::kRoom;
-  SelectDirectory other(volumes, question);
-  auto& figure = Find<QLabel>(other, "FigureLabel");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !figure.text().isEmpty(); }));
-  EXPECT_TRUE(QRegularExpression("^Room: [0-9.]+ [kMGT]?B free$").match(figure.text()).hasMatch())
-      << figure.text().toStdString();
-}
-
-TEST_F(SelectDirectoryDialog, FitsOnASmallScreenAtDoubleSize) {
-  SelectDirectory other(volumes, MusicFolderQuestion({}));
-  other.show();
-  // 1024 x 768 at 200 %, without the frame of the window.
-  EXPECT_LE(other.minimumSizeHint().width(), 496);
-  EXPECT_LE(other.minimumSizeHint().height(), 344);
 }
 
 /// The picker, opened deep below a folder with many entries.

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "app/Options.h"
+#include "app/WorkoutFiles.h"
 #include "update/DryRun.h"
+#include "update/UpdateFixture.h"
 
 #include "support/SampleDryRun.h"
 
@@ -20,6 +23,55 @@ TEST(HasErrors, LooksAtThePlansAndAtWhatConcernsAll) {
   run.problems.clear();
   run.plans[0].problems[0].severity = Severity::kError;
   EXPECT_TRUE(HasErrors(run));
+}
+
+class PlanUpdatesTest : public UpdateFixture {
+ protected:
+  void PutWorkout(const std::string& name) {
+    state.WorkoutFileName = name;
+    ReplaceWorkoutFile(state);
+    SaveWorkout(state);
+  }
+
+  DryRun Plan(const std::vector<std::string>& workouts) {
+    return PlanUpdates(state, workouts, clock.Today(), random);
+  }
+};
+
+TEST_F(PlanUpdatesTest, PlansTheWorkoutsInTheirOrder) {
+  AddNamed("Squat");
+  PutWorkout("Monday.RPV");
+  state.Workout[0].ExerciseName = "Press";
+  PutWorkout("Friday.RPV");
+
+  const DryRun plans = Plan({"Monday.RPV", "Friday.RPV"});
+
+  EXPECT_EQ(plans.day, clock.Today());
+  ASSERT_EQ(plans.plans.size(), 2U);
+  EXPECT_EQ(plans.plans[0].workout, "Monday.RPV");
+  EXPECT_EQ(plans.plans[0].exercises[0].name, "Squat");
+  EXPECT_EQ(plans.plans[1].exercises[0].name, "Press");
+  EXPECT_TRUE(plans.problems.empty());
+}
+
+TEST_F(PlanUpdatesTest, SaysWhichWorkoutIsGoneAndGoesOn) {
+  AddNamed("Squat");
+  PutWorkout("Monday.RPV");
+
+  const DryRun plans = Plan({"Gone.RPV", "Monday.RPV"});
+
+  EXPECT_EQ(plans.problems,
+            (std::vector<DryRunProblem>{{Severity::kError, "Gone.RPV could not be loaded"}}));
+  EXPECT_EQ(plans.plans.size(), 1U);
+}
+
+TEST_F(PlanUpdatesTest, WarnsOfOptionsThatCannotBeUnderstood) {
+  PutFile("options.conf", "odd\n");
+  LoadOptions(state);
+  const DryRun plans = Plan({});
+  ASSERT_EQ(plans.problems.size(), 1U);
+  EXPECT_EQ(plans.problems[0].severity, Severity::kWarning);
+  EXPECT_EQ(plans.problems[0].text, OddOptions(state.Options));
 }
 
 }  // namespace

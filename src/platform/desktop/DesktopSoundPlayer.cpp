@@ -31,7 +31,9 @@ constexpr milliseconds kLeadIn{200};
 /// Follows the sound. When the last of it has been taken, at most a buffer of it is still to be
 /// heard, and not the sound.
 constexpr milliseconds kSilence{600};
-constexpr milliseconds kLongestPause{2000};
+/// An output without cable may take a while to wake up.
+constexpr milliseconds kLongestOpening{5000};
+constexpr milliseconds kLongestPause{3000};
 constexpr milliseconds kLastMoment{1000};
 
 std::string Quoted(const std::string& name) { return "\"" + name + "\""; }
@@ -201,7 +203,7 @@ DesktopSoundPlayer::DesktopSoundPlayer() {
 
 DesktopSoundPlayer::~DesktopSoundPlayer() {
   const std::shared_ptr<Feed> feed = feed_;
-  Stop();
+  DesktopSoundPlayer::Stop();
   if (feed) feed->WaitForEnd(kLastMoment);
 }
 
@@ -221,7 +223,7 @@ void DesktopSoundPlayer::Play(const std::string& file, const ChosenOutput& outpu
     post([this, feed, failure] { End(feed, failure); });
   }).detach();
   watch_.start();
-  QTimer::singleShot(kLongestPause, &watch_, [this, feed = feed_] {
+  QTimer::singleShot(kLongestOpening, &watch_, [this, feed = feed_] {
     if (!feed->HasBegun()) End(feed, Refused(feed->device.description().toStdString()));
   });
 }

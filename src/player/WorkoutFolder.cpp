@@ -55,6 +55,12 @@ void WorkoutFolder::Clear(const Keepsakes& keep) {
   use_ = Use::kReplace;
 }
 
+void WorkoutFolder::TryClear(const Keepsakes& keep) {
+  clearing_ = Clearing::kTried;
+  Clear(keep);
+  clearing_ = Clearing::kDone;
+}
+
 /// Clears the folder of this name, or, where the disk keeps another workout's folder there, the
 /// first one with a number that is free for this workout.
 void WorkoutFolder::ClearOneOf(const std::string& name, NameIs nameIs) {
@@ -101,7 +107,7 @@ void WorkoutFolder::Empty(const FolderHandle& folder) {
     if (const auto kept = FindKeepsake(folder, keep_)) Refuse(*kept + " lies there");
   }
   use_ = Use::kReplace;
-  if (folder.IsOpen()) DeleteFolder(place_, folder);
+  if (folder.IsOpen() && clearing_ == Clearing::kDone) DeleteFolder(place_, folder);
 }
 
 /// Creates the folder of this name, unless it exists. Returns 0 or the errno value.

@@ -28,6 +28,10 @@ class WorkoutFolder {
   /// As OutputFolder::Clear.
   void Clear(const Keepsakes& keep);
 
+  /// What Clear() does, without a deletion: throws why nothing would be deleted, and may change the
+  /// last part of the path.
+  void TryClear(const Keepsakes& keep);
+
   /// As OutputFolder::Create.
   void Create();
 
@@ -36,6 +40,7 @@ class WorkoutFolder {
 
  private:
   enum class NameIs { kPlain, kChanged };
+  enum class Clearing { kDone, kTried };
 
   /// Throws std::runtime_error.
   [[noreturn]] void Refuse(const std::string& why) const;
@@ -55,6 +60,7 @@ class WorkoutFolder {
   std::string name_;
   std::string path_;
   Keepsakes keep_;
+  Clearing clearing_ = Clearing::kDone;
   Use use_ = Use::kReplace;
   FolderHandle place_;  // the output path
 };

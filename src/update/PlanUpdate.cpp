@@ -13,6 +13,7 @@
 #include "instruction/TextInstruction.h"
 #include "instruction/VoiceInstruction.h"
 #include "player/OutputFolder.h"
+#include "player/OutputPath.h"
 #include "player/PlayList.h"
 #include "player/PlayerPlayList.h"
 #include "update/Encoder.h"
@@ -52,7 +53,10 @@ class Planning {
 
   UpdatePlan Run() {
     if (plan_.workout.empty()) return std::move(plan_);
-    plan_.folder = OutputFolder(state_.Settings.OutputPath.Text(), BaseName(plan_.workout)).Path();
+    if (!IsOutputPathMissing(state_.Settings)) {
+      plan_.folder =
+          OutputFolder(state_.Settings.OutputPath.Text(), BaseName(plan_.workout)).Path();
+    }
     plan_.room = RoomForUpdate(state_);
     problems_.Add(ProblemsOfAll(state_, plan_.day));
     Grow();

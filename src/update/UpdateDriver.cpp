@@ -1,7 +1,6 @@
 #include "update/UpdateDriver.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <stdexcept>
 #include <vector>
 
@@ -29,6 +28,7 @@
 #include "update/StopTexts.h"
 #include "update/TaggedSource.h"
 #include "update/UpdateWork.h"
+#include "update/WhatToKeep.h"
 
 namespace repvolta {
 namespace {
@@ -95,7 +95,7 @@ class WorkoutUpdate {
     // Showing the window clears its list, so an earlier failure is logged after that.
     const auto clearing = steps_.Try([&] {
       stage_ = Stage::kCleared;
-      folder_.Clear(WhatToKeep());
+      folder_.Clear(WhatToKeep(state_));
     });
     const auto creation = steps_.Try([&] { folder_.Create(); });
     host_.UpdateBegins();
@@ -110,16 +110,6 @@ class WorkoutUpdate {
   /// The player could not hold the name as it is.
   void WarnOfName(const std::string& name, const std::string& kept) {
     steps_.Log("WARNING: " + name + " is kept as " + kept);
-  }
-
-  Keepsakes WhatToKeep() const {
-    const char* home = std::getenv("HOME");
-    return {.folders = {state_.Settings.MusicPath.Trimmed(), state_.ProgramDirectory,
-                        home == nullptr ? "" : home},
-            .songs = SongsOf(state_.Workout),
-            .songList = kMusicList,
-            .otherSongs = SongsOfAllWorkoutFiles,
-            .workouts = state_.WorkoutNames};
   }
 
   void KeepVersion() {

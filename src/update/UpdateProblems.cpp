@@ -1,14 +1,22 @@
 #include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "app/WorkoutDamage.h"
 #include "base/File.h"
+#include "base/FileError.h"
+#include "base/FileNames.h"
+#include "base/FileStatus.h"
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
 #include "player/OutputPath.h"
 #include "player/PlayerDisk.h"
+#include "player/WorkoutFolder.h"
 #include "update/Encoder.h"
 #include "update/MusicListAge.h"
 #include "update/PlanProblems.h"
+#include "update/WhatToKeep.h"
 
 namespace repvolta {
 namespace {
@@ -24,6 +32,30 @@ bool WantsRandomMusic(const ProgramState& state) {
 
 bool IsMusicListEmpty() { return SizeIfReachable(kMusicList).value_or(0) == 0; }
 
+PlannedProblem ProblemOfFolder(const std::exception& error, const std::string& line) {
+  return PlannedError(
+      Kind::kNoOutputPath, {},
+      error.what() + std::string(". Choose another output path, or give the workout another "
+                                 "name."),
+      line);
+}
+
+/// What keeps the workout's folder from being cleared and made anew.
+ProblemList ProblemsOfFolder(const ProgramState& state) {
+  const std::string outputPath = state.Settings.OutputPath.Trimmed();
+  WorkoutFolder folder(outputPath, BaseName(state.WorkoutFileName));
+  try {
+    folder.TryClear(WhatToKeep(state));
+  } catch (const std::exception& error) {
+    return {ProblemOfFolder(error, std::string("ERROR: ") + error.what())};
+  }
+  const auto isThere = StatusOf(outputPath + "/" + folder.Name(), Links::kFollowed);
+  const bool isInTheWay = isThere && !S_ISDIR(isThere->st_mode);
+  if (!isInTheWay && faccessat(AT_FDCWD, outputPath.c_str(), W_OK, AT_EACCESS) == 0) return {};
+  const FileError error(folder.Path(), "could not be created", isInTheWay ? EEXIST : errno);
+  return {ProblemOfFolder(error, "")};
+}
+
 ProblemList ProblemsOfPlayer(const ProgramState& state, double day) {
   if (IsOutputPathMissing(state.Settings)) {
     return {PlannedError(
@@ -35,11 +67,14 @@ ProblemList ProblemsOfPlayer(const ProgramState& state, double day) {
     return {PlannedError(Kind::kNoOutputPath, {},
                          missing + ". Connect the player, or choose another output path.", "")};
   }
+  ProblemList problems = ProblemsOfFolder(state);
   const auto lack = FindLackOfRoom({&state}, day);
-  if (!lack) return {};
-  return {PlannedWarning(Kind::kLackOfRoom, {},
-                         state.WorkoutFileName + " " + TextOf(*lack) +
-                             ". Make room on the player, or choose fewer songs.")};
+  if (lack) {
+    problems.push_back(PlannedWarning(Kind::kLackOfRoom, {},
+                                      state.WorkoutFileName + " " + TextOf(*lack) +
+                                          ". Make room on the player, or choose fewer songs."));
+  }
+  return problems;
 }
 
 void AddDamage(const ProgramState& state, ProblemList& problems) {

@@ -49,6 +49,9 @@ ProblemList ProblemsOfAll(const ProgramState& state, double day);
 /// The folder of the last update cannot be deleted, which the error says.
 PlannedProblem ProblemOfFolder(const std::exception& error);
 
+/// What keeps the workout's folder on the player, its full path, from being made. Throws FileError.
+ProblemList ProblemsOfMaking(const std::string& folder);
+
 // Those of one exercise, with its index.
 
 /// Dates that keep a value from growing for longer than its frequency.

@@ -67,9 +67,11 @@ class Planning {
 
  private:
   void FindFolder() {
+    if (IsOutputPathMissing(state_.Settings)) return;
     OutputFolder folder(state_.Settings.OutputPath.Text(), BaseName(plan_.workout));
     try {
-      if (!IsOutputPathMissing(state_.Settings)) folder.Look(WhatToKeep(state_));
+      folder.Look(WhatToKeep(state_));
+      problems_.Add(ProblemsOfMaking(folder.Path()));
     } catch (const std::exception& error) {
       problems_.Add({ProblemOfFolder(error)});
     }

@@ -1,5 +1,7 @@
 #include "ui/GrowthLine.h"
 
+#include <QEvent>
+
 #include "editing/GrowthEditing.h"
 #include "editing/GrowthSentence.h"
 
@@ -7,6 +9,8 @@ namespace repvolta {
 
 GrowthLine::GrowthLine(QWidget* parent) : QLabel(parent) {
   setForegroundRole(QPalette::PlaceholderText);
+  setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  KeepRoom();
 }
 
 void GrowthLine::Follow(const Editor& editor, const std::vector<RowList*>& lists) {
@@ -25,6 +29,17 @@ void GrowthLine::Say(const QString& sentence) {
   if (sentence == text()) return;
   setText(sentence);
   for (RowList* list : lists_) list->setAccessibleDescription(sentence);
+}
+
+void GrowthLine::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::FontChange) KeepRoom();
+}
+
+/// For most sentences, so that the controls below do not move with the selection.
+void GrowthLine::KeepRoom() {
+  constexpr int kLines = 2;
+  setMinimumHeight(kLines * fontMetrics().lineSpacing());
 }
 
 }  // namespace repvolta

@@ -22,7 +22,11 @@ class GrowthLine : public QLabel {
 
   void ShowNothing() { Say({}); }
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
+  void KeepRoom();
   void Say(const QString& sentence);
 
   const Editor* editor_ = nullptr;

@@ -49,8 +49,8 @@ ProblemList ProblemsOfAll(const ProgramState& state, double day);
 /// The folder of the last update cannot be deleted, which the error says.
 PlannedProblem ProblemOfFolder(const std::exception& error);
 
-/// What keeps the workout's folder on the player, its full path, from being made. Throws FileError.
-ProblemList ProblemsOfMaking(const std::string& folder);
+/// Nothing can be written to the output path, or a file has the name of the workout's folder there.
+ProblemList ProblemsOfCreation(const std::string& outputPath, const std::string& name);
 
 // Those of one exercise, with its index.
 

@@ -68,10 +68,11 @@ class Planning {
  private:
   void FindFolder() {
     if (IsOutputPathMissing(state_.Settings)) return;
-    OutputFolder folder(state_.Settings.OutputPath.Text(), BaseName(plan_.workout));
+    const std::string outputPath = state_.Settings.OutputPath.Text();
+    OutputFolder folder(outputPath, BaseName(plan_.workout));
     try {
       folder.Look(WhatToKeep(state_));
-      problems_.Add(ProblemsOfMaking(folder.Path()));
+      problems_.Add(ProblemsOfCreation(outputPath, folder.Name()));
     } catch (const std::exception& error) {
       problems_.Add({ProblemOfFolder(error)});
     }

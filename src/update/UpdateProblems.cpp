@@ -2,12 +2,10 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
-#include <utility>
 
 #include "app/WorkoutDamage.h"
 #include "base/File.h"
 #include "base/FileError.h"
-#include "base/FileNames.h"
 #include "base/FileStatus.h"
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
@@ -84,11 +82,6 @@ PlannedProblem ProblemOfEnd(const ExerciseRecord& exercise, const PlannedPlace& 
                       line);
 }
 
-/// 0, or the errno value with which no file could be made there.
-int ErrorOfWritingIn(const std::string& folder) {
-  return faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) == 0 ? 0 : errno;
-}
-
 }  // namespace
 
 ProblemList ProblemsOfAll(const ProgramState& state, double day) {
@@ -117,16 +110,18 @@ PlannedProblem ProblemOfFolder(const std::exception& error) {
                       std::string("ERROR: ") + error.what());
 }
 
-ProblemList ProblemsOfMaking(const std::string& folder) {
-  const std::string path = WithoutSeparator(folder);
-  const auto isThere = StatusOf(path, Links::kFollowed);
+ProblemList ProblemsOfCreation(const std::string& outputPath, const std::string& name) {
+  const auto isThere = StatusOf(outputPath + "/" + name, Links::kFollowed);
   const bool isInTheWay = isThere && !S_ISDIR(isThere->st_mode);
-  const int error = isInTheWay ? EEXIST : ErrorOfWritingIn(FolderOf(path));
-  // Without the output path the player is missing, which is another problem.
-  if (error == 0 || error == ENOENT) return {};
-  PlannedProblem problem = ProblemOfFolder(FileError(folder, "could not be created", error));
-  problem.line.clear();  // what fails first depends on what is there
-  return {std::move(problem)};
+  if (!isInTheWay && faccessat(AT_FDCWD, outputPath.c_str(), W_OK, AT_EACCESS) == 0) return {};
+  const int error = isInTheWay ? EEXIST : errno;
+  // A player that is not there is told in words of its own.
+  if (error == ENOENT || error == ENOTDIR) return {};
+  PlannedProblem problem =
+      ProblemOfFolder(FileError(outputPath + "/" + name, "could not be created", error));
+  // What the update logs depends on the files of the last one.
+  problem.line.clear();
+  return {problem};
 }
 
 ProblemList ProblemsOfDrawing(const ExerciseRecord& exercise, int index, const Drawing& drawing,

@@ -13,7 +13,7 @@ FolderQuestion MusicFolderQuestion(const SettingsRecord& settings) {
 FolderQuestion OutputFolderQuestion(const SettingsRecord& settings) {
   return {.purpose =
               "Choose the folder for your workouts, on the player or to be copied to it. "
-              "Each update makes a folder for its workout in it, and deletes the last one.",
+              "Each workout has a folder in it, which every update deletes and makes anew.",
           .start = settings.OutputPath.Trimmed(),
           .figure = FolderQuestion::Figure::kRoom};
 }

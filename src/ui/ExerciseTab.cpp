@@ -214,7 +214,7 @@ void ExerciseTab::UpdateExerciseScreen() {
     ui_->MusicList->SetRows({});
     songMarks_->Show({});
     sets_->SetRows({});
-    ui_->GrowthLabel->clear();
+    ui_->GrowthLabel->ShowNothing();
     throw;
   }
 }

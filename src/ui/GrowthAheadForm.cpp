@@ -17,7 +17,7 @@ constexpr int kUsualWeeks = 1;  // the index of 12
 
 // In characters of the window's font.
 constexpr int kWidth = 100;
-constexpr int kHeight = 52;
+constexpr int kHeight = 56;
 
 }  // namespace
 

@@ -9,7 +9,8 @@ namespace repvolta {
 
 GrowthLine::GrowthLine(QWidget* parent) : QLabel(parent) {
   setForegroundRole(QPalette::PlaceholderText);
-  KeepRoomForOneLine();
+  setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  KeepRoom();
 }
 
 void GrowthLine::Follow(const Editor& editor, const std::vector<RowList*>& lists) {
@@ -19,9 +20,12 @@ void GrowthLine::Follow(const Editor& editor, const std::vector<RowList*>& lists
 }
 
 void GrowthLine::Refresh() {
-  const QString sentence = QString::fromStdString(
-      GrowthSentence(editor_->Exercise(), lists_.front()->SelectedRow(), ChosenUpdateDays(*editor_),
-                     editor_->program.clock.Today()));
+  Say(QString::fromStdString(GrowthSentence(editor_->Exercise(), lists_.front()->SelectedRow(),
+                                            ChosenUpdateDays(*editor_),
+                                            editor_->program.clock.Today())));
+}
+
+void GrowthLine::Say(const QString& sentence) {
   if (sentence == text()) return;
   setText(sentence);
   for (RowList* list : lists_) list->setAccessibleDescription(sentence);
@@ -29,10 +33,13 @@ void GrowthLine::Refresh() {
 
 void GrowthLine::changeEvent(QEvent* event) {
   QLabel::changeEvent(event);
-  if (event->type() == QEvent::FontChange) KeepRoomForOneLine();
+  if (event->type() == QEvent::FontChange) KeepRoom();
 }
 
-/// The buttons below do not move when a set without growth is selected.
-void GrowthLine::KeepRoomForOneLine() { setMinimumHeight(fontMetrics().height()); }
+/// For most sentences, so that the controls below do not move with the selection.
+void GrowthLine::KeepRoom() {
+  constexpr int kLines = 2;
+  setMinimumHeight(kLines * fontMetrics().lineSpacing());
+}
 
 }  // namespace repvolta

@@ -20,11 +20,14 @@ class GrowthLine : public QLabel {
   /// Shows the current exercise as it is in memory.
   void Refresh();
 
+  void ShowNothing() { Say({}); }
+
  protected:
   void changeEvent(QEvent* event) override;
 
  private:
-  void KeepRoomForOneLine();
+  void KeepRoom();
+  void Say(const QString& sentence);
 
   const Editor* editor_ = nullptr;
   std::vector<RowList*> lists_;

@@ -129,7 +129,8 @@ void AddCurve(const Paper& paper, const GrowthCurve& curve, const QList<QAbstrac
   const QColor colour(paper.IsDark() ? look.onDark : look.onLight);
   auto* line = new QLineSeries;
   line->append(LineOf(curve, paper.view.span.first + paper.view.span.days));
-  line->setPen(QPen(colour, look.width, look.line, Qt::FlatCap));
+  const qreal width = curve.field == 1 ? look.width : look.width / 2;
+  line->setPen(QPen(colour, width, look.line, Qt::FlatCap));
   AddSeries(paper, line, axes);
   auto* marks = new QScatterSeries;
   marks->append(MarksOf(curve));

@@ -12,6 +12,23 @@ namespace {
 constexpr int kWidth = 56;  // characters of the box's font
 constexpr int kKeptLines = 2;
 
+/// Lets a label break a long word, which would otherwise widen the box beyond the screen.
+QString Breakable(const QString& text) {
+  constexpr int kLongestPart = 24;
+  constexpr QChar kZeroWidthSpace(0x200B);
+  QString breakable;
+  int part = 0;
+  for (const QChar letter : text) {
+    part = letter.isSpace() ? 0 : part + 1;
+    if (part > kLongestPart && !letter.isLowSurrogate()) {
+      breakable += kZeroWidthSpace;
+      part = 1;
+    }
+    breakable += letter;
+  }
+  return breakable;
+}
+
 }  // namespace
 
 InputBox::InputBox(const QString& prompt, const QString& title, AnswerHelp help,
@@ -25,7 +42,7 @@ InputBox::InputBox(const QString& prompt, const QString& title, AnswerHelp help,
   ui_->AnswerBox->setFocus();
   ui_->AnswerBox->selectAll();
   ui_->AnswerBox->setMinimumWidth(kWidth * fontMetrics().averageCharWidth());
-  ui_->NowLabel->setText(QString::fromStdString(help_.now));
+  ui_->NowLabel->setText(Breakable(QString::fromStdString(help_.now)));
   ui_->NowLabel->setVisible(!help_.now.empty());
   // The box must not grow while somebody types.
   ui_->KeptLabel->setMinimumHeight(kKeptLines * fontMetrics().lineSpacing());
@@ -39,8 +56,8 @@ InputBox::~InputBox() = default;
 
 void InputBox::AnswerBox_Change() {
   const QString kept = QString::fromStdString(help_.kept(Answer().toStdString()));
-  ui_->KeptLabel->setText(kept);
-  ui_->AnswerBox->setAccessibleDescription(ui_->NowLabel->text() + " " + kept);
+  ui_->KeptLabel->setText(Breakable(kept));
+  ui_->AnswerBox->setAccessibleDescription(QString::fromStdString(help_.now) + " " + kept);
 }
 
 QString InputBox::Answer() const { return ui_->AnswerBox->text(); }

@@ -46,6 +46,10 @@ ListenButtons::ListenButtons(Editor& editor, Handlers& handlers, QWidget* parent
   notice_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   notice_->setTextFormat(Qt::PlainText);
   notice_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  // The window takes its size before they are offered.
+  QSizePolicy policy = sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  setSizePolicy(policy);
   listen_->setToolTip(
       "Hear the instruction of this exercise as an update of today would make it, "
       "or stop it (Ctrl+L).");

@@ -97,7 +97,6 @@ void PreviewForm::Form_Load() {
 
 void PreviewForm::ShowProblems() {
   ui_->ProblemsArea->setVisible(!preview_.problems.empty());
-  ui_->ProblemsArea->setMaximumHeight(kLinesOfProblems * fontMetrics().lineSpacing());
   int row = 0;
   for (const PreviewProblem& problem : preview_.problems) AddProblem(problem, row++);
 }
@@ -153,6 +152,17 @@ void PreviewForm::ShowGrowth() {
   ui_->GrowthLabel->setVisible(!rows.empty());
   ui_->NoGrowthLabel->setVisible(rows.empty());
   ui_->GrowthTable->SelectRow(0);
+}
+
+/// Only now are the fonts and the width known, on which the height of the problems depends.
+void PreviewForm::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  layout()->activate();
+  const int width = ui_->ProblemsArea->viewport()->width();
+  const int wanted =
+      ui_->ProblemsGrid->totalHeightForWidth(width) + 2 * ui_->ProblemsArea->frameWidth();
+  ui_->ProblemsArea->setFixedHeight(
+      std::min(wanted, kLinesOfProblems * fontMetrics().lineSpacing()));
 }
 
 void PreviewForm::OfferListening(Listening& listening) {

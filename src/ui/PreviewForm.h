@@ -28,6 +28,9 @@ class PreviewForm : public QDialog {
 
   const PreviewOutcome& Outcome() const { return outcome_; }
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void Form_Load();
   void ShowProblems();

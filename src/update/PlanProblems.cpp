@@ -112,7 +112,15 @@ ProblemList ProblemsOfDates(const ExerciseRecord& exercise, int index, double da
   const auto look = [&](int set, int field, float frequency, double from) {
     // A new frequency sets its date to that many days ahead; what lies further off, a wrong clock
     // has set.
-    if (frequency <= 0 || from <= day + static_cast<double>(frequency)) return;
+    if (!(frequency > 0) || from <= day + static_cast<double>(frequency)) return;
+    if (std::isnan(from)) {
+      problems.push_back(PlannedWarning(
+          Kind::kDateAhead, {.exercise = index, .row = set},
+          SetOf(exercise, set) + ": field " + std::to_string(field) +
+              " never grows, because its date is impossible. Enter the days again, which sets the "
+              "date anew."));
+      return;
+    }
     problems.push_back(PlannedWarning(
         Kind::kDateAhead, {.exercise = index, .row = set},
         SetOf(exercise, set) + ": field " + std::to_string(field) +

@@ -49,6 +49,9 @@ ProblemList ProblemsOfAll(const ProgramState& state, double day);
 /// The folder of the last update cannot be deleted, which the error says.
 PlannedProblem ProblemOfFolder(const std::exception& error);
 
+/// Nothing can be written to the output path, or a file has the name of the workout's folder there.
+ProblemList ProblemsOfCreation(const std::string& outputPath, const std::string& name);
+
 // Those of one exercise, with its index.
 
 /// Dates that keep a value from growing for longer than its frequency.

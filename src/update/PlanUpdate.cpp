@@ -67,9 +67,12 @@ class Planning {
 
  private:
   void FindFolder() {
-    OutputFolder folder(state_.Settings.OutputPath.Text(), BaseName(plan_.workout));
+    if (IsOutputPathMissing(state_.Settings)) return;
+    const std::string outputPath = state_.Settings.OutputPath.Text();
+    OutputFolder folder(outputPath, BaseName(plan_.workout));
     try {
-      if (!IsOutputPathMissing(state_.Settings)) folder.Look(WhatToKeep(state_));
+      folder.Look(WhatToKeep(state_));
+      problems_.Add(ProblemsOfCreation(outputPath, folder.Name()));
     } catch (const std::exception& error) {
       problems_.Add({ProblemOfFolder(error)});
     }

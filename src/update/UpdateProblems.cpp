@@ -1,7 +1,12 @@
 #include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "app/WorkoutDamage.h"
 #include "base/File.h"
+#include "base/FileError.h"
+#include "base/FileStatus.h"
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
 #include "player/OutputPath.h"
@@ -103,6 +108,20 @@ PlannedProblem ProblemOfFolder(const std::exception& error) {
                       std::string("The update cannot write its files, because ") + error.what() +
                           ". Choose another output path, or give the workout another name.",
                       std::string("ERROR: ") + error.what());
+}
+
+ProblemList ProblemsOfCreation(const std::string& outputPath, const std::string& name) {
+  const auto isThere = StatusOf(outputPath + "/" + name, Links::kFollowed);
+  const bool isInTheWay = isThere && !S_ISDIR(isThere->st_mode);
+  if (!isInTheWay && faccessat(AT_FDCWD, outputPath.c_str(), W_OK, AT_EACCESS) == 0) return {};
+  const int error = isInTheWay ? EEXIST : errno;
+  // A player that is not there is told in words of its own.
+  if (error == ENOENT || error == ENOTDIR) return {};
+  PlannedProblem problem =
+      ProblemOfFolder(FileError(outputPath + "/" + name, "could not be created", error));
+  // What the update logs depends on the files of the last one.
+  problem.line.clear();
+  return {problem};
 }
 
 ProblemList ProblemsOfDrawing(const ExerciseRecord& exercise, int index, const Drawing& drawing,

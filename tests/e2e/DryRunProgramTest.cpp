@@ -51,8 +51,8 @@ class DryRunProgram : public PortableProgram {
 
   void ExpectValid(const std::string& json) {
     PutFile("plan.json", json);
-    const ProgramRun run =
-        RunProgram("/usr/bin/python3", {"-m", "jsonschema", "-i", "plan.json", REPVOLTA_PLAN_SCHEMA});
+    const ProgramRun run = RunProgram(
+        "/usr/bin/python3", {"-m", "jsonschema", "-i", "plan.json", REPVOLTA_PLAN_SCHEMA});
     EXPECT_EQ(run.status, 0) << run.output << run.errors << json;
   }
 };
@@ -75,15 +75,24 @@ TEST_F(DryRunProgram, WritesAndChangesNothing) {
   EXPECT_EQ(Look("."), before);
 }
 
-TEST_F(DryRunProgram, WorksWhereNothingCanBeWritten) {
+TEST_F(DryRunProgram, WorksWhereTheProgramDirectoryCannotBeWritten) {
   AddUnspoken();
   fs::remove("program/" + std::string(kUpdateLockFile));
-  const std::string home = Full("");
-  const std::string readOnly = "mount --bind " + home + " " + home + " && mount -o remount,bind,ro " +
-                               home + " && cd " + home;
+  const std::string program = Full("program");
+  const std::string readOnly =
+      "mount --bind " + program + " " + program + " && mount -o remount,bind,ro " + program;
   const ProgramRun run = RunWithMounts(readOnly, {Full("program/repvolta-update"), "--dry-run"});
   EXPECT_EQ(run.status, 0) << run.output << run.errors;
   EXPECT_THAT(run.output, HasSubstr("Zweihänderheben"));
+}
+
+TEST_F(DryRunProgram, EndsLikeTheUpdateWhereThePlayerCannotBeWritten) {
+  const std::string player = Full("player");
+  const std::string readOnly =
+      "mount --bind " + player + " " + player + " && mount -o remount,bind,ro " + player;
+  const ProgramRun run = RunWithMounts(readOnly, {Full("program/repvolta-update"), "--dry-run"});
+  EXPECT_EQ(run.status, 1) << run.output << run.errors;
+  EXPECT_THAT(run.output, HasSubstr("could not be created: Read-only file system"));
 }
 
 TEST_F(DryRunProgram, WorksWhileAnUpdateRuns) {

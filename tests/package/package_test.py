@@ -130,7 +130,8 @@ class Package(unittest.TestCase):
                         "/usr/share/applications/repvolta.desktop",
                         "/usr/share/icons/hicolor/48x48/apps/repvolta.png",
                         "/usr/share/doc/repvolta/guide/index.html",
-                        "/usr/share/doc/repvolta/guide/pictures/exercise.png")
+                        "/usr/share/doc/repvolta/guide/pictures/exercise.png",
+                        "/usr/share/doc/repvolta/guide/formats/plan.schema.json")
         # There are no settings yet.
         self.tree.as_user("repvolta-update", status=2)
         self.assert_lacks(DATA)

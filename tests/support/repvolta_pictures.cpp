@@ -2,9 +2,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFont>
 #include <QIcon>
+#include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QPalette>
@@ -135,6 +137,16 @@ void MakeProgramDirectory(ProgramState& state) {
   SaveSettings(state);
 }
 
+/// Waits for what the picker finds out in the background.
+void AwaitFigure(const SelectDirectory& directory) {
+  constexpr int kLimit = 2000;  // milliseconds
+  const auto& figure = *directory.findChild<QLabel*>("FigureLabel");
+  const QDeadlineTimer limit(kLimit);
+  while (figure.text().isEmpty() && !limit.hasExpired()) {
+    QApplication::processEvents(QEventLoop::AllEvents, 20);
+  }
+}
+
 void TakePicker(const Pictures& pictures) {
   const std::string home = QDir::homePath().toStdString();
   const TemporaryFolder player;
@@ -146,9 +158,11 @@ void TakePicker(const Pictures& pictures) {
                         .kind = Volume::Kind::kRemovable,
                         .freeBytes = 3'200'000'000}});
   SelectDirectory directory(volumes, OutputFolderQuestion({}));
+  AwaitFigure(directory);
   pictures.Take(directory, "SelectDirectory");
   auto& drives = *directory.findChild<QComboBox*>("DriveListBox");
   drives.setCurrentIndex(3);
+  AwaitFigure(directory);
   pictures.Take(directory, "SelectDirectory-player");
   drives.showPopup();
   pictures.Take(*drives.view()->window(), "SelectDirectory-drives");
@@ -258,6 +272,11 @@ void TakePreview(const Pictures& pictures, const Program& program) {
                                 .output = [] { return ChosenOutput{}; },
                                 .current = [] { return 0; }});
   preview.OfferListening(listening);
+  program.state.Workout[0].ExerciseName = plan.exercises[0].name;
+  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes({0xFD, 0xFD}));
+  for (const char* word : {"1", "set", "50", "kilograms", "for", "12", "reps"}) {
+    PutFile("voice/" + std::string(word) + ".wav", ClipBytes({0xFD, 0xFD}));
+  }
   listening.Play(0);
   pictures.Take(preview, "PreviewForm");
   const std::vector<PlannedProblem> few = plan.problems;
@@ -343,14 +362,13 @@ void TakeWindow(const Pictures& pictures) {
   form.SelectSet(1);
   form.findChild<QWidget*>("SetListInc1")->setFocus();
   pictures.Take(form, "RepvoltaForm-Exercise-focus");
-  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes(Bytes(10, 1)));
+  PutFile("voice/exercise/Bench Press.WAV", ClipBytes({0xFD, 0xFD}));
   form.findChild<QPushButton*>("ListenButton")->click();
   pictures.Take(form, "RepvoltaForm-Exercise-heard");
   for (auto* menu : form.findChildren<QMenu*>()) {
     emit menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());
   }
-  PutFile("voice/exercise/Goblet Squat.WAV", ClipBytes({0xFD, 0xFD}));
   TakePreview(pictures, program);
 }
 

@@ -1,3 +1,6 @@
+#include <QScrollArea>
+#include <QScrollBar>
+
 #include "app/UpdateDays.h"
 
 #include "support/FormFixture.h"
@@ -82,7 +85,19 @@ TEST_F(GrowthOfTheSelectedSet, WrapsInsteadOfMakingTheTabWider) {
   EXPECT_GE(label.height(), label.heightForWidth(label.width()));
 }
 
+TEST_F(GrowthOfTheSelectedSet, FitsWithTheWholeTab) {
+  state.Workout[0].SetIncrement2[0] = 1;
+  state.Workout[0].SetFrequency2[0] = 20;
+  PutUpdateDays(state.Options, UpdateDays(0b0000001));
+  form->resize(form->sizeHint());
+  ClickRow("SetList1", 0);
+  QApplication::processEvents();
+  EXPECT_GT(Text("GrowthLabel").size(), 200U);
+  EXPECT_FALSE(Get<QScrollArea>("ExerciseScrollArea").verticalScrollBar()->isVisible());
+}
+
 TEST_F(GrowthOfTheSelectedSet, KeepsItsRoomWhenThereIsNothingToSay) {
+  PutUpdateDays(state.Options, UpdateDays(0b0000001));
   ClickRow("SetList1", 0);
   QApplication::processEvents();
   const int with = Get<QWidget>("AddNewSetButton").mapTo(form.get(), QPoint()).y();
@@ -101,11 +116,12 @@ TEST_F(GrowthOfTheSelectedSet, IsGoneWithTheLastExercise) {
   EXPECT_FALSE(Get<QLabel>("GrowthLabel").isVisible());
 }
 
-TEST_F(GrowthOfTheSelectedSet, IsNotThatOfAnExerciseThatCouldBeShown) {
+TEST_F(GrowthOfTheSelectedSet, IsNotThatOfAnExerciseThatWasShownBefore) {
   ClickRow("SetList1", 0);
   state.Workout[0].NumberOfSets = 99;
   EXPECT_THROW(form->UpdateExerciseScreen(), std::out_of_range);
   EXPECT_EQ(Text("GrowthLabel"), "");
+  EXPECT_EQ(List("FreqList1").accessibleDescription(), "");
 }
 
 }  // namespace

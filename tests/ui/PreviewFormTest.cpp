@@ -3,6 +3,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -107,6 +108,16 @@ TEST_F(PreviewWindow, LeadsToTheUpdate) {
 TEST_F(PreviewWindow, ShowsNoProblemsWhereThereAreNone) {
   Open();
   EXPECT_FALSE(Find<QScrollArea>(*form, "ProblemsArea").isVisible());
+}
+
+TEST_F(PreviewWindow, ShowsAFewProblemsWholeInALargeFont) {
+  const QFont before = QApplication::font();
+  QFont large = before;
+  large.setPointSize(14);
+  QApplication::setFont(large);
+  OpenWithProblems();
+  EXPECT_EQ(Find<QScrollArea>(*form, "ProblemsArea").verticalScrollBar()->maximum(), 0);
+  QApplication::setFont(before);
 }
 
 TEST_F(PreviewWindow, HasAButtonThatLeadsToWhereAProblemIsMended) {

@@ -44,34 +44,34 @@ TEST_F(PlanUpdatesTest, PlansTheWorkoutsInTheirOrder) {
   state.Workout[0].ExerciseName = "Press";
   PutWorkout("Friday.RPV");
 
-  const DryRun plans = Plan({"Monday.RPV", "Friday.RPV"});
+  const DryRun planned = Plan({"Monday.RPV", "Friday.RPV"});
 
-  EXPECT_EQ(plans.day, clock.Today());
-  ASSERT_EQ(plans.plans.size(), 2U);
-  EXPECT_EQ(plans.plans[0].workout, "Monday.RPV");
-  EXPECT_EQ(plans.plans[0].exercises[0].name, "Squat");
-  EXPECT_EQ(plans.plans[1].exercises[0].name, "Press");
-  EXPECT_TRUE(plans.problems.empty());
+  EXPECT_EQ(planned.day, clock.Today());
+  ASSERT_EQ(planned.plans.size(), 2U);
+  EXPECT_EQ(planned.plans[0].workout, "Monday.RPV");
+  EXPECT_EQ(planned.plans[0].exercises[0].name, "Squat");
+  EXPECT_EQ(planned.plans[1].exercises[0].name, "Press");
+  EXPECT_TRUE(planned.problems.empty());
 }
 
 TEST_F(PlanUpdatesTest, SaysWhichWorkoutIsGoneAndGoesOn) {
   AddNamed("Squat");
   PutWorkout("Monday.RPV");
 
-  const DryRun plans = Plan({"Gone.RPV", "Monday.RPV"});
+  const DryRun planned = Plan({"Gone.RPV", "Monday.RPV"});
 
-  EXPECT_EQ(plans.problems,
+  EXPECT_EQ(planned.problems,
             (std::vector<DryRunProblem>{{Severity::kError, "Gone.RPV could not be loaded"}}));
-  EXPECT_EQ(plans.plans.size(), 1U);
+  EXPECT_EQ(planned.plans.size(), 1U);
 }
 
 TEST_F(PlanUpdatesTest, WarnsOfOptionsThatCannotBeUnderstood) {
   PutFile("options.conf", "odd\n");
   LoadOptions(state);
-  const DryRun plans = Plan({});
-  ASSERT_EQ(plans.problems.size(), 1U);
-  EXPECT_EQ(plans.problems[0].severity, Severity::kWarning);
-  EXPECT_EQ(plans.problems[0].text, OddOptions(state.Options));
+  const DryRun planned = Plan({});
+  ASSERT_EQ(planned.problems.size(), 1U);
+  EXPECT_EQ(planned.problems[0].severity, Severity::kWarning);
+  EXPECT_EQ(planned.problems[0].text, OddOptions(state.Options));
 }
 
 }  // namespace

@@ -53,8 +53,7 @@ TEST(PlanText, SaysWhyAValueStays) {
 TEST(PlanText, AddsUpSeveralWorkouts) {
   DryRun run = SampleDryRun();
   run.plans.push_back(SamplePlan());
-  EXPECT_THAT(PlanText(run),
-              HasSubstr("\nAll workouts: 6 files, 13:38, 19.2 MB\n"));
+  EXPECT_THAT(PlanText(run), HasSubstr("\nAll workouts: 6 files, 13:38, 19.2 MB\n"));
 }
 
 TEST(PlanText, SpeaksOfExamplesOnlyWhereTheyAre) {

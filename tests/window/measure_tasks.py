@@ -1,5 +1,7 @@
-"""Does the twelve tasks with each build and prints what they cost: measure_tasks.py NAME=BUILD..."""
+"""Does the twelve tasks with each build and writes to a page what they cost:
+measure_tasks.py PAGE NAME=BUILD..."""
 
+import contextlib
 import pathlib
 import re
 import sys
@@ -80,11 +82,7 @@ def goals(counts):
             (f"every task can be done in the window: {len(impossible)} cannot", not impossible)]
 
 
-def main():
-    builds = {name: pathlib.Path(build).resolve()
-              for name, build in (argument.split("=", 1) for argument in sys.argv[1:])}
-    display = Display()
-    columns = {name: measured(display, build) for name, build in builds.items()}
+def print_page(columns):
     print_table(columns)
     for name, counts in columns.items():
         print_known(name, counts)
@@ -92,6 +90,16 @@ def main():
     for name, counts in columns.items():
         for goal, reached in goals(counts):
             print(f"- {name}: {goal}{'' if reached else ' (**missed**)'}")
+
+
+def main():
+    page = pathlib.Path(sys.argv[1])
+    builds = {name: pathlib.Path(build).resolve()
+              for name, build in (argument.split("=", 1) for argument in sys.argv[2:])}
+    display = Display()
+    columns = {name: measured(display, build) for name, build in builds.items()}
+    with page.open("w", encoding="utf-8") as file, contextlib.redirect_stdout(file):
+        print_page(columns)
     return 0 if all(reached for _, reached in goals(columns[list(columns)[-1]])) else 1
 
 

@@ -34,7 +34,7 @@ class FolderSearch {
   std::string Find(const std::string& top) {
     folders_.push_back(top);
     for (std::size_t next = 0; next < folders_.size(); ++next) {
-      const std::string folder = folders_[next];
+      std::string folder = folders_[next];
       if (HasSongs(folder) && IsNewer(folder)) return folder;
     }
     return "";

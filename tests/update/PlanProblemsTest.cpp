@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 
 #include "base/ProgramFiles.h"
@@ -295,7 +294,7 @@ TEST_F(ProblemsAhead, NameAFolderThatIsALink) {
 }
 
 TEST_F(ProblemsAhead, WarnOfTooLittleRoom) {
-  std::ofstream(Full("music/huge.mp3"));
+  PutFile("music/huge.mp3", "");
   fs::resize_file("music/huge.mp3", std::uintmax_t{1} << 43);
   AddSong(AddSquat(), Full("music/huge.mp3"));
   EXPECT_THAT(Problems(), Contains(IsWarning(Kind::kLackOfRoom, -1, -1, "Monday.RPV needs ")));

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
+#include <QTimer>
 
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
@@ -29,6 +30,7 @@
 #include "ui/ClearIndicators.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
+#include "ui/MusicFileDialog.h"
 #include "ui/PreviewForm.h"
 #include "ui/QtDialogs.h"
 #include "ui/RandomMusicMessage.h"
@@ -168,6 +170,16 @@ void TakePicker(const Pictures& pictures) {
   pictures.Take(*drives.view()->window(), "SelectDirectory-drives");
 }
 
+void TakeMusicDialog(const Pictures& pictures) {
+  const TemporaryFolder music;
+  PutFile("Song.mp3", "");
+  QTimer::singleShot(0, [&] {
+    QWidget& dialog = *QApplication::activeModalWidget();
+    pictures.Take(dialog, "MusicFileDialog");
+  });
+  PickMusicFiles(nullptr, music.Path(), music.Path() + "window.ini");
+}
+
 void TakeUpdate(const Pictures& pictures) {
   FakeDisks disks;
   UpdateForm update;
@@ -294,6 +306,7 @@ void TakeDialogs(const Pictures& pictures) {
   exercise.findChild<QListWidget*>("ExerciseNameList")->setCurrentRow(0);
   pictures.Take(exercise, "SelectExerciseDialog");
   TakePicker(pictures);
+  TakeMusicDialog(pictures);
   AboutForm about;
   pictures.Take(about, "AboutForm");
   const SystemClock clock;

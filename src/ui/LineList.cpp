@@ -55,7 +55,6 @@ void SelectNext(QListWidget& list, LineKind kind) {
     QListWidgetItem* item = list.item((list.currentRow() + step + count) % count);
     if (KindOf(*item) != kind) continue;
     list.setCurrentItem(item, QItemSelectionModel::ClearAndSelect);
-    list.scrollToItem(item);
     list.setFocus(Qt::OtherFocusReason);
     return;
   }

@@ -372,7 +372,7 @@ void TakeWindow(const Pictures& pictures) {
   }
   tabs.setCurrentIndex(1);
   form.activateWindow();
-  form.SelectSet(1);
+  form.SelectSet(0);
   form.findChild<QWidget*>("SetListInc1")->setFocus();
   pictures.Take(form, "RepvoltaForm-Exercise-focus");
   PutFile("voice/exercise/Bench Press.WAV", ClipBytes({0xFD, 0xFD}));

@@ -15,6 +15,8 @@
 #include "app/WorkoutDamage.h"
 #include "app/WorkoutFiles.h"
 #include "base/File.h"
+#include "base/FileError.h"
+#include "base/FileStatus.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "platform/QtChildProcesses.h"
@@ -167,6 +169,15 @@ void ExpectPlayer(const ProgramState& state) {
   if (!missing.empty()) throw CannotStart(missing);
 }
 
+/// Throws CannotStart when no update could lock the program directory.
+void ExpectLock(const ProgramState& state) {
+  const std::string lock = state.ProgramDirectory + kUpdateLockFile;
+  const int error = ErrorOfWritingTo(FileExists(lock) ? lock : state.ProgramDirectory);
+  if (error != 0) {
+    throw CannotStart(FileError(lock, "could not be opened for writing", error).what());
+  }
+}
+
 /// Prints all of a text. What a reader of a pipe does not want to read is no failure.
 int Print(const std::string& text, int status) {
   std::cout << text << std::flush;
@@ -175,7 +186,7 @@ int Print(const std::string& text, int status) {
   return kDoneWithErrors;
 }
 
-/// Shows what the update would do, also when it could not start because the player is missing.
+/// Shows what the update would do, also when it could not start.
 int ShowPlan(ProgramState& state, const UpdateArguments& arguments) {
   ReadWorkoutNames(state);
   CountRandomMusicFiles(state);
@@ -186,6 +197,7 @@ int ShowPlan(ProgramState& state, const UpdateArguments& arguments) {
   const int status = Print(isForPrograms ? PlanJson(run) : PlanText(run),
                            HasErrors(run) ? kDoneWithErrors : kDone);
   ExpectPlayer(state);
+  ExpectLock(state);
   return status;
 }
 

@@ -39,8 +39,8 @@ std::string EnglishDate(double date) {
   const std::chrono::year_month_day day =
       kDayZero + std::chrono::days(static_cast<int>(std::floor(date)));
   return std::string(WeekdayName(WeekdayOf(date)), kShortName) + " " +
-         std::to_string(unsigned{day.day()}) + " " + kMonths.at(unsigned{day.month()} - 1) + " " +
-         std::to_string(int{day.year()});
+         std::to_string(static_cast<unsigned>(day.day())) + " " +
+         kMonths.at(static_cast<unsigned>(day.month()) - 1) + " " + std::to_string(int{day.year()});
 }
 
 }  // namespace repvolta

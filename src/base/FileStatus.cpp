@@ -1,6 +1,8 @@
 #include "base/FileStatus.h"
 
 #include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "base/FileError.h"
 
@@ -14,6 +16,10 @@ std::optional<struct stat> StatusOf(const std::string& path, Links links) {
     if (errno == missing) return std::nullopt;
   }
   throw FileError(path, "could not be looked at", errno);
+}
+
+int ErrorOfWritingTo(const std::string& path) {
+  return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? 0 : errno;
 }
 
 }  // namespace repvolta

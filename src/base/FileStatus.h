@@ -12,4 +12,7 @@ enum class Links { kFollowed, kSeen };
 /// does not exist. Throws FileError when the disk cannot tell.
 std::optional<struct stat> StatusOf(const std::string& path, Links links);
 
+/// 0 when this process may write to the file or folder `path`, else the errno value.
+int ErrorOfWritingTo(const std::string& path);
+
 }  // namespace repvolta

@@ -171,6 +171,7 @@ PreviewPlace PlaceOf(const PlannedProblem& problem) {
     case Kind::kLackOfRoom:
       return {.kind = PreviewPlace::Kind::kOutputPath};
     case Kind::kDamagedWorkout:
+    case Kind::kNotSaved:
       return {.kind = PreviewPlace::Kind::kWorkout};
     case Kind::kNoEncoder:
       break;

@@ -23,7 +23,7 @@ class GrowthPicture : public QChartView {
  private:
   void Draw();
 
-  GrowthAheadView view_;
+  GrowthAheadView view_{};
 };
 
 }  // namespace repvolta

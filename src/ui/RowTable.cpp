@@ -55,10 +55,8 @@ QSize RowTable::SizeOf(int rows) const {
               2 * frameWidth()};
 }
 
-QSize RowTable::sizeHint() const {
-  const int rows = model() == nullptr ? 0 : model()->rowCount();
-  return SizeOf(std::max(rows, fewestRows_));
-}
+/// In a window that scrolls, a table that asked for all its rows would push the rest out of sight.
+QSize RowTable::sizeHint() const { return SizeOf(fewestRows_); }
 
 QSize RowTable::minimumSizeHint() const {
   return {kLeastWidth * fontMetrics().averageCharWidth(), SizeOf(fewestRows_).height()};

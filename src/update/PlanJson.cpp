@@ -78,6 +78,8 @@ QString NameOf(PlannedProblem::Kind kind) {
       return "noEncoder";
     case Kind::kDamagedWorkout:
       return "damagedWorkout";
+    case Kind::kNotSaved:
+      return "notSaved";
   }
   return {};
 }

@@ -65,6 +65,7 @@ struct PlannedProblem {
     kLackOfRoom,
     kNoEncoder,
     kDamagedWorkout,
+    kNotSaved,  // the workout's file cannot be written
   };
 
   /// An error is one that the update would log as such, too.

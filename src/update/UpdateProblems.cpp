@@ -1,9 +1,8 @@
 #include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
-#include <unistd.h>
 
 #include "app/WorkoutDamage.h"
+#include "app/WorkoutFiles.h"
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileStatus.h"
@@ -82,10 +81,23 @@ PlannedProblem ProblemOfEnd(const ExerciseRecord& exercise, const PlannedPlace& 
                       line);
 }
 
+/// A workout is saved by a new file beside the old one.
+void AddUnsaved(const ProgramState& state, ProblemList& problems) {
+  const int error = ErrorOfWritingTo(kWorkoutFolder);
+  // A folder that is not there will be made.
+  if (error == 0 || error == ENOENT) return;
+  const FileError failure(PathOfWorkout(state), "could not be written", error);
+  problems.push_back(PlannedError(Kind::kNotSaved, {},
+                                  std::string("What grows cannot be saved, because ") +
+                                      failure.what() + ". Get the right to write there.",
+                                  ""));
+}
+
 }  // namespace
 
 ProblemList ProblemsOfAll(const ProgramState& state, double day) {
   ProblemList problems = ProblemsOfPlayer(state, day);
+  AddUnsaved(state, problems);
   AddDamage(state, problems);
   if (EncodingNow() == Encoding::kNoEncoder) {
     problems.push_back(PlannedWarning(
@@ -113,10 +125,9 @@ PlannedProblem ProblemOfFolder(const std::exception& error) {
 ProblemList ProblemsOfCreation(const std::string& outputPath, const std::string& name) {
   const auto isThere = StatusOf(outputPath + "/" + name, Links::kFollowed);
   const bool isInTheWay = isThere && !S_ISDIR(isThere->st_mode);
-  if (!isInTheWay && faccessat(AT_FDCWD, outputPath.c_str(), W_OK, AT_EACCESS) == 0) return {};
-  const int error = isInTheWay ? EEXIST : errno;
+  const int error = isInTheWay ? EEXIST : ErrorOfWritingTo(outputPath);
   // A player that is not there is told in words of its own.
-  if (error == ENOENT || error == ENOTDIR) return {};
+  if (error == 0 || error == ENOENT || error == ENOTDIR) return {};
   PlannedProblem problem =
       ProblemOfFolder(FileError(outputPath + "/" + name, "could not be created", error));
   // What the update logs depends on the files of the last one.

@@ -24,10 +24,11 @@ double Contrast(const QColor& one, const QColor& other) {
   return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
+/// A button in the style.
 template <class Button>
-class ClearIndicatorsTest : public testing::Test {
- protected:
-  ClearIndicatorsTest() { button_.setStyle(&style_); }
+class Painted {
+ public:
+  Painted() { button_.setStyle(&style_); }
 
   /// The largest contrast with the window that a pixel of the indicator's upper edge has.
   double ContrastOfEdge(const QPalette& palette) {
@@ -48,36 +49,39 @@ class ClearIndicatorsTest : public testing::Test {
     return contrast;
   }
 
+  /// As it is painted in light colours by `style`, or by its own.
+  QImage InLight(QStyle* style = nullptr) {
+    button_.setStyle(style == nullptr ? &style_ : style);
+    button_.setPalette(QPalette(QColor(239, 239, 239)));
+    button_.resize(button_.sizeHint());
+    return button_.grab().toImage();
+  }
+
+ private:
   ClearIndicators style_{QStyleFactory::create("fusion")};
   Button button_;
 };
 
-using Buttons = testing::Types<QCheckBox, QRadioButton>;
-TYPED_TEST_SUITE(ClearIndicatorsTest, Buttons);
-
-TYPED_TEST(ClearIndicatorsTest, AreOutlinedInDarkColours) {
+TEST(ClearIndicatorsTest, AreOutlinedInDarkColours) {
   QPalette dark(kDark);
   dark.setColor(QPalette::Base, QColor(35, 35, 35));
-  EXPECT_GE(this->ContrastOfEdge(dark), 3);
+  EXPECT_GE(Painted<QCheckBox>().ContrastOfEdge(dark), 3);
+  EXPECT_GE(Painted<QRadioButton>().ContrastOfEdge(dark), 3);
 }
 
-TYPED_TEST(ClearIndicatorsTest, AreOutlinedInHighContrast) {
-  EXPECT_GE(this->ContrastOfEdge(QPalette(Qt::white, Qt::black, Qt::white, Qt::black, Qt::gray,
-                                          Qt::white, Qt::white, Qt::black, Qt::black)),
-            3);
+TEST(ClearIndicatorsTest, AreOutlinedInHighContrast) {
+  const QPalette contrast(Qt::white, Qt::black, Qt::white, Qt::black, Qt::gray, Qt::white,
+                          Qt::white, Qt::black, Qt::black);
+  EXPECT_GE(Painted<QCheckBox>().ContrastOfEdge(contrast), 3);
+  EXPECT_GE(Painted<QRadioButton>().ContrastOfEdge(contrast), 3);
 }
 
-TYPED_TEST(ClearIndicatorsTest, AreThoseOfTheStyleInLightColours) {
-  const QPalette light(QColor(239, 239, 239));
-  const auto image = [&](QStyle* style) {
-    this->button_.setStyle(style);
-    this->button_.setPalette(light);
-    this->button_.resize(this->button_.sizeHint());
-    return this->button_.grab().toImage();
-  };
+TEST(ClearIndicatorsTest, AreThoseOfTheStyleInLightColours) {
   const std::unique_ptr<QStyle> plain(QStyleFactory::create("fusion"));
-  const QImage expected = image(plain.get());
-  EXPECT_EQ(image(&this->style_), expected);
+  Painted<QCheckBox> box;
+  Painted<QRadioButton> radio;
+  EXPECT_EQ(box.InLight(), box.InLight(plain.get()));
+  EXPECT_EQ(radio.InLight(), radio.InLight(plain.get()));
 }
 
 }  // namespace

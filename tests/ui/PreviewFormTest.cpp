@@ -65,6 +65,17 @@ TEST_F(PreviewWindow, HasARowForEachFile) {
   EXPECT_EQ(Files().model()->index(1, kPreviewSize).data().toString(), "3.2 MB");
 }
 
+TEST_F(PreviewWindow, KeepsWhatGrowsInSightHoweverManyFilesThereAre) {
+  const std::vector<PlannedFile> few = plan.exercises[0].files;
+  for (int i = 0; i < 25; ++i) {
+    plan.exercises[0].files.insert(plan.exercises[0].files.end(), few.begin(), few.end());
+  }
+  Open();
+  ASSERT_GE(Files().model()->rowCount(), 50);
+  const int bottom = Growth().mapTo(form.get(), QPoint(0, Growth().height())).y();
+  EXPECT_LT(bottom, form->height());
+}
+
 TEST_F(PreviewWindow, BeginsAtTheFirstFile) {
   Open();
   EXPECT_TRUE(Files().hasFocus());

@@ -6,6 +6,7 @@
 #include "update/UpdateFixture.h"
 
 #include "support/OrdinaryRights.h"
+#include "support/UnreadableFile.h"
 
 namespace repvolta {
 namespace {
@@ -64,6 +65,16 @@ TEST_F(FolderProblems, TellThatThePlayerCannotBeWritten) {
   fs::permissions("player", fs::perms::owner_read | fs::perms::owner_exec);
   EXPECT_THAT(Problems(), ElementsAre(IsOfFolder("could not be created: Permission denied", "")));
   fs::permissions("player", fs::perms::owner_all);
+}
+
+TEST_F(FolderProblems, TellThatTheWorkoutCannotBeSaved) {
+  fs::create_directory("workouts");
+  const UnreadableFile unwritable("workouts", fs::perms::owner_read | fs::perms::owner_exec);
+  EXPECT_THAT(Problems(),
+              ElementsAre(AllOf(Field(&PlannedProblem::kind, PlannedProblem::Kind::kNotSaved),
+                                Field(&PlannedProblem::severity, PlannedProblem::Severity::kError),
+                                Field(&PlannedProblem::text,
+                                      HasSubstr("Monday.RPV could not be written: Permission")))));
 }
 
 TEST_F(FolderProblems, LeaveOutTheFolderWithoutAnOutputPath) {

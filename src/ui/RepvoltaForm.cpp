@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QScreen>
+#include <QStyle>
 #include <QTabBar>
 #include <QTimer>
 #include <algorithm>
@@ -88,12 +89,21 @@ RepvoltaForm::RepvoltaForm(Program& program, Dialogs& dialogs, ProgressWindow& p
   progress.OnOpenFolder(
       [this](const std::string& folder) { editor_.dialogs.OpenDocument(folder); });
   new WheelGuard(this);
-  resize(sizeHint().boundedTo(screen()->availableSize()));
+  TakeSize();
   RestoreWindowLayout(*this, layoutFile_);
   RepvoltaForm::EnableWorkoutControls();
 }
 
 RepvoltaForm::~RepvoltaForm() = default;
+
+/// A tab that has to scroll needs room for its scroll bar, too, or it would scroll both ways.
+void RepvoltaForm::TakeSize() {
+  QSize size = sizeHint();
+  const QSize room = screen()->availableSize();
+  if (size.height() > room.height())
+    size.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  resize(size.boundedTo(room));
+}
 
 void RepvoltaForm::AddTabs() {
   workoutTab_ = new WorkoutTab(editor_, handlers_);

@@ -85,6 +85,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void TakeSize();
   void AddTabs();
   void ConnectButtons();
   void AddMenu();

@@ -9,8 +9,10 @@ class TabScrollArea : public QScrollArea {
  public:
   using QScrollArea::QScrollArea;
 
+  /// With half a line to spare, since labels are a few pixels higher as soon as they say something.
   QSize sizeHint() const override {
-    return widget() == nullptr ? QScrollArea::sizeHint() : widget()->sizeHint();
+    if (widget() == nullptr) return QScrollArea::sizeHint();
+    return widget()->sizeHint() + QSize(0, fontMetrics().height() / 2);
   }
 };
 

@@ -124,5 +124,35 @@ TEST_F(GrowthOfTheSelectedSet, IsNotThatOfAnExerciseThatWasShownBefore) {
   EXPECT_EQ(List("FreqList1").accessibleDescription(), "");
 }
 
+struct LargeFont {
+  LargeFont() {
+    QFont font = before;
+    font.setPointSize(14);
+    QApplication::setFont(font);
+  }
+  ~LargeFont() { QApplication::setFont(before); }
+  LargeFont(const LargeFont&) = delete;
+  LargeFont& operator=(const LargeFont&) = delete;
+
+  const QFont before = QApplication::font();
+};
+
+class WindowInALargeFont : public LargeFont, public FormFixture {};
+
+TEST_F(WindowInALargeFont, HasRoomFromTheStartForAllThatTheExerciseTabSays) {
+  const QSize size = form->sizeHint();
+  ExerciseRecord& squat = AddExercise("Squat");
+  squat.NumberOfSets = 1;
+  squat.SetFrequency1[0] = 7;
+  squat.TargetExerciseTime = 60;
+  squat.TotalMusicTime = 90;
+  squat.NumberOfMusicFiles = 1;
+  squat.MusicFile[0] = "/gone.mp3";
+  form->resize(size);
+  OpenTab(1);
+  QApplication::processEvents();
+  EXPECT_FALSE(Get<QScrollArea>("ExerciseScrollArea").verticalScrollBar()->isVisible());
+}
+
 }  // namespace
 }  // namespace repvolta

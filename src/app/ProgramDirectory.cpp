@@ -65,7 +65,7 @@ void FillProgramDirectory(const std::string& programDirectory, const std::string
 
 std::string FindGuide(const std::string& executable) {
   for (const char* folder : kGuideFolders) {
-    const std::string found = FolderOf(executable) + folder;
+    std::string found = FolderOf(executable) + folder;
     if (IsTaken(found + kFirstPage)) return found;
   }
   return "";

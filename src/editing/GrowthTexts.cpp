@@ -42,9 +42,10 @@ UpdateDays WeeklyDays(const std::vector<SetGrowth>& rhythm) {
   for (std::size_t i = 1; i < rhythm.size(); ++i) {
     weekdays.set(static_cast<std::size_t>(WeekdayOf(rhythm[i].day)));
   }
+  const auto span = static_cast<int>(rhythm.back().day - rhythm.front().day);
   std::size_t days = 0;
-  for (double day = rhythm.front().day + 1; day <= rhythm.back().day; ++day) {
-    if (weekdays[static_cast<std::size_t>(WeekdayOf(day))]) ++days;
+  for (int day = 1; day <= span; ++day) {
+    if (weekdays[static_cast<std::size_t>(WeekdayOf(rhythm.front().day + day))]) ++days;
   }
   return days + 1 == rhythm.size() ? weekdays : UpdateDays();
 }
@@ -76,6 +77,7 @@ ValueName ValueNameOf(const ExerciseRecord& exercise, int field) {
 
 ValueName NameWithSets(const ValueName& name, const std::vector<int>& sets) {
   std::vector<std::string> numbers;
+  numbers.reserve(sets.size());
   for (const int set : sets) numbers.push_back(std::to_string(set + 1));
   return {name.text + (numbers.size() == 1 ? " of set " : " of sets ") + Listed(numbers),
           name.isPlural};

@@ -28,7 +28,7 @@ std::string NameOf(const Editor& editor) { return BaseName(editor.State().Workou
 /// whose name may differ in case, has it already; `own` is the path of a file that may.
 std::string FreePath(const Editor& editor, const std::string& name, const std::string& title,
                      const std::string& own = "") {
-  const std::string path = kWorkoutFolder + name + kWorkoutExtension;
+  std::string path = kWorkoutFolder + name + kWorkoutExtension;
   const auto taken = FindFile(path);
   if (!taken || *taken == own) return path;
   editor.dialogs.ShowMessage("There is a workout " + BaseName(*taken) + " already.", title);

@@ -51,10 +51,11 @@ std::string TimeText(double time) {
   const std::int64_t second = ((all % secondsOfDay) + secondsOfDay) % secondsOfDay;
   const year_month_day date{kDayZero + days((all - second) / secondsOfDay)};
   std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d.%02d.%02d",
-                static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
-                static_cast<unsigned>(date.day()), static_cast<int>(second / 3600),
-                static_cast<int>(second / 60 % 60), static_cast<int>(second % 60));
+  static_cast<void>(
+      std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d.%02d.%02d",
+                    static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
+                    static_cast<unsigned>(date.day()), static_cast<int>(second / 3600),
+                    static_cast<int>(second / 60 % 60), static_cast<int>(second % 60)));
   return text.data();
 }
 

@@ -26,6 +26,7 @@ DEFAULT_TIMES = {5, *map(round, NUMBERS)}  # minutes
 LEFT_BY_SAVES = {"program/.settings.dat.new": "a save of settings",
                  **{f"program/workouts/.{workout}.RPV.new": "a save of a workout"
                     for workout in WORKOUTS}}
+LEFT_BY_VERSIONS = {"next", ".next.new"}
 LEFT_BY_UPDATES = {"program/temp.wav", "program/temp.mp3",
                    f"program/voice/exercise/.{NAMES[-1]}.WAV.new"}
 # The tab, the work there, and the number of created files after which the kill comes at the latest.
@@ -124,6 +125,10 @@ class Kills(WindowTest):
         print(f"{killed} amid {' and '.join(amid) or 'nothing'}", flush=True)
         self.check_recovery(updates)
 
+    @property
+    def versions(self):
+        return self.home.program / "versions"
+
     def old_output(self, shown):
         """A path in a folder that the next update must clear."""
         folder = self.player / WORKOUTS[shown]
@@ -151,6 +156,7 @@ class Kills(WindowTest):
             self.assertIn(len(exercises), range(1, MOST_EXERCISES + 1))
             for exercise in exercises:
                 self.check_exercise(exercise)
+        self.check_versions()
         self.assertEqual(self.look_at_songs(), self.songs_before)
         if self.clip.exists():
             clip = self.clip.read_bytes()
@@ -162,6 +168,15 @@ class Kills(WindowTest):
         if updates and not self.old_output(shown).exists() and not self.has_output(shown):
             amid.add("an update")
         return sorted(amid)
+
+    def check_versions(self):
+        """Each kept version is a whole workout; what a kill left of one is replaced by the next."""
+        for path in self.versions.rglob("*"):
+            if path.is_dir() or path.name in LEFT_BY_VERSIONS:
+                continue
+            self.assertEqual(path.stat().st_size, WORKOUT_SIZE, path)
+            for exercise in self.records(path.relative_to(self.home.program))["exercises"]:
+                self.check_exercise(exercise)
 
     def check_settings(self, settings):
         self.assertIn(settings["last"], range(len(WORKOUTS)))
@@ -239,8 +254,9 @@ class Kills(WindowTest):
                 for path in self.home.music.iterdir()}
 
     def files(self):
-        """All files except those on the player, the windows' layout and the clip."""
-        folders = (self.player, self.home.folder / ".config", self.home.folder / "temporary")
+        """All files except those on the player, the windows' layout, the clip and the versions."""
+        folders = (self.player, self.home.folder / ".config", self.home.folder / "temporary",
+                   self.versions)
         return {str(path.relative_to(self.home.folder)) for path in self.home.folder.rglob("*")
                 if path != self.clip and not path.name.startswith(("window.ini", "QtProject"))
                 and not any(path.is_relative_to(other) for other in folders)}

@@ -35,6 +35,7 @@
 #include "ui/QtDialogs.h"
 #include "ui/RandomMusicMessage.h"
 #include "ui/RepvoltaForm.h"
+#include "ui/RowList.h"
 #include "ui/SelectDirectory.h"
 #include "ui/SelectExerciseDialog.h"
 #include "ui/UpdateForm.h"
@@ -59,11 +60,15 @@ class Pictures {
   }
 
   void Take(QWidget& window, const QString& name) const {
-    window.show();
-    // The dialog lists its folders in the background.
-    for (int i = 0; i < 20; ++i) QApplication::processEvents(QEventLoop::AllEvents, 20);
+    Settle(window);
     window.grab().save(folder_ + "/" + name + ".png");
     if (!qobject_cast<RepvoltaForm*>(&window)) window.hide();
+  }
+
+  /// Shows the window and lets it look at folders and songs, which it does in the background.
+  static void Settle(QWidget& window) {
+    window.show();
+    for (int i = 0; i < 20; ++i) QApplication::processEvents(QEventLoop::AllEvents, 20);
   }
 
  private:
@@ -301,6 +306,16 @@ ExerciseRecord GrowingExercise() {
   return exercise;
 }
 
+/// The songs of the sample are on no disk; the guide shows them as if they were.
+void ForgetThatSongsAreGone(const RepvoltaForm& form) {
+  auto& songs = *form.findChild<RowList*>("MusicList");
+  for (int row = 0; row < songs.count(); ++row) {
+    songs.item(row)->setIcon({});
+    songs.SetRemark(row, "");
+  }
+  form.findChild<QLabel*>("GoneSongsLabel")->clear();
+}
+
 void TakeGrowth(const Pictures& pictures, RepvoltaForm& form) {
   form.GetEditor().Exercise() = GrowingExercise();
   form.UpdateExerciseScreen();
@@ -335,6 +350,9 @@ void TakeWindow(const Pictures& pictures) {
   form.findChild<QListWidget*>("ExerciseList")->setCurrentRow(0);
   auto& tabs = *form.findChild<QTabWidget*>("SSTab1");
   for (const char* name : {"Workout", "Exercise", "Settings"}) {
+    form.SelectSet(0);
+    Pictures::Settle(form);
+    if (tabs.currentIndex() == 1) ForgetThatSongsAreGone(form);
     pictures.Take(form, QString("RepvoltaForm-") + name);
     if (tabs.currentIndex() == 1) TakeGrowth(pictures, form);
     tabs.setCurrentIndex(tabs.currentIndex() + 1);

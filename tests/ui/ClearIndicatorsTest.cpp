@@ -1,7 +1,12 @@
 #include <QCheckBox>
 #include <QRadioButton>
 #include <QStyleFactory>
+#include <QStyleOptionButton>
+#include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
+#include <memory>
+#include <type_traits>
 
 #include "ui/ClearIndicators.h"
 

@@ -6,6 +6,7 @@
 
 #include "app/WorkoutFiles.h"
 #include "base/FileNames.h"
+#include "base/Text.h"
 #include "keeping/Versions.h"
 
 namespace repvolta {
@@ -32,6 +33,7 @@ bool WasKeptBeforeAChangeOn(double day, const std::string& path) {
 }  // namespace
 
 std::string KeepBeforeChange(ProgramState& state, double now) {
+  if (TrimBlanks(state.WorkoutFileName).empty()) return "";
   const double day = std::floor(now);
   if (state.Kept.day == day && state.Kept.changed == state.WorkoutFileName) return "";
   return FailureToTell(state, [&] {

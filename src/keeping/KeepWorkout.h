@@ -12,7 +12,7 @@ namespace repvolta {
 // not be kept, until a caller sets Kept.isFailureTold, and is "" otherwise. The program directory
 // must be current; `now` is the time as base/Days.h counts it.
 
-/// Before the first change of a day to the workout in memory.
+/// Before the first change of a day to the workout in memory; does nothing when there is none.
 std::string KeepBeforeChange(ProgramState& state, double now);
 
 /// Before anything else.

@@ -72,6 +72,12 @@ TEST_F(KeptVersionsOfEdits, ThatAreNotPossibleAreToldOnceAndCostNoEdit) {
   EXPECT_EQ(state.Workout[0].TargetExerciseTime, 200);
 }
 
+TEST_F(KeptVersionsOfEdits, AreNotMissedWithoutAWorkout) {
+  state.WorkoutFileName = "";
+  SaveChangedWorkout(editor);
+  EXPECT_THAT(dialogs.asked, IsEmpty());
+}
+
 TEST_F(KeptVersionsOfEdits, AreWhatANewWorkoutOfTheSameNameReplaces) {
   const Bytes before = GetFile("workouts/Monday.RPV");
   dialogs.answers = {"Monday"};

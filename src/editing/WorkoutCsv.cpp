@@ -64,7 +64,7 @@ class Cells {
   /// A text that would become a formula gets an apostrophe; one more where it begins with them, so
   /// that removing one always gives the text back.
   void PutText(const std::string& text) {
-    std::string cell = IsUtf8(text) ? text : FromWindows1252(text);
+    std::string cell = AsUtf8(text);
     if (LooksLikeFormula(WithoutApostrophes(cell))) cell.insert(0, 1, '\'');
     const bool isPlain =
         cell.find_first_of("\",\r\n") == std::string::npos && TrimBlanks(cell) == cell;

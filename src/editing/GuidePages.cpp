@@ -16,6 +16,7 @@ constexpr GuidePage kPages[] = {
     {"own-voice", "Your own voice and exercises"},
     {"schedule", "Updates on a schedule"},
     {"messages", "What the program says"},
+    {"when-something-went-wrong", "When something went wrong"},
     {"backup", "Backup and moving"},
     {"keys", "Menus and keys"},
 };

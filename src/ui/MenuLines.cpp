@@ -99,6 +99,7 @@ constexpr MenuLine kLines[] = {
     {M::kHelp, "GuidePage-own-voice"},
     {M::kHelp, "GuidePage-schedule"},
     {M::kHelp, "GuidePage-messages"},
+    {M::kHelp, "GuidePage-when-something-went-wrong"},
     {M::kHelp, "GuidePage-backup"},
     {M::kHelp, "GuidePage-keys"},
     {M::kHelp},

@@ -9,21 +9,23 @@ namespace repvolta {
 
 WorkoutActions::WorkoutActions(QWidget& window, Editor& editor, Handlers& handlers,
                                std::function<int()> selectedExercise) {
-  Add(window, handlers, "DuplicateWorkoutAction", "Duplicate Workout ...",
-      "The workout could not be copied.", [&editor] { DuplicateWorkout(editor); });
-  Add(window, handlers, "RenameWorkoutAction", "Rename Workout ...",
-      "The workout could not be renamed.", [&editor] { RenameWorkout(editor); });
-  Add(window, handlers, "CopyExerciseAction", "Copy Exercise to ...",
-      "The exercise could not be copied.",
+  Add(window, handlers,
+      {"DuplicateWorkoutAction", "Duplicate Workout ...", "The workout could not be copied."},
+      [&editor] { DuplicateWorkout(editor); });
+  Add(window, handlers,
+      {"RenameWorkoutAction", "Rename Workout ...", "The workout could not be renamed."},
+      [&editor] { RenameWorkout(editor); });
+  Add(window, handlers,
+      {"CopyExerciseAction", "Copy Exercise to ...", "The exercise could not be copied."},
       [&editor, row = std::move(selectedExercise)] { CopyExercise(editor, row()); });
 }
 
-void WorkoutActions::Add(QWidget& window, Handlers& handlers, const char* objectName,
-                         const char* text, const std::string& failure,
+void WorkoutActions::Add(QWidget& window, Handlers& handlers, const Line& line,
                          const std::function<void()>& command) {
-  QAction* action = AddCommand(&window, objectName, text, {});
-  QObject::connect(action, &QAction::triggered, &window,
-                   [&handlers, failure, command] { handlers.Run(failure, command); });
+  QAction* action = AddCommand(&window, line.objectName, line.text, {});
+  QObject::connect(
+      action, &QAction::triggered, &window,
+      [&handlers, failure = line.failure, command] { handlers.Run(failure, command); });
   actions_.push_back(action);
 }
 

@@ -20,8 +20,14 @@ class WorkoutActions {
   void Enable(bool enabled);
 
  private:
-  void Add(QWidget& window, Handlers& handlers, const char* objectName, const char* text,
-           const std::string& failure, const std::function<void()>& command);
+  struct Line {
+    const char* objectName;
+    const char* text;
+    const char* failure;
+  };
+
+  void Add(QWidget& window, Handlers& handlers, const Line& line,
+           const std::function<void()>& command);
 
   std::vector<QAction*> actions_;
 };

@@ -30,6 +30,7 @@ class QtDialogs : public Dialogs {
   std::string SelectDirectory(const FolderQuestion& question) override;
   std::vector<std::string> SelectMusicFiles(const std::string& startFolder) override;
   PreviewOutcome ShowPreview(const std::function<Preview()>& plan, Listening* listening) override;
+  std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) override;
   void ShowAbout() override;
   void OpenDocument(const std::string& path) override;
   void OpenGuide(std::string_view page) override;

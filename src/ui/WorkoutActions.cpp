@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "editing/RestoreVersion.h"
 #include "editing/WorkoutCopies.h"
 #include "ui/Keys.h"
 
@@ -16,6 +17,7 @@ WorkoutActions::WorkoutActions(QWidget& window, Editor& editor, Handlers& handle
   Add(window, handlers, "CopyExerciseAction", "Copy Exercise to ...",
       "The exercise could not be copied.",
       [&editor, row = std::move(selectedExercise)] { CopyExercise(editor, row()); });
+  AddRestore(window, editor, handlers);
 }
 
 void WorkoutActions::Add(QWidget& window, Handlers& handlers, const char* objectName,
@@ -25,6 +27,15 @@ void WorkoutActions::Add(QWidget& window, Handlers& handlers, const char* object
   QObject::connect(action, &QAction::triggered, &window,
                    [&handlers, failure, command] { handlers.Run(failure, command); });
   actions_.push_back(action);
+}
+
+/// Without a workout, too: it brings back deleted ones.
+void WorkoutActions::AddRestore(QWidget& window, Editor& editor, Handlers& handlers) {
+  QAction* action =
+      AddCommand(&window, "RestoreVersionAction", "Restore an Earlier Version ...", {});
+  QObject::connect(action, &QAction::triggered, &window, [&editor, &handlers] {
+    handlers.Run("The earlier version could not be restored.", [&] { RestoreVersion(editor); });
+  });
 }
 
 void WorkoutActions::Enable(bool enabled) {

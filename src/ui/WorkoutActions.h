@@ -16,12 +16,13 @@ class WorkoutActions {
   WorkoutActions(QWidget& window, Editor& editor, Handlers& handlers,
                  std::function<int()> selectedExercise);
 
-  /// They need a workout.
+  /// They need a workout, except that earlier versions can always be restored.
   void Enable(bool enabled);
 
  private:
   void Add(QWidget& window, Handlers& handlers, const char* objectName, const char* text,
            const std::string& failure, const std::function<void()>& command);
+  void AddRestore(QWidget& window, Editor& editor, Handlers& handlers);
 
   std::vector<QAction*> actions_;
 };

@@ -33,9 +33,9 @@ class RestoreVersionWindow : public FormFixture {
 
   static void Keep(const std::string& workout, const char* exercise, int hour) {
     const std::string path = "workouts/" + workout + ".RPV";
-    ExerciseSlots slots;
-    slots[0].ExerciseName = exercise;
-    PutFile(path, EncodeWorkout(slots));
+    ExerciseSlots workoutOf;
+    workoutOf[0].ExerciseName = exercise;
+    PutFile(path, EncodeWorkout(workoutOf));
     KeepVersion(path, BeforeWhat::kUpdate, kToday + hour / 24.0);
   }
 

@@ -10,32 +10,34 @@ namespace repvolta {
 
 WorkoutActions::WorkoutActions(QWidget& window, Editor& editor, Handlers& handlers,
                                std::function<int()> selectedExercise) {
-  Add(window, handlers, "DuplicateWorkoutAction", "Duplicate Workout ...",
-      "The workout could not be copied.", [&editor] { DuplicateWorkout(editor); });
-  Add(window, handlers, "RenameWorkoutAction", "Rename Workout ...",
-      "The workout could not be renamed.", [&editor] { RenameWorkout(editor); });
-  Add(window, handlers, "CopyExerciseAction", "Copy Exercise to ...",
-      "The exercise could not be copied.",
+  Add(window, handlers,
+      {"DuplicateWorkoutAction", "Duplicate Workout ...", "The workout could not be copied."},
+      [&editor] { DuplicateWorkout(editor); });
+  Add(window, handlers,
+      {"RenameWorkoutAction", "Rename Workout ...", "The workout could not be renamed."},
+      [&editor] { RenameWorkout(editor); });
+  Add(window, handlers,
+      {"CopyExerciseAction", "Copy Exercise to ...", "The exercise could not be copied."},
       [&editor, row = std::move(selectedExercise)] { CopyExercise(editor, row()); });
-  AddRestore(window, editor, handlers);
+  // It brings back deleted workouts, too.
+  AddAlways(window, handlers,
+            {"RestoreVersionAction", "Restore an Earlier Version ...",
+             "The earlier version could not be restored."},
+            [&editor] { RestoreVersion(editor); });
 }
 
-void WorkoutActions::Add(QWidget& window, Handlers& handlers, const char* objectName,
-                         const char* text, const std::string& failure,
+QAction* WorkoutActions::AddAlways(QWidget& window, Handlers& handlers, const Line& line,
+                                   const std::function<void()>& command) {
+  QAction* action = AddCommand(&window, line.objectName, line.text, {});
+  QObject::connect(
+      action, &QAction::triggered, &window,
+      [&handlers, failure = line.failure, command] { handlers.Run(failure, command); });
+  return action;
+}
+
+void WorkoutActions::Add(QWidget& window, Handlers& handlers, const Line& line,
                          const std::function<void()>& command) {
-  QAction* action = AddCommand(&window, objectName, text, {});
-  QObject::connect(action, &QAction::triggered, &window,
-                   [&handlers, failure, command] { handlers.Run(failure, command); });
-  actions_.push_back(action);
-}
-
-/// Without a workout, too: it brings back deleted ones.
-void WorkoutActions::AddRestore(QWidget& window, Editor& editor, Handlers& handlers) {
-  QAction* action =
-      AddCommand(&window, "RestoreVersionAction", "Restore an Earlier Version ...", {});
-  QObject::connect(action, &QAction::triggered, &window, [&editor, &handlers] {
-    handlers.Run("The earlier version could not be restored.", [&] { RestoreVersion(editor); });
-  });
+  actions_.push_back(AddAlways(window, handlers, line, command));
 }
 
 void WorkoutActions::Enable(bool enabled) {

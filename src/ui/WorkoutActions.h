@@ -20,9 +20,17 @@ class WorkoutActions {
   void Enable(bool enabled);
 
  private:
-  void Add(QWidget& window, Handlers& handlers, const char* objectName, const char* text,
-           const std::string& failure, const std::function<void()>& command);
-  void AddRestore(QWidget& window, Editor& editor, Handlers& handlers);
+  struct Line {
+    const char* objectName;
+    const char* text;
+    const char* failure;
+  };
+
+  /// For a command that needs no workout.
+  static QAction* AddAlways(QWidget& window, Handlers& handlers, const Line& line,
+                            const std::function<void()>& command);
+  void Add(QWidget& window, Handlers& handlers, const Line& line,
+           const std::function<void()>& command);
 
   std::vector<QAction*> actions_;
 };

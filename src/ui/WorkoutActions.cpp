@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "editing/RestoreVersion.h"
 #include "editing/WorkoutCopies.h"
 #include "ui/Keys.h"
 
@@ -18,15 +19,25 @@ WorkoutActions::WorkoutActions(QWidget& window, Editor& editor, Handlers& handle
   Add(window, handlers,
       {"CopyExerciseAction", "Copy Exercise to ...", "The exercise could not be copied."},
       [&editor, row = std::move(selectedExercise)] { CopyExercise(editor, row()); });
+  // It brings back deleted workouts, too.
+  AddAlways(window, handlers,
+            {"RestoreVersionAction", "Restore an Earlier Version ...",
+             "The earlier version could not be restored."},
+            [&editor] { RestoreVersion(editor); });
 }
 
-void WorkoutActions::Add(QWidget& window, Handlers& handlers, const Line& line,
-                         const std::function<void()>& command) {
+QAction* WorkoutActions::AddAlways(QWidget& window, Handlers& handlers, const Line& line,
+                                   const std::function<void()>& command) {
   QAction* action = AddCommand(&window, line.objectName, line.text, {});
   QObject::connect(
       action, &QAction::triggered, &window,
       [&handlers, failure = line.failure, command] { handlers.Run(failure, command); });
-  actions_.push_back(action);
+  return action;
+}
+
+void WorkoutActions::Add(QWidget& window, Handlers& handlers, const Line& line,
+                         const std::function<void()>& command) {
+  actions_.push_back(AddAlways(window, handlers, line, command));
 }
 
 void WorkoutActions::Enable(bool enabled) {

@@ -16,7 +16,7 @@ class WorkoutActions {
   WorkoutActions(QWidget& window, Editor& editor, Handlers& handlers,
                  std::function<int()> selectedExercise);
 
-  /// They need a workout.
+  /// They need a workout, except that earlier versions can always be restored.
   void Enable(bool enabled);
 
  private:
@@ -26,6 +26,9 @@ class WorkoutActions {
     const char* failure;
   };
 
+  /// For a command that needs no workout.
+  static QAction* AddAlways(QWidget& window, Handlers& handlers, const Line& line,
+                            const std::function<void()>& command);
   void Add(QWidget& window, Handlers& handlers, const Line& line,
            const std::function<void()>& command);
 

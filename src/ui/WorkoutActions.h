@@ -9,21 +9,22 @@
 
 namespace repvolta {
 
-/// The commands on a workout or exercise that have no button, for the menus.
+/// The commands on workouts and exercises that have no button, for the menus.
 class WorkoutActions {
  public:
   /// The actions belong to `window`. `selectedExercise` returns a row, or -1.
   WorkoutActions(QWidget& window, Editor& editor, Handlers& handlers,
                  std::function<int()> selectedExercise);
 
-  /// They need a workout.
+  /// All but "Export ALL as CSV ..." need a workout.
   void Enable(bool enabled);
 
  private:
+  void AddPrinting(QWidget& window, Editor& editor, Handlers& handlers);
   void Add(QWidget& window, Handlers& handlers, const char* objectName, const char* text,
            const std::string& failure, const std::function<void()>& command);
 
-  std::vector<QAction*> actions_;
+  std::vector<QAction*> actions_;  // those that need a workout
 };
 
 }  // namespace repvolta

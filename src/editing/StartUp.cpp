@@ -15,6 +15,7 @@
 #include "editing/ListMusic.h"
 #include "editing/LoadedWorkout.h"
 #include "update/RandomMusicList.h"
+#include "update/RestoreAtStart.h"
 
 namespace repvolta {
 namespace {
@@ -121,6 +122,7 @@ void AskForOutput(const Editor& editor) {
 
 void Form_Load(const Editor& editor, AudioOutputs& outputs) {
   ProgramState& state = editor.State();
+  FinishInterruptedRestore(state.ProgramDirectory);
   MakeProgramDirectoryCurrent(state);
   bool isSetUp = false;
   // Settings must not be saved while it is unknown whether there is a settings file.
@@ -155,6 +157,8 @@ bool FirstRunSetup(const Editor& editor) {
 }
 
 void ExitButton_Click(const Editor& editor) {
+  // The next start finishes the restore, whose settings are the ones to keep.
+  if (editor.State().RestoreIsPending) return;
   Try(editor, [&] {
     ProgramState& state = editor.State();
     MakeProgramDirectoryCurrent(state);

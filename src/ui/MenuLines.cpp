@@ -28,6 +28,8 @@ constexpr MenuLine kLines[] = {
     {M::kWorkout, "PreviousTabAction"},
     {M::kWorkout, "NextTabAction"},
     {M::kWorkout},
+    {M::kWorkout, "BackUpAction"},
+    {M::kWorkout},
     {M::kWorkout, "ExitButton"},
 
     {M::kEdit, "AddNewSetButton"},

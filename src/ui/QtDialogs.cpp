@@ -11,6 +11,7 @@
 #include "base/FileError.h"
 #include "platform/MountedVolumes.h"
 #include "ui/AboutForm.h"
+#include "ui/FileDialogs.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
 #include "ui/MusicFileDialog.h"
@@ -19,6 +20,7 @@
 #include "ui/SelectDirectory.h"
 #include "ui/SelectExerciseDialog.h"
 #include "ui/WheelGuard.h"
+#include "ui/WorkWindow.h"
 
 namespace repvolta {
 namespace {
@@ -88,6 +90,18 @@ std::string QtDialogs::SelectDirectory(const FolderQuestion& question) {
 
 std::vector<std::string> QtDialogs::SelectMusicFiles(const std::string& startFolder) {
   return PickMusicFiles(owner_, startFolder, layoutFile_);
+}
+
+std::string QtDialogs::ChooseFileToSave(const FileQuestion& question) {
+  return PickFile(owner_, question, FileChoice::kToSave, layoutFile_);
+}
+
+std::string QtDialogs::ChooseFileToOpen(const FileQuestion& question) {
+  return PickFile(owner_, question, FileChoice::kToOpen, layoutFile_);
+}
+
+void QtDialogs::ShowWork(std::string_view text, const LongWork& work) {
+  RunInSight(owner_, text, work);
 }
 
 PreviewOutcome QtDialogs::ShowPreview(const std::function<Preview()>& plan, Listening* listening) {

@@ -64,6 +64,24 @@ class ScriptedDialogs : public Dialogs {
     return files;
   }
 
+  std::string ChooseFileToSave(const FileQuestion& question) override {
+    asked.push_back("save|" + question.title + "|" + question.file);
+    return NextAnswer();
+  }
+
+  std::string ChooseFileToOpen(const FileQuestion& question) override {
+    asked.push_back("open|" + question.title);
+    return NextAnswer();
+  }
+
+  void ShowWork(std::string_view text, const LongWork& work) override {
+    asked.push_back("work|" + std::string(text));
+    work([this](int percent) {
+      shares.push_back(percent);
+      if (percent >= stopAt) throw WorkStopped();
+    });
+  }
+
   PreviewOutcome ShowPreview(const std::function<Preview()>& plan,
                              Listening* /*listening*/) override {
     asked.emplace_back("preview");
@@ -87,6 +105,8 @@ class ScriptedDialogs : public Dialogs {
   std::vector<Preview> previews;
   PreviewOutcome previewOutcome;
   std::function<void()> whenAsked;
+  std::vector<int> shares;  // per cent of the long works
+  int stopAt = 101;         // per cent
 
  private:
   void Record(const std::string& kind, std::string_view title, std::string_view text) {

@@ -45,6 +45,23 @@ std::vector<std::string> ReadJournal(const std::string& path) {
   return names;
 }
 
+/// Finds out before the restore is decided whether the file could be put in place. Throws
+/// FileError.
+void ExpectPlaceFor(const std::string& directory, const std::string& name) {
+  constexpr const char* kFailure = "could not be restored";
+  const std::string path = directory + name;
+  if (IsTaken(path) && !FileExists(path)) {
+    throw FileError(path, kFailure, "Something else has its name");
+  }
+  std::string folder = FolderOf(name);
+  while (!folder.empty() && !IsTaken(WithoutSeparator(directory + folder))) {
+    folder = FolderOf(WithoutSeparator(folder));
+  }
+  const std::string place = directory + folder;
+  const int error = ErrorOfWritingTo(place.empty() ? "." : place);
+  if (error != 0) throw FileError(path, kFailure, error);
+}
+
 /// Where a folder lies on another disk, the file is copied, whole or not at all.
 void PutInPlace(const std::string& from, const std::string& to) {
   if (!IsTaken(from)) return;  // it is in place already
@@ -106,6 +123,7 @@ void RestoreStage::Add(const std::string& name, std::span<const Byte> content) {
   if (!LeadsBelow(name)) {
     throw FileError(name, "could not be restored", "It does not lie in the program directory");
   }
+  ExpectPlaceFor(directory_, name);
   const std::string path = directory_ + kRestoredFiles + name;
   MakeFolders(WithoutSeparator(FolderOf(path)));
   File file = File::CreateNew(path, kPrivateFile);

@@ -23,7 +23,8 @@ class RestoreStage {
   RestoreStage(const RestoreStage&) = delete;
   RestoreStage& operator=(const RestoreStage&) = delete;
 
-  /// `name` is a path below the program directory. Throws FileError.
+  /// `name` is a path below the program directory. Throws FileError, also when it could not be put
+  /// in place there.
   void Add(const std::string& name, std::span<const Byte> content);
 
   /// Throws FileError; then nothing is restored, unless IsRestorePending.

@@ -1,6 +1,5 @@
 #include "update/RestoreAtStart.h"
 
-#include "base/FileError.h"
 #include "base/Folder.h"
 #include "base/ProgramFiles.h"
 #include "keeping/PendingRestore.h"
@@ -18,9 +17,7 @@ void FinishInterruptedRestore(const std::string& programDirectory) {
     if (IsRestorePending(programDirectory)) throw;
   } catch (const FileError& error) {
     if (!IsRestorePending(programDirectory)) return;
-    throw RestoreUnfinished(
-        std::string("A backup is half restored, and the rest cannot be put in place yet: ") +
-        error.what());
+    throw RestoreUnfinished(programDirectory, error.what());
   }
 }
 

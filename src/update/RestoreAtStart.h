@@ -1,14 +1,16 @@
 #pragma once
 
-#include <stdexcept>
 #include <string>
+
+#include "base/FileError.h"
 
 namespace repvolta {
 
 /// A backup is half restored; what() says why its last files could not be put in place.
-class RestoreUnfinished : public std::runtime_error {
+class RestoreUnfinished : public FileError {
  public:
-  using std::runtime_error::runtime_error;
+  RestoreUnfinished(const std::string& programDirectory, const std::string& why)
+      : FileError(programDirectory, "is half restored", why) {}
 };
 
 /// Finishes a restore that was interrupted and removes one that was not decided, under the lock of

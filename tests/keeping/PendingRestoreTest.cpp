@@ -173,6 +173,22 @@ TEST_F(PendingRestore, LeavesNothingOnAFullDisk) {
   ExpectOld();
 }
 
+TEST_F(PendingRestore, IsNotDecidedWhenSomethingIsInTheWay) {
+  RestoreStage stage("");
+  PutFile("workouts/Folder.RPV/x", "");
+  PutFile("versions", "no folder");
+  EXPECT_THROW(Add(stage, "workouts/Folder.RPV", "x"), FileError);
+  EXPECT_THROW(Add(stage, "versions/Monday/a.RPV", "x"), FileError);
+}
+
+TEST_F(PendingRestore, IsNotDecidedWhenAFolderCannotBeWritten) {
+  const OrdinaryRights ordinary;
+  fs::permissions("workouts", fs::perms(0500));
+  RestoreStage stage("");
+  EXPECT_THROW(Add(stage, "workouts/Monday.RPV", "x"), FileError);
+  fs::permissions("workouts", fs::perms(0700));
+}
+
 TEST_F(PendingRestore, NeedsAFolderThatCanBeWritten) {
   const OrdinaryRights ordinary;
   fs::permissions(".", fs::perms(0500));

@@ -2,9 +2,12 @@
 
 #include <utility>
 
+#include "editing/ExportCsv.h"
 #include "editing/RestoreVersion.h"
+#include "editing/SheetCommands.h"
 #include "editing/WorkoutCopies.h"
 #include "ui/Keys.h"
+#include "ui/PrintedSheet.h"
 
 namespace repvolta {
 
@@ -24,6 +27,26 @@ WorkoutActions::WorkoutActions(QWidget& window, Editor& editor, Handlers& handle
             {"RestoreVersionAction", "Restore an Earlier Version ...",
              "The earlier version could not be restored."},
             [&editor] { RestoreVersion(editor); });
+  AddPrinting(window, editor, handlers);
+  Add(window, handlers,
+      {"ExportCsvAction", "Export as CSV ...", "The workout could not be exported."},
+      [&editor] { ExportCsv(editor); });
+  AddAlways(window, handlers,
+            {"ExportAllCsvAction", "Export ALL as CSV ...", "The workouts could not be exported."},
+            [&editor] { ExportAllCsv(editor); });
+}
+
+void WorkoutActions::AddPrinting(QWidget& window, Editor& editor, Handlers& handlers) {
+  Add(window, handlers, {"PrintAction", "Print ...", "The workout could not be printed."},
+      [&editor, &window] {
+        PrintWorkout(editor,
+                     [&window](const WorkoutSheet& sheet) { return PrintSheet(sheet, &window); });
+      });
+  Add(window, handlers, {"SavePdfAction", "Save as PDF ...", "The PDF could not be made."},
+      [&editor] {
+        SaveWorkoutAsPdf(editor,
+                         [](const WorkoutSheet& sheet) { return SheetAsPdf(sheet, UsualPaper()); });
+      });
 }
 
 QAction* WorkoutActions::AddAlways(QWidget& window, Handlers& handlers, const Line& line,

@@ -17,6 +17,7 @@
 #include "editing/PreviewCommands.h"
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
+#include "ui/BackupActions.h"
 #include "ui/ExerciseTab.h"
 #include "ui/GrowthAheadCommand.h"
 #include "ui/Help.h"
@@ -174,6 +175,7 @@ void RepvoltaForm::AddMenu() {
       *this, editor_, handlers_, [this] { return workoutTab_->SelectedExercise(); });
   undoActions_ = std::make_unique<UndoActions>(*this, editor_, handlers_,
                                                [this] { exerciseTab_->FollowRandomMusic(); });
+  AddBackupActions(*this, editor_, handlers_);
   new Help(*this, editor_.dialogs);
   menu_ = new MainMenu(*this, MenuLines());
   layout()->setMenuBar(menu_);

@@ -38,6 +38,9 @@ constexpr MenuLine kLines[] = {
     {M::kWorkout},
     {M::kWorkout, "ExitButton"},
 
+    {M::kEdit, "UndoAction"},
+    {M::kEdit, "RedoAction"},
+    {M::kEdit},
     {M::kEdit, "AddNewSetButton"},
     {M::kEdit, "RemoveSelectedSetButton"},
     {M::kEdit, "MoveSetUpListButton"},

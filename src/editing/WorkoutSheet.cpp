@@ -34,7 +34,7 @@ std::string UnitSign(const ExerciseRecord& exercise, int field) {
 std::string NameWithUnit(const ExerciseRecord& exercise, int field) {
   const FieldNames names = FieldNamesOf(exercise);
   const std::string unit = UnitSign(exercise, field);
-  const std::string name(TrimBlanks(field == 1 ? names.first : names.second));
+  const std::string name = ShownOnOneLine(TrimBlanks(field == 1 ? names.first : names.second));
   return unit.empty() ? name : name + " (" + unit + ")";
 }
 
@@ -68,11 +68,12 @@ SheetSet SetOf(const ExerciseRecord& exercise, int set, const UpdateDays& update
 
 SheetExercise ExerciseOf(const ProgramState& state, int index, double today) {
   const ExerciseRecord& exercise = state.Workout[index];
-  SheetExercise part = {.name = std::to_string(index + 1) + ". " + exercise.ExerciseName.Trimmed(),
-                        .music = MusicText(exercise),
-                        .firstName = NameWithUnit(exercise, 1),
-                        .secondName = NameWithUnit(exercise, 2),
-                        .sets = {}};
+  SheetExercise part = {
+      .name = std::to_string(index + 1) + ". " + ShownOnOneLine(exercise.ExerciseName.Trimmed()),
+      .music = MusicText(exercise),
+      .firstName = NameWithUnit(exercise, 1),
+      .secondName = NameWithUnit(exercise, 2),
+      .sets = {}};
   const int sets = std::clamp<int>(exercise.NumberOfSets, 0, kSetSlots);
   for (int set = 0; set < sets; ++set) {
     part.sets.push_back(SetOf(exercise, set, ChosenUpdateDays(state.Options), today));
@@ -84,8 +85,9 @@ SheetExercise ExerciseOf(const ProgramState& state, int index, double today) {
 }  // namespace
 
 WorkoutSheet SheetOf(const ProgramState& state, double today) {
-  WorkoutSheet sheet = {
-      .name = AsUtf8(BaseName(state.WorkoutFileName)), .date = EnglishDate(today), .exercises = {}};
+  WorkoutSheet sheet = {.name = ShownOnOneLine(AsUtf8(BaseName(state.WorkoutFileName))),
+                        .date = EnglishDate(today),
+                        .exercises = {}};
   for (int i = 0; i < state.NumberOfExercises; ++i) {
     sheet.exercises.push_back(ExerciseOf(state, i, today));
   }

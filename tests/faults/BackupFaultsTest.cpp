@@ -69,7 +69,7 @@ class BackupFaults : public FaultWorld {
 };
 
 TEST_F(BackupFaults, OfOneCallLeaveTheOldOrTheNewBackup) {
-  const int step = PointStep(5);
+  const int step = PointStep(9);
   int points = 0;
   for (const char* group : kGroups) {
     std::size_t kind = 0;
@@ -94,7 +94,7 @@ TEST_F(BackupFaults, ThatAreNoneChangeNothing) {
 }
 
 TEST_F(BackupFaults, OfAKillLeaveTheOldOrTheNewBackupAndRoomForTheNext) {
-  const int step = PointStep(40);
+  const int step = PointStep(60);
   int points = 0;
   for (int number = 1;; number += step, ++points) {
     const Fault kill{.group = "any", .number = number, .failure = "KILL"};

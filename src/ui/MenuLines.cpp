@@ -8,16 +8,19 @@ namespace {
 using M = Menu;
 
 constexpr MenuLine kLines[] = {
+    {M::kFile, "PrintAction"},
+    {M::kFile, "SavePdfAction"},
+    {M::kFile},
+    {M::kFile, "ExportCsvAction"},
+    {M::kFile, "ExportAllCsvAction"},
+    {M::kFile},
+    {M::kFile, "BackUpAction"},
+
     {M::kWorkout, "WorkoutDropBox", "Choose Workout"},
     {M::kWorkout, "CreateNewWorkoutButton"},
     {M::kWorkout, "DuplicateWorkoutAction"},
     {M::kWorkout, "RenameWorkoutAction"},
     {M::kWorkout, "DeleteSelectedWorkoutButton"},
-    {M::kWorkout},
-    {M::kWorkout, "PrintAction"},
-    {M::kWorkout, "SavePdfAction"},
-    {M::kWorkout, "ExportCsvAction"},
-    {M::kWorkout, "ExportAllCsvAction"},
     {M::kWorkout},
     {M::kWorkout, "PreviewAction"},
     {M::kWorkout, "UpdateSelectedWorkoutButton"},
@@ -99,9 +102,11 @@ constexpr MenuLine kLines[] = {
     {M::kHelp, "GuidePage-growth"},
     {M::kHelp, "GuidePage-music"},
     {M::kHelp, "GuidePage-players"},
+    {M::kHelp, "GuidePage-export-and-print"},
     {M::kHelp, "GuidePage-own-voice"},
     {M::kHelp, "GuidePage-schedule"},
     {M::kHelp, "GuidePage-messages"},
+    {M::kHelp, "GuidePage-when-something-went-wrong"},
     {M::kHelp, "GuidePage-backup"},
     {M::kHelp, "GuidePage-keys"},
     {M::kHelp},
@@ -112,6 +117,8 @@ constexpr MenuLine kLines[] = {
 
 const char* TitleOf(Menu menu) {
   switch (menu) {
+    case Menu::kFile:
+      return "File";
     case Menu::kWorkout:
       return "Workout";
     case Menu::kEdit:

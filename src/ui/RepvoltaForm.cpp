@@ -18,6 +18,7 @@
 #include "editing/PreviewCommands.h"
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
+#include "ui/BackupActions.h"
 #include "ui/ExerciseTab.h"
 #include "ui/GrowthAheadCommand.h"
 #include "ui/Help.h"
@@ -172,6 +173,7 @@ void RepvoltaForm::AddMenu() {
   connect(next, &QAction::triggered, this, [this] { StepTab(1); });
   workoutActions_ = std::make_unique<WorkoutActions>(
       *this, editor_, handlers_, [this] { return workoutTab_->SelectedExercise(); });
+  AddBackupActions(*this, editor_, handlers_);
   new Help(*this, editor_.dialogs);
   menu_ = new MainMenu(*this, MenuLines());
   layout()->setMenuBar(menu_);

@@ -1,5 +1,6 @@
 #include "ui/WorkWindow.h"
 
+#include <QProgressBar>
 #include <QProgressDialog>
 #include <algorithm>
 
@@ -9,6 +10,7 @@ namespace repvolta {
 namespace {
 
 constexpr int kAll = 100;
+constexpr int kMoment = 400;  // milliseconds
 
 QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -21,8 +23,10 @@ void RunInSight(QWidget* owner, std::string_view text, const LongWork& work) {
   window.setObjectName("WorkWindow");
   window.setWindowTitle(ToQt(kProductName));
   window.setWindowModality(Qt::ApplicationModal);
+  window.setMinimumDuration(kMoment);
   window.setAutoClose(false);
   window.setAutoReset(false);
+  for (auto* bar : window.findChildren<QProgressBar*>()) bar->setAccessibleName(ToQt(text));
   window.setValue(0);
   work([&window](int percent) {
     // This handles events, too.

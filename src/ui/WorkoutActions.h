@@ -20,11 +20,18 @@ class WorkoutActions {
   void Enable(bool enabled);
 
  private:
-  void AddPrinting(QWidget& window, Editor& editor, Handlers& handlers);
-  void Add(QWidget& window, Handlers& handlers, const char* objectName, const char* text,
-           const std::string& failure, const std::function<void()>& command);
+  struct Line {
+    const char* objectName;
+    const char* text;
+    const char* failure;
+  };
 
-  std::vector<QAction*> actions_;  // those that need a workout
+  void AddPrinting(QWidget& window, Editor& editor, Handlers& handlers);
+  QAction* Add(QWidget& window, Handlers& handlers, const Line& line,
+               const std::function<void()>& command);
+
+  std::vector<QAction*> actions_;
+  QAction* exportAll_ = nullptr;
 };
 
 }  // namespace repvolta

@@ -51,6 +51,7 @@ constexpr HelpPlace kPlaces[] = {
     {"GrowthAheadForm", "", "growth.html#looking-ahead"},
     {"UpdateForm", "", "messages.html#lines-of-an-update"},
     {"PreviewForm", "", "preview.html"},
+    {"RestoreVersionForm", "", "when-something-went-wrong.html#bring-back-an-earlier-version"},
     {"RandomMusicMessage", "", "music.html#random-music"},
     {"AboutForm", "", kGuideContents},
 };

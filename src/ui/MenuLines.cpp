@@ -21,6 +21,7 @@ constexpr MenuLine kLines[] = {
     {M::kWorkout, "DuplicateWorkoutAction"},
     {M::kWorkout, "RenameWorkoutAction"},
     {M::kWorkout, "DeleteSelectedWorkoutButton"},
+    {M::kWorkout, "RestoreVersionAction"},
     {M::kWorkout},
     {M::kWorkout, "PreviewAction"},
     {M::kWorkout, "UpdateSelectedWorkoutButton"},

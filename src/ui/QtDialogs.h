@@ -33,6 +33,7 @@ class QtDialogs : public Dialogs {
   std::string ChooseFileToOpen(const FileQuestion& question) override;
   void ShowWork(std::string_view text, const LongWork& work) override;
   PreviewOutcome ShowPreview(const std::function<Preview()>& plan, Listening* listening) override;
+  std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) override;
   void ShowAbout() override;
   void OpenDocument(const std::string& path) override;
   void OpenGuide(std::string_view page) override;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "editing/ExportCsv.h"
+#include "editing/RestoreVersion.h"
 #include "editing/SheetCommands.h"
 #include "editing/WorkoutCopies.h"
 #include "ui/Keys.h"
@@ -21,14 +22,18 @@ WorkoutActions::WorkoutActions(QWidget& window, Editor& editor, Handlers& handle
   Add(window, handlers,
       {"CopyExerciseAction", "Copy Exercise to ...", "The exercise could not be copied."},
       [&editor, row = std::move(selectedExercise)] { CopyExercise(editor, row()); });
+  // It brings back deleted workouts, too.
+  AddAlways(window, handlers,
+            {"RestoreVersionAction", "Restore an Earlier Version ...",
+             "The earlier version could not be restored."},
+            [&editor] { RestoreVersion(editor); });
   AddPrinting(window, editor, handlers);
   Add(window, handlers,
       {"ExportCsvAction", "Export as CSV ...", "The workout could not be exported."},
       [&editor] { ExportCsv(editor); });
-  exportAll_ =
-      Add(window, handlers,
-          {"ExportAllCsvAction", "Export ALL as CSV ...", "The workouts could not be exported."},
-          [&editor] { ExportAllCsv(editor); });
+  AddAlways(window, handlers,
+            {"ExportAllCsvAction", "Export ALL as CSV ...", "The workouts could not be exported."},
+            [&editor] { ExportAllCsv(editor); });
 }
 
 void WorkoutActions::AddPrinting(QWidget& window, Editor& editor, Handlers& handlers) {
@@ -44,18 +49,22 @@ void WorkoutActions::AddPrinting(QWidget& window, Editor& editor, Handlers& hand
       });
 }
 
-QAction* WorkoutActions::Add(QWidget& window, Handlers& handlers, const Line& line,
-                             const std::function<void()>& command) {
+QAction* WorkoutActions::AddAlways(QWidget& window, Handlers& handlers, const Line& line,
+                                   const std::function<void()>& command) {
   QAction* action = AddCommand(&window, line.objectName, line.text, {});
   QObject::connect(
       action, &QAction::triggered, &window,
       [&handlers, failure = line.failure, command] { handlers.Run(failure, command); });
-  actions_.push_back(action);
   return action;
 }
 
+void WorkoutActions::Add(QWidget& window, Handlers& handlers, const Line& line,
+                         const std::function<void()>& command) {
+  actions_.push_back(AddAlways(window, handlers, line, command));
+}
+
 void WorkoutActions::Enable(bool enabled) {
-  for (QAction* action : actions_) action->setEnabled(enabled || action == exportAll_);
+  for (QAction* action : actions_) action->setEnabled(enabled);
 }
 
 }  // namespace repvolta

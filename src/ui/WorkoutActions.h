@@ -16,7 +16,7 @@ class WorkoutActions {
   WorkoutActions(QWidget& window, Editor& editor, Handlers& handlers,
                  std::function<int()> selectedExercise);
 
-  /// All but "Export ALL as CSV ..." need a workout.
+  /// They need a workout, except for restoring an earlier version and exporting all.
   void Enable(bool enabled);
 
  private:
@@ -26,12 +26,14 @@ class WorkoutActions {
     const char* failure;
   };
 
+  /// For a command that needs no workout.
+  static QAction* AddAlways(QWidget& window, Handlers& handlers, const Line& line,
+                            const std::function<void()>& command);
+  void Add(QWidget& window, Handlers& handlers, const Line& line,
+           const std::function<void()>& command);
   void AddPrinting(QWidget& window, Editor& editor, Handlers& handlers);
-  QAction* Add(QWidget& window, Handlers& handlers, const Line& line,
-               const std::function<void()>& command);
 
-  std::vector<QAction*> actions_;
-  QAction* exportAll_ = nullptr;
+  std::vector<QAction*> actions_;  // those that need a workout
 };
 
 }  // namespace repvolta

@@ -89,6 +89,12 @@ class ScriptedDialogs : public Dialogs {
     return previewOutcome;
   }
 
+  /// The person chooses the version as `chooseVersion` does, or none.
+  std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) override {
+    asked.emplace_back("version");
+    return chooseVersion ? chooseVersion(versions) : std::nullopt;
+  }
+
   void ShowAbout() override { asked.emplace_back("about"); }
 
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
@@ -104,6 +110,7 @@ class ScriptedDialogs : public Dialogs {
   std::deque<std::string> answers;
   std::vector<Preview> previews;
   PreviewOutcome previewOutcome;
+  std::function<std::optional<ChosenVersion>(EarlierVersions&)> chooseVersion;
   std::function<void()> whenAsked;
   std::vector<int> shares;  // per cent of the long works
   int stopAt = 101;         // per cent

@@ -8,17 +8,20 @@ namespace {
 using M = Menu;
 
 constexpr MenuLine kLines[] = {
+    {M::kFile, "PrintAction"},
+    {M::kFile, "SavePdfAction"},
+    {M::kFile},
+    {M::kFile, "ExportCsvAction"},
+    {M::kFile, "ExportAllCsvAction"},
+    {M::kFile},
+    {M::kFile, "BackUpAction"},
+
     {M::kWorkout, "WorkoutDropBox", "Choose Workout"},
     {M::kWorkout, "CreateNewWorkoutButton"},
     {M::kWorkout, "DuplicateWorkoutAction"},
     {M::kWorkout, "RenameWorkoutAction"},
     {M::kWorkout, "DeleteSelectedWorkoutButton"},
     {M::kWorkout, "RestoreVersionAction"},
-    {M::kWorkout},
-    {M::kWorkout, "PrintAction"},
-    {M::kWorkout, "SavePdfAction"},
-    {M::kWorkout, "ExportCsvAction"},
-    {M::kWorkout, "ExportAllCsvAction"},
     {M::kWorkout},
     {M::kWorkout, "PreviewAction"},
     {M::kWorkout, "UpdateSelectedWorkoutButton"},
@@ -33,8 +36,6 @@ constexpr MenuLine kLines[] = {
     {M::kWorkout, "SettingsPage"},
     {M::kWorkout, "PreviousTabAction"},
     {M::kWorkout, "NextTabAction"},
-    {M::kWorkout},
-    {M::kWorkout, "BackUpAction"},
     {M::kWorkout},
     {M::kWorkout, "ExitButton"},
 
@@ -105,6 +106,7 @@ constexpr MenuLine kLines[] = {
     {M::kHelp, "GuidePage-growth"},
     {M::kHelp, "GuidePage-music"},
     {M::kHelp, "GuidePage-players"},
+    {M::kHelp, "GuidePage-export-and-print"},
     {M::kHelp, "GuidePage-own-voice"},
     {M::kHelp, "GuidePage-schedule"},
     {M::kHelp, "GuidePage-messages"},
@@ -119,6 +121,8 @@ constexpr MenuLine kLines[] = {
 
 const char* TitleOf(Menu menu) {
   switch (menu) {
+    case Menu::kFile:
+      return "File";
     case Menu::kWorkout:
       return "Workout";
     case Menu::kEdit:

@@ -155,6 +155,11 @@ Sound CutWord(const SoundSource& recording, const Word& word) {
   return clip;
 }
 
+Sound WordlessClip() {
+  const std::size_t length = SampleCount(kSecondsBeforeWord) + SampleCount(kSecondsBehindWord);
+  return {kClipFormat.rate, std::vector<float>(length)};
+}
+
 Sound TrimToWord(const Sound& recording) {
   const WholeSound source(recording);
   const std::optional<Word> word = FindWord(source);

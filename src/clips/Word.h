@@ -26,7 +26,10 @@ double Seconds(const Word& word);
 /// last sample of zero.
 Sound CutWord(const SoundSource& recording, const Word& word);
 
-/// Both in one. Empty when the recording is silent.
+/// A clip that says nothing: the silence before and after a word.
+Sound WordlessClip();
+
+/// FindWord and CutWord in one. Empty when the recording is silent.
 Sound TrimToWord(const Sound& recording);
 
 }  // namespace repvolta

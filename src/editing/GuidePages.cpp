@@ -14,6 +14,7 @@ constexpr GuidePage kPages[] = {
     {"music", "Music"},
     {"players", "Players"},
     {"own-voice", "Your own voice and exercises"},
+    {"voice-other-languages", "The voice in other languages"},
     {"schedule", "Updates on a schedule"},
     {"messages", "What the program says"},
     {"backup", "Backup and moving"},

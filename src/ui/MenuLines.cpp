@@ -95,6 +95,7 @@ constexpr MenuLine kLines[] = {
     {M::kHelp, "GuidePage-music"},
     {M::kHelp, "GuidePage-players"},
     {M::kHelp, "GuidePage-own-voice"},
+    {M::kHelp, "GuidePage-voice-other-languages"},
     {M::kHelp, "GuidePage-schedule"},
     {M::kHelp, "GuidePage-messages"},
     {M::kHelp, "GuidePage-backup"},

@@ -149,7 +149,9 @@ class ShippedWordList : public testing::TestWithParam<const char*> {
 
 TEST_P(ShippedWordList, HasAllWordsOfTheProgramInOrder) {
   std::vector<std::string> files;
-  for (const ClipWords& clip : ReadWordList(Path())) files.push_back(clip.file);
+  for (const ClipWords& clip : ReadWordList(Path())) {
+    if (!clip.file.starts_with("exercise/")) files.push_back(clip.file);
+  }
   EXPECT_EQ(files, WordClips());
 }
 

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdint>
 #include <exception>
 #include <iomanip>
 
 #include "base/Text.h"
 #include "clips/ClipMaker.h"
+#include "clips/VoiceCheck.h"
 
 namespace repvolta {
 namespace {
@@ -18,6 +21,7 @@ constexpr int kWrongUse = 2;
 constexpr std::string_view kUsage =
     "usage: repvolta-voice make [--engine ENGINE] [--voice VOICE] WORDS FOLDER [NAMES ...]\n"
     "       repvolta-voice convert RECORDING CLIP\n"
+    "       repvolta-voice check FOLDER\n"
     "       repvolta-voice voices\n"
     "\n"
     "make     speaks the clips of the word list WORDS (a line: clip name, words) into\n"
@@ -25,6 +29,7 @@ constexpr std::string_view kUsage =
     "         FOLDER/exercise\n"
     "convert  makes a clip of a WAV recording of any format: silence trimmed, 16 kHz,\n"
     "         16 bit, mono, as loud as the other clips\n"
+    "check    tells what is missing in the clips of FOLDER or unlike the others\n"
     "voices   lists the voices that VOICE can be\n";
 
 /// The command line behind the name of the command.
@@ -51,7 +56,7 @@ void Tell(std::ostream& errors, const std::string& line) {
   errors << "repvolta-voice: " << ShownOnOneLine(line) << "\n";
 }
 
-void Make(const Call& call, const Surroundings& around) {
+int Make(const Call& call, const Surroundings& around) {
   const std::string& words = call.operands[0];
   const std::string& folder = call.operands[1];
   std::vector<ClipWords> clips = ReadWordList(words);
@@ -62,13 +67,36 @@ void Make(const Call& call, const Surroundings& around) {
   MakeClips(FindSpeaker(around.engines, call.choice), clips, folder);
   around.output << clips.size() << " clips made in " << ShownOnOneLine(folder) << "\n";
   for (const std::string& remark : remarks) Tell(around.errors, remark);
+  return kDone;
 }
 
-void Convert(const Call& call, const Surroundings& /*around*/) {
+int Convert(const Call& call, const Surroundings& /*around*/) {
   MakeClipOfRecording(call.operands[0], call.operands[1]);
+  return kDone;
 }
 
-void ListVoices(const Call& /*call*/, const Surroundings& around) {
+std::string Summary(const VoiceCheck& check) {
+  std::string summary =
+      std::to_string(check.words) + " words and " + std::to_string(check.names) + " names";
+  if (std::isfinite(check.loudness)) {
+    summary += ", at " + std::to_string(std::lround(check.loudness)) + " LUFS";
+  }
+  const std::size_t faults = check.findings.size();
+  return summary + ": " +
+         (faults == 0 ? "all is well"
+                      : std::to_string(faults) + (faults == 1 ? " fault" : " faults"));
+}
+
+int Check(const Call& call, const Surroundings& around) {
+  const VoiceCheck check = CheckVoice(call.operands[0]);
+  for (const ClipFinding& finding : check.findings) {
+    around.output << ShownOnOneLine(finding.file + " " + finding.words) << "\n";
+  }
+  around.output << Summary(check) << "\n";
+  return check.findings.empty() ? kDone : kFailed;
+}
+
+int ListVoices(const Call& /*call*/, const Surroundings& around) {
   bool areThere = false;
   for (const NamedEngine& engine : around.engines) {
     for (const EngineVoice& voice : engine.engine->Voices()) {
@@ -78,6 +106,7 @@ void ListVoices(const Call& /*call*/, const Surroundings& around) {
     }
   }
   if (!areThere) throw ClipError("no speech engine is installed");
+  return kDone;
 }
 
 struct Command {
@@ -85,12 +114,13 @@ struct Command {
   std::size_t fewest;  // operands
   std::size_t most;
   bool takesVoice;
-  void (*run)(const Call&, const Surroundings&);
+  int (*run)(const Call&, const Surroundings&);  // returns the exit status
 };
 
 constexpr std::array kCommands = {
     Command{.name = "make", .fewest = 2, .most = SIZE_MAX, .takesVoice = true, .run = Make},
     Command{.name = "convert", .fewest = 2, .most = 2, .takesVoice = false, .run = Convert},
+    Command{.name = "check", .fewest = 1, .most = 1, .takesVoice = false, .run = Check},
     Command{.name = "voices", .fewest = 0, .most = 0, .takesVoice = false, .run = ListVoices}};
 
 /// Takes the options off the front of `operands`. False when one of them has no value.
@@ -135,8 +165,7 @@ int RunVoiceCommand(const std::vector<std::string>& arguments, const NamedEngine
     return kWrongUse;
   }
   try {
-    command->run(call, {engines, output, errors});
-    return kDone;
+    return command->run(call, {engines, output, errors});
   } catch (const std::exception& error) {
     Tell(errors, error.what());
     return kFailed;

@@ -14,7 +14,6 @@ namespace {
 
 constexpr std::size_t kWindow = 80;    // 5 ms
 constexpr std::size_t kFadeOut = 320;  // 20 ms
-constexpr float kSilence = 1e-4F;
 
 // A word begins and ends where its level passes a threshold between these parts of its peak.
 constexpr float kQuietest = 0.0126F;         // -38 dB

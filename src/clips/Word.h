@@ -9,6 +9,7 @@ namespace repvolta {
 
 inline constexpr double kSecondsBeforeWord = 0.010;
 inline constexpr double kSecondsBehindWord = 0.060;
+inline constexpr float kSilence = 1e-4F;  // the peak below which nothing is heard
 
 /// The word in a recording.
 struct Word {

@@ -6,6 +6,7 @@
 
 #include "clips/ClipChecks.h"
 #include "clips/VoiceCommand.h"
+#include "clips/WordClips.h"
 #include "sound/WavReader.h"
 
 #include "support/WavBytes.h"
@@ -15,6 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
@@ -22,6 +24,7 @@ using testing::StartsWith;
 constexpr const char* kUsage =
     "usage: repvolta-voice make [--engine ENGINE] [--voice VOICE] WORDS FOLDER [NAMES ...]\n"
     "       repvolta-voice convert RECORDING CLIP\n"
+    "       repvolta-voice check FOLDER\n"
     "       repvolta-voice voices\n"
     "\n"
     "make     speaks the clips of the word list WORDS (a line: clip name, words) into\n"
@@ -29,6 +32,7 @@ constexpr const char* kUsage =
     "         FOLDER/exercise\n"
     "convert  makes a clip of a WAV recording of any format: silence trimmed, 16 kHz,\n"
     "         16 bit, mono, as loud as the other clips\n"
+    "check    tells what is missing in the clips of FOLDER or unlike the others\n"
     "voices   lists the voices that VOICE can be\n";
 
 class VoiceCommand : public testing::Test {
@@ -132,6 +136,33 @@ TEST_F(VoiceCommand, ReportsThatThereIsNoVoiceAtAll) {
   ExpectFailure({"voices"}, "no speech engine is installed");
 }
 
+TEST_F(VoiceCommand, TellsTheFaultsOfAVoice) {
+  PutFile("words", "set set\n");
+  Run({"make", "words", "voice"});
+  output_.str("");
+  errors_.str("");
+  EXPECT_EQ(Run({"check", "voice"}), 1);
+  EXPECT_THAT(output_.str(), StartsWith("1.wav is missing\n2.wav is missing\n"));
+  EXPECT_THAT(output_.str(), EndsWith("1 words and 0 names, at -18 LUFS: 58 faults\n"));
+  EXPECT_THAT(errors_.str(), IsEmpty());
+}
+
+TEST_F(VoiceCommand, TellsThatAVoiceIsWhole) {
+  std::string list;
+  for (const std::string& file : WordClips()) {
+    list += file.substr(0, file.size() - 4) + (file == "and.wav" ? " -\n" : " word\n");
+  }
+  PutFile("words", list);
+  Run({"make", "words", "voice"});
+  output_.str("");
+  EXPECT_EQ(Run({"check", "voice"}), 0);
+  EXPECT_EQ(output_.str(), "59 words and 0 names, at -18 LUFS: all is well\n");
+}
+
+TEST_F(VoiceCommand, ReportsAFolderOfClipsThatIsMissing) {
+  ExpectFailure({"check", "gone"}, "gone could not be read: No such file or directory");
+}
+
 TEST_F(VoiceCommand, ReportsAMissingWordList) {
   ExpectFailure({"make", "gone", "voice"}, "gone could not be read: No such file or directory");
 }
@@ -229,6 +260,8 @@ TEST_F(VoiceCommand, ShowsItsUsageWhenItIsNotCalledRightly) {
                                              {"make", "--voice", "words", "voice"},
                                              {"make", "--engine", "", "words", "voice"},
                                              {"convert", "--voice", "de", "a.wav", "b.wav"},
+                                             {"check"},
+                                             {"check", "a", "b"},
                                              {"voices", "de"},
                                              {"--help", "make"},
                                              {"--make", "a", "b"}}) {

@@ -11,6 +11,9 @@ inline constexpr const char* kMusicList = "musiclist.txt";
 inline constexpr const char* kEncoder = "lame.exe";
 inline constexpr const char* kUpdateLockFile = "update.lock";
 
+/// The checksums of the clips and lists that the program brought, as sha256sum writes them.
+inline constexpr const char* kBroughtList = "brought.sha256";
+
 /// Exists only if the program directory is the executable's own folder.
 inline constexpr const char* kWindowLayoutFile = "window.ini";
 

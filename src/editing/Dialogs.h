@@ -8,7 +8,10 @@
 
 #include "base/Product.h"
 #include "editing/AnswerHelp.h"
+#include "editing/EarlierVersions.h"
+#include "editing/FileQuestion.h"
 #include "editing/FolderQuestion.h"
+#include "editing/LongWork.h"
 #include "editing/Preview.h"
 
 namespace repvolta {
@@ -45,10 +48,22 @@ class Dialogs {
   /// The file-open dialog for music. Returns no files when it was cancelled.
   virtual std::vector<std::string> SelectMusicFiles(const std::string& startFolder) = 0;
 
+  /// The file dialogs for one file; "" when it was cancelled. The first asks before an existing
+  /// file is chosen.
+  virtual std::string ChooseFileToSave(const FileQuestion& question) = 0;
+  virtual std::string ChooseFileToOpen(const FileQuestion& question) = 0;
+
+  /// Runs `work`; when it takes longer than a moment, a window shows `text` and how much is done,
+  /// and can stop it. Throws what `work` throws.
+  virtual void ShowWork(std::string_view text, const LongWork& work) = 0;
+
   /// PreviewForm. `plan` is called before it is shown and can take a moment; what it throws is
   /// passed on. Without `listening` nothing can be listened to.
   virtual PreviewOutcome ShowPreview(const std::function<Preview()>& plan,
                                      Listening* listening) = 0;
+
+  /// RestoreVersionForm. Returns the version that is to be restored; nothing when it was closed.
+  virtual std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) = 0;
 
   /// AboutForm.
   virtual void ShowAbout() = 0;

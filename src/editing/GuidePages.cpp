@@ -17,6 +17,7 @@ constexpr GuidePage kPages[] = {
     {"voice-other-languages", "The voice in other languages"},
     {"schedule", "Updates on a schedule"},
     {"messages", "What the program says"},
+    {"when-something-went-wrong", "When something went wrong"},
     {"backup", "Backup and moving"},
     {"keys", "Menus and keys"},
 };
@@ -44,6 +45,7 @@ constexpr HelpPlace kPlaces[] = {
     {"GrowthAheadForm", "", "growth.html#looking-ahead"},
     {"UpdateForm", "", "messages.html#lines-of-an-update"},
     {"PreviewForm", "", "preview.html"},
+    {"RestoreVersionForm", "", "when-something-went-wrong.html#bring-back-an-earlier-version"},
     {"RandomMusicMessage", "", "music.html#random-music"},
     {"AboutForm", "", kGuideContents},
 };

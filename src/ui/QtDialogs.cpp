@@ -11,14 +11,17 @@
 #include "base/FileError.h"
 #include "platform/MountedVolumes.h"
 #include "ui/AboutForm.h"
+#include "ui/FileDialogs.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
 #include "ui/MusicFileDialog.h"
 #include "ui/PreviewForm.h"
+#include "ui/RestoreVersionForm.h"
 #include "ui/RowList.h"
 #include "ui/SelectDirectory.h"
 #include "ui/SelectExerciseDialog.h"
 #include "ui/WheelGuard.h"
+#include "ui/WorkWindow.h"
 
 namespace repvolta {
 namespace {
@@ -90,6 +93,18 @@ std::vector<std::string> QtDialogs::SelectMusicFiles(const std::string& startFol
   return PickMusicFiles(owner_, startFolder, layoutFile_);
 }
 
+std::string QtDialogs::ChooseFileToSave(const FileQuestion& question) {
+  return PickFile(owner_, question, FileChoice::kToSave, layoutFile_);
+}
+
+std::string QtDialogs::ChooseFileToOpen(const FileQuestion& question) {
+  return PickFile(owner_, question, FileChoice::kToOpen, layoutFile_);
+}
+
+void QtDialogs::ShowWork(std::string_view text, const LongWork& work) {
+  RunInSight(owner_, text, work);
+}
+
 PreviewOutcome QtDialogs::ShowPreview(const std::function<Preview()>& plan, Listening* listening) {
   const Preview preview = [&] {
     const BusyPointer busy;
@@ -99,6 +114,12 @@ PreviewOutcome QtDialogs::ShowPreview(const std::function<Preview()>& plan, List
   if (listening != nullptr) form.OfferListening(*listening);
   form.exec();
   return form.Outcome();
+}
+
+std::optional<ChosenVersion> QtDialogs::ChooseVersion(EarlierVersions& versions) {
+  RestoreVersionForm form(versions, owner_);
+  form.exec();
+  return form.Chosen();
 }
 
 void QtDialogs::ShowAbout() { AboutForm(owner_).exec(); }

@@ -29,7 +29,11 @@ class QtDialogs : public Dialogs {
   std::string SelectExercise() override;
   std::string SelectDirectory(const FolderQuestion& question) override;
   std::vector<std::string> SelectMusicFiles(const std::string& startFolder) override;
+  std::string ChooseFileToSave(const FileQuestion& question) override;
+  std::string ChooseFileToOpen(const FileQuestion& question) override;
+  void ShowWork(std::string_view text, const LongWork& work) override;
   PreviewOutcome ShowPreview(const std::function<Preview()>& plan, Listening* listening) override;
+  std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) override;
   void ShowAbout() override;
   void OpenDocument(const std::string& path) override;
   void OpenGuide(std::string_view page) override;

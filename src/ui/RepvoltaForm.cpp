@@ -11,13 +11,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/ScreenUpdate.h"
 #include "app/WorkoutFiles.h"
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
 #include "editing/PreviewCommands.h"
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
+#include "ui/BackupActions.h"
 #include "ui/ExerciseTab.h"
 #include "ui/GrowthAheadCommand.h"
 #include "ui/Help.h"
@@ -172,6 +172,7 @@ void RepvoltaForm::AddMenu() {
   connect(next, &QAction::triggered, this, [this] { StepTab(1); });
   workoutActions_ = std::make_unique<WorkoutActions>(
       *this, editor_, handlers_, [this] { return workoutTab_->SelectedExercise(); });
+  AddBackupActions(*this, editor_, handlers_);
   new Help(*this, editor_.dialogs);
   menu_ = new MainMenu(*this, MenuLines());
   layout()->setMenuBar(menu_);
@@ -193,8 +194,7 @@ void RepvoltaForm::ReloadWorkout() {
 }
 
 void RepvoltaForm::SSTab1_Click() {
-  ProgramState& state = editor_.State();
-  state.CurrentExercise = static_cast<std::int16_t>(std::max(0, workoutTab_->SelectedExercise()));
+  editor_.program.SelectExercise(std::max(0, workoutTab_->SelectedExercise()));
   ShowExerciseFrames();
   UpdateExerciseScreen();
   UpdateWorkoutScreen();
@@ -376,7 +376,7 @@ void RepvoltaForm::EnableWorkoutControls() {
   workoutActions_->Enable(hasWorkout);
   workoutTab_->ShowOddSize();
   if (!hasWorkout && ui_->SSTab1->currentWidget() == ui_->ExercisePage) {
-    const ScreenUpdate updating(editor_.State());
+    const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
     ShowTab(WindowTab::kWorkout);
   }
   ui_->SSTab1->setTabEnabled(static_cast<int>(WindowTab::kExercise), hasWorkout);

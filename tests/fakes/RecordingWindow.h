@@ -54,9 +54,17 @@ class RecordingWindow : public RecordingRun,
   std::vector<std::string> SelectMusicFiles(const std::string& /*startFolder*/) override {
     return {};
   }
+  std::string ChooseFileToSave(const FileQuestion& /*question*/) override { return {}; }
+  std::string ChooseFileToOpen(const FileQuestion& /*question*/) override { return {}; }
+  void ShowWork(std::string_view /*text*/, const LongWork& work) override {
+    work([](int /*percent*/) {});
+  }
   PreviewOutcome ShowPreview(const std::function<Preview()>& /*plan*/,
                              Listening* /*listening*/) override {
     return {};
+  }
+  std::optional<ChosenVersion> ChooseVersion(EarlierVersions& /*versions*/) override {
+    return std::nullopt;
   }
   void ShowAbout() override {}
   void OpenDocument(const std::string& path) override { opened.push_back(path); }

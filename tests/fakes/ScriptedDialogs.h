@@ -64,11 +64,35 @@ class ScriptedDialogs : public Dialogs {
     return files;
   }
 
+  std::string ChooseFileToSave(const FileQuestion& question) override {
+    asked.push_back("save|" + question.title + "|" + question.file);
+    return NextAnswer();
+  }
+
+  std::string ChooseFileToOpen(const FileQuestion& question) override {
+    asked.push_back("open|" + question.title);
+    return NextAnswer();
+  }
+
+  void ShowWork(std::string_view text, const LongWork& work) override {
+    asked.push_back("work|" + std::string(text));
+    work([this](int percent) {
+      shares.push_back(percent);
+      if (percent >= stopAt) throw WorkStopped();
+    });
+  }
+
   PreviewOutcome ShowPreview(const std::function<Preview()>& plan,
                              Listening* /*listening*/) override {
     asked.emplace_back("preview");
     previews.push_back(plan());
     return previewOutcome;
+  }
+
+  /// The person chooses the version as `chooseVersion` does, or none.
+  std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) override {
+    asked.emplace_back("version");
+    return chooseVersion ? chooseVersion(versions) : std::nullopt;
   }
 
   void ShowAbout() override { asked.emplace_back("about"); }
@@ -86,7 +110,10 @@ class ScriptedDialogs : public Dialogs {
   std::deque<std::string> answers;
   std::vector<Preview> previews;
   PreviewOutcome previewOutcome;
+  std::function<std::optional<ChosenVersion>(EarlierVersions&)> chooseVersion;
   std::function<void()> whenAsked;
+  std::vector<int> shares;  // per cent of the long works
+  int stopAt = 101;         // per cent
 
  private:
   void Record(const std::string& kind, std::string_view title, std::string_view text) {

@@ -15,6 +15,7 @@ constexpr GuidePage kPages[] = {
     {"players", "Players"},
     {"export-and-print", "Export and print"},
     {"own-voice", "Your own voice and exercises"},
+    {"voice-other-languages", "The voice in other languages"},
     {"schedule", "Updates on a schedule"},
     {"messages", "What the program says"},
     {"when-something-went-wrong", "When something went wrong"},

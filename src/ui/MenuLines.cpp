@@ -108,6 +108,7 @@ constexpr MenuLine kLines[] = {
     {M::kHelp, "GuidePage-players"},
     {M::kHelp, "GuidePage-export-and-print"},
     {M::kHelp, "GuidePage-own-voice"},
+    {M::kHelp, "GuidePage-voice-other-languages"},
     {M::kHelp, "GuidePage-schedule"},
     {M::kHelp, "GuidePage-messages"},
     {M::kHelp, "GuidePage-when-something-went-wrong"},

@@ -11,6 +11,7 @@
 #include "editing/FolderQuestions.h"
 #include "editing/ListMusic.h"
 #include "editing/LoadedWorkout.h"
+#include "update/RestoreAtStart.h"
 
 namespace repvolta {
 namespace {
@@ -117,6 +118,7 @@ void AskForOutput(const Editor& editor) {
 
 void Form_Load(const Editor& editor, AudioOutputs& outputs) {
   const ProgramState& state = editor.State();
+  FinishInterruptedRestore(state.ProgramDirectory);
   MakeProgramDirectoryCurrent(state);
   bool isSetUp = false;
   // Settings must not be saved while it is unknown whether there is a settings file.
@@ -151,6 +153,8 @@ bool FirstRunSetup(const Editor& editor) {
 }
 
 void ExitButton_Click(const Editor& editor) {
+  // The next start finishes the restore, whose settings are the ones to keep.
+  if (editor.State().RestoreIsPending) return;
   Try(editor, [&] {
     MakeProgramDirectoryCurrent(editor.State());
     // This must come before the selection is stored, which would otherwise be replaced if it has

@@ -5,9 +5,10 @@
 
 namespace repvolta {
 
-/// Starts the main window: enters the state's program directory, runs the first set-up, loads the
-/// settings and the last workout, and fills the tabs. Throws FileError when the directory cannot be
-/// entered; the failure of a later step is shown, and the start continues.
+/// Starts the main window: finishes an interrupted restore, enters the state's program directory,
+/// runs the first set-up, loads the settings and the last workout, and fills the tabs. Throws
+/// RestoreUnfinished, and FileError when the directory cannot be entered; the failure of a later
+/// step is shown, and the start continues.
 void Form_Load(const Editor& editor, AudioOutputs& outputs);
 
 /// The guided set-up, which asks for the folders and writes the first settings file. Returns false,

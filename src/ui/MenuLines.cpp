@@ -29,6 +29,7 @@ constexpr MenuLine kLines[] = {
     {M::kWorkout, "NextTabAction"},
     {M::kWorkout},
     {M::kWorkout, "BackUpAction"},
+    {M::kWorkout, "RestoreBackupAction"},
     {M::kWorkout},
     {M::kWorkout, "ExitButton"},
 

@@ -11,11 +11,14 @@ bool IsCountOf(std::size_t slots, std::int16_t count) {
 
 }  // namespace
 
+bool HasImpossibleCounts(const ExerciseRecord& exercise) {
+  return !IsCountOf(kSetSlots, exercise.NumberOfSets) ||
+         !IsCountOf(kMusicSlots, exercise.NumberOfMusicFiles);
+}
+
 std::string DamageOf(const ProgramState& state) {
   for (int i = 0; i < state.NumberOfExercises; ++i) {
-    const ExerciseRecord& exercise = state.Workout[i];
-    if (!IsCountOf(kSetSlots, exercise.NumberOfSets) ||
-        !IsCountOf(kMusicSlots, exercise.NumberOfMusicFiles)) {
+    if (HasImpossibleCounts(state.Workout[i])) {
       return state.WorkoutFileName +
              " seems to be damaged: it holds numbers that no workout can have.";
     }

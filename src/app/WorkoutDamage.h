@@ -6,6 +6,9 @@
 
 namespace repvolta {
 
+/// True when the exercise has a count of sets or music files that no exercise can have.
+bool HasImpossibleCounts(const ExerciseRecord& exercise);
+
 /// Says that the workout in memory is damaged, when it has a count of sets or music files that
 /// exceeds the slots or is negative: its file is corrupt or not a workout file. Empty otherwise.
 std::string DamageOf(const ProgramState& state);

@@ -57,16 +57,6 @@ void MakeWorkoutFolder() {
   }
 }
 
-/// Counts the named exercises up to the first blank name; later names are never read
-/// (quirk 103).
-std::int16_t CountExercises(ExerciseSlots& workout) {
-  for (std::int16_t i = 0; i < MaxExercises; ++i) {
-    workout[i].ExerciseName = workout[i].ExerciseName.Trimmed();
-    if (workout[i].ExerciseName.IsBlank()) return i;
-  }
-  return MaxExercises;
-}
-
 void ReadWorkout(ProgramState& state, const std::string& path) {
   // The stamp is taken before the content, so that a change in between is noticed later.
   const std::optional<FileStamp> stamp = StampOf(path);
@@ -113,6 +103,14 @@ std::vector<std::string> SongsOfAllWorkoutFiles() {
     for (std::string& song : SongsOf(DecodeWorkout(file))) songs.push_back(std::move(song));
   }
   return songs;
+}
+
+std::int16_t CountExercises(ExerciseSlots& workout) {
+  for (std::int16_t i = 0; i < MaxExercises; ++i) {
+    workout[i].ExerciseName = workout[i].ExerciseName.Trimmed();
+    if (workout[i].ExerciseName.IsBlank()) return i;  // quirk 103
+  }
+  return MaxExercises;
 }
 
 std::string PathOfWorkout(const ProgramState& state) { return WorkoutPath(state); }

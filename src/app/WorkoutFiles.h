@@ -32,6 +32,10 @@ std::vector<std::string> SongsOfAllWorkoutFiles();
 /// where it would be. The program directory must be current.
 std::string PathOfWorkout(const ProgramState& state);
 
+/// Trims the names of the exercises, and counts them up to the first blank one; what is behind that
+/// is never read.
+std::int16_t CountExercises(ExerciseSlots& workout);
+
 /// Makes the program directory current and writes Workout to the file named by WorkoutFileName, all
 /// or nothing; without a name it writes nothing. Throws FileError, also for a file whose content
 /// was neither loaded nor saved here, since another process may have changed it; that file is kept.

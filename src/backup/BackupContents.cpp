@@ -91,7 +91,8 @@ bool IsBackupFolder(std::string_view path) {
         return folder == place.folder;
       });
   if (isPlain || !folder.starts_with(kVersionFolder)) return isPlain;
-  return IsSafeName(WithoutSeparator(folder).substr(std::string_view(kVersionFolder).size()));
+  const std::size_t begin = std::string_view(kVersionFolder).size();
+  return IsSafeName(std::string_view(folder).substr(begin, folder.size() - begin - 1));
 }
 
 std::uint64_t LargestInBackup(BackupKind kind) {

@@ -19,4 +19,7 @@ const char* WeekdayName(int weekday);
 /// date.
 std::string EnglishDate(double date);
 
+/// "2026-12-04". Throws std::overflow_error when there is no such date.
+std::string IsoDate(double date);
+
 }  // namespace repvolta

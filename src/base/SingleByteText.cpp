@@ -112,6 +112,8 @@ std::string FromWindows1252(std::string_view bytes) {
   return text;
 }
 
+std::string AsUtf8(const std::string& text) { return IsUtf8(text) ? text : FromWindows1252(text); }
+
 std::string ToWindows1252(std::string_view text) {
   if (IsAscii(text) || !IsUtf8(text)) return std::string(text);
   return *Encode(text, '?');

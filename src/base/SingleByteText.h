@@ -11,6 +11,10 @@ namespace repvolta {
 /// 90, 9D) become the control characters with the same number, so every byte is a character.
 std::string FromWindows1252(std::string_view bytes);
 
+/// The text itself when it is UTF-8, else read as Windows-1252, as disks whose names are UTF-16
+/// keep such bytes.
+std::string AsUtf8(const std::string& text);
+
 /// Converts UTF-8 to Windows-1252, with "?" for each character that the code page lacks. A text
 /// that is not UTF-8 is returned unchanged.
 std::string ToWindows1252(std::string_view text);

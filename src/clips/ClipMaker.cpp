@@ -1,31 +1,50 @@
 #include "clips/ClipMaker.h"
 
+#include <optional>
+
 #include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/WholeFile.h"
 #include "clips/ClipSound.h"
+#include "clips/Word.h"
 #include "sound/WavReader.h"
 
 namespace repvolta {
 namespace {
 
 constexpr std::size_t kLargestRecording = std::size_t{256} * 1024 * 1024;
+constexpr double kLongestWord = 120;  // seconds
 
 void WriteClip(const std::string& path, const Sound& sound) {
   WriteWholeFile(path, EncodeWav(sound, kClipFormat));
 }
 
-Sound WordOf(const Sound& recording, const std::string& source) {
-  Sound word = TrimToWord(recording);
-  if (word.samples.empty()) throw ClipError(source + " has only silence");
+[[noreturn]] void ThrowSilent(const std::string& source) {
+  throw ClipError(source + " has only silence");
+}
+
+Sound WordOf(const Sound& speech, const std::string& source) {
+  Sound word = TrimToWord(speech);
+  if (word.samples.empty()) ThrowSilent(source);
   return word;
 }
 
-Sound ReadRecording(const std::string& path) {
+[[noreturn]] void ThrowUnusable(const std::string& recording, const std::string& reason) {
+  throw ClipError(recording + " cannot be used: " + reason);
+}
+
+Sound WordOfRecording(const std::string& path) {
+  const Bytes file = ReadWholeFile(path, kLargestRecording);
   try {
-    return ReadWav(ReadWholeFile(path, kLargestRecording));
+    const WavSource recording(file);
+    const std::optional<Word> word = FindWord(recording);
+    if (!word) ThrowSilent(path);
+    if (Seconds(*word) > kLongestWord) {
+      ThrowUnusable(path, "From the first to the last sound it lasts longer than two minutes");
+    }
+    return CutWord(recording, *word);
   } catch (const WavError& error) {
-    throw ClipError(path + " cannot be used: " + error.what());
+    ThrowUnusable(path, error.what());
   }
 }
 
@@ -49,7 +68,8 @@ void MakeClips(SpeechEngine& engine, const std::vector<ClipWords>& clips,
 }
 
 void MakeClipOfRecording(const std::string& recording, const std::string& clip) {
-  std::vector<Sound> word = {WordOf(ReadRecording(recording), recording)};
+  std::vector<Sound> word;
+  word.push_back(WordOfRecording(recording));
   LevelClips(word);
   WriteClip(clip, word.front());
 }

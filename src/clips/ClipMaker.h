@@ -14,8 +14,9 @@ namespace repvolta {
 void MakeClips(SpeechEngine& engine, const std::vector<ClipWords>& clips,
                const std::string& folder);
 
-/// Makes a clip of any WAV recording of a word; an existing clip is replaced. Throws ClipError when
-/// the recording is silent, FileError.
+/// Makes a clip of any WAV recording of a word; an existing clip is replaced. Holds a small
+/// multiple of the recording and of the clip. Throws ClipError when the recording is silent or its
+/// sound is longer than two minutes, FileError.
 void MakeClipOfRecording(const std::string& recording, const std::string& clip);
 
 }  // namespace repvolta

@@ -10,14 +10,8 @@ namespace repvolta {
 /// The format of every recorded clip, so that clips can be joined byte by byte.
 inline constexpr WavFormat kClipFormat{.rate = 16000, .bits = 16, .channels = 1};
 
-inline constexpr double kSecondsBeforeWord = 0.010;
-inline constexpr double kSecondsBehindWord = 0.060;
 inline constexpr double kClipLoudness = -18;  // LUFS, of clips that are joined
 inline constexpr float kClipPeak = 0.891F;    // -1 dBFS
-
-/// The word at the clips' rate, with exactly a clip's silence before and after it, faded out to a
-/// last sample of zero. Empty when the recording is silent.
-Sound TrimToWord(const Sound& recording);
 
 /// Turns down peaks above kClipPeak, together with a few milliseconds around them, so that nothing
 /// is clipped.

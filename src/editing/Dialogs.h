@@ -8,6 +8,7 @@
 
 #include "base/Product.h"
 #include "editing/AnswerHelp.h"
+#include "editing/EarlierVersions.h"
 #include "editing/FileQuestion.h"
 #include "editing/FolderQuestion.h"
 #include "editing/LongWork.h"
@@ -64,6 +65,9 @@ class Dialogs {
   /// passed on. Without `listening` nothing can be listened to.
   virtual PreviewOutcome ShowPreview(const std::function<Preview()>& plan,
                                      Listening* listening) = 0;
+
+  /// RestoreVersionForm. Returns the version that is to be restored; nothing when it was closed.
+  virtual std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) = 0;
 
   /// AboutForm.
   virtual void ShowAbout() = 0;

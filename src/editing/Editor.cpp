@@ -3,10 +3,7 @@
 #include <algorithm>
 #include <exception>
 
-#include "app/Options.h"
-#include "app/Settings.h"
 #include "app/WorkoutFiles.h"
-#include "keeping/KeepWorkout.h"
 
 namespace repvolta {
 namespace {
@@ -49,30 +46,30 @@ UnsavedChange::UnsavedChange(const FileError& error)
     : FileError(error),
       text_(std::string(error.what()) + "\rThe change is shown, but it is not saved.") {}
 
-void SaveChangedWorkout(const Editor& editor) {
+void SaveChangedWorkout(const Editor& editor, const WorkoutAccess& workout) {
   SaveOrSay([&] { MakeProgramDirectoryCurrent(editor.State()); });
-  const std::string unkept = KeepBeforeChange(editor.State(), editor.program.clock.Now());
-  SaveOrSay([&] { SaveWorkout(editor.State()); });
+  const std::string unkept = editor.program.KeepVersionBeforeChange();
+  SaveOrSay([&] { SaveWorkout(workout.State()); });
   TellUnkept(editor, unkept);
 }
 
 void TellUnkept(const Editor& editor, const std::string& why) {
   if (why.empty()) return;
-  editor.State().Kept.isFailureTold = true;
+  editor.program.RememberUnkeptTold();
   editor.dialogs.ShowMessage(why);
 }
 
 void SaveChangedSettings(const Editor& editor) {
   const ProgramState& state = editor.State();
   SaveAndShowTheirs(
-      editor, [&] { SaveSettings(editor.State()); },
+      editor, [&] { editor.program.WriteSettings(); },
       [&, ours = state.Settings] { return state.Settings != ours; });
 }
 
 void SaveChangedOptions(const Editor& editor) {
   const ProgramState& state = editor.State();
   SaveAndShowTheirs(
-      editor, [&] { SaveOptions(editor.State()); },
+      editor, [&] { editor.program.WriteOptions(); },
       [&, ours = state.Options] { return state.Options != ours; });
 }
 
@@ -86,9 +83,10 @@ void ShowExercise(const Editor& editor) {
              [&] { editor.screen.UpdateExerciseScreen(); });
 }
 
-void SaveAndShow(const Editor& editor, const std::function<void()>& show) {
+void SaveAndShow(const Editor& editor, const WorkoutAccess& workout,
+                 const std::function<void()>& show) {
   try {
-    SaveChangedWorkout(editor);
+    SaveChangedWorkout(editor, workout);
   } catch (const FileError&) {
     show();
     throw;

@@ -1,14 +1,16 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "app/ProgressLog.h"
 #include "base/FileError.h"
 #include "editing/Dialogs.h"
+#include "editing/EditedProgram.h"
+#include "editing/History.h"
 #include "editing/MainScreen.h"
 #include "editing/ProgressWindows.h"
-#include "update/Program.h"
 #include "update/UpdateHost.h"
 
 namespace repvolta {
@@ -19,7 +21,7 @@ enum class CheckBox { kUnticked, kTicked };
 
 /// The state, services and screens that the editing commands use.
 struct Editor {
-  Program& program;
+  EditedProgram program;
   ProgressLog& log;
   UpdateHost& host;
   MainScreen& screen;
@@ -31,8 +33,11 @@ struct Editor {
   std::function<void()> runEvents;
   Listening* listening = nullptr;  // none: nothing can be listened to
 
-  ProgramState& State() const { return program.state; }
-  ExerciseRecord& Exercise() const { return State().Workout[State().CurrentExercise]; }
+  /// The only way to change a workout.
+  std::unique_ptr<History> history = std::make_unique<History>(program);
+
+  const ProgramState& State() const { return program.state; }
+  const ExerciseRecord& Exercise() const { return State().Workout[State().CurrentExercise]; }
 };
 
 /// A change was made in memory but could not be saved; what() says both.
@@ -49,7 +54,7 @@ class UnsavedChange : public FileError {
 // UnsavedChange.
 
 /// Before the first change of a day, the file is kept as it was.
-void SaveChangedWorkout(const Editor& editor);
+void SaveChangedWorkout(const Editor& editor, const WorkoutAccess& workout);
 
 /// Shows once in a run why no version of a workout was kept; "" shows nothing.
 void TellUnkept(const Editor& editor, const std::string& why);
@@ -63,7 +68,8 @@ void ShowWorkout(const Editor& editor);
 void ShowExercise(const Editor& editor);
 
 /// Saves the workout and then calls `show`, even when the saving fails.
-void SaveAndShow(const Editor& editor, const std::function<void()>& show);
+void SaveAndShow(const Editor& editor, const WorkoutAccess& workout,
+                 const std::function<void()>& show);
 
 /// The row to select after a removal: the one that took the removed row's place, or the last one.
 int RowAfterRemoval(int removed, int rowsLeft);

@@ -4,10 +4,10 @@ namespace repvolta {
 namespace {
 
 void Step(Editor& editor, int step) {
-  ProgramState& state = editor.State();
+  const ProgramState& state = editor.State();
   const int exercise = state.CurrentExercise + step;
   if (exercise < 0 || exercise >= state.NumberOfExercises) return;
-  state.CurrentExercise = static_cast<std::int16_t>(exercise);
+  editor.program.SelectExercise(exercise);
   // A row that was selected for the exercise before must not be taken for one of this exercise.
   editor.screen.SelectSet(-1);
   editor.screen.SelectMusic(-1);

@@ -7,7 +7,7 @@ UpdateDays ChosenUpdateDays(const Editor& editor) {
 }
 
 void ChooseUpdateDays(const Editor& editor, const UpdateDays& days) {
-  PutUpdateDays(editor.State().Options, days);
+  PutUpdateDays(editor.program.Options(), days);
   ShowExercise(editor);
   SaveChangedOptions(editor);
 }

@@ -16,6 +16,7 @@ constexpr GuidePage kPages[] = {
     {"own-voice", "Your own voice and exercises"},
     {"schedule", "Updates on a schedule"},
     {"messages", "What the program says"},
+    {"when-something-went-wrong", "When something went wrong"},
     {"backup", "Backup and moving"},
     {"keys", "Menus and keys"},
 };
@@ -43,6 +44,9 @@ constexpr HelpPlace kPlaces[] = {
     {"GrowthAheadForm", "", "growth.html#looking-ahead"},
     {"UpdateForm", "", "messages.html#lines-of-an-update"},
     {"PreviewForm", "", "preview.html"},
+    {"RestoreBackupForm", "",
+     "when-something-went-wrong.html#the-computer-is-lost-or-there-is-a-new-one"},
+    {"RestoreVersionForm", "", "when-something-went-wrong.html#bring-back-an-earlier-version"},
     {"RandomMusicMessage", "", "music.html#random-music"},
     {"AboutForm", "", kGuideContents},
 };

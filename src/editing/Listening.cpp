@@ -49,7 +49,7 @@ std::string WithEnd(std::string sentence) {
 
 }  // namespace
 
-Listening::Listening(const Program& program, Services services)
+Listening::Listening(const EditedProgram& program, Services services)
     : program_(program), services_(std::move(services)) {}
 
 Listening::~Listening() { Silence(); }

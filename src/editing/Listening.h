@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "app/Records.h"
+#include "editing/EditedProgram.h"
 #include "instruction/SpokenWords.h"
 #include "platform/SoundPlayer.h"
 #include "speech/BackgroundSpeech.h"
 #include "speech/PrivateFolder.h"
-#include "update/Program.h"
 
 namespace repvolta {
 
@@ -27,7 +27,7 @@ class Listening {
     std::function<int()> current;          // the exercise that is selected or edited
   };
 
-  Listening(const Program& program, Services services);
+  Listening(const EditedProgram& program, Services services);
   ~Listening();
   Listening(const Listening&) = delete;
   Listening& operator=(const Listening&) = delete;
@@ -82,7 +82,7 @@ class Listening {
   void Tell(const std::string& notice);
   std::string Target() const;
 
-  const Program& program_;
+  EditedProgram program_;
   Services services_;
   std::vector<std::weak_ptr<const std::function<void()>>> watchers_;
   std::optional<Piece> piece_;  // while it is heard or prepared

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "app/ScreenUpdate.h"
 #include "app/WorkoutDamage.h"
 
 namespace repvolta {
@@ -37,13 +36,13 @@ std::vector<std::string> RowsOf(const ProgramState& state) {
 }  // namespace
 
 void ListWorkouts(const Editor& editor) {
-  const ScreenUpdate updating(editor.State());
-  LoadWorkoutNames(editor.State());
+  const ScreenUpdate updating = editor.program.BeginScreenUpdate();
+  editor.program.ReadNames();
   editor.screen.ShowWorkoutNames();
 }
 
 WorkoutLoad LoadOrSayNotFound(const Editor& editor) {
-  const WorkoutLoad load = LoadWorkout(editor.State());
+  const WorkoutLoad load = editor.program.ReadWorkout();
   if (load == WorkoutLoad::kNotFound) editor.dialogs.ShowMessage("Error: Workout file not found");
   return load;
 }
@@ -61,10 +60,10 @@ WorkoutLoad LoadAndShowWorkout(const Editor& editor) {
 }
 
 void ReloadChangedWorkout(const Editor& editor) {
-  ProgramState& state = editor.State();
+  const ProgramState& state = editor.State();
   if (!WorkoutChangedOnDisk(state)) return;
   const std::vector<std::string> rows = RowsOf(state);
-  ReadWorkoutAgain(state);
+  editor.program.ReadWorkoutAnew();
   std::string failure;
   try {
     ShowTabs(editor);

@@ -3,28 +3,32 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/FileNames.h"
 #include "editing/AnswerLines.h"
 #include "editing/Answers.h"
 #include "editing/FindMusic.h"
 #include "editing/MusicAddition.h"
+#include "editing/Undo.h"
 
 namespace repvolta {
 namespace {
 
-void Keep(const Editor& editor) {
-  SaveAndShow(editor, [&] { ShowExercise(editor); });
-}
+constexpr auto kMusic = StepPlace::List::kMusic;
 
-void KeepAndSelect(const Editor& editor, int row) {
-  SaveAndShow(editor, [&] {
+void KeepAndSelect(const Editor& editor, const WorkoutAccess& workout, int row) {
+  SaveAndShow(editor, workout, [&] {
     ShowExercise(editor);
     editor.screen.SelectMusic(row);
   });
 }
 
+std::string NameOfSong(const ExerciseRecord& exercise, int row) {
+  return FileName(exercise.MusicFile[row].Trimmed());
+}
+
 /// Adds what was found and tells the rest; the workout is saved once.
-void AddAndTell(Editor& editor, const FoundMusic& found) {
-  const MusicAddition addition = AddFoundMusic(editor.State(), found);
+void AddAndTell(const Editor& editor, const WorkoutAccess& workout, const FoundMusic& found) {
+  const MusicAddition addition = AddFoundMusic(workout.State(), found);
   const auto tell = [&] {
     const std::string text = NotAddedText(addition);
     if (!text.empty()) editor.dialogs.ShowMessage(text);
@@ -33,17 +37,30 @@ void AddAndTell(Editor& editor, const FoundMusic& found) {
     tell();
     return;
   }
-  SaveAndShow(editor, [&] {
+  SaveAndShow(editor, workout, [&] {
     ShowExercise(editor);
     editor.screen.SelectMusic(editor.Exercise().NumberOfMusicFiles - 1);
     tell();
   });
 }
 
+/// "Add Music File 'Song.mp3'".
+std::string NameOfAddition(const std::vector<std::string>& songs) {
+  return songs.size() == 1 ? StepName("Add Music File", FileName(songs.front()))
+                           : "Add Music Files";
+}
+
+/// As one step.
+void AddAll(const Editor& editor, const FoundMusic& found) {
+  const int count = editor.Exercise().NumberOfMusicFiles;
+  editor.history->Change(StepOfRow(editor, NameOfAddition(found.songs), kMusic, count, count),
+                         [&](const WorkoutAccess& workout) { AddAndTell(editor, workout, found); });
+}
+
 }  // namespace
 
 void AddMusicFileButton_Click(Editor& editor) {
-  ProgramState& state = editor.State();
+  const ProgramState& state = editor.State();
   const std::int16_t count = editor.Exercise().NumberOfMusicFiles;
   if (count >= MaxMusicFiles) {
     editor.dialogs.ShowMessage("Cannot add any more music files");
@@ -54,28 +71,36 @@ void AddMusicFileButton_Click(Editor& editor) {
   if (paths.empty()) return;
   MakeProgramDirectoryCurrent(state);
   if (paths.size() > 1) {
-    AddAndTell(editor, {.songs = InNameOrder(paths), .noMusic = {}, .failures = {}});
+    AddAll(editor, {.songs = InNameOrder(paths), .noMusic = {}, .failures = {}});
     return;
   }
-  AddMusicFile(state, paths.front());
-  KeepAndSelect(editor, count);
+  editor.history->Change(StepOfRow(editor, NameOfAddition(paths), kMusic, count, count),
+                         [&](const WorkoutAccess& workout) {
+                           AddMusicFile(workout.State(), paths.front());
+                           KeepAndSelect(editor, workout, count);
+                         });
 }
 
 void MusicList_DragDrop(Editor& editor, const std::vector<std::string>& paths) {
-  AddAndTell(editor, FindMusic(paths, editor.runEvents));
+  AddAll(editor, FindMusic(paths, editor.runEvents));
 }
 
 void MoveMusicFileUpListButton_Click(Editor& editor, int row) {
-  ExerciseRecord& exercise = editor.Exercise();
+  const ExerciseRecord& exercise = editor.Exercise();
   if (exercise.NumberOfMusicFiles == 0 || row <= 0) return;
   if (!editor.dialogs.Confirm("Are you SURE you want to move the music file up the list?:\r" +
                                   exercise.MusicFile[row].Trimmed(),
                               "Move Music File")) {
     return;
   }
-  // The play times stay where they are (quirk 97).
-  std::swap(exercise.MusicFile[row - 1], exercise.MusicFile[row]);
-  KeepAndSelect(editor, row - 1);
+  const std::string name = StepName("Move Music File", NameOfSong(exercise, row));
+  editor.history->Change(StepOfRow(editor, name, kMusic, row, row - 1),
+                         [&](const WorkoutAccess& workout) {
+                           auto& files = workout.Exercise().MusicFile;
+                           // The play times stay where they are (quirk 97).
+                           std::swap(files[row - 1], files[row]);
+                           KeepAndSelect(editor, workout, row - 1);
+                         });
 }
 
 void RemoveMusicFileButton_Click(Editor& editor, int row) {
@@ -86,34 +111,44 @@ void RemoveMusicFileButton_Click(Editor& editor, int row) {
                               "Remove Music File")) {
     return;
   }
-  ChangeMusic(editor.State(), [&](ExerciseRecord& exercise) {
-    // The play times stay where they are, so the total can count the removed file and leave out the
-    // last one (quirk 98).
-    RemoveItem(exercise.MusicFile, row, count);
-    --exercise.NumberOfMusicFiles;
-  });
-  KeepAndSelect(editor, RowAfterRemoval(row, count - 1));
+  const int next = RowAfterRemoval(row, count - 1);
+  const std::string name = StepName("Remove Music File", NameOfSong(editor.Exercise(), row));
+  editor.history->Change(StepOfRow(editor, name, kMusic, row, next),
+                         [&](const WorkoutAccess& workout) {
+                           ChangeMusic(workout.State(), [&](ExerciseRecord& exercise) {
+                             // The play times stay where they are, so the total can count the
+                             // removed file and leave out the last one (quirk 98).
+                             RemoveItem(exercise.MusicFile, row, count);
+                             --exercise.NumberOfMusicFiles;
+                           });
+                           KeepAndSelect(editor, workout, next);
+                         });
 }
 
 void RandomMusicCheckBox_Click(Editor& editor, CheckBox box) {
   if (editor.State().ScreenUpdating) return;
-  editor.Exercise().RandomMusic = box == CheckBox::kTicked ? kTrue : kFalse;
-  SaveChangedWorkout(editor);
+  editor.history->Change(
+      StepOfExercise(editor, "Change Random Music"), [&](const WorkoutAccess& workout) {
+        workout.Exercise().RandomMusic = box == CheckBox::kTicked ? kTrue : kFalse;
+        SaveChangedWorkout(editor, workout);
+      });
 }
 
 void SetExerciseTimeButton_Click(Editor& editor) {
   constexpr const char* kTitle = "Set Target Exercise Time";
   const std::string answer = editor.dialogs.AskText("Enter the Target Exercise time in minutes",
                                                     kTitle, TargetTimeHelp(editor.Exercise()));
+  std::optional<std::int16_t> seconds;
   try {
-    const std::optional<std::int16_t> seconds = TargetTimeOf(answer);
-    if (!seconds) return;
-    editor.Exercise().TargetExerciseTime = *seconds;
+    seconds = TargetTimeOf(answer);
   } catch (const std::overflow_error& error) {
     editor.dialogs.ShowMessage(error.what(), kTitle);
-    return;
   }
-  Keep(editor);
+  if (!seconds) return;
+  editor.history->Change(StepOfExercise(editor, kTitle), [&](const WorkoutAccess& workout) {
+    workout.Exercise().TargetExerciseTime = *seconds;
+    SaveAndShow(editor, workout, [&] { ShowExercise(editor); });
+  });
 }
 
 }  // namespace repvolta

@@ -1,6 +1,5 @@
 #include "editing/PreviewCommands.h"
 
-#include "base/Numbers.h"
 #include "base/Text.h"
 #include "editing/PreviewRows.h"
 #include "update/PlanUpdate.h"
@@ -18,9 +17,8 @@ Preview PlanAndDescribe(const Editor& editor) {
 
 /// Makes the exercise the current one, as a choice in the list of exercises does.
 void ShowExerciseNumber(const Editor& editor, int exercise) {
-  ProgramState& state = editor.State();
-  if (exercise < 0 || exercise >= state.NumberOfExercises) return;
-  state.CurrentExercise = CheckedInt16(exercise);
+  if (exercise < 0 || exercise >= editor.State().NumberOfExercises) return;
+  editor.program.SelectExercise(exercise);
   ShowWorkout(editor);
   ShowExercise(editor);
 }

@@ -1,15 +1,10 @@
 #include "editing/RestoreBackup.h"
 
-#include <algorithm>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <utility>
 
-#include "app/Options.h"
-#include "app/ScreenUpdate.h"
-#include "app/Settings.h"
-#include "app/Voice.h"
 #include "backup/BackupRestore.h"
 #include "backup/WriteBackup.h"
 #include "base/File.h"
@@ -19,9 +14,9 @@
 #include "base/Text.h"
 #include "editing/BackUp.h"
 #include "editing/LoadedWorkout.h"
+#include "editing/StartUp.h"
 #include "keeping/KeepWorkout.h"
 #include "keeping/PendingRestore.h"
-#include "update/RandomMusicList.h"
 #include "update/RestoreAtStart.h"
 #include "update/UpdateLock.h"
 
@@ -118,48 +113,10 @@ Precautions Decide(const Editor& editor, BackupRestore& restore,
   return done;
 }
 
-/// One step of showing what was restored; a failure is shown, and the next step follows.
-void Try(const Editor& editor, const std::function<void()>& step) {
-  try {
-    step();
-  } catch (const std::exception& error) {
-    editor.dialogs.ShowMessage(error.what());
-  }
-}
-
-/// Where the workout stands that was in memory, else the one that was last chosen; -1 for none.
-int RowToLoad(const ProgramState& state) {
-  const auto& names = state.WorkoutNames;
-  if (names.empty()) return -1;
-  const auto found = std::find(names.begin(), names.end(), state.WorkoutFileName);
-  if (found != names.end()) return static_cast<int>(found - names.begin());
-  const int last = state.Settings.LastWorkoutIndex;
-  return last >= 0 && last < state.NumberOfWorkouts ? last : 0;
-}
-
-void LoadRestoredWorkout(const Editor& editor) {
-  ListWorkouts(editor);
-  const int row = RowToLoad(editor.State());
-  editor.screen.SelectWorkout(row);
-  editor.State().WorkoutFileName =
-      row < 0 ? "" : editor.State().WorkoutNames.at(static_cast<std::size_t>(row));
-  editor.screen.EnableWorkoutControls();
-  if (row >= 0) LoadAndShowWorkout(editor);
-}
-
-/// As the start does.
-void ReadAndShowAll(const Editor& editor) {
-  ProgramState& state = editor.State();
-  Try(editor, [&] { MakeProgramDirectoryCurrent(state); });
-  Try(editor, [&] { LoadSettings(state); });
-  Try(editor, [&] { LoadOptions(state); });
-  Try(editor, [&] { LoadRestoredWorkout(editor); });
-  SetUpVoice(state);
-  Try(editor, [&] { editor.screen.ShowVoices(editor.program.speech.VoiceNames()); });
-  editor.screen.ShowFormats();
-  Try(editor, [&] { CountRandomMusicFiles(state); });
-  const ScreenUpdate updating(state);
-  editor.screen.UpdateSettingsScreen();
+/// No step leads to what is there now.
+void ShowRestored(const Editor& editor) {
+  editor.history->Clear();
+  ReadAndShowAll(editor);
 }
 
 std::string DoneText(const Editor& editor, const std::string& heading, const Precautions& done) {
@@ -180,7 +137,7 @@ bool MayBePending(const std::string& programDirectory) {
 /// The lock keeps updates away until all is in place.
 Precautions Restore(const Editor& editor, BackupRestore& restore,
                     const std::vector<PathExchange>& exchanges) {
-  ProgramState& state = editor.State();
+  const ProgramState& state = editor.State();
   MakeProgramDirectoryCurrent(state);
   const UpdateLock lock(state.ProgramDirectory);
   try {
@@ -188,8 +145,8 @@ Precautions Restore(const Editor& editor, BackupRestore& restore,
     FinishRestore(state.ProgramDirectory);
     return done;
   } catch (const FileError& error) {
-    state.RestoreIsPending = MayBePending(state.ProgramDirectory);
-    if (!state.RestoreIsPending) throw;
+    if (!MayBePending(state.ProgramDirectory)) throw;
+    editor.program.RememberPendingRestore(true);
     throw RestoreUnfinished(state.ProgramDirectory, error.what());
   }
 }
@@ -208,7 +165,7 @@ void AskAndRestore(const Editor& editor) {
   const auto exchanges = AskExchanges(editor, heading, *restore, here);
   if (!exchanges) return;
   const Precautions done = Restore(editor, *restore, *exchanges);
-  ReadAndShowAll(editor);
+  ShowRestored(editor);
   TellUnkept(editor, done.unkept);
   editor.dialogs.ShowMessage(DoneText(editor, heading, done), kTitle);
 }
@@ -230,11 +187,11 @@ void RestoreBackup(Editor& editor) {
 }
 
 void FinishPendingRestore(const Editor& editor) {
-  ProgramState& state = editor.State();
+  const ProgramState& state = editor.State();
   if (!state.RestoreIsPending) return;
   FinishInterruptedRestore(state.ProgramDirectory);
-  state.RestoreIsPending = false;
-  ReadAndShowAll(editor);
+  editor.program.RememberPendingRestore(false);
+  ShowRestored(editor);
   throw WorkoutReplaced("The rest of the backup has been restored now.");
 }
 

@@ -3,11 +3,11 @@
 #include <array>
 #include <utility>
 
-#include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
 #include "editing/AnswerLines.h"
 #include "editing/Answers.h"
 #include "editing/ScreenTexts.h"
+#include "editing/Undo.h"
 
 namespace repvolta {
 namespace {
@@ -18,12 +18,14 @@ constexpr std::array kNumbersOfSet = {
     &ExerciseRecord::SetIncrement2, &ExerciseRecord::SetFrequency1, &ExerciseRecord::SetFrequency2,
 };
 
-void Keep(const Editor& editor) {
-  SaveAndShow(editor, [&] { ShowExercise(editor); });
+constexpr auto kSets = StepPlace::List::kSets;
+
+void Keep(const Editor& editor, const WorkoutAccess& workout) {
+  SaveAndShow(editor, workout, [&] { ShowExercise(editor); });
 }
 
-void KeepAndSelect(const Editor& editor, int row) {
-  SaveAndShow(editor, [&] {
+void KeepAndSelect(const Editor& editor, const WorkoutAccess& workout, int row) {
+  SaveAndShow(editor, workout, [&] {
     ShowExercise(editor);
     editor.screen.SelectSet(row);
   });
@@ -35,6 +37,12 @@ float AskForValue(Editor& editor, int field) {
   const std::string& name = field == 1 ? names.first : names.second;
   return NewSetValueOf(editor.dialogs.AskText("Enter the " + name + " required:", name,
                                               NewSetHelp(editor.Exercise(), field)));
+}
+
+std::pair<float, float> AskForValues(Editor& editor) {
+  const ScreenUpdate updating = editor.program.BeginScreenUpdate();
+  const float value1 = AskForValue(editor, 1);
+  return {value1, AskForValue(editor, 2)};
 }
 
 void MoveLaterSetsUp(ExerciseRecord& exercise, int removed) {
@@ -49,32 +57,35 @@ void MoveLaterSetsUp(ExerciseRecord& exercise, int removed) {
 }  // namespace
 
 void AddNewSetButton_Click(Editor& editor) {
-  ProgramState& state = editor.State();
-  ExerciseRecord& exercise = editor.Exercise();
-  if (exercise.NumberOfSets >= MaxSets) {
+  const int count = editor.Exercise().NumberOfSets;
+  if (count >= MaxSets) {
     editor.dialogs.ShowMessage("Cannot add any more Sets");
     return;
   }
-  {
-    const ScreenUpdate updating(state);
-    const float value1 = AskForValue(editor, 1);
-    const float value2 = AskForValue(editor, 2);
-    // The rest of the slot stays as it is (quirk 92).
-    exercise.SetValue1[exercise.NumberOfSets] = value1;
-    exercise.SetValue2[exercise.NumberOfSets] = value2;
-    ++exercise.NumberOfSets;
-  }
-  Keep(editor);
+  const auto [value1, value2] = AskForValues(editor);
+  editor.history->Change(StepOfRow(editor, "Add Set", kSets, count, count),
+                         [&, first = value1, second = value2](const WorkoutAccess& workout) {
+                           ExerciseRecord& exercise = workout.Exercise();
+                           // The rest of the slot stays as it is (quirk 92).
+                           exercise.SetValue1[count] = first;
+                           exercise.SetValue2[count] = second;
+                           ++exercise.NumberOfSets;
+                           Keep(editor, workout);
+                         });
 }
 
 void RemoveSelectedSetButton_Click(Editor& editor, int row) {
-  ExerciseRecord& exercise = editor.Exercise();
-  if (exercise.NumberOfSets < 1 || row < 0) return;
+  const int count = editor.Exercise().NumberOfSets;
+  if (count < 1 || row < 0) return;
   if (!editor.dialogs.Confirm("Are you SURE you want to remove the selected set?", "Remove Set")) {
     return;
   }
-  MoveLaterSetsUp(exercise, row);
-  KeepAndSelect(editor, RowAfterRemoval(row, exercise.NumberOfSets));
+  const int next = RowAfterRemoval(row, count - 1);
+  editor.history->Change(StepOfRow(editor, "Remove Set", kSets, row, next),
+                         [&](const WorkoutAccess& workout) {
+                           MoveLaterSetsUp(workout.Exercise(), row);
+                           KeepAndSelect(editor, workout, next);
+                         });
 }
 
 void MoveSetUpListButton_Click(Editor& editor, int row) {
@@ -83,31 +94,42 @@ void MoveSetUpListButton_Click(Editor& editor, int row) {
                               "Move Set")) {
     return;
   }
-  ExerciseRecord& exercise = editor.Exercise();
-  for (const auto numbers : kNumbersOfSet) {
-    std::swap((exercise.*numbers)[row - 1], (exercise.*numbers)[row]);
-  }
-  KeepAndSelect(editor, row - 1);
+  editor.history->Change(StepOfRow(editor, "Move Set", kSets, row, row - 1),
+                         [&](const WorkoutAccess& workout) {
+                           ExerciseRecord& exercise = workout.Exercise();
+                           for (const auto numbers : kNumbersOfSet) {
+                             std::swap((exercise.*numbers)[row - 1], (exercise.*numbers)[row]);
+                           }
+                           KeepAndSelect(editor, workout, row - 1);
+                         });
 }
 
 void ManualDateResetButton_Click(Editor& editor, int row) {
   if (row < 0) return;
-  ExerciseRecord& exercise = editor.Exercise();
-  exercise.NextUpdate1[row] = exercise.NextUpdate2[row] = editor.program.clock.Today();
-  Keep(editor);
+  editor.history->Change(
+      StepOfRow(editor, "Reset Dates", kSets, row, row), [&](const WorkoutAccess& workout) {
+        ExerciseRecord& exercise = workout.Exercise();
+        exercise.NextUpdate1[row] = exercise.NextUpdate2[row] = editor.program.clock.Today();
+        Keep(editor, workout);
+      });
 }
 
 void SetButton_Click(Editor& editor, int index) {
   if (editor.State().ScreenUpdating) return;
-  editor.Exercise().SetType = CheckedInt16(index);
-  ShowExercise(editor);
-  SaveChangedWorkout(editor);
+  editor.history->Change(StepOfExercise(editor, "Change Kind of Sets"),
+                         [&](const WorkoutAccess& workout) {
+                           workout.Exercise().SetType = CheckedInt16(index);
+                           ShowExercise(editor);
+                           SaveChangedWorkout(editor, workout);
+                         });
 }
 
 void UnitsSelection_Click(Editor& editor, int index) {
   if (editor.State().ScreenUpdating) return;
-  editor.Exercise().Units = index != 0 ? kTrue : kFalse;
-  SaveChangedWorkout(editor);
+  editor.history->Change(StepOfExercise(editor, "Change Units"), [&](const WorkoutAccess& workout) {
+    workout.Exercise().Units = index != 0 ? kTrue : kFalse;
+    SaveChangedWorkout(editor, workout);
+  });
 }
 
 }  // namespace repvolta

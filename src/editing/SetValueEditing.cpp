@@ -5,6 +5,7 @@
 #include "editing/AnswerLines.h"
 #include "editing/Answers.h"
 #include "editing/ScreenTexts.h"
+#include "editing/Undo.h"
 
 namespace repvolta {
 namespace {
@@ -16,6 +17,23 @@ std::optional<float> AskForNumber(Editor& editor, int row, SetColumn column) {
                      column, clock);
 }
 
+std::string StepNameOf(SetColumn column) {
+  switch (column) {
+    case kSetList1:
+      return "Change First Value";
+    case kSetList2:
+      return "Change Second Value";
+    case kSetListInc1:
+      return "Change First Increment";
+    case kSetListInc2:
+      return "Change Second Increment";
+    case kFreqList1:
+      return "Change First Frequency";
+    default:
+      return "Change Second Frequency";
+  }
+}
+
 /// `change` takes the record and the number. It works on a copy, so that nothing is changed if it
 /// throws.
 template <class Change>
@@ -23,11 +41,14 @@ void ChangeNumber(Editor& editor, int row, SetColumn column, Change change) {
   if (row < 0) return;
   const std::optional<float> number = AskForNumber(editor, row, column);
   if (!number) return;
-  ExerciseRecord changed = editor.Exercise();
-  change(changed, *number);
-  editor.Exercise() = changed;
-  ShowExercise(editor);
-  SaveChangedWorkout(editor);
+  editor.history->Change(StepOfRow(editor, StepNameOf(column), StepPlace::List::kSets, row, row),
+                         [&](const WorkoutAccess& workout) {
+                           ExerciseRecord changed = workout.Exercise();
+                           change(changed, *number);
+                           workout.Exercise() = changed;
+                           ShowExercise(editor);
+                           SaveChangedWorkout(editor, workout);
+                         });
 }
 
 void ChangeField(Editor& editor, int row, SetColumn column, SetSingles ExerciseRecord::*field) {

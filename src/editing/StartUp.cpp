@@ -1,12 +1,10 @@
 #include "editing/StartUp.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "app/Options.h"
 #include "app/PathField.h"
-#include "app/ScreenUpdate.h"
-#include "app/Settings.h"
-#include "app/Voice.h"
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/Numbers.h"
@@ -14,7 +12,6 @@
 #include "editing/FolderQuestions.h"
 #include "editing/ListMusic.h"
 #include "editing/LoadedWorkout.h"
-#include "update/RandomMusicList.h"
 #include "update/RestoreAtStart.h"
 
 namespace repvolta {
@@ -35,32 +32,41 @@ bool Try(const Editor& editor, const std::function<void()>& step) {
 }
 
 void LoadOptionsAndTell(const Editor& editor) {
-  LoadOptions(editor.State());
+  editor.program.ReadOptions();
   const std::string odd = OddOptions(editor.State().Options);
   if (!odd.empty()) editor.dialogs.ShowMessage(odd);
 }
 
-void ClampLastWorkoutIndex(ProgramState& state) {
-  std::int16_t& index = state.Settings.LastWorkoutIndex;
-  if (index < 0 || index > state.NumberOfWorkouts - 1) index = 0;
+void ClampLastWorkoutIndex(const EditedProgram& program) {
+  std::int16_t& index = program.Settings().LastWorkoutIndex;
+  if (index < 0 || index > program.state.NumberOfWorkouts - 1) index = 0;
 }
 
-void LoadLastWorkout(const Editor& editor) {
-  ProgramState& state = editor.State();
+/// Where the workout in memory stands in the list, else the one that was last chosen.
+int RowOfWorkout(const ProgramState& state) {
+  const auto& names = state.WorkoutNames;
+  const auto found = std::ranges::find(names, state.WorkoutFileName);
+  return found == names.end() ? state.Settings.LastWorkoutIndex
+                              : static_cast<int>(found - names.begin());
+}
+
+/// Loads the workout that stands there in the list.
+void LoadListedWorkout(const Editor& editor, int index) {
+  const ProgramState& state = editor.State();
   MainScreen& screen = editor.screen;
   if (state.NumberOfWorkouts < 1) {
+    editor.program.NameWorkout("");
     screen.EnableWorkoutControls();
     return;
   }
-  const int index = state.Settings.LastWorkoutIndex;
-  state.WorkoutFileName = state.WorkoutNames.at(static_cast<std::size_t>(index));
+  editor.program.NameWorkout(state.WorkoutNames.at(static_cast<std::size_t>(index)));
   screen.EnableWorkoutControls();
   screen.SelectWorkout(index);
   try {
     LoadAndShowWorkout(editor);
   } catch (const FileError&) {
     // An unreadable workout must not be edited, because saving would replace it by an empty one.
-    state.WorkoutFileName.clear();
+    editor.program.NameWorkout("");
     screen.SelectWorkout(kNone);
     screen.EnableWorkoutControls();
     throw;
@@ -73,7 +79,7 @@ void LoadLastWorkout(const Editor& editor) {
 void SetUpSpeech(const Editor& editor, AudioOutputs& outputs) {
   Try(editor, [&] { editor.screen.ShowVoices(editor.program.speech.VoiceNames()); });
   editor.screen.ShowAudioOutputs(outputs.Names());
-  SetUpVoice(editor.State());
+  editor.program.StartVoice();
   editor.screen.ShowFormats();
 }
 
@@ -89,11 +95,11 @@ FixedText<256> AskForFolder(const Editor& editor, std::string_view text, std::st
 }
 
 void CountMusic(const Editor& editor) {
-  Try(editor, [&] { CountRandomMusicFiles(editor.State()); });
+  Try(editor, [&] { editor.program.CountMusic(); });
 }
 
 void AskForMusic(const Editor& editor) {
-  editor.State().Settings.MusicPath =
+  editor.program.Settings().MusicPath =
       AskForFolder(editor,
                    "Repvolta needs to know where your MP3 music files are loacted.\r"
                    "These are the music files Repvolta will use to create your workout.\r"
@@ -108,7 +114,7 @@ void AskForMusic(const Editor& editor) {
 }
 
 void AskForOutput(const Editor& editor) {
-  editor.State().Settings.OutputPath = AskForFolder(
+  editor.program.Settings().OutputPath = AskForFolder(
       editor,
       "Repvolta now needs to know what directory you want to store your Exercise files "
       "in.\r"
@@ -121,20 +127,36 @@ void AskForOutput(const Editor& editor) {
 }  // namespace
 
 void Form_Load(const Editor& editor, AudioOutputs& outputs) {
-  ProgramState& state = editor.State();
+  const ProgramState& state = editor.State();
   FinishInterruptedRestore(state.ProgramDirectory);
   MakeProgramDirectoryCurrent(state);
   bool isSetUp = false;
   // Settings must not be saved while it is unknown whether there is a settings file.
-  state.SettingsAreUnread = !Try(editor, [&] { isSetUp = FirstRunSetup(editor); });
+  editor.program.KeepUnreadSettings(!Try(editor, [&] { isSetUp = FirstRunSetup(editor); }));
   editor.screen.ShowTab(WindowTab::kWorkout);
   Try(editor, [&] { ListWorkouts(editor); });
-  if (!isSetUp && !state.SettingsAreUnread) Try(editor, [&] { LoadSettings(state); });
+  if (!isSetUp && !state.SettingsAreUnread) Try(editor, [&] { editor.program.ReadSettings(); });
   Try(editor, [&] { LoadOptionsAndTell(editor); });
-  const ScreenUpdate updating(state);
-  ClampLastWorkoutIndex(state);
-  Try(editor, [&] { LoadLastWorkout(editor); });
+  const ScreenUpdate updating = editor.program.BeginScreenUpdate();
+  ClampLastWorkoutIndex(editor.program);
+  Try(editor, [&] { LoadListedWorkout(editor, state.Settings.LastWorkoutIndex); });
   SetUpSpeech(editor, outputs);
+  CountMusic(editor);
+  editor.screen.UpdateSettingsScreen();
+}
+
+void ReadAndShowAll(const Editor& editor) {
+  const ProgramState& state = editor.State();
+  Try(editor, [&] { MakeProgramDirectoryCurrent(state); });
+  Try(editor, [&] { ListWorkouts(editor); });
+  Try(editor, [&] { editor.program.ReadSettings(); });
+  Try(editor, [&] { LoadOptionsAndTell(editor); });
+  const ScreenUpdate updating = editor.program.BeginScreenUpdate();
+  ClampLastWorkoutIndex(editor.program);
+  Try(editor, [&] { LoadListedWorkout(editor, RowOfWorkout(state)); });
+  editor.program.StartVoice();
+  Try(editor, [&] { editor.screen.ShowVoices(editor.program.speech.VoiceNames()); });
+  editor.screen.ShowFormats();
   CountMusic(editor);
   editor.screen.UpdateSettingsScreen();
 }
@@ -148,11 +170,11 @@ bool FirstRunSetup(const Editor& editor) {
       "Welcome to Repvolta");
   AskForMusic(editor);
   AskForOutput(editor);
-  SettingsRecord& settings = editor.State().Settings;
+  SettingsRecord& settings = editor.program.Settings();
   settings.DefaultExerciseTime = 5;
   settings.IncludeWeightValues = kTrue;
   settings.VoiceVolume = 100;
-  Try(editor, [&] { SaveSettings(editor.State()); });
+  Try(editor, [&] { editor.program.WriteSettings(); });
   return true;
 }
 
@@ -160,13 +182,12 @@ void ExitButton_Click(const Editor& editor) {
   // The next start finishes the restore, whose settings are the ones to keep.
   if (editor.State().RestoreIsPending) return;
   Try(editor, [&] {
-    ProgramState& state = editor.State();
-    MakeProgramDirectoryCurrent(state);
+    MakeProgramDirectoryCurrent(editor.State());
     // This must come before the selection is stored, which would otherwise be replaced if it has
     // not changed since the start.
-    ReloadChangedSettings(state);
-    state.Settings.LastWorkoutIndex = CheckedInt16(editor.screen.SelectedWorkout());
-    SaveSettings(state);
+    editor.program.ReloadSettings();
+    editor.program.Settings().LastWorkoutIndex = CheckedInt16(editor.screen.SelectedWorkout());
+    editor.program.WriteSettings();
   });
 }
 

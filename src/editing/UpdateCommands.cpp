@@ -6,6 +6,7 @@
 
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
+#include "editing/Undo.h"
 #include "editing/UpdateQuestions.h"
 #include "player/OutputPath.h"
 #include "update/SeveralUpdates.h"
@@ -17,6 +18,9 @@
 namespace repvolta {
 namespace {
 
+/// Undone, the values and dates come back; what was written to the player stays.
+constexpr const char* kStep = "Update";
+
 bool CanUpdate(const Editor& editor) {
   MakeProgramDirectoryCurrent(editor.State());
   if (TrimBlanks(editor.State().WorkoutFileName).empty()) return false;
@@ -27,8 +31,12 @@ bool CanUpdate(const Editor& editor) {
 
 /// A stopped update may have grown the workout, too.
 std::optional<std::string> Update(const Editor& editor, UpdateHost& host) {
+  std::optional<std::string> playList;
   try {
-    return UpdateCurrentWorkout(editor.program, editor.log, host);
+    editor.history->Change(StepOfExercise(editor, kStep), [&](const WorkoutAccess& workout) {
+      playList = UpdateCurrentWorkout(workout.WholeProgram(), editor.log, host);
+    });
+    return playList;
   } catch (const UpdateStopped&) {
     ShowExercise(editor);
     throw;
@@ -69,7 +77,7 @@ void ShowOrTell(const Editor& editor) {
 }
 
 void LoadAndUpdate(const Editor& editor, UpdateHost& host, const std::string& name) {
-  editor.State().WorkoutFileName = name;
+  editor.program.NameWorkout(name);
   const WorkoutLoad load = LoadOrTell(editor);
   // The previous workout must not be saved under this one's name.
   if (load == WorkoutLoad::kNotFound) return;
@@ -98,7 +106,7 @@ void UpdateSelectedWorkoutButton_Click(const Editor& editor) {
   if (!CanUpdate(editor)) return;
   const UpdateLock lock(editor.State().ProgramDirectory);
   if (!ConfirmUpdate(editor)) return;
-  editor.State().UpdatingAllWorkouts = false;
+  editor.program.UpdateAllWorkouts(false);
   UpdateAndShow(editor, editor.host);
 }
 
@@ -106,9 +114,10 @@ void UpdateAllWorkoutsButton_Click(const Editor& editor) {
   if (!CanUpdate(editor)) return;
   const UpdateLock lock(editor.State().ProgramDirectory);
   if (!ConfirmUpdateOfAll(editor)) return;
-  editor.State().UpdatingAllWorkouts = true;
+  editor.program.UpdateAllWorkouts(true);
   const std::vector<std::string> names = editor.State().WorkoutNames;
-  UpdateAll(editor, names);
+  const StepPlace place = PlaceNow(editor, WindowTab::kWorkout);
+  editor.history->Together({kStep, place, place}, [&] { UpdateAll(editor, names); });
   // One pass more than there are workouts, with an empty name: no workout is loaded afterwards
   // (quirk 56).
   LoadAndUpdate(editor, editor.host, "");

@@ -68,7 +68,7 @@ bool UpdateOutcome::HasCompleteWorkout() const {
 }
 
 std::string TakePlayerHint(const Editor& editor) {
-  OptionLines& options = editor.State().Options;
+  OptionLines& options = editor.program.Options();
   if (Get(options, kPlayerHintShown)) return {};
   Put(options, kPlayerHintShown, true);
   try {

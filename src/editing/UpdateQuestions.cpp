@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "app/Options.h"
 #include "app/WorkoutFiles.h"
 #include "player/PlayerDisk.h"
 #include "update/Room.h"
@@ -18,12 +17,12 @@ constexpr const char* kTitleOfAll = "Update ALL Workouts";
 
 /// Another program may have updated meanwhile and remembered where the player is. If its options
 /// cannot be read, those in memory have to do: the next save reports it.
-std::string WhyMissing(ProgramState& state) {
+std::string WhyMissing(const EditedProgram& program) {
   try {
-    ReloadChangedOptions(state);
+    program.ReloadOptions();
   } catch (const FileError&) {
   }
-  return WhyPlayerIsMissing(state);
+  return WhyPlayerIsMissing(program.state);
 }
 
 /// The listed workouts as their files hold them; those that cannot be read are left out, because
@@ -52,7 +51,7 @@ std::optional<LackOfRoom> LackOfRoomForAll(const Editor& editor) {
 }  // namespace
 
 bool ConfirmUpdate(const Editor& editor) {
-  const std::string missing = WhyMissing(editor.State());
+  const std::string missing = WhyMissing(editor.program);
   if (!missing.empty()) return editor.dialogs.Confirm(missing + kQuestion, kTitleOfOne);
   const auto lack = FindLackOfRoom({&editor.State()}, editor.program.clock.Today());
   return !lack ||
@@ -61,7 +60,7 @@ bool ConfirmUpdate(const Editor& editor) {
 }
 
 bool ConfirmUpdateOfAll(const Editor& editor) {
-  const std::string missing = WhyMissing(editor.State());
+  const std::string missing = WhyMissing(editor.program);
   if (!missing.empty()) return editor.dialogs.Confirm(missing + kQuestion, kTitleOfAll);
   const auto lack = LackOfRoomForAll(editor);
   return !lack || editor.dialogs.Confirm("The update of all workouts " + TextOf(*lack) + kQuestion,

@@ -7,13 +7,12 @@
 #include "base/FileNames.h"
 #include "base/Numbers.h"
 #include "base/ProgramFiles.h"
-#include "base/RenameToNew.h"
 #include "base/Text.h"
 #include "editing/AnswerLines.h"
 #include "editing/LoadedWorkout.h"
+#include "editing/Undo.h"
 #include "editing/WorkoutName.h"
 #include "keeping/KeepWorkout.h"
-#include "keeping/Versions.h"
 
 namespace repvolta {
 namespace {
@@ -43,16 +42,6 @@ void ListAndSelect(const Editor& editor, const std::string& path) {
   editor.screen.SelectWorkout(found == names.end() ? -1 : static_cast<int>(found - names.begin()));
 }
 
-void MoveVersionsOrTell(const Editor& editor, const std::string& from, const std::string& to) {
-  try {
-    MoveVersions(FileName(from), FileName(to));
-  } catch (const FileError& error) {
-    editor.dialogs.ShowMessage(std::string("The workout has its new name, but the versions that "
-                                           "were kept of it still have the old one.\r") +
-                               error.what());
-  }
-}
-
 /// Says why there is no room for one more exercise.
 bool HasRoom(const Editor& editor, const ProgramState& workout) {
   if (workout.NumberOfExercises < MaxExercises) return true;
@@ -68,6 +57,10 @@ void Append(ProgramState& workout, const ExerciseRecord& exercise) {
   ++workout.NumberOfExercises;
 }
 
+std::string NameOfCopy(const ExerciseRecord& exercise) {
+  return StepName("Copy Exercise", exercise.ExerciseName.Trimmed());
+}
+
 /// Another workout, to add an exercise. Says why it cannot be used, and returns false.
 bool LoadOther(const Editor& editor, ProgramState& other) {
   const bool isThere = LoadWorkout(other) == WorkoutLoad::kLoaded;
@@ -80,20 +73,29 @@ void CopyToOther(const Editor& editor, const ExerciseRecord& exercise, const std
   ProgramState other = editor.State();
   other.WorkoutFileName = name;
   if (!LoadOther(editor, other) || !HasRoom(editor, other)) return;
+  const StepPlace place{
+      .workout = name, .tab = WindowTab::kWorkout, .exercise = other.NumberOfExercises};
   Append(other, exercise);
-  const std::string unkept = KeepBeforeChange(other, editor.program.clock.Now());
-  SaveWorkout(other);
-  TellUnkept(editor, unkept);
+  editor.history->ChangeFile(
+      {NameOfCopy(exercise), place, place}, PathOfWorkout(other), [&](const WorkoutAccess&) {
+        const std::string unkept = KeepBeforeChange(other, editor.program.clock.Now());
+        SaveWorkout(other);
+        TellUnkept(editor, unkept);
+      });
   editor.dialogs.ShowMessage(
       exercise.ExerciseName.Trimmed() + " is now in " + BaseName(name) + ", too.", "Copy Exercise");
 }
 
 void CopyHere(const Editor& editor, const ExerciseRecord& exercise) {
-  ProgramState& state = editor.State();
-  if (!HasRoom(editor, state)) return;
-  Append(state, exercise);
-  state.CurrentExercise = CheckedInt16(state.NumberOfExercises - 1);
-  SaveAndShow(editor, [&] { ShowWorkout(editor); });
+  if (!HasRoom(editor, editor.State())) return;
+  StepDescription step{NameOfCopy(exercise), PlaceNow(editor, WindowTab::kWorkout),
+                       PlaceNow(editor, WindowTab::kWorkout)};
+  step.done.exercise = editor.State().NumberOfExercises;
+  editor.history->Change(step, [&](const WorkoutAccess& workout) {
+    Append(workout.State(), exercise);
+    editor.program.SelectExercise(step.done.exercise);
+    SaveAndShow(editor, workout, [&] { ShowWorkout(editor); });
+  });
 }
 
 }  // namespace
@@ -106,14 +108,18 @@ void DuplicateWorkout(Editor& editor) {
                                           kTitle, CopiedWorkoutHelp(editor.State()));
   const std::string path = name.empty() ? "" : FreePath(editor, name, kTitle);
   if (path.empty()) return;
-  CopyFileToNew(PathOfWorkout(editor.State()), path);
+  editor.history->ChangeFile(
+      {.name = StepName("Duplicate Workout", NameOf(editor)),
+       .undone = PlaceNow(editor, WindowTab::kWorkout),
+       .done = {.workout = FileName(path)}},
+      path, [&](const WorkoutAccess&) { CopyFileToNew(PathOfWorkout(editor.State()), path); });
   ListAndSelect(editor, path);
-  editor.State().WorkoutFileName = FileName(path);
+  editor.program.NameWorkout(FileName(path));
   LoadAndShowWorkout(editor);
 }
 
 void RenameWorkout(Editor& editor) {
-  ProgramState& state = editor.State();
+  const ProgramState& state = editor.State();
   if (!HasWorkout(editor)) return;
   MakeProgramDirectoryCurrent(state);
   constexpr const char* kTitle = "Rename Workout";
@@ -124,11 +130,19 @@ void RenameWorkout(Editor& editor) {
   const std::string old = PathOfWorkout(state);
   const std::string path = FreePath(editor, name, kTitle, old);
   if (path.empty()) return;
-  RenameToNew(old, path);
-  state.WorkoutFileName = FileName(path);
-  ReplaceWorkoutFile(state);
+  StepPlace renamed = PlaceNow(editor, WindowTab::kWorkout);
+  renamed.workout = FileName(path);
+  const std::string failure =
+      editor.history->Rename({.name = StepName("Rename Workout", before),
+                              .undone = PlaceNow(editor, WindowTab::kWorkout),
+                              .done = renamed},
+                             old, path);
   ListAndSelect(editor, path);
-  MoveVersionsOrTell(editor, old, path);
+  if (failure.empty()) return;
+  editor.dialogs.ShowMessage(
+      "The workout has its new name, but the versions that were kept of it still have the old "
+      "one.\r" +
+      failure);
 }
 
 void CopyExercise(Editor& editor, int row) {

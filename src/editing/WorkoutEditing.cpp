@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 
 #include "app/Exercises.h"
-#include "app/ScreenUpdate.h"
 #include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
@@ -14,6 +14,7 @@
 #include "base/Text.h"
 #include "editing/AnswerLines.h"
 #include "editing/LoadedWorkout.h"
+#include "editing/Undo.h"
 #include "editing/WorkoutName.h"
 #include "keeping/KeepWorkout.h"
 
@@ -32,11 +33,14 @@ int IndexOf(const ProgramState& state, const std::string& name) {
 /// unless LetNewOneStand() was called.
 class PreviousWorkout {
  public:
-  explicit PreviousWorkout(Editor& editor)
-      : editor_(editor), state_(editor.State()), selected_(editor.screen.SelectedWorkout()) {}
+  PreviousWorkout(const Editor& editor, const WorkoutAccess& workout)
+      : editor_(editor),
+        workout_(workout),
+        state_(editor.State()),
+        selected_(editor.screen.SelectedWorkout()) {}
   ~PreviousWorkout() {
     if (!restores_) return;
-    editor_.State() = state_;
+    workout_.State() = state_;
     editor_.screen.ShowWorkoutNames();
     editor_.screen.SelectWorkout(selected_);
   }
@@ -46,17 +50,17 @@ class PreviousWorkout {
   void LetNewOneStand() { restores_ = false; }
 
  private:
-  Editor& editor_;
+  const Editor& editor_;
+  const WorkoutAccess& workout_;
   const ProgramState state_;
   const int selected_;
   bool restores_ = true;
 };
 
-void ListNewWorkout(Editor& editor, const std::string& name) {
-  ProgramState& state = editor.State();
+void ListNewWorkout(const Editor& editor, ProgramState& state, const std::string& fileName) {
   const ScreenUpdate updating(state);
   editor.screen.ShowTab(WindowTab::kWorkout);
-  state.WorkoutFileName = name + std::string(kWorkoutExtension);
+  state.WorkoutFileName = fileName;
   state.WorkoutNames.push_back(state.WorkoutFileName);
   state.NumberOfWorkouts = CheckedInt16(static_cast<std::int64_t>(state.WorkoutNames.size()));
   editor.screen.ShowWorkoutNames();
@@ -65,10 +69,9 @@ void ListNewWorkout(Editor& editor, const std::string& name) {
   state.NumberOfExercises = 0;
 }
 
-void InitialiseWorkout(Editor& editor) {
-  ProgramState& state = editor.State();
+void InitialiseWorkout(ProgramState& state, double today) {
   for (int i = 0; i < MaxExercises; ++i) {
-    InitialiseExercise(state.Workout[i], state.Settings, editor.program.clock.Today());
+    InitialiseExercise(state.Workout[i], state.Settings, today);
   }
 }
 
@@ -83,9 +86,19 @@ void DeleteWorkoutFile(const std::string& path) {
 }
 
 void KeepWhatIsReplaced(const Editor& editor) {
-  MakeProgramDirectoryCurrent(editor.State());
   TellUnkept(editor, KeepBefore(BeforeWhat::kReplacement, PathOfWorkout(editor.State()),
                                 editor.State(), editor.program.clock.Now()));
+}
+
+void BeginNew(const Editor& editor, const WorkoutAccess& workout, const std::string& fileName) {
+  PreviousWorkout previous(editor, workout);
+  ListNewWorkout(editor, workout.State(), fileName);
+  InitialiseWorkout(workout.State(), editor.program.clock.Today());
+  KeepWhatIsReplaced(editor);
+  // An empty workout takes the place of one that has this name already (quirk 104).
+  ReplaceWorkoutFile(workout.State());
+  SaveWorkout(workout.State());
+  previous.LetNewOneStand();
 }
 
 }  // namespace
@@ -94,19 +107,19 @@ void CreateNewWorkoutButton_Click(Editor& editor) {
   const std::string name = AskWorkoutName(editor, "Enter a name for the new Workout", "New Workout",
                                           NewWorkoutHelp(editor.State()));
   if (name.empty()) return;
-  PreviousWorkout previous(editor);
-  ListNewWorkout(editor, name);
-  InitialiseWorkout(editor);
-  KeepWhatIsReplaced(editor);
-  // An empty workout takes the place of one that has this name already (quirk 104).
-  ReplaceWorkoutFile(editor.State());
-  SaveWorkout(editor.State());
-  previous.LetNewOneStand();
+  MakeProgramDirectoryCurrent(editor.State());
+  const std::string file = name + std::string(kWorkoutExtension);
+  editor.history->ChangeFile(
+      {.name = StepName("New Workout", name),
+       .undone = PlaceNow(editor, WindowTab::kWorkout),
+       .done = {.workout = file}},
+      ExistingName(kWorkoutFolder + file),
+      [&](const WorkoutAccess& workout) { BeginNew(editor, workout, file); });
   LoadAndShowWorkout(editor);
 }
 
 void DeleteSelectedWorkoutButton_Click(Editor& editor) {
-  ProgramState& state = editor.State();
+  const ProgramState& state = editor.State();
   if (TrimBlanks(state.WorkoutFileName).empty()) return;
   if (!editor.dialogs.Confirm("Are you SURE you want to delete workout\r" + state.WorkoutFileName,
                               "Delete Workout")) {
@@ -115,23 +128,27 @@ void DeleteSelectedWorkoutButton_Click(Editor& editor) {
   // The name alone, in the current directory and not in the workout folder (quirk 105).
   const std::string path = ExistingName(state.WorkoutFileName);
   TellUnkept(editor, KeepBefore(BeforeWhat::kDeletion, path, state, editor.program.clock.Now()));
-  DeleteWorkoutFile(path);
+  editor.history->ChangeFile({.name = StepName("Delete Workout", BaseName(path)),
+                              .undone = PlaceNow(editor, WindowTab::kWorkout),
+                              .done = {}},
+                             std::filesystem::absolute(path),
+                             [&](const WorkoutAccess&) { DeleteWorkoutFile(path); });
   ListWorkouts(editor);
-  state.WorkoutFileName.clear();
+  editor.program.NameWorkout("");
 }
 
 void WorkoutDropBox_Click(Editor& editor, const std::string& name) {
-  ProgramState& state = editor.State();
+  const ProgramState& state = editor.State();
   if (TrimBlanks(name).empty()) {
-    state.WorkoutFileName = name;
+    editor.program.NameWorkout(name);
     return;
   }
   const std::string before = state.WorkoutFileName;
-  state.WorkoutFileName = name;
+  editor.program.NameWorkout(name);
   editor.screen.EnableWorkoutControls();
   // The workout in memory must not be saved under the name of a file that was not loaded.
   const auto goBack = [&] {
-    state.WorkoutFileName = before;
+    editor.program.NameWorkout(before);
     editor.screen.SelectWorkout(IndexOf(state, before));
   };
   try {

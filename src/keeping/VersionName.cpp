@@ -1,7 +1,6 @@
 #include "keeping/VersionName.h"
 
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -13,11 +12,6 @@
 namespace repvolta {
 namespace {
 
-using std::chrono::days;
-using std::chrono::sys_days;
-using std::chrono::year_month_day;
-
-constexpr sys_days kDayZero = std::chrono::year{1899} / 12 / 30;
 constexpr double kSecondsOfDay = 86400;
 
 constexpr std::array<std::pair<BeforeWhat, std::string_view>, 5> kReasons = {{
@@ -49,14 +43,11 @@ std::string TimeText(double time) {
   const auto all = static_cast<std::int64_t>(std::llround(time * kSecondsOfDay));
   const auto secondsOfDay = static_cast<std::int64_t>(kSecondsOfDay);
   const std::int64_t second = ((all % secondsOfDay) + secondsOfDay) % secondsOfDay;
-  const year_month_day date{kDayZero + days((all - second) / secondsOfDay)};
   std::array<char, 64> text{};
   static_cast<void>(
-      std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d.%02d.%02d",
-                    static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
-                    static_cast<unsigned>(date.day()), static_cast<int>(second / 3600),
+      std::snprintf(text.data(), text.size(), " %02d.%02d.%02d", static_cast<int>(second / 3600),
                     static_cast<int>(second / 60 % 60), static_cast<int>(second % 60)));
-  return text.data();
+  return IsoDate(static_cast<double>((all - second) / secondsOfDay)) + text.data();
 }
 
 /// Digits only: -1 for anything else.

@@ -78,17 +78,18 @@ std::vector<Version> VersionsOf(const std::string& workoutFileName) {
   return versions;
 }
 
-void KeepVersion(const std::string& path, BeforeWhat before, double now) {
+bool KeepVersion(const std::string& path, BeforeWhat before, double now) {
   const std::string workoutFileName = FileName(path);
   const auto stamp = StampOf(path);
-  if (!stamp || stamp->size > kLargestVersion) return;
+  if (!stamp || stamp->size > kLargestVersion) return false;
   const Bytes content = ReadWholeFile(path, kLargestVersion);
   const std::vector<Version> versions = VersionsOf(workoutFileName);
-  if (IsEqual(versions, content)) return;
+  if (IsEqual(versions, content)) return true;
   const std::string folder = FolderOfVersions(workoutFileName);
   MakeFolders(WithoutSeparator(folder));
   WriteVersion(folder, FileNameOf({TimeAfter(versions, now), before}), content);
   DropOld(workoutFileName, now);
+  return true;
 }
 
 void MoveVersions(const std::string& from, const std::string& to) {

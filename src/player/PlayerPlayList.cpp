@@ -6,16 +6,12 @@
 #include <string_view>
 
 #include "base/SingleByteText.h"
-#include "base/Text.h"
 #include "mp3/GetPlayTime.h"
 
 namespace repvolta {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-
-/// On a disk whose names are UTF-16, such bytes are kept as the characters of the code page.
-std::string AsUtf8(const std::string& text) { return IsUtf8(text) ? text : FromWindows1252(text); }
 
 std::string WithoutControls(std::string text) {
   const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };

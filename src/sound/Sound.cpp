@@ -4,8 +4,10 @@
 #include <cmath>
 #include <numbers>
 #include <numeric>
-#include <soxr.h>
-#include <stdexcept>
+#include <span>
+
+#include "sound/RateReader.h"
+#include "sound/SoundSource.h"
 
 namespace repvolta {
 namespace {
@@ -101,16 +103,13 @@ void Scale(Sound& sound, float gain) {
 }
 
 Sound ConvertRate(const Sound& sound, std::uint32_t rate) {
-  if (sound.rate == rate || sound.samples.empty()) return {rate, sound.samples};
-  const double ratio = static_cast<double>(rate) / sound.rate;
-  const auto length = std::llround(static_cast<double>(sound.samples.size()) * ratio);
-  if (length == 0) return {rate, {}};
-  Sound result{rate, std::vector<float>(static_cast<std::size_t>(length))};
-  const soxr_quality_spec_t quality = soxr_quality_spec(SOXR_HQ, 0);
-  const soxr_error_t error = soxr_oneshot(
-      sound.rate, rate, 1, sound.samples.data(), sound.samples.size(), nullptr,
-      result.samples.data(), result.samples.size(), nullptr, nullptr, &quality, nullptr);
-  if (error != nullptr) throw std::runtime_error(std::string("sample rate conversion: ") + error);
+  const WholeSound source(sound);
+  RateReader reader(source, rate);
+  Sound result{rate, {}};
+  result.samples.reserve(reader.Size());
+  for (auto block = reader.Next(); !block.empty(); block = reader.Next()) {
+    result.samples.insert(result.samples.end(), block.begin(), block.end());
+  }
   return result;
 }
 
@@ -120,17 +119,21 @@ Sound Stretch(const Sound& sound, double factor) {
 }
 
 Bytes EncodeWav(const Sound& sound, const WavFormat& format) {
-  const Sound converted = ConvertRate(sound, format.rate);
-  Bytes data;
-  data.reserve(converted.samples.size() * format.channels * (format.bits / 8U) + 1);
-  for (const float sample : converted.samples) {
-    for (int channel = 0; channel < format.channels; ++channel) {
-      AppendSample(data, sample, format.bits);
+  const WholeSound source(sound);
+  RateReader reader(source, format.rate);
+  const std::size_t sampleSize = format.bits / 8U;
+  const std::size_t size = reader.Size() * format.channels * sampleSize;
+  const std::size_t padding = size % 2;
+  Bytes file = WavHeader(format, static_cast<std::uint32_t>(size + padding));
+  file.reserve(file.size() + size + padding);
+  for (auto block = reader.Next(); !block.empty(); block = reader.Next()) {
+    for (const float sample : block) {
+      for (int channel = 0; channel < format.channels; ++channel) {
+        AppendSample(file, sample, format.bits);
+      }
     }
   }
-  if (data.size() % 2 != 0) AppendSample(data, 0, format.bits);
-  Bytes file = WavHeader(format, static_cast<std::uint32_t>(data.size()));
-  file.insert(file.end(), data.begin(), data.end());
+  if (padding != 0) AppendSample(file, 0, format.bits);
   return file;
 }
 

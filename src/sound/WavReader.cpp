@@ -19,9 +19,11 @@ constexpr std::uint16_t kMostChannels = 8;
 struct Layout {
   std::uint16_t tag;
   WavFormat format;
+};
 
-  std::size_t SampleSize() const { return format.bits / 8U; }
-  std::size_t FrameSize() const { return SampleSize() * format.channels; }
+struct Data {
+  Layout layout;
+  std::span<const Byte> bytes;
 };
 
 bool IsUnderstood(const Layout& layout) {
@@ -65,23 +67,7 @@ float ReadSample(std::span<const Byte> bytes, std::uint16_t tag) {
   return static_cast<float>(static_cast<std::int32_t>(value)) / 2147483648.0F;
 }
 
-Sound ReadSamples(std::span<const Byte> data, const Layout& layout) {
-  Sound sound{layout.format.rate, {}};
-  sound.samples.reserve(data.size() / layout.FrameSize());
-  for (; data.size() >= layout.FrameSize(); data = data.subspan(layout.FrameSize())) {
-    float sum = 0;
-    for (std::size_t channel = 0; channel < layout.format.channels; ++channel) {
-      sum +=
-          ReadSample(data.subspan(channel * layout.SampleSize(), layout.SampleSize()), layout.tag);
-    }
-    sound.samples.push_back(sum / static_cast<float>(layout.format.channels));
-  }
-  return sound;
-}
-
-}  // namespace
-
-Sound ReadWav(std::span<const Byte> file) {
+Data FindData(std::span<const Byte> file) {
   if (file.size() < kRiffHeaderSize || AsText(file.first(4)) != "RIFF" ||
       AsText(file.subspan(kWaveOffset, 4)) != "WAVE") {
     throw WavError("It is no WAV file");
@@ -94,10 +80,42 @@ Sound ReadWav(std::span<const Byte> file) {
     rest = rest.subspan(kChunkHeaderSize);
     const std::span<const Byte> chunk = rest.first(std::min(size, rest.size()));
     if (name == "fmt ") layout = ReadLayout(chunk);
-    if (name == "data" && layout) return ReadSamples(chunk, *layout);
+    if (name == "data" && layout) return {*layout, chunk};
     rest = rest.subspan(std::min(chunk.size() + size % 2, rest.size()));
   }
   throw WavError("It holds no sound");
+}
+
+}  // namespace
+
+WavSource::WavSource(std::span<const Byte> file) {
+  const Data found = FindData(file);
+  tag_ = found.layout.tag;
+  format_ = found.layout.format;
+  data_ = found.bytes;
+}
+
+void WavSource::Read(std::size_t first, std::span<float> samples) const {
+  std::span<const Byte> rest = data_.subspan(first * FrameSize());
+  for (float& sample : samples) {
+    sample = Mixed(rest.first(FrameSize()));
+    rest = rest.subspan(FrameSize());
+  }
+}
+
+float WavSource::Mixed(std::span<const Byte> frame) const {
+  float sum = 0;
+  for (; !frame.empty(); frame = frame.subspan(SampleSize())) {
+    sum += ReadSample(frame.first(SampleSize()), tag_);
+  }
+  return sum / static_cast<float>(format_.channels);
+}
+
+Sound ReadWav(std::span<const Byte> file) {
+  const WavSource source(file);
+  Sound sound{source.Rate(), std::vector<float>(source.Size())};
+  source.Read(0, sound.samples);
+  return sound;
 }
 
 }  // namespace repvolta

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "app/ScreenUpdate.h"
 #include "base/File.h"
 #include "base/Numbers.h"
 #include "editing/ExerciseSteps.h"
@@ -125,7 +124,7 @@ void ExerciseTab::ChooseRandomMusic(bool chosen) {
   }
   // Refreshing the tab does not touch the box, so a choice that had no effect is undone here.
   if (editor_.State().ScreenUpdating || (editor_.Exercise().RandomMusic == kTrue) == chosen) return;
-  const ScreenUpdate updating(editor_.State());
+  const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
   ui_->RandomMusicCheckBox->setChecked(!chosen);
 }
 
@@ -198,7 +197,7 @@ void ExerciseTab::ShowContent(Content content) {
 }
 
 void ExerciseTab::UpdateExerciseScreen() {
-  ProgramState& state = editor_.State();
+  const ProgramState& state = editor_.State();
   if (state.NumberOfExercises < 1) return;
   // 5 passes, although it is one beyond the last usable exercise (quirk 102).
   if (state.CurrentExercise > MaxExercises) {
@@ -206,7 +205,7 @@ void ExerciseTab::UpdateExerciseScreen() {
         "Cannot update exercise screen. Current exercise number exceeds MaxExercises");
     return;
   }
-  const ScreenUpdate updating(state);
+  const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
   try {
     ShowExercise(editor_.Exercise());
   } catch (...) {

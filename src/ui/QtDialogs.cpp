@@ -17,6 +17,7 @@
 #include "ui/MusicFileDialog.h"
 #include "ui/PreviewForm.h"
 #include "ui/RestoreBackupForm.h"
+#include "ui/RestoreVersionForm.h"
 #include "ui/RowList.h"
 #include "ui/SelectDirectory.h"
 #include "ui/SelectExerciseDialog.h"
@@ -120,6 +121,12 @@ PreviewOutcome QtDialogs::ShowPreview(const std::function<Preview()>& plan, List
   if (listening != nullptr) form.OfferListening(*listening);
   form.exec();
   return form.Outcome();
+}
+
+std::optional<ChosenVersion> QtDialogs::ChooseVersion(EarlierVersions& versions) {
+  RestoreVersionForm form(versions, owner_);
+  form.exec();
+  return form.Chosen();
 }
 
 void QtDialogs::ShowAbout() { AboutForm(owner_).exec(); }

@@ -34,6 +34,7 @@ class QtDialogs : public Dialogs {
   void ShowWork(std::string_view text, const LongWork& work) override;
   std::optional<std::vector<PathExchange>> AskRestore(const RestoreQuestion& question) override;
   PreviewOutcome ShowPreview(const std::function<Preview()>& plan, Listening* listening) override;
+  std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) override;
   void ShowAbout() override;
   void OpenDocument(const std::string& path) override;
   void OpenGuide(std::string_view page) override;

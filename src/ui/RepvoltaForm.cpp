@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/ScreenUpdate.h"
 #include "app/WorkoutFiles.h"
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
@@ -197,8 +196,7 @@ void RepvoltaForm::ReloadWorkout() {
 }
 
 void RepvoltaForm::SSTab1_Click() {
-  ProgramState& state = editor_.State();
-  state.CurrentExercise = static_cast<std::int16_t>(std::max(0, workoutTab_->SelectedExercise()));
+  editor_.program.SelectExercise(std::max(0, workoutTab_->SelectedExercise()));
   ShowExerciseFrames();
   UpdateExerciseScreen();
   UpdateWorkoutScreen();
@@ -380,7 +378,7 @@ void RepvoltaForm::EnableWorkoutControls() {
   workoutActions_->Enable(hasWorkout);
   workoutTab_->ShowOddSize();
   if (!hasWorkout && ui_->SSTab1->currentWidget() == ui_->ExercisePage) {
-    const ScreenUpdate updating(editor_.State());
+    const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
     ShowTab(WindowTab::kWorkout);
   }
   ui_->SSTab1->setTabEnabled(static_cast<int>(WindowTab::kExercise), hasWorkout);

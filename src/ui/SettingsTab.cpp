@@ -1,7 +1,6 @@
 #include "ui/SettingsTab.h"
 
 #include "app/Options.h"
-#include "app/ScreenUpdate.h"
 #include "base/Numbers.h"
 #include "editing/SettingsEditing.h"
 #include "speech/SoundFormats.h"
@@ -75,7 +74,7 @@ void SettingsTab::ConnectCheckBoxes() {
 
 void SettingsTab::UpdateSettingsScreen() {
   const ProgramState& state = editor_.State();
-  const ScreenUpdate updating(editor_.State());
+  const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
   ui_->RateSldr->setValue(state.Voice.Rate);
   ui_->VolumeSldr->setValue(state.Voice.Volume);
   ui_->VoiceCB->setCurrentIndex(state.Settings.VoiceIndex);
@@ -100,7 +99,7 @@ void SettingsTab::ShowDefaultExerciseTime() {
 }
 
 void SettingsTab::ShowVoices(const std::vector<std::string>& names) {
-  const ScreenUpdate updating(editor_.State());
+  const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
   Fill(ui_->VoiceCB, names);
   ui_->VoiceCB->setPlaceholderText(names.empty() ? "No voices: install flite or espeak-ng."
                                                  : "Choose a voice.");
@@ -121,7 +120,7 @@ ChosenOutput SettingsTab::SelectedAudioOutput() const {
 }
 
 void SettingsTab::ShowFormats() {
-  const ScreenUpdate updating(editor_.State());
+  const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
   ui_->FormatCB->clear();
   for (const SoundFormat& format : kSoundFormats) {
     ui_->FormatCB->addItem(

@@ -3,7 +3,6 @@
 #include <QAccessible>
 #include <QScrollBar>
 
-#include "app/ScreenUpdate.h"
 #include "app/WorkoutDamage.h"
 #include "editing/ExerciseEditing.h"
 #include "editing/MissingFiles.h"
@@ -92,7 +91,7 @@ void WorkoutTab::ChooseWorkout() {
 }
 
 void WorkoutTab::ShowWorkoutNames() {
-  const ScreenUpdate updating(editor_.State());
+  const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
   const QStringList names = QtTexts(editor_.State().WorkoutNames);
   ui_->WorkoutDropBox->clear();
   ui_->WorkoutDropBox->addItems(names);
@@ -102,7 +101,7 @@ void WorkoutTab::ShowWorkoutNames() {
 }
 
 void WorkoutTab::SelectWorkout(int index) {
-  const ScreenUpdate updating(editor_.State());
+  const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
   ui_->WorkoutDropBox->setCurrentIndex(index);
 }
 
@@ -111,7 +110,7 @@ int WorkoutTab::SelectedWorkout() const { return ui_->WorkoutDropBox->currentInd
 int WorkoutTab::SelectedExercise() const { return ui_->ExerciseList->SelectedRow(); }
 
 void WorkoutTab::SelectExercise(int row) {
-  const ScreenUpdate updating(editor_.State());
+  const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
   ui_->ExerciseList->SelectRow(row);
   ui_->ExerciseSummaryList->SelectRow(row);
 }
@@ -119,13 +118,10 @@ void WorkoutTab::SelectExercise(int row) {
 KeptRow WorkoutTab::KeepSelection() { return KeptRow(*ui_->ExerciseList); }
 
 void WorkoutTab::UpdateWorkoutScreen() {
-  ProgramState& state = editor_.State();
-  const ScreenUpdate updating(state);
+  const ProgramState& state = editor_.State();
+  const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
   ShowOddSize();
-  for (int i = 0; i < state.NumberOfExercises; ++i) {
-    auto& name = state.Workout[i].ExerciseName;
-    name = name.Trimmed();
-  }
+  editor_.program.TrimNames();
   ui_->ExerciseList->SetRows(QtTexts(ExerciseRows(state)));
   ShowNameRemarks();
   ui_->ExerciseSummaryList->SetRows(QtTexts(SummaryRows(state)));

@@ -32,5 +32,14 @@ TEST(EnglishDate, IsRefusedBeyondTheCalendar) {
   EXPECT_THROW(EnglishDate(std::nan("")), std::overflow_error);
 }
 
+TEST(IsoDate, HasYearMonthAndDay) {
+  EXPECT_EQ(IsoDate(DateOf(2026, 12, 4) + 0.5), "2026-12-04");
+  EXPECT_EQ(IsoDate(-0.5), "1899-12-29");
+}
+
+TEST(IsoDate, IsRefusedBeyondTheCalendar) {
+  EXPECT_THROW(IsoDate(1e8), std::overflow_error);
+}
+
 }  // namespace
 }  // namespace repvolta

@@ -80,6 +80,11 @@ TEST(ToWindows1252, PutsAQuestionMarkForATagCharacter) {
 
 TEST(ToWindows1252, LeavesBytesThatAreNoUtf8) { EXPECT_EQ(ToWindows1252("Caf\xE9"), "Caf\xE9"); }
 
+TEST(AsUtf8, ReadsOtherBytesAsTheCodePage) {
+  EXPECT_EQ(AsUtf8("Café"), "Café");
+  EXPECT_EQ(AsUtf8("Caf\xE9"), "Café");
+}
+
 TEST(Utf8, IsRecognised) {
   EXPECT_TRUE(IsUtf8("a é 走 😀"));
   for (const char* bad :

@@ -4,6 +4,7 @@
 #include <random>
 
 #include "clips/ClipSound.h"
+#include "clips/Word.h"
 
 namespace repvolta {
 namespace {

@@ -142,6 +142,19 @@ TEST_F(VoiceCommand, ReportsASilentRecording) {
   ExpectFailure({"convert", "recording.wav", "set.wav"}, "recording.wav has only silence");
 }
 
+TEST_F(VoiceCommand, ReportsARecordingThatIsMoreThanAWord) {
+  constexpr std::uint32_t kTooLong = 121000;
+  WavBytes recording;
+  recording.Format(1, 1000, 8).Text("data").U32(kTooLong);
+  for (std::uint32_t i = 0; i < kTooLong; ++i) recording.Text(i / 10 % 2 == 0 ? "\x60" : "\xA0");
+  PutFile("recording.wav", recording.Get());
+  PutFile("set.wav", "an older clip");
+  ExpectFailure({"convert", "recording.wav", "set.wav"},
+                "recording.wav cannot be used: From the first to the last sound it lasts longer "
+                "than two minutes");
+  EXPECT_EQ(GetTextFile("set.wav"), "an older clip");
+}
+
 TEST_F(VoiceCommand, ReportsARecordingThatIsNone) {
   PutFile("song.mp3", "ID3");
   ExpectFailure({"convert", "song.mp3", "set.wav"}, "song.mp3 cannot be used: It is no WAV file");

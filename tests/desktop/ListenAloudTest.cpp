@@ -51,9 +51,10 @@ double Likeness(const Samples& heard, const Samples& expected, int lag) {
   double both = 0;
   double ofHeard = 0;
   double ofExpected = 0;
-  for (int i = std::max(0, -lag); i < std::ssize(expected) && i + lag < std::ssize(heard); ++i) {
-    const auto a = static_cast<double>(heard[static_cast<std::size_t>(i + lag)]);
-    const auto b = static_cast<double>(expected[static_cast<std::size_t>(i)]);
+  for (std::ptrdiff_t i = std::max(0, -lag);
+       i < std::ssize(expected) && i + lag < std::ssize(heard); ++i) {
+    const double a = heard[static_cast<std::size_t>(i + lag)];
+    const double b = expected[static_cast<std::size_t>(i)];
     both += a * b;
     ofHeard += a * a;
     ofExpected += b * b;
@@ -220,6 +221,19 @@ TEST_F(ListenAloud, ASoundSystemThatEndsIsTold) {
   EXPECT_EQ(NextLine(), "heard 0: \"Squat\" is heard.");
   server.Kill();
   EXPECT_THAT(NextLine(), HasSubstr("quiet: The audio output \"Loudspeaker\""));
+}
+
+TEST_F(ListenAloud, ASoundSystemThatRefusesAPieceHoldsUpNothing) {
+  AddGrowingSet();
+  SoundServer server;
+  QProcessEnvironment environment = server.Environment();
+  environment.insert("REPVOLTA_SOUND_PIECES", "20");
+  Start(environment, "Loudspeaker");
+  Say("play 0");
+  EXPECT_EQ(NextLine(), "heard 0: \"Squat\" is heard.");
+  EXPECT_EQ(NextLine(), "quiet: The audio output \"Loudspeaker\" is not there any more.");
+  Say("play 0");
+  EXPECT_EQ(NextLine(), "quiet:");
 }
 
 TEST_F(ListenAloud, AComputerWithoutSoundSaysSo) {

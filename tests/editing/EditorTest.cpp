@@ -6,6 +6,7 @@
 #include "app/Settings.h"
 #include "editing/Editor.h"
 
+#include "support/SaveChange.h"
 #include "support/WindowlessFixture.h"
 
 namespace repvolta {
@@ -39,7 +40,7 @@ class LastSteps : public WindowlessFixture {
 
 TEST_F(LastSteps, SayThatTheChangeIsNotSaved) {
   TakeThePlaces();
-  const std::string workout = WhatIsSaid([&] { SaveChangedWorkout(editor); });
+  const std::string workout = WhatIsSaid([&] { SaveChange(editor); });
   const std::string settings = WhatIsSaid([&] { SaveChangedSettings(editor); });
   for (const std::string& said : {workout, settings}) {
     EXPECT_THAT(said, testing::EndsWith("\rThe change is shown, but it is not saved."));
@@ -48,11 +49,11 @@ TEST_F(LastSteps, SayThatTheChangeIsNotSaved) {
 
 TEST_F(LastSteps, ShowTheChangeAlsoWhenItIsNotSaved) {
   int shown = 0;
-  SaveAndShow(editor, [&] { ++shown; });
+  SaveChangeAndShow(editor, [&] { ++shown; });
   EXPECT_EQ(shown, 1);
   fs::remove_all("workouts");
   TakeThePlaces();
-  EXPECT_THROW(SaveAndShow(editor, [&] { ++shown; }), UnsavedChange);
+  EXPECT_THROW(SaveChangeAndShow(editor, [&] { ++shown; }), UnsavedChange);
   EXPECT_EQ(shown, 2);
 }
 

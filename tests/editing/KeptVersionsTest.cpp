@@ -8,6 +8,7 @@
 #include "keeping/Versions.h"
 
 #include "support/EditorFixture.h"
+#include "support/SaveChange.h"
 
 namespace repvolta {
 namespace {
@@ -28,7 +29,7 @@ class KeptVersionsOfEdits : public EditorFixture {
 
   void ChangeTime(std::int16_t seconds) {
     state.Workout[0].TargetExerciseTime = seconds;
-    SaveChangedWorkout(editor);
+    SaveChange(editor);
   }
 
   static std::vector<BeforeWhat> Reasons(const std::string& workout = "Monday.RPV") {
@@ -74,7 +75,7 @@ TEST_F(KeptVersionsOfEdits, ThatAreNotPossibleAreToldOnceAndCostNoEdit) {
 
 TEST_F(KeptVersionsOfEdits, AreNotMissedWithoutAWorkout) {
   state.WorkoutFileName = "";
-  SaveChangedWorkout(editor);
+  SaveChange(editor);
   EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 

@@ -148,6 +148,16 @@ TEST_F(RestoreBackupCommand, ShowsTheRestoredStateInTheWindow) {
   SaveWorkout(state);
 }
 
+TEST_F(RestoreBackupCommand, LeavesNoStepsToUndo) {
+  editor.history->Change({.name = "Change"}, [](const WorkoutAccess& workout) {
+    workout.State().Workout[0].ExerciseName = "Changed";
+    SaveWorkout(workout.State());
+  });
+  ASSERT_NE(editor.history->UndoName(), "");
+  Restore();
+  EXPECT_EQ(editor.history->UndoName(), "");
+}
+
 TEST_F(RestoreBackupCommand, ChangesNothingWhenThePersonCancels) {
   PutFile("workouts/Legs.RPV", "other");
   const auto before = TimesOf(".");

@@ -8,6 +8,7 @@
 #include "keeping/Versions.h"
 
 #include "support/EditorFixture.h"
+#include "support/SaveChange.h"
 
 namespace repvolta {
 namespace {
@@ -99,14 +100,14 @@ TEST_F(RenamedWorkout, IsSavedUnderItsNewName) {
   dialogs.answers = {"Push"};
   RenameWorkout(editor);
   state.Workout[0].ExerciseName = "Deadlift";
-  SaveChangedWorkout(editor);
+  SaveChange(editor);
   EXPECT_THAT(ExercisesOf("Push.RPV"), ElementsAre("Deadlift", "Row"));
   EXPECT_FALSE(fs::exists("workouts/Monday.RPV"));
 }
 
 TEST_F(RenamedWorkout, KeepsItsExerciseAndItsVersions) {
   state.CurrentExercise = 1;
-  SaveChangedWorkout(editor);
+  SaveChange(editor);
   const std::size_t versions = VersionsOf("Monday.RPV").size();
   ASSERT_GT(versions, 0U);
   dialogs.answers = {"Push"};

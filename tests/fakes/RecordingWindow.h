@@ -67,6 +67,9 @@ class RecordingWindow : public RecordingRun,
                              Listening* /*listening*/) override {
     return {};
   }
+  std::optional<ChosenVersion> ChooseVersion(EarlierVersions& /*versions*/) override {
+    return std::nullopt;
+  }
   void ShowAbout() override {}
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
   void OpenGuide(std::string_view /*page*/) override {}

@@ -99,6 +99,12 @@ class ScriptedDialogs : public Dialogs {
     return previewOutcome;
   }
 
+  /// The person chooses the version as `chooseVersion` does, or none.
+  std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) override {
+    asked.emplace_back("version");
+    return chooseVersion ? chooseVersion(versions) : std::nullopt;
+  }
+
   void ShowAbout() override { asked.emplace_back("about"); }
 
   void OpenDocument(const std::string& path) override { opened.push_back(path); }
@@ -114,6 +120,7 @@ class ScriptedDialogs : public Dialogs {
   std::deque<std::string> answers;
   std::vector<Preview> previews;
   PreviewOutcome previewOutcome;
+  std::function<std::optional<ChosenVersion>(EarlierVersions&)> chooseVersion;
   std::function<void()> whenAsked;
   std::function<void()> whenWorkEnds;
   std::vector<PathExchange> proposals;  // of the last restore

@@ -8,6 +8,7 @@
 #include "app/ProgramDirectory.h"
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
+#include "editing/RestoreVersion.h"
 #include "editing/StartUp.h"
 #include "update/MusicListing.h"
 #include "update/RandomMusicList.h"
@@ -47,6 +48,30 @@ void StartEditAndExit(ProgramState& state) {
   for (const std::string& message : screen.messages) std::printf("%s\n", message.c_str());
 }
 
+/// Chooses the newest version of the workout, and goes on wherever it is asked.
+class Restorer : public RecordingWindow {
+ public:
+  bool Confirm(std::string_view text, std::string_view /*title*/) override {
+    std::printf("asked: %.*s\n", static_cast<int>(text.size()), text.data());
+    return true;
+  }
+  std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) override {
+    return versions.Rows(0).empty() ? std::nullopt : versions.Read(0, 0);
+  }
+};
+
+void RestoreNewestVersion(ProgramState& state) {
+  Restorer window;
+  FakeSpeech speech;
+  SystemClock clock;
+  ScriptedNumbers random;
+  FakeProcesses processes;
+  Program program{state, clock, random, processes, speech};
+  LoadWorkout(state);
+  Editor editor = window.EditorOf(program);
+  RestoreVersion(editor);
+}
+
 /// One of many edits: it puts its number into every exercise and into the settings. The next run
 /// continues with the next number.
 void SaveEdit(ProgramState& state, int number) {
@@ -84,6 +109,8 @@ int Run(const std::string& step) {
   } else if (step == "start") {
     state.WorkoutFileName.clear();
     StartEditAndExit(state);
+  } else if (step == "restore") {
+    RestoreNewestVersion(state);
   } else if (step == "list") {
     LoadWorkoutNames(state);
     for (const std::string& name : state.WorkoutNames) std::printf("%s\n", name.c_str());

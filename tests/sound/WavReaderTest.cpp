@@ -159,5 +159,16 @@ TEST(WavReader, SurvivesEveryCutAndChangedByte) {
   }
 }
 
+TEST(WavSource, ReadsFromAnySample) {
+  const WavBytes file =
+      WavBytes().Format(2, 8000, 16).Samples16({0, 16384, -32768, -32768, 16384, 16384});
+  const WavSource source(file);
+  EXPECT_EQ(source.Rate(), 8000U);
+  EXPECT_EQ(source.Size(), 3U);
+  std::vector<float> samples(2);
+  source.Read(1, samples);
+  EXPECT_THAT(samples, ElementsAre(-1.0F, 0.5F));
+}
+
 }  // namespace
 }  // namespace repvolta

@@ -1,13 +1,12 @@
 #include "platform/desktop/DesktopSoundPlayer.h"
 
-#include <QAudioSink>
-#include <QBuffer>
-#include <QEventLoop>
-#include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <optional>
+#include <pulse/simple.h>
+#include <span>
 #include <thread>
 #include <utility>
 
@@ -20,10 +19,12 @@ namespace repvolta {
 namespace {
 
 using std::chrono::milliseconds;
-using Time = std::chrono::steady_clock;
+using Steady = std::chrono::steady_clock;
+using Time = Steady::time_point;
 
 constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
-constexpr milliseconds kTick{20};
+constexpr std::size_t kSampleSize = 2;  // bytes
+constexpr milliseconds kPiece{20};
 constexpr milliseconds kWatchInterval{200};
 constexpr milliseconds kBuffer{400};
 /// Precedes the sound, because an output that wakes up may swallow the first moment.
@@ -68,68 +69,52 @@ Sound ReadSound(const std::string& file) {
   }
 }
 
-QAudioFormat FormatFor(const QAudioDevice& device, const Sound& sound) {
-  QAudioFormat format;
-  format.setSampleRate(static_cast<int>(sound.rate));
-  format.setChannelCount(1);
-  format.setSampleFormat(QAudioFormat::Int16);
-  if (device.isFormatSupported(format)) return format;
-  format.setSampleRate(device.preferredFormat().sampleRate());
-  format.setChannelCount(device.preferredFormat().channelCount());
-  return format;
+/// The sound in 16 bits and one channel, between the silence before and after it.
+Bytes SamplesOf(const Sound& sound) {
+  const auto silence = [&](milliseconds duration) {
+    return static_cast<std::size_t>(duration.count()) * sound.rate / 1000 * kSampleSize;
+  };
+  const Bytes wav = EncodeWav(sound, {.rate = sound.rate, .bits = 16, .channels = 1});
+  Bytes samples(silence(kLeadIn));
+  samples.insert(samples.end(), wav.begin() + kWavHeaderSize, wav.end());
+  samples.resize(samples.size() + silence(kSilence));
+  return samples;
 }
 
-QByteArray Silence(const QAudioFormat& format, milliseconds duration) {
-  return {format.bytesForDuration(std::chrono::microseconds(duration).count()), '\0'};
-}
-
-/// The sound in the format, between the silence before and after it.
-QByteArray SamplesOf(const Sound& sound, const QAudioFormat& format) {
-  const Bytes wav =
-      EncodeWav(sound, {.rate = static_cast<std::uint32_t>(format.sampleRate()),
-                        .bits = 16,
-                        .channels = static_cast<std::uint16_t>(format.channelCount())});
-  const std::span<const Byte> samples = std::span(wav).subspan(kWavHeaderSize);
-  return Silence(format, kLeadIn) +
-         QByteArray(reinterpret_cast<const char*>(samples.data()),
-                    static_cast<qsizetype>(samples.size())) +
-         Silence(format, kSilence);
-}
-
-/// One sound on its way to an output, in the thread of its event loop.
+/// A connection with the sound system on which one sound is on its way to an output.
 class Stream {
  public:
-  Stream(const QAudioDevice& device, const QAudioFormat& format, const QByteArray& samples)
-      : name_(device.description().toStdString()), sink_(device, format) {
-    sink_.setBufferSize(format.bytesForDuration(std::chrono::microseconds(kBuffer).count()));
-    source_.setData(samples);
-    source_.open(QIODevice::ReadOnly);
-    sink_.start(&source_);
+  /// Throws SoundError when the output does not take sound.
+  Stream(const QAudioDevice& device, std::uint32_t rate)
+      : name_(device.description().toStdString()) {
+    const pa_sample_spec format{.format = PA_SAMPLE_S16LE, .rate = rate, .channels = 1};
+    constexpr auto kAsUsual = static_cast<std::uint32_t>(-1);
+    const auto buffer = static_cast<std::uint32_t>(
+        pa_usec_to_bytes(std::chrono::microseconds(kBuffer).count(), &format));
+    const pa_buffer_attr attributes{.maxlength = kAsUsual,
+                                    .tlength = buffer,
+                                    .prebuf = kAsUsual,
+                                    .minreq = kAsUsual,
+                                    .fragsize = kAsUsual};
+    stream_.reset(pa_simple_new(nullptr, "Repvolta", PA_STREAM_PLAYBACK, device.id().constData(),
+                                "Instruction", &format, nullptr, &attributes, nullptr));
+    if (!stream_) throw SoundError(Refused(name_));
   }
 
-  /// A sink that is destroyed while it is active may still ask for samples.
-  ~Stream() { sink_.stop(); }
-  Stream(const Stream&) = delete;
-  Stream& operator=(const Stream&) = delete;
-
-  bool HasEnded() const { return sink_.state() == QAudio::IdleState && source_.atEnd(); }
-
-  /// Why the sound does not go on; "" while it does.
-  std::string Failure() {
-    if (sink_.state() == QAudio::StoppedState) return Refused(name_);
-    if (source_.pos() != position_) {
-      position_ = source_.pos();
-      moved_ = Time::now();
+  /// Waits until the output's buffer has room. Throws SoundError when the output is gone.
+  void Write(std::span<const Byte> samples) {
+    if (pa_simple_write(stream_.get(), samples.data(), samples.size(), nullptr) < 0) {
+      throw SoundError(Gone(name_));
     }
-    return Time::now() - moved_ < kLongestPause ? "" : Gone(name_);
   }
 
  private:
+  struct Free {
+    void operator()(pa_simple* stream) const { pa_simple_free(stream); }
+  };
+
   std::string name_;
-  QBuffer source_;
-  QAudioSink sink_;
-  qint64 position_ = 0;
-  Time::time_point moved_ = Time::now();
+  std::unique_ptr<pa_simple, Free> stream_;
 };
 
 }  // namespace
@@ -137,13 +122,13 @@ class Stream {
 /// Shared by the player and the thread that feeds the output.
 struct DesktopSoundPlayer::Feed {
   QAudioDevice device;
-  QAudioFormat format;
-  QByteArray samples;
+  std::uint32_t rate = 0;
+  Bytes samples;
   std::mutex mutex;
   std::condition_variable changed;
-  bool isStopped = false;  // by the player
-  bool hasBegun = false;   // the output takes the sound, or has refused it
-  bool hasEnded = false;   // the thread
+  bool isStopped = false;          // by the player
+  std::optional<Time> taken = {};  // when the output took the latest piece; before, it is opened
+  bool hasEnded = false;           // the thread
 
   /// Returns when the sound has ended or is stopped: "", or why it was not heard to its end.
   std::string PlayToEnd();
@@ -160,12 +145,17 @@ struct DesktopSoundPlayer::Feed {
 
   bool HasBegun() {
     const std::lock_guard lock(mutex);
-    return hasBegun;
+    return taken.has_value();
   }
 
-  void SetBegun() {
+  bool IsStuck() {
     const std::lock_guard lock(mutex);
-    hasBegun = true;
+    return taken && Steady::now() - *taken > kLongestPause;
+  }
+
+  void SetTaken() {
+    const std::lock_guard lock(mutex);
+    taken = Steady::now();
   }
 
   void SetEnded() {
@@ -181,18 +171,20 @@ struct DesktopSoundPlayer::Feed {
 };
 
 std::string DesktopSoundPlayer::Feed::PlayToEnd() {
-  QEventLoop loop;
-  Stream stream(device, format, samples);
-  SetBegun();
-  std::string failure;
-  QTimer tick;
-  QObject::connect(&tick, &QTimer::timeout, &loop, [&] {
-    if (!IsStopped() && !stream.HasEnded()) failure = stream.Failure();
-    if (IsStopped() || stream.HasEnded() || !failure.empty()) loop.quit();
-  });
-  tick.start(kTick);
-  loop.exec();
-  return failure;
+  try {
+    Stream stream(device, rate);
+    SetTaken();
+    const std::size_t piece = static_cast<std::size_t>(kPiece.count()) * rate / 1000 * kSampleSize;
+    for (std::span<const Byte> rest = samples; !rest.empty() && !IsStopped();) {
+      const std::size_t size = std::min(piece, rest.size());
+      stream.Write(rest.first(size));
+      SetTaken();
+      rest = rest.subspan(size);
+    }
+  } catch (const SoundError& error) {
+    return error.what();
+  }
+  return "";
 }
 
 DesktopSoundPlayer::DesktopSoundPlayer() {
@@ -211,11 +203,10 @@ void DesktopSoundPlayer::Play(const std::string& file, const ChosenOutput& outpu
   Stop();
   device_ = DeviceOf(output);
   const Sound sound = ReadSound(file);
-  const QAudioFormat format = FormatFor(device_, sound);
   feed_ = std::make_shared<Feed>();
   feed_->device = device_;
-  feed_->format = format;
-  feed_->samples = SamplesOf(sound, format);
+  feed_->rate = sound.rate;
+  feed_->samples = SamplesOf(sound);
   ended_ = std::move(ended);
   std::thread([this, feed = feed_, post = mailbox_.Poster()] {
     const std::string failure = feed->PlayToEnd();
@@ -246,7 +237,7 @@ void DesktopSoundPlayer::End(const std::shared_ptr<Feed>& feed, const std::strin
 
 /// The sound system might go on with another output, where nobody expects the sound.
 void DesktopSoundPlayer::EndIfUnplugged() {
-  if (feed_ && !OutputsInOrder().contains(device_)) {
+  if (feed_ && (feed_->IsStuck() || !OutputsInOrder().contains(device_))) {
     End(feed_, Gone(device_.description().toStdString()));
   }
 }

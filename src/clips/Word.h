@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+
+#include "sound/SoundSource.h"
+
+namespace repvolta {
+
+inline constexpr double kSecondsBeforeWord = 0.010;
+inline constexpr double kSecondsBehindWord = 0.060;
+
+/// The word in a recording.
+struct Word {
+  std::size_t begin;  // in samples at the clips' rate
+  std::size_t end;
+  float offset;  // of the whole recording, from zero
+};
+
+/// Nothing when the recording is silent. Holds a small part of what the source holds.
+std::optional<Word> FindWord(const SoundSource& recording);
+
+double Seconds(const Word& word);
+
+/// The word at the clips' rate, with exactly a clip's silence before and after it, faded out to a
+/// last sample of zero.
+Sound CutWord(const SoundSource& recording, const Word& word);
+
+/// Both in one. Empty when the recording is silent.
+Sound TrimToWord(const Sound& recording);
+
+}  // namespace repvolta

@@ -8,6 +8,7 @@
 #include "app/ProgramDirectory.h"
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
+#include "backup/WriteBackup.h"
 #include "editing/RestoreVersion.h"
 #include "editing/StartUp.h"
 #include "update/MusicListing.h"
@@ -114,6 +115,8 @@ int Run(const std::string& step) {
   } else if (step == "list") {
     LoadWorkoutNames(state);
     for (const std::string& name : state.WorkoutNames) std::printf("%s\n", name.c_str());
+  } else if (step == "backup") {
+    std::printf("%s\n", WriteBackup("../out/b.zip", OriginHere("/p/", 0)).weakness.c_str());
   } else if (step == "compile") {
     CompileMusicList(std::filesystem::current_path().parent_path() / "music");
   } else {

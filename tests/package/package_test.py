@@ -146,6 +146,7 @@ class Package(unittest.TestCase):
         self.assert_lacks(DATA + "/settings.dat")
         self.assert_same_folders("/usr/share/repvolta/voice", DATA + "/voice")
         self.assert_same_folders("/usr/share/repvolta/exercise", DATA + "/exercise")
+        self.tree.as_user("sh", "-c", f"cd '{DATA}' && sha256sum --check --quiet brought.sha256")
         self.assertEqual(os.readlink(self.tree.path(DATA + "/lame.exe")), "/usr/bin/lame")
 
     def test_3_is_set_up_by_keyboard_at_the_first_start(self):

@@ -151,11 +151,16 @@ Precautions Restore(const Editor& editor, BackupRestore& restore,
   }
 }
 
+/// So that nobody answers questions in vain. Makes nothing. Throws UpdateRunning.
+void ExpectNoUpdate(const std::string& programDirectory) {
+  if (!FileIsReachable(programDirectory + kUpdateLockFile)) return;
+  const UpdateLock look(programDirectory);
+}
+
 void AskAndRestore(const Editor& editor) {
   const ProgramState& state = editor.State();
   MakeProgramDirectoryCurrent(state);
-  // So that nobody answers questions in vain.
-  static_cast<void>(UpdateLock(state.ProgramDirectory));
+  ExpectNoUpdate(state.ProgramDirectory);
   const std::string file = editor.dialogs.ChooseFileToOpen(BackupQuestion(kTitle, ""));
   if (file.empty()) return;
   MakeProgramDirectoryCurrent(state);

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <map>
+#include <optional>
 
 #include "app/Options.h"
 #include "app/RecordFormat.h"
@@ -89,7 +90,7 @@ class RestoreBackupCommand : public EditorFixture {
 TEST_F(RestoreBackupCommand, GivesTheSameFilesInAnEmptyProgramDirectory) {
   Forget();
   Restore();
-  EXPECT_EQ(FilesOf("."), saved_);
+  EXPECT_TRUE(FilesOf(".") == saved_);
   EXPECT_THAT(dialogs.restorePlan, ElementsAre("Adds the settings.", "Adds the options.",
                                                "Adds 2 workouts: Legs, Monday.",
                                                "Adds 1 earlier version.", "Adds 1 clip: Hop."));
@@ -109,7 +110,7 @@ TEST_F(RestoreBackupCommand, ReplacesAndLeavesWhatItSays) {
   auto now = FilesOf(".");
   EXPECT_EQ(now.erase("workouts/Own.RPV"), 1U);
   std::erase_if(now, [](const auto& file) { return file.first.starts_with("versions/Legs/"); });
-  EXPECT_EQ(now, saved_);
+  EXPECT_TRUE(now == saved_);
 }
 
 TEST_F(RestoreBackupCommand, BacksUpWhatWasThereBefore) {
@@ -149,7 +150,7 @@ TEST_F(RestoreBackupCommand, ShowsTheRestoredStateInTheWindow) {
 }
 
 TEST_F(RestoreBackupCommand, LeavesNoStepsToUndo) {
-  editor.history->Change({.name = "Change"}, [](const WorkoutAccess& workout) {
+  editor.history->Change({"Change", {}, {}}, [](const WorkoutAccess& workout) {
     workout.State().Workout[0].ExerciseName = "Changed";
     SaveWorkout(workout.State());
   });
@@ -166,7 +167,7 @@ TEST_F(RestoreBackupCommand, ChangesNothingWhenThePersonCancels) {
     dialogs.answers = answers;
     RestoreBackup(editor);
   }
-  EXPECT_EQ(TimesOf("."), before);
+  EXPECT_TRUE(TimesOf(".") == before);
 }
 
 TEST_F(RestoreBackupCommand, ChangesNothingForAForeignFile) {
@@ -174,7 +175,7 @@ TEST_F(RestoreBackupCommand, ChangesNothingForAForeignFile) {
   const auto before = TimesOf(".");
   dialogs.answers = {folder.Path() + "foreign.zip"};
   EXPECT_THROW(RestoreBackup(editor), std::runtime_error);
-  EXPECT_EQ(TimesOf("."), before);
+  EXPECT_TRUE(TimesOf(".") == before);
   EXPECT_THAT(dialogs.asked, Not(Contains(StartsWith("restore|"))));
 }
 
@@ -186,7 +187,7 @@ TEST_F(RestoreBackupCommand, ChangesNothingWhenItIsStopped) {
   RestoreBackup(editor);
   EXPECT_EQ(dialogs.asked.back(),
             "message|Restore a Backup|Nothing was restored; everything is as it was.");
-  EXPECT_EQ(FilesOf("."), before);
+  EXPECT_TRUE(FilesOf(".") == before);
 }
 
 TEST_F(RestoreBackupCommand, ChangesNothingOnAFullDisk) {
@@ -197,7 +198,7 @@ TEST_F(RestoreBackupCommand, ChangesNothingOnAFullDisk) {
     const FullDisk full(5000);
     EXPECT_THROW(RestoreBackup(editor), std::runtime_error);
   }
-  EXPECT_EQ(FilesOf("."), before);
+  EXPECT_TRUE(FilesOf(".") == before);
   EXPECT_FALSE(state.RestoreIsPending);
 }
 
@@ -205,6 +206,17 @@ TEST_F(RestoreBackupCommand, WaitsForTheEndOfAnUpdate) {
   const UpdateLock update(folder.Path());
   EXPECT_THROW(RestoreBackup(editor), UpdateRunning);
   EXPECT_THAT(dialogs.asked, IsEmpty());
+  EXPECT_FALSE(fs::exists("backups"));
+}
+
+TEST_F(RestoreBackupCommand, DoesNotBeginWhenAnUpdateHasBegunMeanwhile) {
+  PutFile("workouts/Legs.RPV", "other");
+  const auto before = FilesOf(".");
+  std::optional<UpdateLock> update;
+  dialogs.whenWorkEnds = [&] { update.emplace(folder.Path()); };
+  dialogs.answers = {Backup(), "OK"};
+  EXPECT_THROW(RestoreBackup(editor), UpdateRunning);
+  EXPECT_TRUE(FilesOf(".") == before);
 }
 
 TEST_F(RestoreBackupCommand, ExchangesPathsWhereThePersonSaysSo) {
@@ -245,7 +257,9 @@ class RestoreThatStopsHalfWay : public RestoreBackupCommand {
     LoadWorkoutNames(state);
     dialogs.answers = {Backup(), "OK"};
     // The place is taken after everything has been looked at.
-    dialogs.whenWorkEnds = [] { PutFile("workouts/Monday.RPV/in the way", ""); };
+    dialogs.whenWorkEnds = [this] {
+      if (dialogs.asked.back() == "work|Restoring ...") PutFile("workouts/Monday.RPV/x", "");
+    };
     EXPECT_THROW(RestoreBackup(editor), RestoreUnfinished);
     dialogs.whenWorkEnds = {};
   }
@@ -262,7 +276,7 @@ TEST_F(RestoreThatStopsHalfWay, LetsNothingBeSaved) {
 TEST_F(RestoreThatStopsHalfWay, IsFinishedByTheNextCommand) {
   fs::remove_all("workouts/Monday.RPV");
   EXPECT_THROW(FinishPendingRestore(editor), WorkoutReplaced);
-  EXPECT_EQ(FilesOf("."), saved_);
+  EXPECT_TRUE(FilesOf(".") == saved_);
   EXPECT_FALSE(state.RestoreIsPending);
   EXPECT_EQ(state.Settings.DefaultExerciseTime, 5);
   EXPECT_NO_THROW(FinishPendingRestore(editor));

@@ -144,7 +144,7 @@ Precautions Restore(const Editor& editor, BackupRestore& restore,
     Precautions done = Decide(editor, restore, exchanges);
     FinishRestore(state.ProgramDirectory);
     return done;
-  } catch (const FileError& error) {
+  } catch (const std::exception& error) {
     if (!MayBePending(state.ProgramDirectory)) throw;
     editor.program.RememberPendingRestore(true);
     throw RestoreUnfinished(state.ProgramDirectory, error.what());
@@ -178,9 +178,11 @@ void AskAndRestore(const Editor& editor) {
 }  // namespace
 
 void RestoreBackup(Editor& editor) {
-  FinishPendingRestore(editor);
   try {
+    FinishPendingRestore(editor);
     AskAndRestore(editor);
+  } catch (const WorkoutReplaced& finished) {
+    editor.dialogs.ShowMessage(finished.what(), kTitle);
   } catch (const RestoreUnfinished&) {
     throw;
   } catch (const FileError& error) {

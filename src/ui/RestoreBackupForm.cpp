@@ -18,8 +18,8 @@ namespace {
 enum Column { kFrom, kTo };
 
 // In characters and lines of the window's font.
-constexpr int kWidth = 84;
-constexpr int kHeight = 26;
+constexpr int kWidth = 96;
+constexpr int kHeight = 30;
 constexpr int kMostRows = 5;
 
 QString ToQt(const std::string& text) { return QString::fromStdString(text); }
@@ -75,10 +75,17 @@ void RestoreBackupForm::ShowExchanges() {
   table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   table->verticalHeader()->hide();
   table->setCurrentCell(0, kTo);
-  const int rows = std::min(table->rowCount(), kMostRows);
-  table->setFixedHeight(table->horizontalHeader()->sizeHint().height() +
-                        rows * table->verticalHeader()->defaultSectionSize() +
-                        2 * table->frameWidth());
+}
+
+/// Only now are the fonts known, on which the height of the rows depends.
+void RestoreBackupForm::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  layout()->activate();
+  QTableWidget* table = ui_->ExchangeTable;
+  int height = table->horizontalHeader()->height() + 2 * table->frameWidth();
+  for (int row = 0; row < std::min(table->rowCount(), kMostRows); ++row)
+    height += table->rowHeight(row);
+  table->setFixedHeight(height);
 }
 
 void RestoreBackupForm::ShowPlan() {
@@ -100,12 +107,13 @@ void RestoreBackupForm::TakeSize() {
   resize(SizeOnScreen(*this, wanted));
 }
 
-/// Enter on a folder changes it, and does not press a button.
+/// Enter on a folder begins to change it, in its editor it ends that; it never presses a button.
 bool RestoreBackupForm::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-      ui_->ExchangeTable->editItem(ui_->ExchangeTable->currentItem());
+      QTableWidget* table = ui_->ExchangeTable;
+      if (table->hasFocus()) table->editItem(table->currentItem());
       return true;
     }
   }

@@ -26,6 +26,7 @@ class RestoreBackupForm : public QDialog {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void ShowExchanges();

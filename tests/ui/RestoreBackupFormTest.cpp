@@ -111,19 +111,29 @@ TEST_F(RestoreBackupFormTest, SaysWhyThereIsNoPlan) {
 TEST_F(RestoreBackupFormTest, ChangesAFolderByEnter) {
   RestoreBackupForm form(question_);
   form.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
   QTableWidget& table = Table(form);
   table.setFocus();
   table.setCurrentCell(1, 1);
   QTest::keyClick(&table, Qt::Key_Return);
   QTest::keyClicks(QApplication::focusWidget(), "/data");
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  QApplication::processEvents();
   EXPECT_EQ(table.item(1, 1)->text(), "/data");
   EXPECT_TRUE(form.isVisible());
+}
+
+TEST_F(RestoreBackupFormTest, HasRoomForAllRowsOfFolders) {
+  RestoreBackupForm form(question_);
+  form.show();
+  const QTableWidget& table = Table(form);
+  EXPECT_TRUE(table.viewport()->rect().contains(table.visualItemRect(table.item(1, 0))));
 }
 
 TEST_F(RestoreBackupFormTest, IsReachedByTab) {
   RestoreBackupForm form(question_);
   form.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
   QTableWidget& table = Table(form);
   table.setFocus();
   for (const char* name : {"PlanList", "RestoreButton", "CancelButton"}) {

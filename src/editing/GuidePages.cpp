@@ -55,6 +55,8 @@ constexpr HelpPlace kPlaces[] = {
     {"GrowthAheadForm", "", "growth.html#looking-ahead"},
     {"UpdateForm", "", "messages.html#lines-of-an-update"},
     {"PreviewForm", "", "preview.html"},
+    {"RestoreBackupForm", "",
+     "when-something-went-wrong.html#the-computer-is-lost-or-there-is-a-new-one"},
     {"RestoreVersionForm", "", "when-something-went-wrong.html#bring-back-an-earlier-version"},
     {"RandomMusicMessage", "", "music.html#random-music"},
     {"AboutForm", "", kGuideContents},

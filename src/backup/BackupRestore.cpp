@@ -19,7 +19,7 @@ RestoreEffect EffectOn(const std::string& target, std::span<const Byte> content)
   return std::ranges::equal(present, content) ? RestoreEffect::kIsThere : RestoreEffect::kReplaces;
 }
 
-/// Files that are there under the very name are meant, also when there are several that differ only
+/// Files that are there under the very name are taken, also when there are several that differ only
 /// in case. A version is never replaced: another one of the same second comes behind it.
 PlannedFile PlanFile(const BackupEntry& entry, std::span<const Byte> content,
                      const RestoreTargets& targets, const std::set<std::string>& taken) {

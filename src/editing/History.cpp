@@ -56,14 +56,14 @@ void History::Change(const StepDescription& step, const Changing& change) {
     // The change will tell; without a path nothing is known of the file.
   }
   StepWatch watch(state, StepWatch::Of::kWorkoutInMemory, path, steps_->Latest(path),
-                  steps_->Unsaved());
+                  steps_->Unsaved(path));
   Watch(step, watch, change);
 }
 
 void History::ChangeFile(const StepDescription& step, const std::string& path,
                          const Changing& change) {
   StepWatch watch(program_.state, StepWatch::Of::kFile, path, steps_->Latest(path),
-                  steps_->Unsaved());
+                  steps_->Unsaved(path));
   Watch(step, watch, change);
 }
 
@@ -114,7 +114,7 @@ std::string History::ReplaceFiles(const StepDescription& step, BeforeWhat what,
   for (const NewWorkoutFile& file : files) {
     const std::string path = ExistingName(kWorkoutFolder + file.name);
     FileChange change = StepWatch(program_.state, StepWatch::Of::kFile, path, steps_->Latest(path),
-                                  steps_->Unsaved())
+                                  steps_->Unsaved(path))
                             .Beginning();
     change.after = file.bytes ? FileState(*file.bytes, change.before) : FileState();
     if (!change.IsNone()) whole.files.push_back(std::move(change));
@@ -176,7 +176,6 @@ std::string History::KeepVersion(const FileTransition& transition, std::optional
 std::string History::Put(const std::vector<FileTransition>& transitions) {
   const std::string unkept = KeepVersions(transitions, std::nullopt);
   PutAll(transitions);
-  steps_->ForgetUnsaved();
   return unkept;
 }
 

@@ -102,7 +102,9 @@ FileTransition Backwards(const FileChange& change) {
 }
 
 FileTransition Forwards(const FileChange& change) {
-  return {change.path, {change.before, change.onDisk}, change.after};
+  std::vector<FileState> expected{change.before, change.onDisk};
+  if (change.unsaved) expected.push_back(*change.unsaved);
+  return {change.path, std::move(expected), change.after};
 }
 
 void ExpectAll(const std::vector<FileTransition>& transitions) {

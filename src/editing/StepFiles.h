@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,9 @@ struct FileChange {
   FileState after;
   /// What the file held before the step: other than `before` if that could not be saved.
   FileState onDisk;
+  /// An earlier change that could not be saved. It may have been lost since, but is saved when its
+  /// step is done again.
+  std::optional<FileState> unsaved;
   bool isSaved = true;  // else `after` was only shown
 
   bool IsNone() const { return before == after; }

@@ -26,13 +26,14 @@ class Command : public QUndoCommand {
 StepStack::StepStack() { stack_.setUndoLimit(kMostSteps); }
 
 void StepStack::Push(UndoStep step) {
-  if (step.renamed && unsaved_ && unsaved_->path == step.renamed->first) {
-    unsaved_->path = step.renamed->second;
+  if (step.renamed) {
+    auto unsaved = unsaved_.extract(step.renamed->first);
+    if (unsaved) unsaved_[step.renamed->second] = unsaved.mapped();
   }
   for (const FileChange& file : step.files) {
     latest_[file.path] = file.after;
-    unsaved_.reset();
-    if (!file.isSaved) unsaved_ = {file.path, file.after};
+    unsaved_.erase(file.path);
+    if (!file.isSaved) unsaved_[file.path] = file.after;
   }
   stack_.push(new Command(std::move(step)));
 }
@@ -40,13 +41,18 @@ void StepStack::Push(UndoStep step) {
 void StepStack::Clear() {
   stack_.clear();
   latest_.clear();
-  unsaved_.reset();
+  unsaved_.clear();
 }
 
 const FileState& StepStack::Latest(const std::string& path) const {
   static const FileState kNone;
   const auto found = latest_.find(path);
   return found == latest_.end() ? kNone : found->second;
+}
+
+std::optional<FileState> StepStack::Unsaved(const std::string& path) const {
+  const auto found = unsaved_.find(path);
+  return found == unsaved_.end() ? std::nullopt : std::optional(found->second);
 }
 
 const UndoStep* StepStack::At(int index) const {

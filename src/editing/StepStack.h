@@ -43,16 +43,15 @@ class StepStack {
   /// The latest state of the file that is known, to share parts with.
   const FileState& Latest(const std::string& path) const;
 
-  /// The change of the last step that could not be saved, while it may still be in memory.
-  const std::optional<UnsavedState>& Unsaved() const { return unsaved_; }
-  void ForgetUnsaved() { unsaved_.reset(); }
+  /// The last change of the file that could not be saved, if none was saved after it.
+  std::optional<FileState> Unsaved(const std::string& path) const;
 
  private:
   const UndoStep* At(int index) const;
 
   QUndoStack stack_;
   std::map<std::string, FileState> latest_;
-  std::optional<UnsavedState> unsaved_;
+  std::map<std::string, FileState> unsaved_;
 };
 
 }  // namespace repvolta

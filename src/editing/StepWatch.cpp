@@ -19,11 +19,12 @@ bool IsSame(const std::optional<KnownWorkoutFile>& a, const std::optional<KnownW
 }  // namespace
 
 StepWatch::StepWatch(const ProgramState& state, Of what, std::string path, const FileState& like,
-                     const std::optional<UnsavedState>& unsaved)
+                     const std::optional<FileState>& unsaved)
     : state_(state), what_(what), known_(state.KnownFile) {
   change_.path = std::move(path);
+  change_.unsaved = unsaved;
   try {
-    FindBefore(like, unsaved);
+    FindBefore(like);
   } catch (const FileError&) {
     failure_ = std::current_exception();
   }
@@ -61,13 +62,17 @@ FileState StepWatch::Saved() const {
   return Memory(change_.before);
 }
 
-void StepWatch::FindBefore(const FileState& like, const std::optional<UnsavedState>& unsaved) {
+void StepWatch::FindBefore(const FileState& like) {
   change_.onDisk = change_.before = change_.after = ReadFileState(change_.path, like);
   if (!IsInMemory()) return;
   memory_ = Memory(change_.onDisk);
-  if (unsaved && unsaved->path == change_.path && unsaved->state == memory_) {
-    change_.before = memory_;
-  }
+  const bool isUnsaved = change_.unsaved == memory_;
+  const bool isTheirs = what_ == Of::kWorkoutInMemory && WorkoutChangedOnDisk(state_);
+  // A file that somebody else has deleted comes back with the next save, and stays when that is
+  // undone.
+  if (isUnsaved || isTheirs || !change_.onDisk.IsFile()) change_.before = change_.after = memory_;
+  // What somebody else has written is never to be replaced by a step.
+  if (isTheirs) change_.onDisk = memory_;
 }
 
 void StepWatch::FindAfter() {

@@ -9,21 +9,16 @@
 
 namespace repvolta {
 
-/// A change that is in memory, but not in its file.
-struct UnsavedState {
-  std::string path;
-  FileState state;
-};
-
 /// Finds out what a command changes of a workout, between its beginning and its end.
 class StepWatch {
  public:
   enum class Of { kWorkoutInMemory, kFile };
 
-  /// Begins. `like` is a state to share parts with. Of the workout in memory only that counts as
-  /// changed what the command itself changes there; of a file, what it holds.
+  /// Begins. `like` is a state to share parts with, `unsaved` the last change of the file that
+  /// could not be saved. Of the workout in memory only that counts as changed what the command
+  /// itself changes there; of a file, what it holds.
   StepWatch(const ProgramState& state, Of what, std::string path, const FileState& like,
-            const std::optional<UnsavedState>& unsaved);
+            const std::optional<FileState>& unsaved);
 
   /// What was there at the beginning, as a change to nothing else. Throws FileError.
   const FileChange& Beginning() const;
@@ -37,7 +32,7 @@ class StepWatch {
   bool IsInMemory() const;
   FileState Memory(const FileState& like) const;
   FileState Saved() const;
-  void FindBefore(const FileState& like, const std::optional<UnsavedState>& unsaved);
+  void FindBefore(const FileState& like);
   void FindAfter();
 
   const ProgramState& state_;

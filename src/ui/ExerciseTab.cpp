@@ -128,6 +128,13 @@ void ExerciseTab::ChooseRandomMusic(bool chosen) {
   ui_->RandomMusicCheckBox->setChecked(!chosen);
 }
 
+void ExerciseTab::FollowRandomMusic() {
+  if (editor_.State().NumberOfExercises < 1) return;
+  const ScreenUpdate updating = editor_.program.BeginScreenUpdate();
+  ui_->RandomMusicCheckBox->setChecked(editor_.Exercise().RandomMusic == kTrue);
+  notes_->Show(editor_.Exercise());
+}
+
 void ExerciseTab::ConnectMusic() {
   handlers_.OnClick(ui_->SetExerciseTimeButton, "The time could not be set.",
                     [this] { SetExerciseTimeButton_Click(editor_); });

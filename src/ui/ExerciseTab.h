@@ -43,6 +43,9 @@ class ExerciseTab : public QWidget {
   /// Enables the buttons that lead to the exercises beside the current one.
   void ShowSteps();
 
+  /// Makes the box "Random Music" show the choice of the exercise; otherwise it never does.
+  void FollowRandomMusic();
+
   void SelectSet(int row);
   void SelectMusic(int row);
 

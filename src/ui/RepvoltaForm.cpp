@@ -26,6 +26,7 @@
 #include "ui/LastUpdate.h"
 #include "ui/MainMenu.h"
 #include "ui/SettingsTab.h"
+#include "ui/UndoActions.h"
 #include "ui/WheelGuard.h"
 #include "ui/WindowLayout.h"
 #include "ui/WorkoutActions.h"
@@ -173,6 +174,8 @@ void RepvoltaForm::AddMenu() {
   connect(next, &QAction::triggered, this, [this] { StepTab(1); });
   workoutActions_ = std::make_unique<WorkoutActions>(
       *this, editor_, handlers_, [this] { return workoutTab_->SelectedExercise(); });
+  undoActions_ = std::make_unique<UndoActions>(*this, editor_, handlers_,
+                                               [this] { exerciseTab_->FollowRandomMusic(); });
   AddBackupActions(*this, editor_, handlers_);
   new Help(*this, editor_.dialogs);
   menu_ = new MainMenu(*this, MenuLines());
@@ -376,6 +379,7 @@ void RepvoltaForm::EnableWorkoutControls() {
   const bool hasWorkout = !TrimBlanks(editor_.State().WorkoutFileName).empty();
   workoutTab_->EnableEditing(hasWorkout);
   workoutActions_->Enable(hasWorkout);
+  undoActions_->Refresh(busy_);
   workoutTab_->ShowOddSize();
   if (!hasWorkout && ui_->SSTab1->currentWidget() == ui_->ExercisePage) {
     const ScreenUpdate updating = editor_.program.BeginScreenUpdate();

@@ -26,6 +26,7 @@ class GrowthAheadCommand;
 class LastUpdate;
 class MainMenu;
 class SettingsTab;
+class UndoActions;
 class WorkoutActions;
 class WorkoutTab;
 
@@ -109,6 +110,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   std::unique_ptr<Ui::RepvoltaForm> ui_;
   std::unique_ptr<Listening> listening_;
   std::unique_ptr<WorkoutActions> workoutActions_;
+  std::unique_ptr<UndoActions> undoActions_;
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;

@@ -236,7 +236,7 @@ UpdatePlan PlannedWorkout() {
   return plan;
 }
 
-void TakePreview(const Pictures& pictures, const Program& program) {
+void TakePreview(const Pictures& pictures, Program& program) {
   UpdatePlan plan = PlannedWorkout();
   PreviewForm calm(PreviewOf(plan, {}));
   pictures.Take(calm, "PreviewForm-calm");
@@ -316,8 +316,8 @@ void ForgetThatSongsAreGone(const RepvoltaForm& form) {
   form.findChild<QLabel*>("GoneSongsLabel")->clear();
 }
 
-void TakeGrowth(const Pictures& pictures, RepvoltaForm& form) {
-  form.GetEditor().Exercise() = GrowingExercise();
+void TakeGrowth(const Pictures& pictures, RepvoltaForm& form, ExerciseRecord& exercise) {
+  exercise = GrowingExercise();
   form.UpdateExerciseScreen();
   form.findChild<QListWidget*>("FreqList1")->setCurrentRow(0);
   pictures.Take(form, "RepvoltaForm-growth");
@@ -354,7 +354,9 @@ void TakeWindow(const Pictures& pictures) {
     Pictures::Settle(form);
     if (tabs.currentIndex() == 1) ForgetThatSongsAreGone(form);
     pictures.Take(form, QString("RepvoltaForm-") + name);
-    if (tabs.currentIndex() == 1) TakeGrowth(pictures, form);
+    if (tabs.currentIndex() == 1) {
+      TakeGrowth(pictures, form, state.Workout[state.CurrentExercise]);
+    }
     tabs.setCurrentIndex(tabs.currentIndex() + 1);
   }
   tabs.setCurrentIndex(1);

@@ -167,8 +167,28 @@ TEST_F(PrintedSheet, IsBlackOnWhiteWhateverThePalette) {
   painter.end();
   QApplication::setPalette(before);
   EXPECT_TRUE(paper.isGrayscale());
-  EXPECT_NE(paper.convertToFormat(QImage::Format_Mono).color(1), paper.pixel(1, 0));
+  const QImage grey = paper.convertToFormat(QImage::Format_Grayscale8);
+  EXPECT_TRUE(std::any_of(grey.bits(), grey.bits() + grey.sizeInBytes(),
+                          [](uchar pixel) { return pixel == 0; }));
 }
+
+/// While this object exists, the printing system is out of reach.
+class NoPrinters {
+ public:
+  NoPrinters() : before_(qgetenv("CUPS_SERVER")) { qputenv("CUPS_SERVER", "/nowhere/cups.sock"); }
+  ~NoPrinters() {
+    if (before_.isNull()) {
+      qunsetenv("CUPS_SERVER");
+    } else {
+      qputenv("CUPS_SERVER", before_);
+    }
+  }
+  NoPrinters(const NoPrinters&) = delete;
+  NoPrinters& operator=(const NoPrinters&) = delete;
+
+ private:
+  QByteArray before_;
+};
 
 /// The window with one exercise.
 class PrintingOfTheWindow : public FormFixture {
@@ -183,6 +203,12 @@ TEST_F(PrintingOfTheWindow, MakesAPdf) {
   dialogs.answers = {path};
   Trigger("SavePdfAction");
   EXPECT_THAT(TextOfPdf(path), HasSubstr("1. Squat"));
+}
+
+TEST_F(PrintingOfTheWindow, SaysThatThereIsNoPrinter) {
+  const NoPrinters noPrinters;
+  Trigger("PrintAction");
+  EXPECT_THAT(dialogs.asked, testing::ElementsAre(HasSubstr("No printer is set up")));
 }
 
 TEST_F(PrintingOfTheWindow, ExportsOneAndAllWorkouts) {

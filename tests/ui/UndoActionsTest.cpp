@@ -1,0 +1,121 @@
+#include <QAction>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QMenu>
+
+#include "editing/Undo.h"
+#include "ui/SelectExerciseDialog.h"
+
+#include "support/FormFixture.h"
+
+namespace repvolta {
+namespace {
+
+/// The window with the exercise "Bench & Press", which has two sets.
+class UndoInTheWindow : public FormFixture {
+ protected:
+  UndoInTheWindow() {
+    ExerciseRecord& exercise = AddExercise("Bench & Press");
+    AddSet(exercise, 50, 10);
+    AddSet(exercise, 60, 8);
+    AddExercise("Plank");
+    Show();
+    before = GetFile("workouts/Monday.RPV");
+  }
+
+  QAction& Undo() { return *form->findChild<QAction*>("UndoAction"); }
+  QAction& Redo() { return *form->findChild<QAction*>("RedoAction"); }
+
+  void RemoveFirst() {
+    dialogs.answers = {"OK"};
+    ClickRow("ExerciseList", 0);
+    Click("RemoveExerciseButton");
+  }
+
+  Bytes before;
+};
+
+TEST_F(UndoInTheWindow, CannotBeChosenWithoutAStep) {
+  EXPECT_FALSE(Undo().isEnabled());
+  EXPECT_FALSE(Redo().isEnabled());
+  EXPECT_EQ(Undo().text(), "Undo");
+}
+
+TEST_F(UndoInTheWindow, SaysInTheMenuWhatItIs) {
+  RemoveFirst();
+  EXPECT_TRUE(Undo().isEnabled());
+  EXPECT_EQ(Undo().text(), "Undo Remove Exercise 'Bench && Press'");
+  EXPECT_FALSE(Redo().isEnabled());
+  auto& menu = Get<QMenu>("EditMenu");
+  emit menu.aboutToShow();
+  EXPECT_EQ(menu.actions().first(), &Undo());
+  EXPECT_EQ(menu.actions()[1], &Redo());
+}
+
+TEST_F(UndoInTheWindow, HasTheUsualKeys) {
+  RemoveFirst();
+  QTest::keyClick(form.get(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(GetFile("workouts/Monday.RPV"), before);
+  EXPECT_EQ(List("ExerciseList").SelectedRow(), 0);
+  EXPECT_EQ(Redo().text(), "Redo Remove Exercise 'Bench && Press'");
+  QTest::keyClick(form.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(state.NumberOfExercises, 1);
+}
+
+TEST_F(UndoInTheWindow, ShowsTheExerciseAndTheRowOnItsTab) {
+  OpenTab(1);
+  dialogs.answers = {"99"};
+  ClickRow("SetList1", 1);
+  DoubleClickRow("SetList1", 1);
+  OpenTab(2);
+  Undo().trigger();
+  EXPECT_EQ(Get<QTabWidget>("SSTab1").currentIndex(), 1);
+  EXPECT_EQ(List("SetList1").SelectedRow(), 1);
+  EXPECT_THAT(Rows("SetList1"), testing::ElementsAre("50", "60"));
+}
+
+TEST_F(UndoInTheWindow, TakesTheTickOfRandomMusicBack) {
+  OpenTab(1);
+  Click("RandomMusicCheckBox");
+  EXPECT_TRUE(Get<QCheckBox>("RandomMusicCheckBox").isChecked());
+  Undo().trigger();
+  EXPECT_FALSE(Get<QCheckBox>("RandomMusicCheckBox").isChecked());
+  EXPECT_EQ(GetFile("workouts/Monday.RPV"), before);
+}
+
+TEST_F(UndoInTheWindow, CannotBeChosenDuringAnUpdate) {
+  RemoveFirst();
+  bool wasEnabled = true;
+  progress.whenLine = [&] { wasEnabled = Undo().isEnabled(); };
+  std::filesystem::create_directory(folder.Path() + "player");
+  state.Settings.OutputPath = folder.Path() + "player";
+  Click("UpdateSelectedWorkoutButton");
+  EXPECT_FALSE(wasEnabled);
+  EXPECT_TRUE(Undo().isEnabled());
+}
+
+TEST_F(UndoInTheWindow, TellsWhyItCannotBe) {
+  RemoveFirst();
+  std::filesystem::remove("workouts/Monday.RPV");
+  dialogs.asked.clear();
+  Undo().trigger();
+  EXPECT_THAT(dialogs.asked,
+              testing::ElementsAre("message|Repvolta|workouts/Monday.RPV could not be changed: "
+                                   "Another program has changed or deleted it meanwhile. It stays "
+                                   "as it is."));
+  EXPECT_TRUE(Undo().isEnabled());
+}
+
+TEST_F(UndoInTheWindow, LeavesTheKeyToATextField) {
+  RemoveFirst();
+  QLineEdit field(form.get());
+  field.show();
+  field.setFocus();
+  QTest::keyClicks(&field, "text");
+  QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(field.text(), "");
+  EXPECT_EQ(state.NumberOfExercises, 1);
+}
+
+}  // namespace
+}  // namespace repvolta

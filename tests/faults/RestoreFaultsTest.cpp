@@ -1,184 +1,112 @@
 #include <cstdio>
 #include <filesystem>
-#include <gmock/gmock.h>
-#include <map>
-#include <sys/stat.h>
+#include <vector>
 
 #include "app/RecordFormat.h"
-#include "backup/WriteBackup.h"
-#include "keeping/PendingRestore.h"
 
 #include "faults/FaultWorld.h"
-#include "support/ClipBytes.h"
 #include "support/ProgramsBeside.h"
 
 namespace repvolta {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::HasSubstr;
 
-/// In turn, so that each call meets several of them.
-const std::vector<const char*> kFailures = {"EIO", "ENOSPC", "EACCES"};
+constexpr const char* kWorkout = "workouts/Monday.RPV";
+constexpr const char* kVersions = "versions/Monday";
+constexpr const char* kVersion = "versions/Monday/2026-11-20 12.00.00 before update.RPV";
 
-constexpr const char* kOwn[] = {"settings.dat", "workouts", "voice"};
-
-constexpr const char* kGroups[] = {"open", "write", "fsync", "rename", "mkdir", "unlink",
-                                   "read", "list",  "mode",  "stat",   "close", "lock"};
-
-/// The calls by which a restore is decided and put in place.
-constexpr const char* kDecidingGroups[] = {"rename", "mkdir", "unlink"};
-
-/// Restoring a backup that differs in the settings, a workout, a version and a clip from what is
-/// there. The clip and the folder of the version are new.
+/// An earlier version of Monday is restored.
 class RestoreFaults : public FaultWorld {
  protected:
   RestoreFaults() {
-    fs::create_directory("before");
     fs::current_path(Full("program"));
-    for (const char* name : kOwn)
-      fs::copy(name, Full("before/") + name, fs::copy_options::recursive);
-    MakeBackup();
-    Reset();
-    old_ = Own();
-    EXPECT_EQ(RestoreWith({"any", 1'000'000, "EIO"}).run.status, 0);
-    new_ = Own();
-    EXPECT_NE(old_, new_);
+    state.Workout[0].SetValue1[0] = 45;
+    then_ = EncodeWorkout(state.Workout);
   }
 
-  FaultyRun RestoreWith(const Fault& fault) {
-    return RunWith(fault, ProgramBeside("engine_steps"), {"restore-backup"});
+  FaultyRun Restore(const Fault& fault) {
+    fs::remove_all("versions");
+    PutFile(kVersion, then_);
+    PutFile(kWorkout, oldWorkout);
+    return RunWith(fault, ProgramBeside("engine_steps"), {"restore"});
   }
 
-  static int Finish() {
-    return RunProgram(ProgramBeside("engine_steps"), {"finish-restore"}).status;
+  bool IsKept() const {
+    for (const auto& entry : fs::directory_iterator(kVersions)) {
+      if (entry.path().extension() == ".RPV" && GetFile(entry.path()) == oldWorkout) return true;
+    }
+    return false;
   }
 
-  static void Reset() {
-    for (const char* name : {"versions", "backups", "restore.pending"}) fs::remove_all(name);
-    for (const char* name : kOwn) {
-      fs::remove_all(name);
-      fs::copy(std::string("../before/") + name, name, fs::copy_options::recursive);
+  /// The workout is the old one or the restored one; then the old one is kept, or the person has
+  /// been asked. All versions are whole.
+  void ExpectWhole(const FaultyRun& faulty) const {
+    const Bytes workout = GetFile(kWorkout);
+    EXPECT_TRUE(workout == oldWorkout || workout == then_);
+    if (workout == then_) {
+      EXPECT_TRUE(IsKept() || faulty.run.output.find("asked: ") != std::string::npos);
+    }
+    EXPECT_TRUE(GetFile(kVersion) == then_);
+    for (const auto& entry : fs::directory_iterator(kVersions)) {
+      if (entry.path().extension() != ".RPV") continue;
+      const Bytes version = GetFile(entry.path());
+      EXPECT_TRUE(version == oldWorkout || version == then_) << entry.path();
     }
   }
 
-  /// What must be all old or all new, without the backups and versions that come beside.
-  static std::map<std::string, std::string> Own() {
-    std::map<std::string, std::string> files;
-    for (const char* name : {"settings.dat", "workouts", "voice", "versions/Tuesday"}) {
-      if (fs::is_regular_file(name)) files[name] = GetTextFile(name);
-      if (!fs::is_directory(name)) continue;
-      for (const auto& [path, entry] : Look(name)) {
-        if (S_ISREG(entry.mode)) files[std::string(name) + "/" + path] = entry.content;
+  Bytes then_;
+};
+
+TEST_F(RestoreFaults, OfOneCallLeaveTheOldOrTheEarlierWorkout) {
+  const std::vector<std::pair<const char*, const char*>> failures = {
+      {"open", "EIO"},   {"open", "ENOSPC"},   {"write", "ENOSPC"}, {"fsync", "EIO"},
+      {"rename", "EIO"}, {"rename", "EACCES"}, {"mkdir", "ENOSPC"}, {"unlink", "EIO"},
+      {"read", "EIO"},   {"list", "EIO"},      {"mode", "EIO"},     {"stat", "EIO"},
+      {"close", "EIO"},  {"lock", "ENOLCK"}};
+  int points = 0;
+  for (const auto& [group, failure] : failures) {
+    for (int number = 1;; number += PointStep(4)) {
+      const Fault fault{.group = group, .number = number, .failure = failure};
+      const FaultyRun faulty = Restore(fault);
+      SCOPED_TRACE(fault.Text());
+      ExpectWhole(faulty);
+      if (!faulty.hit) {
+        EXPECT_TRUE(GetFile(kWorkout) == then_);
+        break;
       }
-    }
-    return files;
-  }
-
-  void ExpectOldOrNew(const ProgramRun& run) {
-    const bool wasPending = IsRestorePending("");
-    if (!wasPending && run.status != -1) {
-      EXPECT_TRUE(Own() == (run.status == 0 ? new_ : old_)) << run.errors;
-    }
-    EXPECT_EQ(Finish(), 0);
-    const auto now = Own();
-    EXPECT_TRUE(now == new_ || (now == old_ && !wasPending));
-    EXPECT_FALSE(fs::exists("restore.pending"));
-  }
-
-  bool TryFault(const Fault& fault) {
-    Reset();
-    const FaultyRun faulty = RestoreWith(fault);
-    SCOPED_TRACE(fault.Text());
-    const ProgramRun& run = faulty.run;
-    EXPECT_TRUE(run.status == -1 || run.status == 0 ||
-                (run.status == 1 && run.errors.starts_with("engine_steps: ")))
-        << run.status << run.errors;
-    ExpectOldOrNew(run);
-    return faulty.hit;
-  }
-
-  /// Returns how many calls were tried.
-  int TryEvery(const std::string& group, int step, const std::vector<const char*>& failures) {
-    int points = 0;
-    for (int number = 1; TryFault({group, number, failures[points % failures.size()]});
-         number += step) {
+      EXPECT_FALSE(fs::exists("workouts/.Monday.RPV.new"));
       ++points;
     }
-    return points;
   }
+  std::printf("[  POINTS  ] restoring a version: %d calls failed, one at a time\n", points);
+  EXPECT_GE(points, 7);
+}
 
- private:
-  void MakeBackup() {
-    state.Settings.DefaultExerciseTime = 9;
-    PutFile("settings.dat", EncodeSettings(state.Settings));
-    state.Workout[0].ExerciseName = "Restored";
-    PutFile("workouts/Monday.RPV", EncodeWorkout(state.Workout));
-    PutFile("voice/exercise/Hop.WAV", ClipBytes(Bytes(40, 'h')));
-    PutFile("versions/Tuesday/2026-11-22 05.32.06 before update.RPV", "version");
-    WriteBackup("../b.zip", OriginHere(Full("program/"), 40000));
+TEST_F(RestoreFaults, ThatOnlyInterruptACallChangeNothing) {
+  for (const auto& [group, failure] : std::vector<std::pair<const char*, const char*>>{
+           {"write", "SHORT"}, {"read", "SHORT"}, {"open", "EINTR"}, {"fsync", "EINTR"}}) {
+    for (int number = 1;; number += PointStep(3)) {
+      const Fault fault{.group = group, .number = number, .failure = failure};
+      const FaultyRun faulty = Restore(fault);
+      EXPECT_TRUE(GetFile(kWorkout) == then_) << fault.Text();
+      if (!faulty.hit) break;
+    }
   }
+}
 
-  std::map<std::string, std::string> old_;
-  std::map<std::string, std::string> new_;
-};
-
-TEST_F(RestoreFaults, OfOneCallLeaveTheOldOrTheNewState) {
-  const int step = PointStep(19);
+TEST_F(RestoreFaults, ThatKillLeaveTheOldOrTheEarlierWorkout) {
   int points = 0;
-  for (const char* group : kGroups) points += TryEvery(group, step, kFailures);
-  std::printf("[  POINTS  ] restoring: %d calls failed, one at a time\n", points);
-  EXPECT_GE(points * step, 300);
-}
-
-TEST_F(RestoreFaults, OfADecidingCallLeaveTheOldOrTheNewState) {
-  int points = 0;
-  for (const char* group : kDecidingGroups) points += TryEvery(group, PointStep(1), kFailures);
-  std::printf("[  POINTS  ] deciding a restore: %d calls failed, one at a time\n", points);
-  EXPECT_GE(points * PointStep(1), 15);
-}
-
-TEST_F(RestoreFaults, OfAKillLeaveTheOldOrTheNewState) {
-  int points = TryEvery("any", PointStep(61), {"KILL"});
-  for (const char* group : kDecidingGroups) points += TryEvery(group, PointStep(1), {"KILL"});
-  std::printf("[  POINTS  ] restoring: killed before %d different calls\n", points);
-  EXPECT_GE(points * PointStep(1), 25);
-}
-
-/// A restore of which one file is in place and the other, "Tuesday", is not.
-class HalfRestore : public FaultWorld {
- protected:
-  HalfRestore() {
-    RestoreStage stage("program/");
-    stage.Add("settings.dat", GetFile("program/settings.dat"));
-    stage.Add("workouts/Tuesday.RPV", AsBytes("restored"));
-    stage.Commit();
-    fs::rename("program/restore.pending/files/settings.dat", "program/settings.dat");
+  for (int number = 1;; number += PointStep(3)) {
+    const Fault kill{.group = "any", .number = number, .failure = "KILL"};
+    const FaultyRun faulty = Restore(kill);
+    SCOPED_TRACE(kill.Text());
+    ExpectWhole(faulty);
+    if (!faulty.hit) break;
+    ++points;
   }
-};
-
-TEST_F(HalfRestore, IsFinishedByTheNextUpdate) {
-  EXPECT_EQ(Update().status, 0);
-  EXPECT_EQ(GetTextFile("program/workouts/Tuesday.RPV"), "restored");
-  EXPECT_FALSE(fs::exists("program/restore.pending"));
-}
-
-TEST_F(HalfRestore, IsNotReadByADryRun) {
-  const Entries before = Look(".");
-  const ProgramRun run = Update({"--dry-run"});
-  EXPECT_EQ(run.status, 2);
-  EXPECT_THAT(run.errors, HasSubstr("repvolta-update: A backup is half restored in "));
-  EXPECT_TRUE(Look(".") == before);
-}
-
-TEST_F(HalfRestore, IsNotReadWhenItCannotBeFinished) {
-  fs::remove("program/workouts/Tuesday.RPV");
-  PutFile("program/workouts/Tuesday.RPV/in the way", "");
-  const ProgramRun run = Update();
-  EXPECT_EQ(run.status, 2);
-  EXPECT_THAT(run.errors, HasSubstr("program/ is half restored: "));
-  EXPECT_TRUE(fs::is_empty("player"));
-  EXPECT_EQ(GetFile("program/workouts/Monday.RPV"), oldWorkout);
+  std::printf("[  POINTS  ] killed before %d different calls of a restore\n", points);
+  EXPECT_GE(points, 10);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@ namespace repvolta {
 /// is no part of a workout can be changed. A workout changes only through History.
 class EditedProgram {
  public:
+  // cppcheck-suppress noExplicitConstructor
   EditedProgram(Program& program);  // NOLINT(google-explicit-constructor): it is the same program
 
   const ProgramState& state;

@@ -34,7 +34,7 @@ std::string DayOf(double date) {
 /// "first value" where the field has no name of its own.
 std::string NameOfField(const ExerciseRecord& exercise, int field) {
   const FieldNames names = FieldNamesOf(exercise);
-  const std::string name(TrimBlanks(field == 1 ? names.first : names.second));
+  std::string name(TrimBlanks(field == 1 ? names.first : names.second));
   if (!name.empty() && names.first != names.second) return name;
   return field == 1 ? "first value" : "second value";
 }

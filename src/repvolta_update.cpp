@@ -19,6 +19,7 @@
 #include "base/FileStatus.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
+#include "keeping/PendingRestore.h"
 #include "platform/QtChildProcesses.h"
 #include "platform/TerminalLine.h"
 #include "player/OutputPath.h"
@@ -30,6 +31,7 @@
 #include "update/PlanText.h"
 #include "update/Program.h"
 #include "update/RandomMusicList.h"
+#include "update/RestoreAtStart.h"
 #include "update/Room.h"
 #include "update/SeveralUpdates.h"
 #include "update/Steps.h"
@@ -148,9 +150,19 @@ void UpdateWorkouts(Program& program, const std::vector<std::string>& workouts, 
   console.End();
 }
 
+/// Half a restored backup must not be read: an update first finishes it, a dry run changes nothing.
+/// Throws CannotStart, RestoreUnfinished, UpdateRunning.
+void ExpectNoHalfRestore(const std::string& directory, UpdateArguments::Task task) {
+  if (task == UpdateArguments::Task::kUpdate) {
+    FinishInterruptedRestore(directory);
+  } else if (IsRestorePending(directory)) {
+    throw CannotStart("A backup is half restored in " + directory +
+                      "; start repvolta or an update, which restores the rest");
+  }
+}
+
 /// Reads the settings and the options. Throws CannotStart.
-void LoadChoices(ProgramState& state, const std::string& executable) {
-  state.ProgramDirectory = FindProgramDirectory(executable);
+void LoadChoices(ProgramState& state) {
   const std::string settings = state.ProgramDirectory + kSettingsFile;
   if (!FileExists(settings)) {
     throw CannotStart("There is no " + settings + "; start repvolta first");
@@ -210,6 +222,9 @@ int Update(ProgramState& state, const UpdateArguments& arguments, const std::str
   CountRandomMusicFiles(state);
   const std::vector<std::string> workouts = ChosenWorkouts(state, arguments.workouts);
   const UpdateLock lock(state.ProgramDirectory);
+  // A backup may have been restored until now.
+  ReloadChangedSettings(state);
+  ReloadChangedOptions(state);
   FillProgramDirectory(state.ProgramDirectory, executable);
 
   Console console;
@@ -235,7 +250,9 @@ int Run(const std::string& executable, const std::vector<std::string>& words) {
     return Print("repvolta-update " REPVOLTA_VERSION "\n", kDone);
   }
   ProgramState state;
-  LoadChoices(state, executable);
+  state.ProgramDirectory = FindProgramDirectory(executable);
+  ExpectNoHalfRestore(state.ProgramDirectory, arguments.task);
+  LoadChoices(state);
   if (arguments.task == Task::kUpdate) return Update(state, arguments, executable);
   return ShowPlan(state, arguments);
 }

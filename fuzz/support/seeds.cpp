@@ -3,10 +3,13 @@
 #include <iostream>
 
 #include "app/RecordFormat.h"
+#include "backup/BackupContents.h"
+#include "backup/ZipWriter.h"
 
 #include "support/ClipBytes.h"
 #include "support/Mp3Bytes.h"
 #include "support/WavBytes.h"
+#include "support/ZipBytes.h"
 
 // Writes the first inputs of the targets.
 
@@ -162,6 +165,32 @@ void AddTextSeeds(const fs::path& root) {
       .Add("Bench Press\nD\xE9velopp\xE9\n../up\n.\n"sv);
 }
 
+/// A backup as the program writes it.
+std::string WrittenBackup() {
+  std::string file;
+  ZipWriter zip([&](std::span<const Byte> bytes) { file += AsText(bytes); });
+  zip.Add({kBackupManifest, 0}, AsBytes("Repvolta backup\nformat=1\n"),
+          ZipWriter::Packing::kDeflated);
+  zip.Add({"workouts/L\xC3\xA4ufe.RPV", 0}, Bytes(3000), ZipWriter::Packing::kDeflated);
+  zip.Finish();
+  return file;
+}
+
+void AddBackupSeeds(const fs::path& root) {
+  const ZipItem manifest = {kBackupManifest, "Repvolta backup\nformat=1\nhome=/h\n"};
+  const auto with = [&](const ZipItem& item) { return ZipBytes().Add(manifest).Add(item).Get(); };
+  Seeds(root, "backup_reader")
+      .Add(WrittenBackup())
+      .Add(with({"versions/A/2026-11-22 05.32.06 before update.RPV", "x"}))
+      .Add(with({"voice/exercise/a.WAV", AsText(ClipBytes(Bytes(9, 's')))}))
+      .Add(with({"../settings.dat", "x"}))
+      .Add(with({"settings.dat", "/etc/passwd", 0120777}))
+      .Add(with({.name = "exercise/a.lst", .content = "0123456789ab", .flags = 0x801}))
+      .Add(with({.name = "options.conf", .content = "x", .method = 14}))
+      .Add(ZipBytes().Add({kBackupManifest, "Repvolta backup\nformat=2\n"}).Get())
+      .Add(with({"workouts/", "", 040755}));
+}
+
 }  // namespace
 }  // namespace repvolta
 
@@ -174,4 +203,5 @@ int main(int argc, char** argv) {
   repvolta::AddSoundSeeds(argv[1]);
   repvolta::AddRecordSeeds(argv[1]);
   repvolta::AddTextSeeds(argv[1]);
+  repvolta::AddBackupSeeds(argv[1]);
 }

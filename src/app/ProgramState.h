@@ -63,6 +63,7 @@ struct ProgramState {
   std::string WorkoutFileName;            // of the workout in memory; empty: none
   std::optional<KnownWorkoutFile> KnownFile;
   KeptVersions Kept;
+  bool RestoreIsPending = false;      // files of a backup are not in place; nothing may be saved
   std::int32_t RandomMusicFiles = 0;  // lines of "musiclist.txt" as last counted
 
   bool ScreenUpdating = false;       // the program itself fills the controls
@@ -70,7 +71,7 @@ struct ProgramState {
   std::string ProgramDirectory;      // ends with the separator
 };
 
-/// Makes the program directory the current one. Throws FileError.
+/// Makes the program directory the current one. Throws FileError, also while RestoreIsPending.
 void MakeProgramDirectoryCurrent(const ProgramState& state);
 
 }  // namespace repvolta

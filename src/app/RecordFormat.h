@@ -10,6 +10,9 @@ namespace repvolta {
 
 inline constexpr std::size_t kExerciseRecordSize = 5120;
 inline constexpr std::size_t kWorkoutFileSize = kExerciseSlots * kExerciseRecordSize;
+/// The fields of the songs stand at the beginning of a record, those of the two paths at the
+/// beginning of the settings.
+inline constexpr std::size_t kPathFieldSize = 256;
 /// Excluding the characters of AudioFormat.
 inline constexpr std::size_t kSettingsFileSize = 1320;
 /// The longest settings file: the length of AudioFormat has 16 bits.

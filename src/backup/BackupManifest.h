@@ -13,7 +13,7 @@ struct BackupOrigin {
   std::string version;           // of the program
   std::string made;              // "2026-11-22 10.30.05", local time
   std::string programDirectory;  // ends with the separator
-  std::string home;              // ends with the separator
+  std::string home;              // folder, without the separator
 
   bool operator==(const BackupOrigin&) const = default;
 };

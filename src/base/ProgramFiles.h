@@ -23,6 +23,14 @@ inline constexpr const char* kWorkoutExtension = ".RPV";
 /// Kept versions of the workouts, in a folder for each.
 inline constexpr const char* kVersionFolder = "versions/";
 
+/// A backup that is being restored: its files, and the journal that lists them once they are whole.
+inline constexpr const char* kRestoreFolder = "restore.pending/";
+inline constexpr const char* kRestoredFiles = "restore.pending/files/";
+inline constexpr const char* kRestoreJournal = "restore.pending/journal.txt";
+
+/// The backups of what was there before another was restored.
+inline constexpr const char* kBackupFolder = "backups/";
+
 /// The lists of exercise names.
 inline constexpr const char* kExerciseFolder = "exercise/";
 inline constexpr const char* kExerciseListExtension = ".lst";

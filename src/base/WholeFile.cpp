@@ -58,6 +58,11 @@ void SetPermissions(const File& file, mode_t mode, const std::string& path) {
 
 }  // namespace
 
+void TakePermissions(const File& file, const std::string& path) {
+  // The group is set first: until then only the owner may read the file.
+  SetPermissions(file, TakeGroup(file, path), path);
+}
+
 Bytes ReadWholeFile(const std::string& path, std::size_t limit) {
   const File file = File::Open(path, File::Access::kRead);
   Bytes content(static_cast<std::size_t>(std::min<std::uint64_t>(file.Size(), limit)));
@@ -116,8 +121,7 @@ std::optional<FileStamp> WholeFileWriter::Placed() const {
 
 void WholeFileWriter::FlushWorkingFile() {
   Writing([&] {
-    // The group is set first: until then only the owner may read the file.
-    SetPermissions(file_, TakeGroup(file_, path_), path_);
+    TakePermissions(file_, path_);
     file_.FlushToDevice();
     file_.ConfirmWritten();
   });

@@ -13,6 +13,10 @@ namespace repvolta {
 /// The content of the file, at most its first `limit` bytes. Throws FileError.
 Bytes ReadWholeFile(const std::string& path, std::size_t limit);
 
+/// Gives the open file, which is to replace the file at `path`, the group and permissions of that
+/// one; those of a new file when there is none. Throws FileError.
+void TakePermissions(const File& file, const std::string& path);
+
 /// Replaces a file, all or nothing. The bytes are written to a private working file beside `path`;
 /// Commit() gives that the group and permissions of `path`, flushes it to the device and renames it
 /// to `path`. Until then, and after any failure, `path` is unchanged. Without Commit() the working

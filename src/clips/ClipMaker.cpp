@@ -50,14 +50,14 @@ Sound WordOfRecording(const std::string& path) {
 
 }  // namespace
 
-void MakeClips(SpeechEngine& engine, const std::vector<ClipWords>& clips,
+void MakeClips(const Speaker& speaker, const std::vector<ClipWords>& clips,
                const std::string& folder) {
-  const std::vector<EngineVoice> voices = engine.Voices();
-  if (voices.empty()) throw ClipError("no voice of flite is installed");
   std::vector<Sound> sounds;
   sounds.reserve(clips.size());
   for (const ClipWords& clip : clips) {
-    sounds.push_back(WordOf(engine.Speak(clip.words, voices.front(), 1), clip.file));
+    sounds.push_back(clip.words.empty()
+                         ? WordlessClip()
+                         : WordOf(speaker.engine->Speak(clip.words, speaker.voice, 1), clip.file));
   }
   LevelClips(sounds);
   for (std::size_t i = 0; i < clips.size(); ++i) {

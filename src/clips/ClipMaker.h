@@ -4,14 +4,14 @@
 #include <vector>
 
 #include "clips/ClipLists.h"
-#include "speech/SpeechEngine.h"
+#include "clips/Speaker.h"
 
 namespace repvolta {
 
-/// Speaks the clips with the engine's first voice and writes them below `folder`, which is created
-/// if missing; existing clips are replaced. Writes nothing until all clips are spoken. Throws
-/// ClipError, SpeechError, FileError.
-void MakeClips(SpeechEngine& engine, const std::vector<ClipWords>& clips,
+/// Has the clips spoken and writes them below `folder`, which is created if missing; existing clips
+/// are replaced. Writes nothing until all clips are spoken. Throws ClipError, SpeechError,
+/// FileError.
+void MakeClips(const Speaker& speaker, const std::vector<ClipWords>& clips,
                const std::string& folder);
 
 /// Makes a clip of any WAV recording of a word; an existing clip is replaced. Holds a small

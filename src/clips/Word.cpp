@@ -14,7 +14,6 @@ namespace {
 
 constexpr std::size_t kWindow = 80;    // 5 ms
 constexpr std::size_t kFadeOut = 320;  // 20 ms
-constexpr float kSilence = 1e-4F;
 
 // A word begins and ends where its level passes a threshold between these parts of its peak.
 constexpr float kQuietest = 0.0126F;         // -38 dB
@@ -153,6 +152,11 @@ Sound CutWord(const SoundSource& recording, const Word& word) {
   }
   FadeEdges(clip.samples);
   return clip;
+}
+
+Sound WordlessClip() {
+  const std::size_t length = SampleCount(kSecondsBeforeWord) + SampleCount(kSecondsBehindWord);
+  return {kClipFormat.rate, std::vector<float>(length)};
 }
 
 Sound TrimToWord(const Sound& recording) {

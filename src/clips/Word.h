@@ -9,6 +9,7 @@ namespace repvolta {
 
 inline constexpr double kSecondsBeforeWord = 0.010;
 inline constexpr double kSecondsBehindWord = 0.060;
+inline constexpr float kSilence = 1e-4F;  // the peak below which nothing is heard
 
 /// The word in a recording.
 struct Word {
@@ -26,7 +27,10 @@ double Seconds(const Word& word);
 /// last sample of zero.
 Sound CutWord(const SoundSource& recording, const Word& word);
 
-/// Both in one. Empty when the recording is silent.
+/// A clip that says nothing: the silence before and after a word.
+Sound WordlessClip();
+
+/// FindWord and CutWord in one. Empty when the recording is silent.
 Sound TrimToWord(const Sound& recording);
 
 }  // namespace repvolta

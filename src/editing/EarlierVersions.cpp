@@ -76,25 +76,30 @@ VersionView Unreadable(const Version& version, const FileError& error) {
   return view;
 }
 
-/// There is a file of the workout, but nothing to compare with.
-VersionView WithoutToday(const std::string& why, const WorkoutContent& then) {
-  return {
-      .heading = kIsInIt,
-      .text = "The workout as it is today cannot be compared. " + why + "\n" + DescriptionOf(then),
-      .canBeRestored = true};
+VersionView Compared(const WorkoutContent& then, const std::string& path) {
+  const WorkoutContent now = ReadWorkoutContent(path);
+  if (!now.damage.empty()) {
+    return {.heading = kIsInIt,
+            .text = "The workout as it is today is damaged and cannot be compared. " + now.damage +
+                    "\n" + DescriptionOf(then),
+            .canBeRestored = true};
+  }
+  const std::string text =
+      then.bytes == now.bytes ? "" : Lines(WorkoutDifference(then.exercises, now.exercises));
+  return {.heading = kWouldChange,
+          .text = text.empty() ? "There is no difference." : text,
+          .canBeRestored = !text.empty()};
 }
 
-VersionView Compared(const WorkoutContent& then, const std::string& path) {
+/// A file that cannot be read cannot be kept, either, and so it is not replaced.
+VersionView ComparedIfPossible(const WorkoutContent& then, const std::string& path) {
   try {
-    const WorkoutContent now = ReadWorkoutContent(path);
-    if (!now.damage.empty()) return WithoutToday(now.damage, then);
-    const std::string text =
-        then.bytes == now.bytes ? "" : Lines(WorkoutDifference(then.exercises, now.exercises));
-    return {.heading = kWouldChange,
-            .text = text.empty() ? "There is no difference." : text,
-            .canBeRestored = !text.empty()};
+    return Compared(then, path);
   } catch (const FileError& error) {
-    return WithoutToday(error.what(), then);
+    return {.heading = kIsInIt,
+            .text = std::string("The workout as it is today cannot be read, so it is not "
+                                "replaced. ") +
+                    error.what() + "\n" + DescriptionOf(then)};
   }
 }
 
@@ -104,7 +109,7 @@ VersionView ViewOf(const WorkoutContent& then, const std::string& fileName) {
             .text = "This version is damaged and cannot be restored. " + then.damage};
   }
   const auto path = FindFile(kWorkoutFolder + fileName);
-  if (path) return Compared(then, *path);
+  if (path) return ComparedIfPossible(then, *path);
   return {.heading = kIsInIt, .text = DescriptionOf(then), .canBeRestored = true};
 }
 

@@ -41,7 +41,7 @@ struct NewWorkoutFile {
 };
 
 /// All changes of workouts since the program began, as steps that can be undone and done again;
-/// docs/decisions/0015-undo.md. The program directory must be current where files are meant.
+/// docs/decisions/0015-undo.md. The program directory must be current where files are concerned.
 class History {
  public:
   using Changing = std::function<void(const WorkoutAccess&)>;

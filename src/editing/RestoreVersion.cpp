@@ -1,13 +1,9 @@
 #include "editing/RestoreVersion.h"
 
-#include <algorithm>
-
 #include "base/FileNames.h"
-#include "base/Folder.h"
 #include "base/ProgramFiles.h"
 #include "base/Text.h"
-#include "base/WholeFile.h"
-#include "editing/LoadedWorkout.h"
+#include "editing/Undo.h"
 #include "keeping/Versions.h"
 
 namespace repvolta {
@@ -22,15 +18,17 @@ std::string PresentFile(const Editor& editor) {
   return FileName(PathOfWorkout(state));
 }
 
-/// Why the file cannot be kept as it is now; "" when it is.
+/// Why the file could not be kept as it is now; "" when it is kept. Throws FileError when it must
+/// not be replaced at all.
 std::string KeepOrSayWhyNot(const Editor& editor, const std::string& path) {
+  bool isKept = false;
   try {
-    return KeepVersion(path, BeforeWhat::kRestore, editor.program.clock.Now())
-               ? ""
-               : "The file is too large for a workout.";
+    isKept = KeepVersion(path, BeforeWhat::kRestore, editor.program.clock.Now());
   } catch (const FileError& error) {
     return error.what();
   }
+  if (!isKept) throw FileError(path, "is not replaced", "It is too large for a workout");
+  return "";
 }
 
 /// Asks whether to go on where the workout cannot be kept as it is now.
@@ -43,19 +41,22 @@ bool KeepPresent(const Editor& editor, const std::string& fileName) {
                                 kTitle);
 }
 
-void Replace(const Editor& /*editor*/, const ChosenVersion& chosen) {
-  MakeFolder(kWorkoutFolder);
-  WriteWholeFile(ExistingName(kWorkoutFolder + chosen.fileName), chosen.bytes);
+/// Seen where the person is, before, and in the restored workout, afterwards.
+StepDescription StepOf(const Editor& editor, const std::string& fileName) {
+  StepDescription step{.name = StepName("Restore Earlier Version of", BaseName(fileName)),
+                       .undone = PlaceNow(editor, WindowTab::kWorkout),
+                       .done = {.workout = fileName}};
+  if (editor.State().WorkoutFileName == fileName) step.done.exercise = step.undone.exercise;
+  return step;
 }
 
-void LoadAndSelect(const Editor& editor, const std::string& fileName) {
-  ListWorkouts(editor);
-  const auto& names = editor.State().WorkoutNames;
-  const auto found = std::find(names.begin(), names.end(), fileName);
-  editor.screen.SelectWorkout(found == names.end() ? -1 : static_cast<int>(found - names.begin()));
-  editor.program.NameWorkout(fileName);
-  LoadAndShowWorkout(editor);
-  editor.screen.EnableWorkoutControls();
+void Replace(const Editor& editor, const ChosenVersion& chosen) {
+  const std::string fileName = FileName(ExistingName(kWorkoutFolder + chosen.fileName));
+  const StepDescription step = StepOf(editor, fileName);
+  // It is kept already, or the person knows why not.
+  static_cast<void>(
+      editor.history->ReplaceFiles(step, BeforeWhat::kRestore, {{fileName, chosen.bytes}}));
+  GoTo(editor, step.done);
 }
 
 }  // namespace
@@ -73,7 +74,6 @@ void RestoreVersion(Editor& editor) {
   const auto chosen = editor.dialogs.ChooseVersion(versions);
   if (!chosen || !KeepPresent(editor, chosen->fileName)) return;
   Replace(editor, *chosen);
-  LoadAndSelect(editor, chosen->fileName);
 }
 
 }  // namespace repvolta

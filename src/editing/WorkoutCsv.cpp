@@ -20,7 +20,7 @@
 namespace repvolta {
 namespace {
 
-/// Spreadsheet programs take a file without it for one in the code page of the computer.
+/// Without it spreadsheet programs assume the code page of the computer (quirk 125).
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 /// What spreadsheet programs take for the beginning of a formula, also in its wide form.
@@ -62,7 +62,7 @@ class Cells {
   void PutNumber(float number) { Put(ListNumberText(number)); }
 
   /// A text that would become a formula gets an apostrophe; one more where it begins with them, so
-  /// that removing one always gives the text back.
+  /// that removing one always gives the text back (quirk 125).
   void PutText(const std::string& text) {
     std::string cell = AsUtf8(text);
     if (LooksLikeFormula(WithoutApostrophes(cell))) cell.insert(0, 1, '\'');

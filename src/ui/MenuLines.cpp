@@ -8,17 +8,21 @@ namespace {
 using M = Menu;
 
 constexpr MenuLine kLines[] = {
+    {M::kFile, "PrintAction"},
+    {M::kFile, "SavePdfAction"},
+    {M::kFile},
+    {M::kFile, "ExportCsvAction"},
+    {M::kFile, "ExportAllCsvAction"},
+    {M::kFile},
+    {M::kFile, "BackUpAction"},
+    {M::kFile, "RestoreBackupAction"},
+
     {M::kWorkout, "WorkoutDropBox", "Choose Workout"},
     {M::kWorkout, "CreateNewWorkoutButton"},
     {M::kWorkout, "DuplicateWorkoutAction"},
     {M::kWorkout, "RenameWorkoutAction"},
     {M::kWorkout, "DeleteSelectedWorkoutButton"},
     {M::kWorkout, "RestoreVersionAction"},
-    {M::kWorkout},
-    {M::kWorkout, "PrintAction"},
-    {M::kWorkout, "SavePdfAction"},
-    {M::kWorkout, "ExportCsvAction"},
-    {M::kWorkout, "ExportAllCsvAction"},
     {M::kWorkout},
     {M::kWorkout, "PreviewAction"},
     {M::kWorkout, "UpdateSelectedWorkoutButton"},
@@ -33,8 +37,6 @@ constexpr MenuLine kLines[] = {
     {M::kWorkout, "SettingsPage"},
     {M::kWorkout, "PreviousTabAction"},
     {M::kWorkout, "NextTabAction"},
-    {M::kWorkout},
-    {M::kWorkout, "BackUpAction"},
     {M::kWorkout},
     {M::kWorkout, "ExitButton"},
 
@@ -105,7 +107,9 @@ constexpr MenuLine kLines[] = {
     {M::kHelp, "GuidePage-growth"},
     {M::kHelp, "GuidePage-music"},
     {M::kHelp, "GuidePage-players"},
+    {M::kHelp, "GuidePage-export-and-print"},
     {M::kHelp, "GuidePage-own-voice"},
+    {M::kHelp, "GuidePage-voice-other-languages"},
     {M::kHelp, "GuidePage-schedule"},
     {M::kHelp, "GuidePage-messages"},
     {M::kHelp, "GuidePage-when-something-went-wrong"},
@@ -119,6 +123,8 @@ constexpr MenuLine kLines[] = {
 
 const char* TitleOf(Menu menu) {
   switch (menu) {
+    case Menu::kFile:
+      return "File";
     case Menu::kWorkout:
       return "Workout";
     case Menu::kEdit:

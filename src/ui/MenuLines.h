@@ -6,7 +6,7 @@ namespace repvolta {
 
 /// The menus of the main window, from left to right. Their titles have no mnemonics, because the
 /// tabs use nearly all letters.
-enum class Menu { kWorkout, kEdit, kExercise, kMusic, kVoice, kHelp };
+enum class Menu { kFile, kWorkout, kEdit, kExercise, kMusic, kVoice, kHelp };
 
 const char* TitleOf(Menu menu);
 

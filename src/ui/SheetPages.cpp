@@ -13,14 +13,15 @@ constexpr int kValue = 22;
 constexpr int kNumber = 14;
 constexpr int kSmall = 9;
 
-constexpr qreal kGap = 2;  // millimetres
+constexpr qreal kSmallGap = 1;  // millimetres
+constexpr qreal kGap = 2;
 constexpr qreal kBetweenExercises = 7;
 constexpr qreal kRow = 12;
 constexpr qreal kBox = 8;
 constexpr qreal kLine = 0.25;
 
 /// The columns, as parts of the width: number, both values, box, growth, notes.
-constexpr std::array<qreal, 6> kColumns = {0.07, 0.19, 0.19, 0.08, 0.29, 0.18};
+constexpr std::array<qreal, 6> kColumns = {0.07, 0.18, 0.18, 0.08, 0.33, 0.16};
 
 qreal ColumnBegin(const SheetPaper& paper, std::size_t column) {
   qreal begin = 0;
@@ -41,16 +42,22 @@ void Underline(SheetPiece& piece, const SheetPaper& paper) {
   piece.lines.emplace_back(0, piece.height, paper.Width(), piece.height);
 }
 
+/// Ends at the right margin.
+void PutAtEnd(SheetPiece& piece, const SheetPaper& paper, qreal top, SheetText text) {
+  const qreal left = paper.Width() - text.Width();
+  Put(piece, {left, top}, std::move(text));
+}
+
 SheetPiece Header(const SheetPaper& paper, const WorkoutSheet& sheet, const std::string& page) {
   constexpr qreal kNamePart = 0.7;
-  const qreal right = kNamePart * paper.Width() + paper.Millimetres(kGap);
+  const qreal right = (1 - kNamePart) * paper.Width() - paper.Millimetres(kGap);
   SheetPiece piece;
   Put(piece, {0, 0},
       SheetText(paper, sheet.name, paper.Font(kNumber, QFont::Bold), kNamePart * paper.Width()));
-  SheetText date(paper, sheet.date, paper.Font(kSmall), paper.Width() - right);
+  SheetText date(paper, sheet.date, paper.Font(kSmall), right);
   const qreal below = date.Height();
-  Put(piece, {right, 0}, std::move(date));
-  Put(piece, {right, below}, SheetText(paper, page, paper.Font(kSmall), paper.Width() - right));
+  PutAtEnd(piece, paper, 0, std::move(date));
+  PutAtEnd(piece, paper, below, SheetText(paper, page, paper.Font(kSmall), right));
   piece.height += paper.Millimetres(kGap);
   Underline(piece, paper);
   piece.height += paper.Millimetres(kBetweenExercises);
@@ -73,6 +80,7 @@ SheetPiece Title(const SheetPaper& paper, const SheetExercise& exercise, const s
   Put(piece, {0, piece.height},
       SheetText(paper, exercise.music, paper.Font(kSmall), paper.Width()));
   PutColumnNames(piece, paper, exercise);
+  piece.height += paper.Millimetres(kSmallGap);
   Underline(piece, paper);
   return piece;
 }

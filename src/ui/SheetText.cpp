@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QTextOption>
+#include <algorithm>
 #include <cmath>
 
 namespace repvolta {
@@ -41,6 +42,14 @@ SheetText::SheetText(const SheetPaper& paper, const std::string& text, const QFo
 }
 
 qreal SheetText::Height() const { return layout_->boundingRect().height(); }
+
+qreal SheetText::Width() const {
+  qreal width = 0;
+  for (int i = 0; i < layout_->lineCount(); ++i) {
+    width = std::max(width, layout_->lineAt(i).naturalTextWidth());
+  }
+  return width;
+}
 
 void SheetText::Draw(QPainter& painter, const QPointF& place) const {
   layout_->draw(&painter, place);

@@ -32,6 +32,7 @@ class SheetText {
   SheetText(const SheetPaper& paper, const std::string& text, const QFont& font, qreal width);
 
   qreal Height() const;
+  qreal Width() const;  // of the longest line
   void Draw(QPainter& painter, const QPointF& place) const;
 
  private:

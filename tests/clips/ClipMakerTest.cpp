@@ -13,12 +13,14 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 
-TEST(MakeClips, SpeaksThemWithTheFirstVoiceInTheirFolders) {
+Speaker SpeakerOf(ToneEngine& engine) { return {&engine, engine.voices.back()}; }
+
+TEST(MakeClips, SpeaksThemWithTheVoiceInTheirFolders) {
   TemporaryFolder folder;
   PutFile("voice/set.wav", "an older clip");
   ToneEngine engine;
-  MakeClips(engine, {{"set.wav", "a set"}, {"exercise/Squat.WAV", "Squat"}}, "voice");
-  EXPECT_THAT(engine.spoken, ElementsAre("rms: a set", "rms: Squat"));
+  MakeClips(SpeakerOf(engine), {{"set.wav", "a set"}, {"exercise/Squat.WAV", "Squat"}}, "voice");
+  EXPECT_THAT(engine.spoken, ElementsAre("slt: a set", "slt: Squat"));
   ExpectClip("voice/set.wav");
   ExpectClip("voice/exercise/Squat.WAV");
 }
@@ -26,22 +28,29 @@ TEST(MakeClips, SpeaksThemWithTheFirstVoiceInTheirFolders) {
 TEST(MakeClips, WritesNoneUnlessAllAreSpoken) {
   TemporaryFolder folder;
   ToneEngine engine;
-  EXPECT_THROW(MakeClips(engine, {{"set.wav", "set"}, {"for.wav", "trouble"}}, "voice"),
+  const Speaker speaker = SpeakerOf(engine);
+  EXPECT_THROW(MakeClips(speaker, {{"set.wav", "set"}, {"for.wav", "trouble"}}, "voice"),
                SpeechError);
-  EXPECT_THROW(MakeClips(engine, {{"set.wav", "set"}, {"for.wav", "silence"}}, "voice"), ClipError);
+  EXPECT_THROW(MakeClips(speaker, {{"set.wav", "set"}, {"for.wav", "silence"}}, "voice"),
+               ClipError);
   EXPECT_FALSE(fs::exists("voice"));
 }
 
-TEST(MakeClips, NeedsAVoice) {
+TEST(MakeClips, MakesAShortSilenceWhereNothingIsSaid) {
+  TemporaryFolder folder;
   ToneEngine engine;
-  engine.voices.clear();
-  EXPECT_THROW(MakeClips(engine, {{"set.wav", "set"}}, "voice"), ClipError);
+  MakeClips(SpeakerOf(engine), {{"and.wav", ""}, {"set.wav", "set"}}, "voice");
+  const Sound silence = ReadWav(GetFile("voice/and.wav"));
+  EXPECT_EQ(silence.samples, std::vector<float>(1120));
+  EXPECT_EQ(silence.rate, 16000U);
+  EXPECT_THAT(engine.spoken, ElementsAre("slt: set"));
+  ExpectClip("voice/set.wav");
 }
 
 TEST(MakeClips, SpeaksAtTheEnginesOwnSpeed) {
   TemporaryFolder folder;
   ToneEngine engine;
-  MakeClips(engine, {{"set.wav", "set"}}, "voice");
+  MakeClips(SpeakerOf(engine), {{"set.wav", "set"}}, "voice");
   EXPECT_NEAR(static_cast<double>(ReadWav(GetFile("voice/set.wav")).samples.size()) / 16000,
               0.5 + 0.07, 0.01);
 }

@@ -9,6 +9,7 @@
 #include "base/WholeFile.h"
 #include "clips/ClipLists.h"
 #include "clips/ClipSound.h"
+#include "clips/VoiceCheck.h"
 #include "platform/QtChildProcesses.h"
 #include "sound/WavReader.h"
 
@@ -140,6 +141,13 @@ TEST_F(FinishedClipsJudged, AreWhatSoxTakesThemFor) {
   EXPECT_EQ(ask("-b"), "16\n");
   EXPECT_EQ(ask("-c"), "1\n");
   EXPECT_EQ(ask("-s"), std::to_string(Clip("300").samples.size()) + "\n");
+}
+
+TEST_F(FinishedClipsJudged, AreAWholeVoiceWithoutFaults) {
+  const VoiceCheck check = CheckVoice(Folder());
+  EXPECT_EQ(check.words, kWordClips.size());
+  EXPECT_GE(check.names, 120U);
+  EXPECT_TRUE(check.findings.empty()) << check.findings.front().file;
 }
 
 TEST_F(FinishedClipsJudged, HaveLittleSilenceAroundTheWord) {

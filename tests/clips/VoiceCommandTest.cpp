@@ -6,6 +6,7 @@
 
 #include "clips/ClipChecks.h"
 #include "clips/VoiceCommand.h"
+#include "clips/WordClips.h"
 #include "sound/WavReader.h"
 
 #include "support/WavBytes.h"
@@ -15,24 +16,30 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
 constexpr const char* kUsage =
-    "usage: repvolta-voice make WORDS FOLDER [NAMES ...]\n"
+    "usage: repvolta-voice make [--engine ENGINE] [--voice VOICE] WORDS FOLDER [NAMES ...]\n"
     "       repvolta-voice convert RECORDING CLIP\n"
+    "       repvolta-voice check FOLDER\n"
+    "       repvolta-voice voices\n"
     "\n"
     "make     speaks the clips of the word list WORDS (a line: clip name, words) into\n"
     "         FOLDER, and those of the exercise name lists NAMES (a line: a name) into\n"
     "         FOLDER/exercise\n"
     "convert  makes a clip of a WAV recording of any format: silence trimmed, 16 kHz,\n"
-    "         16 bit, mono, as loud as the other clips\n";
+    "         16 bit, mono, as loud as the other clips\n"
+    "check    tells what is missing in the clips of FOLDER or unlike the others\n"
+    "voices   lists the voices that VOICE can be\n";
 
 class VoiceCommand : public testing::Test {
  protected:
   int Run(const std::vector<std::string>& arguments) {
-    return RunVoiceCommand(arguments, engine_, output_, errors_);
+    return RunVoiceCommand(arguments, {{"flite", &engine_}, {"espeak-ng", &espeak_}}, output_,
+                           errors_);
   }
 
   void ExpectFailure(const std::vector<std::string>& arguments, const std::string& message) {
@@ -51,7 +58,8 @@ class VoiceCommand : public testing::Test {
   }
 
   TemporaryFolder folder_;
-  ToneEngine engine_;
+  ToneEngine engine_;  // in place of flite
+  ToneEngine espeak_;
   std::ostringstream output_;
   std::ostringstream errors_;
 };
@@ -77,6 +85,82 @@ TEST_F(VoiceCommand, MakesClipsWithoutNameLists) {
   PutFile("words", "set set\n");
   EXPECT_EQ(Run({"make", "words", "voice"}), 0);
   EXPECT_THAT(ClipsIn("voice"), ElementsAre("set.wav"));
+}
+
+TEST_F(VoiceCommand, MakesClipsWithTheWantedVoice) {
+  espeak_.voices = {{"Afrikaans - espeak-ng", "gmw/af"}, {"German - espeak-ng", "gmw/de"}};
+  PutFile("words", "set\tSatz\n");
+  EXPECT_EQ(Run({"make", "--voice", "de", "words", "voice"}), 0);
+  EXPECT_EQ(Run({"make", "--engine", "espeak-ng", "--voice", "af", "words", "voice"}), 0);
+  EXPECT_EQ(Run({"make", "--engine", "flite", "words", "voice"}), 0);
+  EXPECT_THAT(espeak_.spoken, ElementsAre("gmw/de: Satz", "gmw/af: Satz"));
+  EXPECT_THAT(engine_.spoken, ElementsAre("rms: Satz"));
+}
+
+TEST_F(VoiceCommand, WritesNothingWithoutTheWantedVoice) {
+  PutFile("words", "set\tSatz\n");
+  ExpectFailure({"make", "--voice", "de", "words", "voice"},
+                "there is no voice \"de\"; \"repvolta-voice voices\" lists all");
+  EXPECT_FALSE(fs::exists("voice"));
+}
+
+TEST_F(VoiceCommand, TellsWhatIsOddAboutAWordListAndMakesItsClips) {
+  PutFile("words", "1 one\nsett set\n");
+  EXPECT_EQ(Run({"make", "words", "voice"}), 0);
+  EXPECT_THAT(errors_.str(),
+              StartsWith("repvolta-voice: words, line 2: \"sett\" is said by no exercise\n"
+                         "repvolta-voice: words has no words for 2, 3, "));
+  EXPECT_EQ(output_.str(), "2 clips made in voice\n");
+}
+
+TEST_F(VoiceCommand, SaysANameAsTheWordListHasIt) {
+  PutFile("words", "exercise/Bench Press\tBankdrücken\n");
+  PutFile("a.lst", "Bench Press\nSquat\n");
+  EXPECT_EQ(Run({"make", "words", "voice", "a.lst"}), 0);
+  EXPECT_THAT(engine_.spoken, ElementsAre("rms: Bankdrücken", "rms: Squat"));
+  EXPECT_THAT(ClipsIn("voice"), ElementsAre("exercise/Bench Press.WAV", "exercise/Squat.WAV"));
+}
+
+TEST_F(VoiceCommand, ListsTheVoices) {
+  engine_.voices = {{"English (rms) - flite", "rms"}};
+  espeak_.voices = {{"Spanish (Latin America) - espeak-ng", "roa/es-419"}};
+  EXPECT_EQ(Run({"voices"}), 0);
+  EXPECT_EQ(output_.str(),
+            "rms              English (rms) - flite\n"
+            "es-419           Spanish (Latin America) - espeak-ng\n");
+}
+
+TEST_F(VoiceCommand, ReportsThatThereIsNoVoiceAtAll) {
+  engine_.voices.clear();
+  espeak_.voices.clear();
+  ExpectFailure({"voices"}, "no speech engine is installed");
+}
+
+TEST_F(VoiceCommand, TellsTheFaultsOfAVoice) {
+  PutFile("words", "set set\n");
+  Run({"make", "words", "voice"});
+  output_.str("");
+  errors_.str("");
+  EXPECT_EQ(Run({"check", "voice"}), 1);
+  EXPECT_THAT(output_.str(), StartsWith("1.wav is missing\n2.wav is missing\n"));
+  EXPECT_THAT(output_.str(), EndsWith("1 words and 0 names, at -18 LUFS: 58 faults\n"));
+  EXPECT_THAT(errors_.str(), IsEmpty());
+}
+
+TEST_F(VoiceCommand, TellsThatAVoiceIsWhole) {
+  std::string list;
+  for (const std::string& file : WordClips()) {
+    list += file.substr(0, file.size() - 4) + (file == "and.wav" ? " -\n" : " word\n");
+  }
+  PutFile("words", list);
+  Run({"make", "words", "voice"});
+  output_.str("");
+  EXPECT_EQ(Run({"check", "voice"}), 0);
+  EXPECT_EQ(output_.str(), "59 words and 0 names, at -18 LUFS: all is well\n");
+}
+
+TEST_F(VoiceCommand, ReportsAFolderOfClipsThatIsMissing) {
+  ExpectFailure({"check", "gone"}, "gone could not be read: No such file or directory");
 }
 
 TEST_F(VoiceCommand, ReportsAMissingWordList) {
@@ -173,6 +257,12 @@ TEST_F(VoiceCommand, ShowsItsUsageWhenItIsNotCalledRightly) {
                                              {"convert", "a.wav"},
                                              {"convert", "a.wav", "b.wav", "c.wav"},
                                              {"speak", "a", "b"},
+                                             {"make", "--voice", "words", "voice"},
+                                             {"make", "--engine", "", "words", "voice"},
+                                             {"convert", "--voice", "de", "a.wav", "b.wav"},
+                                             {"check"},
+                                             {"check", "a", "b"},
+                                             {"voices", "de"},
                                              {"--help", "make"},
                                              {"--make", "a", "b"}}) {
     errors_.str("");

@@ -137,16 +137,16 @@ TEST_F(EarlierVersionsOfWorkout, MayBeGoneSinceTheyWereListed) {
 TEST_F(EarlierVersionsOfWorkout, CanBeRestoredWhereTheWorkoutOfTodayIsDamaged) {
   PutFile(kMonday, "");
   EXPECT_EQ(View().text,
-            "The workout as it is today cannot be compared. It has 0 bytes instead of the 266240 "
-            "of a workout.\nSquat: 01 sets, 00:00 Exercise, 00:00 Music");
+            "The workout as it is today is damaged and cannot be compared. It has 0 bytes instead "
+            "of the 266240 of a workout.\nSquat: 01 sets, 00:00 Exercise, 00:00 Music");
   EXPECT_TRUE(View().canBeRestored);
 }
 
-TEST_F(EarlierVersionsOfWorkout, CanBeRestoredWhereTheWorkoutOfTodayCannotBeRead) {
+TEST_F(EarlierVersionsOfWorkout, ReplaceNoWorkoutThatCannotBeReadToday) {
   const OrdinaryRights rights;
   fs::permissions(kMonday, fs::perms::none);
-  EXPECT_THAT(View().text, HasSubstr("workouts/Monday.RPV could not be"));
-  EXPECT_TRUE(View().canBeRestored);
+  EXPECT_THAT(View().text, HasSubstr("so it is not replaced. workouts/Monday.RPV could not be"));
+  EXPECT_FALSE(View().canBeRestored);
 }
 
 TEST_F(EarlierVersionsOfWorkout, AreReadAsTheyAre) {

@@ -4,6 +4,7 @@
 
 #include "app/WorkoutFiles.h"
 #include "editing/RestoreVersion.h"
+#include "editing/Undo.h"
 #include "keeping/Versions.h"
 
 #include "support/EditorFixture.h"
@@ -147,13 +148,11 @@ TEST_F(RestoredVersion, IsNotSilentlyRestoredWhereThePresentOneCannotBeKept) {
   EXPECT_EQ(GetFile(kMonday), before_);
 }
 
-TEST_F(RestoredVersion, AsksBeforeItReplacesWhatIsTooLargeToBeKept) {
+TEST_F(RestoredVersion, ReplacesNothingThatIsTooLargeToBeKept) {
   fs::resize_file(kMonday, 1'000'001);
   state.KnownFile.reset();
-  dialogs.answers = {"Cancel"};
-  RestoreVersion(editor);
+  EXPECT_THROW(RestoreVersion(editor), FileError);
   EXPECT_EQ(fs::file_size(kMonday), 1'000'001U);
-  EXPECT_THAT(dialogs.asked.back(), HasSubstr("too large"));
 }
 
 TEST_F(RestoredVersion, ThatCannotBeWrittenLosesNothing) {
@@ -170,6 +169,37 @@ TEST_F(RestoredVersion, IsRestoredAlsoWhenItIsThinnedAwayMeanwhile) {
   RestoreVersion(editor);
   EXPECT_EQ(GetFile(kMonday), before_);
   EXPECT_THAT(Reasons(), ElementsAre(BeforeWhat::kRestore));
+}
+
+TEST_F(RestoredVersion, IsAStepThatCanBeUndoneAndDoneAgain) {
+  RestoreVersion(editor);
+  EXPECT_EQ(editor.history->UndoName(), "Restore Earlier Version of 'Monday'");
+  UndoAction_Trigger(editor);
+  EXPECT_EQ(GetFile(kMonday), now_);
+  EXPECT_THAT(screen.exercises.rows, ElementsAre("Squat", "Row"));
+  RedoAction_Trigger(editor);
+  EXPECT_EQ(GetFile(kMonday), before_);
+  EXPECT_THAT(screen.exercises.rows, ElementsAre("Squat"));
+}
+
+TEST_F(RestoredVersion, OfADeletedWorkoutIsGoneAgainWhenItIsUndone) {
+  fs::remove(kMonday);
+  state.WorkoutFileName.clear();
+  RestoreVersion(editor);
+  UndoAction_Trigger(editor);
+  EXPECT_FALSE(fs::exists(kMonday));
+  EXPECT_EQ(state.WorkoutFileName, "");
+  EXPECT_THAT(screen.workouts.rows, IsEmpty());
+}
+
+TEST_F(RestoredVersion, ShowsTheExerciseThatWasShownIfItIsThere) {
+  AddNewExercise("Plank");
+  KeepVersion(kMonday, BeforeWhat::kUpdate, clock.Now());
+  state.Workout[0].TargetExerciseTime = 99;
+  state.CurrentExercise = 2;
+  SaveWorkout(state);
+  RestoreVersion(editor);
+  EXPECT_EQ(state.CurrentExercise, 2);
 }
 
 }  // namespace

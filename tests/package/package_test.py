@@ -131,7 +131,9 @@ class Package(unittest.TestCase):
                         "/usr/share/icons/hicolor/48x48/apps/repvolta.png",
                         "/usr/share/doc/repvolta/guide/index.html",
                         "/usr/share/doc/repvolta/guide/pictures/exercise.png",
-                        "/usr/share/doc/repvolta/guide/formats/plan.schema.json")
+                        "/usr/share/doc/repvolta/guide/formats/plan.schema.json",
+                        *(f"/usr/share/repvolta/words/{name}.txt" for name in
+                          ("english", "french", "german", "spanish")))
         # There are no settings yet.
         self.tree.as_user("repvolta-update", status=2)
         self.assert_lacks(DATA)
@@ -146,6 +148,7 @@ class Package(unittest.TestCase):
         self.assert_lacks(DATA + "/settings.dat")
         self.assert_same_folders("/usr/share/repvolta/voice", DATA + "/voice")
         self.assert_same_folders("/usr/share/repvolta/exercise", DATA + "/exercise")
+        self.tree.as_user("sh", "-c", f"cd '{DATA}' && sha256sum --check --quiet brought.sha256")
         self.assertEqual(os.readlink(self.tree.path(DATA + "/lame.exe")), "/usr/bin/lame")
 
     def test_3_is_set_up_by_keyboard_at_the_first_start(self):
@@ -205,7 +208,7 @@ class Package(unittest.TestCase):
             f"--directory={self.tree.path(HOME + '/stick')}")
         self.tree.as_root("chown", "-R", "tester:tester", HOME + "/stick")
         portable = f"{HOME}/stick/{self.archive.name.removesuffix('.tar.xz')}"
-        self.assert_has(portable + "/guide/index.html")
+        self.assert_has(portable + "/guide/index.html", portable + "/words/german.txt")
         before = self.tree.snapshot(HOME, without=("stick",))
         program = self.start(portable + "/repvolta")
         set_up()

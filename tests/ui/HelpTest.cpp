@@ -59,7 +59,7 @@ TEST_F(HelpTest, OpensThePageOfTheBox) {
 TEST_F(HelpTest, OpensThePageOfTheTabFromAMenu) {
   OpenTab(2);
   QTest::keyClick(form->focusWidget(), Qt::Key_F10);
-  auto& menu = Get<QMenu>("WorkoutMenu");
+  auto& menu = Get<QMenu>("FileMenu");
   ASSERT_TRUE(menu.isVisible());
   QTest::keyClick(&menu, Qt::Key_F1);
   EXPECT_THAT(dialogs.guide, ElementsAre("first-start.html#two-questions"));

@@ -1,0 +1,123 @@
+#include "backup/BackupRestore.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "backup/BroughtFiles.h"
+#include "backup/FilesToBackUp.h"
+#include "base/FileNames.h"
+#include "base/Folder.h"
+#include "base/WholeFile.h"
+
+namespace repvolta {
+namespace {
+
+RestoreEffect EffectOn(const std::string& target, std::span<const Byte> content) {
+  if (!IsTaken(target)) return RestoreEffect::kAdds;
+  const Bytes present = ReadWholeFile(target, content.size() + 1);
+  return std::ranges::equal(present, content) ? RestoreEffect::kIsThere : RestoreEffect::kReplaces;
+}
+
+/// Files that are there under the very name are taken, also when there are several that differ only
+/// in case. A version is never replaced: another one of the same second comes behind it.
+PlannedFile PlanFile(const BackupEntry& entry, std::span<const Byte> content,
+                     const RestoreTargets& targets, const std::set<std::string>& taken) {
+  PlannedFile file{.path = entry.path, .target = entry.path, .kind = entry.kind, .effect = {}};
+  const bool isVersion = entry.kind == BackupKind::kVersion;
+  if (isVersion || !IsTaken(file.target)) file.target = targets.TargetOf(entry.path, entry.kind);
+  file.effect = EffectOn(file.target, content);
+  while (isVersion && (file.effect == RestoreEffect::kReplaces || taken.contains(file.target))) {
+    file.target = NextVersionPath(file.target);
+    file.effect = EffectOn(file.target, content);
+  }
+  return file;
+}
+
+/// A file that cannot be backed up before must not be lost.
+void ExpectBackedUp(const PlannedFile& file, const std::set<std::string>& present) {
+  if (file.effect != RestoreEffect::kReplaces || present.contains(file.target)) return;
+  throw FileError(file.target, "would be replaced", "There cannot be a backup of it");
+}
+
+std::set<std::string> PathsOf(const std::vector<FileToBackUp>& files) {
+  std::set<std::string> paths;
+  for (const FileToBackUp& file : files) paths.insert(file.path);
+  return paths;
+}
+
+bool CanBeBrought(BackupKind kind) {
+  return kind == BackupKind::kClip || kind == BackupKind::kNameClip ||
+         kind == BackupKind::kExerciseList;
+}
+
+/// What the program brought is nobody's loss or gain.
+void ForgetBrought(std::vector<FileToBackUp>& files) {
+  const BroughtFiles brought;
+  std::erase_if(files, [&](const FileToBackUp& file) {
+    return CanBeBrought(file.kind) &&
+           brought.Has(file.path, ReadWholeFile(file.path, LargestInBackup(file.kind)));
+  });
+}
+
+bool IsFolderHere(const std::string& folder) {
+  try {
+    return FolderExists(folder);
+  } catch (const FileError&) {
+    return true;  // a disk that fails is here
+  }
+}
+
+}  // namespace
+
+BackupRestore::BackupRestore(const std::string& backup, BackupWatch watch)
+    : watch_(std::move(watch)), reader_(backup, [this](std::uint64_t done, std::uint64_t all) {
+        if (watch_) watch_(done, all);
+      }) {}
+
+std::vector<PathExchange> BackupRestore::Proposals(const std::string& home) const {
+  std::set<std::string> folders;
+  reader_.ForEachFile([&](const BackupEntry& entry, std::span<const Byte> content) {
+    if (entry.kind == BackupKind::kVersion) return;
+    for (std::string& folder : FoldersNamedIn(entry.kind, content)) {
+      folders.insert(std::move(folder));
+    }
+  });
+  const Homes homes{.there = WithoutSeparator(Origin().home), .here = WithoutSeparator(home)};
+  return ProposedExchanges({folders.begin(), folders.end()}, homes, IsFolderHere);
+}
+
+RestorePlan BackupRestore::ForEachPlanned(const std::vector<PathExchange>& exchanges,
+                                          const TakePlanned& take) const {
+  const std::vector<FileToBackUp> present = FindFilesToBackUp().files;
+  const RestoreTargets targets(present);
+  const std::set<std::string> paths = PathsOf(present);
+  std::set<std::string> taken;
+  RestorePlan plan;
+  reader_.ForEachFile([&](const BackupEntry& entry, std::span<const Byte> content) {
+    const ExchangedFile exchanged = ExchangePaths(entry.kind, content, exchanges);
+    plan.files.push_back(PlanFile(entry, exchanged.content, targets, taken));
+    ExpectBackedUp(plan.files.back(), paths);
+    taken.insert(plan.files.back().target);
+    plan.tooLong.insert(plan.tooLong.end(), exchanged.tooLong.begin(), exchanged.tooLong.end());
+    take(plan.files.back(), exchanged.content);
+  });
+  plan.left = LeftByPlan(present, plan.files);
+  ForgetBrought(plan.left);
+  std::ranges::sort(plan.tooLong);
+  plan.tooLong.erase(std::unique(plan.tooLong.begin(), plan.tooLong.end()), plan.tooLong.end());
+  return plan;
+}
+
+RestorePlan BackupRestore::Plan(const std::vector<PathExchange>& exchanges) const {
+  return ForEachPlanned(exchanges, [](const PlannedFile&, std::span<const Byte>) {});
+}
+
+RestorePlan BackupRestore::Stage(const std::vector<PathExchange>& exchanges,
+                                 RestoreStage& stage) const {
+  return ForEachPlanned(exchanges, [&](const PlannedFile& file, std::span<const Byte> content) {
+    if (file.effect != RestoreEffect::kIsThere) stage.Add(file.target, content);
+  });
+}
+
+}  // namespace repvolta

@@ -12,8 +12,9 @@ namespace repvolta {
 /// is no part of a workout can be changed. A workout changes only through History.
 class EditedProgram {
  public:
+  /// It is the same program, so that it converts without a word.
   // cppcheck-suppress noExplicitConstructor
-  EditedProgram(Program& program);  // NOLINT(google-explicit-constructor): it is the same program
+  EditedProgram(Program& program);
 
   const ProgramState& state;
   const Clock& clock;

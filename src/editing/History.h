@@ -66,7 +66,8 @@ class History {
   /// Replaces, creates or deletes files of the workout folder, all or none, as one step; what they
   /// held is kept as a version before `what`. Shows nothing and does not load the workout in
   /// memory again: see GoTo in editing/Undo.h. Returns why no version was kept, for TellUnkept.
-  /// Throws FileError; then all files are as before.
+  /// Throws FileError; then all files are as before. A file that cannot be read, or is too large
+  /// for a workout, is replaced all the same; then all steps are forgotten.
   std::string ReplaceFiles(const StepDescription& step, BeforeWhat what,
                            const std::vector<NewWorkoutFile>& files);
 

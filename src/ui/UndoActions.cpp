@@ -2,6 +2,7 @@
 
 #include "editing/Undo.h"
 #include "ui/Keys.h"
+#include "ui/Mnemonics.h"
 
 namespace repvolta {
 namespace {
@@ -13,7 +14,9 @@ QString TextOf(const char* command, const std::string& step) {
 }
 
 void Show(QAction& action, const char* command, const std::string& step, bool busy) {
-  action.setText(TextOf(command, step));
+  const QString text = TextOf(command, step);
+  // The menu has given the text a mnemonic.
+  if (WithoutMnemonic(action.text()) != text) action.setText(text);
   action.setEnabled(!step.empty() && !busy);
 }
 

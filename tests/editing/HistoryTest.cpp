@@ -34,22 +34,40 @@ using testing::SizeIs;
 // Nobody who has an Editor can change a workout but through a History.
 
 template <class Any>
-concept ChangesAWorkout = requires(Any& editor) {
+concept ChangesTheCount = requires(Any& editor) {
   editor.State().NumberOfExercises = 1;
-}
-|| requires(Any& editor) { editor.Exercise().NumberOfSets = 1; }
-|| requires(Any& editor) { editor.program.state.NumberOfExercises = 1; }
-|| requires(Any& editor) { SaveWorkout(editor.State()); }
-|| requires(Any& editor) { SaveWorkout(editor.program.state); }
-|| requires(Any& editor) { editor.program.program_; }
-|| requires(Any& editor) { static_cast<Program&>(editor.program); };
+};
+template <class Any>
+concept ChangesTheExercise = requires(Any& editor) {
+  editor.Exercise().NumberOfSets = 1;
+};
+template <class Any>
+concept ChangesTheProgram = requires(Any& editor) {
+  editor.program.state.NumberOfExercises = 1;
+};
+template <class Any>
+concept Saves = requires(Any& editor) {
+  SaveWorkout(editor.State());
+};
+template <class Any>
+concept HasTheProgram = requires(Any& editor) {
+  static_cast<Program&>(editor.program);
+};
+template <class Any>
+concept OpensTheProgram = requires(Any& editor) {
+  editor.program.program_;
+};
+template <class Any>
+concept ChangesAWorkout = ChangesTheCount<Any> || ChangesTheExercise<Any> ||
+    ChangesTheProgram<Any> || Saves<Any> || HasTheProgram<Any> || OpensTheProgram<Any>;
 
 struct OpenEditor {
   Program& program;
   ProgramState& State() const { return program.state; }
 };
 
-static_assert(ChangesAWorkout<OpenEditor>);
+static_assert(ChangesTheCount<OpenEditor> && ChangesTheProgram<OpenEditor> && Saves<OpenEditor> &&
+              HasTheProgram<OpenEditor>);
 static_assert(!ChangesAWorkout<Editor>);
 static_assert(!ChangesAWorkout<const Editor>);
 static_assert(!std::is_constructible_v<WorkoutAccess, Program&>);

@@ -21,6 +21,12 @@ namespace fs = std::filesystem;
 class UndoOfUpdate : public EditorFixture {
  protected:
   UndoOfUpdate() {
+    for (const char* file : {kMonday, kFriday}) PutFile(file, before);
+    ListWorkouts(editor);
+    LoadAndShowWorkout(editor);
+  }
+
+  static Bytes GrowingWorkout() {
     ExerciseSlots workout;
     ExerciseRecord& squat = workout[0];
     squat.ExerciseName = "Squat";
@@ -29,17 +35,14 @@ class UndoOfUpdate : public EditorFixture {
     squat.SetIncrement1[0] = 5;
     squat.SetFrequency1[0] = 7;
     squat.NextUpdate1[0] = kToday - 8;
-    before = EncodeWorkout(workout);
-    for (const char* file : {kMonday, kFriday}) PutFile(file, before);
-    ListWorkouts(editor);
-    LoadAndShowWorkout(editor);
+    return EncodeWorkout(workout);
   }
 
   static float Weight(const std::string& name) { return Saved(name)[0].SetValue1[0]; }
 
   static constexpr const char* kMonday = "workouts/Monday.RPV";
   static constexpr const char* kFriday = "workouts/Friday.RPV";
-  Bytes before;
+  const Bytes before = GrowingWorkout();
 };
 
 TEST_F(UndoOfUpdate, BringsValuesAndDatesBackAndLeavesTheFilesOnThePlayer) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/ProgramDirectory.h"
+#include "app/RecordFormat.h"
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
 #include "backup/WriteBackup.h"
@@ -96,6 +97,25 @@ void RestoreNewestVersion(ProgramState& state) {
   RestoreVersion(editor);
 }
 
+/// Changes Monday and makes another workout as one step, undoes it and makes it again.
+void UndoAndRedo(ProgramState& state) {
+  RecordingWindow window;
+  FakeSpeech speech;
+  SystemClock clock;
+  ScriptedNumbers random;
+  FakeProcesses processes;
+  Program program{state, clock, random, processes, speech};
+  LoadWorkout(state);
+  const Editor editor = window.EditorOf(program);
+  ExerciseSlots changed = state.Workout;
+  changed[0].SetValue1[0] = 99;
+  const Bytes bytes = EncodeWorkout(changed);
+  editor.history->ReplaceFiles({.name = "Change", .undone = {}, .done = {}}, BeforeWhat::kChange,
+                               {{"Monday.RPV", bytes}, {"New.RPV", bytes}});
+  editor.history->Undo();
+  editor.history->Redo();
+}
+
 /// One of many edits: it puts its number into every exercise and into the settings. The next run
 /// continues with the next number.
 void SaveEdit(ProgramState& state, int number) {
@@ -135,6 +155,8 @@ int Run(const std::string& step) {
     StartEditAndExit(state);
   } else if (step == "restore") {
     RestoreNewestVersion(state);
+  } else if (step == "undo") {
+    UndoAndRedo(state);
   } else if (step == "restore-backup") {
     RestoreTheBackup(state);
   } else if (step == "finish-restore") {

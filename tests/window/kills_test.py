@@ -100,6 +100,10 @@ class Kills(WindowTest):
         self.songs_before = self.look_at_songs()
         self.files_before = self.files()
         self.settings_before = self.records("settings.dat")
+        # Started anew, it cannot undo what was set up.
+        self.program.exit()
+        self.program = self.start()
+        self.program.main()
         for attempt in range(FIRST, FIRST + KILLS):
             self.attempt(attempt)
         amid = ", ".join(f"{what} {count} times" for what, count in sorted(self.amid.items()))

@@ -2,7 +2,7 @@
 
 import subprocess
 
-from desktop import Atspi
+from desktop import Atspi, has_state
 from display import keys, output_of
 from support import EXERCISE_TAB, WORKOUT_TAB
 
@@ -129,6 +129,19 @@ class Hands:
 
     def choose_workout(self, _last=None):
         keys("alt+o", self.chance.choice(["Up", "Down"]))
+
+    def restore(self):
+        """Changes the workout and restores its newest version, if that differs."""
+        program = self.program
+        self.rename_exercise(len(program.items("Exercises")) - 1)
+        program.main()
+        program.choose("Workout", "Restore an Earlier Version ...")
+        form = program.window("Restore an Earlier Version")
+        differs = has_state(program.find(form, "push button", "Restore"), Atspi.StateType.ENABLED)
+        keys("alt+r" if differs else "Escape")
+        program.main()
+        program.tab(WORKOUT_TAB)
+        self.take_back()
 
     def update(self):
         self.test.update()

@@ -285,6 +285,25 @@ class Program:
             before = self.wait_for("the tab to turn",
                                    lambda: [now for now in [shown()] if now != before])[0]
 
+    def choose(self, menu, line):
+        """Opens a menu at F10 and goes to one of its lines."""
+        keys("F10")
+        self._walk("Right", menu)
+        self._walk("Down", line)
+        keys("Return")
+
+    def _walk(self, key, name):
+        def names():
+            return [node.get_name().partition("\t")[0] for window in children(self.application)
+                    for node in self.focused(window) if node.get_role_name() == "menu item"]
+        for _ in range(50):
+            before = self.wait_for("the menu", names)
+            if name in before:
+                return
+            keys(key)
+            self.wait_for("the menu to move", lambda: names() not in ([], before))
+        raise AssertionError(f"no line {name!r} is in the menu")
+
     def exit(self):
         self.press("Exit")
         return self.process.wait(LIMIT)

@@ -2,8 +2,9 @@
 
 import subprocess
 
-from desktop import Atspi
+from desktop import Atspi, has_state
 from display import keys, output_of
+from support import EXERCISE_TAB, WORKOUT_TAB
 
 NAMES = ["Goblet Squat", "Bench Press", "Hill Run", "Step-ups"]  # the last one is in no list
 NUMBERS = [1, 2.5, 12, 120]
@@ -44,6 +45,13 @@ class Hands:
             clicking.kill()
             clicking.wait()
             output_of("xdotool", "mouseup", "1")
+        self.take_back()
+
+    def take_back(self):
+        """Sometimes undoes and does again, as fast as the display accepts it. Steps of the other tab
+        lead there."""
+        if self.chance.random() < 0.5:
+            keys(*self.chance.choices(["ctrl+z", "ctrl+shift+z"], [2, 1], k=6))
 
     def settings(self):
         """Presses keys as fast as the display accepts them, and sometimes types a time."""
@@ -54,6 +62,7 @@ class Hands:
 
     def sets(self):
         program = self.program
+        program.tab(EXERCISE_TAB)
         program.press("Weight/Reps", role="radio button")
         count = len(program.items("First value: Weight"))
         deeds = [self.set_time]
@@ -62,6 +71,7 @@ class Hands:
         deeds += [self.move_set] if count > 1 else []
         self.chance.choice(deeds)(count - 1)
         program.main()
+        self.take_back()
 
     def set_time(self, _last):
         self.program.press("Set Target Exercise Time")
@@ -89,6 +99,7 @@ class Hands:
         self.program.answer("Change Exercise Value", self.number())
 
     def exercises(self):
+        self.program.tab(WORKOUT_TAB)
         count = len(self.program.items("Exercises"))
         deeds = [self.rename_exercise, self.choose_workout]
         deeds += [self.add_exercise] * 2 if count < MOST_EXERCISES else []
@@ -96,6 +107,7 @@ class Hands:
         deeds += [self.remove_exercise, self.move_exercise] if count > 2 else []
         self.chance.choice(deeds)(count - 1)
         self.program.main()
+        self.take_back()
 
     def add_exercise(self, _last):
         self.test.add_own_exercise(self.name())
@@ -117,6 +129,19 @@ class Hands:
 
     def choose_workout(self, _last=None):
         keys("alt+o", self.chance.choice(["Up", "Down"]))
+
+    def restore(self):
+        """Changes the workout and restores its newest version, if that differs."""
+        program = self.program
+        self.rename_exercise(len(program.items("Exercises")) - 1)
+        program.main()
+        program.choose("Workout", "Restore an Earlier Version ...")
+        form = program.window("Restore an Earlier Version")
+        differs = has_state(program.find(form, "push button", "Restore"), Atspi.StateType.ENABLED)
+        keys("alt+r" if differs else "Escape")
+        program.main()
+        program.tab(WORKOUT_TAB)
+        self.take_back()
 
     def update(self):
         self.test.update()

@@ -6,6 +6,7 @@ import ctypes
 import os
 import random
 import select
+import shutil
 import signal
 import struct
 import threading
@@ -32,7 +33,7 @@ LEFT_BY_UPDATES = {"program/temp.wav", "program/temp.mp3",
 # The tab, the work there, and the number of created files after which the kill comes at the latest.
 PLANS = [(EXERCISE_TAB, Hands.choices, 40), (SETTINGS_TAB, Hands.settings, 40),
          (EXERCISE_TAB, Hands.sets, 3), (WORKOUT_TAB, Hands.exercises, 3),
-         (WORKOUT_TAB, Hands.update, 16), (EXERCISE_TAB, Hands.update, 16),
+         (WORKOUT_TAB, Hands.restore, 6), (WORKOUT_TAB, Hands.update, 16), (EXERCISE_TAB, Hands.update, 16),
          (WORKOUT_TAB, Hands.leave, 1)]
 
 
@@ -100,6 +101,15 @@ class Kills(WindowTest):
         self.songs_before = self.look_at_songs()
         self.files_before = self.files()
         self.settings_before = self.records("settings.dat")
+        # Of the set-up nothing can be undone, for it is started anew, or restored.
+        shutil.rmtree(self.versions)
+        for workout in WORKOUTS:
+            (self.versions / workout).mkdir(parents=True)
+            shutil.copy(self.file(f"workouts/{workout}.RPV"),
+                        self.versions / workout / "2026-01-01 12.00.00 before update.RPV")
+        self.program.exit()
+        self.program = self.start()
+        self.program.main()
         for attempt in range(FIRST, FIRST + KILLS):
             self.attempt(attempt)
         amid = ", ".join(f"{what} {count} times" for what, count in sorted(self.amid.items()))

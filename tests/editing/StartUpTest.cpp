@@ -8,8 +8,6 @@
 #include "app/WorkoutFiles.h"
 #include "base/FileError.h"
 #include "editing/StartUp.h"
-#include "keeping/PendingRestore.h"
-#include "update/RestoreAtStart.h"
 
 #include "support/UnreadableFile.h"
 #include "support/WindowlessFixture.h"
@@ -21,7 +19,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 class FakeOutputs : public AudioOutputs {
  public:
@@ -60,32 +57,6 @@ class StartUp : public WindowlessFixture {
 
   FakeOutputs outputs;
 };
-
-TEST_F(StartUp, FinishesARestoreBeforeItReadsAnything) {
-  SettingsRecord restored;
-  restored.DefaultExerciseTime = 9;
-  RestoreStage stage("");
-  stage.Add("settings.dat", EncodeSettings(restored));
-  stage.Commit();
-
-  Load();
-
-  EXPECT_EQ(state.Settings.DefaultExerciseTime, 9);
-  EXPECT_THAT(window.calls, Not(Contains("select directory")));
-}
-
-TEST_F(StartUp, DoesNotReadHalfARestore) {
-  PutTwoWorkouts();
-  PutLastWorkout(1);
-  RestoreStage stage("");
-  stage.Add("settings.dat", EncodeSettings({}));
-  stage.Commit();
-  std::filesystem::remove("settings.dat");
-  PutFile("settings.dat/in the way", "");
-
-  EXPECT_THROW(Load(), RestoreUnfinished);
-  EXPECT_THAT(window.calls, IsEmpty());
-}
 
 TEST_F(StartUp, FillsTheWindowInOrder) {
   PutTwoWorkouts();

@@ -54,6 +54,8 @@ TEST_F(UndoInTheWindow, SaysInTheMenuWhatItIs) {
 
 TEST_F(UndoInTheWindow, HasTheUsualKeys) {
   RemoveFirst();
+  form->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
   QTest::keyClick(form.get(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(GetFile("workouts/Monday.RPV"), before);
   EXPECT_EQ(List("ExerciseList").SelectedRow(), 0);

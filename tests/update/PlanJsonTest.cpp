@@ -21,7 +21,7 @@ QJsonObject Plan(const DryRun& run) { return Parsed(run)["plans"].toArray()[0].t
 
 QJsonObject Exercise(const DryRun& run) { return Plan(run)["exercises"].toArray()[0].toObject(); }
 
-QJsonObject File(const DryRun& run, int index) {
+QJsonObject FileNumber(const DryRun& run, int index) {
   return Exercise(run)["files"].toArray()[index].toObject();
 }
 
@@ -41,12 +41,12 @@ TEST(PlanJson, NamesItsFormatItsVersionAndTheDay) {
 }
 
 TEST(PlanJson, HasTheFilesWithTheirTimesAndSizes) {
-  EXPECT_EQ(Compact(File(SampleDryRun(), 0)),
+  EXPECT_EQ(Compact(FileNumber(SampleDryRun(), 0)),
             R"({"bytes":61000,"estimated":true,"example":false,"kind":"instruction",)"
             R"("name":"RV001-Instructions.mp3","seconds":7,)"
             R"("title":"Squat - 1 set, 52.5kg for 10reps"})");
   EXPECT_EQ(
-      Compact(File(SampleDryRun(), 2)),
+      Compact(FileNumber(SampleDryRun(), 2)),
       R"({"bytes":4750001,"estimated":false,"example":true,"kind":"song",)"
       R"("name":"RV003-Drawn.mp3","seconds":201,"source":"/music/Drawn.mp3","title":"Song"})");
 }
@@ -97,7 +97,7 @@ TEST(PlanJson, HasNullForWhatThereIsNot) {
   plan.problems[0].exercise = kNoExercise;
   plan.problems[0].row = -1;
   EXPECT_TRUE(Plan(run)["room"].isNull());
-  EXPECT_TRUE(File(run, 1)["seconds"].isNull());
+  EXPECT_TRUE(FileNumber(run, 1)["seconds"].isNull());
   EXPECT_TRUE(Plan(run)["problems"].toArray()[0].toObject()["exercise"].isNull());
   EXPECT_TRUE(Plan(run)["problems"].toArray()[0].toObject()["row"].isNull());
 }
@@ -115,7 +115,7 @@ TEST(PlanJson, HasNumbersAsPeopleReadThem) {
 TEST(PlanJson, KeepsBytesThatAreNotUtf8) {
   DryRun run = SampleDryRun();
   run.plans[0].exercises[0].files[1].source = "/m\xfcsic";
-  const QJsonObject file = File(run, 1);
+  const QJsonObject file = FileNumber(run, 1);
   EXPECT_EQ(file["source"].toString(), "/m" + QString(QChar::ReplacementCharacter) + "sic");
   EXPECT_EQ(file["sourceBytes"].toString(), "2f6dfc736963");
   EXPECT_FALSE(file.contains("nameBytes"));

@@ -13,7 +13,6 @@
 #include "base/FileNames.h"
 #include "editing/LoadedWorkout.h"
 #include "editing/RestoreBackup.h"
-#include "editing/StartUp.h"
 #include "keeping/PendingRestore.h"
 #include "keeping/Versions.h"
 #include "update/RestoreAtStart.h"
@@ -247,37 +246,6 @@ TEST_F(RestoreBackupCommand, NeverReplacesAVersion) {
   Restore();
   EXPECT_EQ(GetTextFile(path), "another");
   EXPECT_EQ(GetTextFile(NextVersionPath(path)), saved_.at(path));
-}
-
-class NoOutputs : public AudioOutputs {
- public:
-  std::vector<std::string> Names() override { return {}; }
-};
-
-/// A start after a restore that was decided: its settings have other default times.
-class StartAfterARestore : public EditorFixture {
- protected:
-  StartAfterARestore() {
-    SettingsRecord restored;
-    restored.DefaultExerciseTime = 9;
-    RestoreStage stage("");
-    stage.Add("settings.dat", EncodeSettings(restored));
-    stage.Commit();
-  }
-
-  NoOutputs outputs_;
-};
-
-TEST_F(StartAfterARestore, FinishesItBeforeItReadsAnything) {
-  Form_Load(editor, outputs_);
-  EXPECT_EQ(state.Settings.DefaultExerciseTime, 9);
-  EXPECT_THAT(dialogs.asked, IsEmpty());
-}
-
-TEST_F(StartAfterARestore, ReadsNothingThatIsHalfRestored) {
-  PutFile("settings.dat/in the way", "");
-  EXPECT_THROW(Form_Load(editor, outputs_), RestoreUnfinished);
-  EXPECT_THAT(dialogs.asked, IsEmpty());
 }
 
 /// The files of a restore that was decided, but of which one could not be put in place.

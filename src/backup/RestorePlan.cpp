@@ -62,8 +62,9 @@ void AddLines(const std::string& verb, const Paths& paths, const std::string& re
   for (const KindTexts& texts : kKinds) {
     const auto found = paths.find(texts.kind);
     if (found == paths.end()) continue;
-    std::string line = verb + " " + CountOf(texts, found->second.size()) + remark;
-    if (texts.areNamed) line += ": " + NamesOf(found->second);
+    std::string line = verb;
+    line.append(" ").append(CountOf(texts, found->second.size())).append(remark);
+    if (texts.areNamed) line.append(": ").append(NamesOf(found->second));
     lines.push_back(line + ".");
   }
 }

@@ -150,9 +150,10 @@ bool IsRestorePending(const std::string& programDirectory) {
 
 void FinishRestore(const std::string& programDirectory) {
   if (IsRestorePending(programDirectory)) {
+    const std::string files = programDirectory + kRestoredFiles;
     std::set<std::string> folders;
     for (const std::string& name : ReadJournal(programDirectory + kRestoreJournal)) {
-      PutInPlace(programDirectory + kRestoredFiles + name, programDirectory + name);
+      PutInPlace(files + name, programDirectory + name);
       AddFoldersOf(name, programDirectory, folders);
     }
     FlushFolders(folders);

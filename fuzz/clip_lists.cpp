@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "base/FileNames.h"
+#include "base/ProgramFiles.h"
 #include "base/Text.h"
 #include "clips/ClipLists.h"
 
@@ -14,15 +15,22 @@ namespace {
 
 constexpr const char* kList = "list.txt";
 
-void RequireSafe(const std::vector<ClipWords>& clips, std::size_t mostClips,
-                 std::string_view folder) {
+void RequireSafe(const std::vector<ClipWords>& clips, std::size_t mostClips) {
   Require(clips.size() <= mostClips, "a line is one clip at the most");
   for (const ClipWords& clip : clips) {
-    Require(clip.file.starts_with(folder), "the folder");
-    const std::string name = clip.file.substr(folder.size());
+    const bool isOfExercise = clip.file.starts_with(kNameClipSubfolder);
+    const std::string name =
+        clip.file.substr(isOfExercise ? std::string_view(kNameClipSubfolder).size() : 0);
     Require(IsFileName(name) && name.find('/') == std::string::npos, "a clip's file is a name");
-    Require(!clip.words.empty() && TrimBlanks(clip.words) == clip.words, "a clip has words");
+    Require(TrimBlanks(clip.words) == clip.words, "words have no blanks around them");
     Require(IsUtf8(clip.words), "words are UTF-8");
+  }
+}
+
+void RequireNames(const std::vector<ClipWords>& clips) {
+  for (const ClipWords& clip : clips) {
+    Require(clip.file.starts_with(kNameClipSubfolder), "the folder");
+    Require(!clip.words.empty(), "a name is spoken");
   }
 }
 
@@ -43,7 +51,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     names = ReadNameList(kList);
     Succeeds<ClipError>([&] { words = ReadWordList(kList); });
   }
-  RequireSafe(names, lines, "exercise/");
-  RequireSafe(words, lines, "");
+  RequireSafe(names, lines);
+  RequireNames(names);
+  RequireSafe(words, lines);
+  Require(RemarksOn(words, kList).size() <= words.size() * 2 + 1, "remarks are about lines");
   return 0;
 }

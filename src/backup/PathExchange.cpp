@@ -8,6 +8,7 @@
 
 #include "app/Options.h"
 #include "app/RecordFormat.h"
+#include "backup/BackupContents.h"
 #include "base/FileNames.h"
 #include "base/SingleByteText.h"
 #include "base/Text.h"

@@ -5,10 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "backup/BackupContents.h"
 #include "base/Bytes.h"
 
 namespace repvolta {
+
+enum class BackupKind;
 
 /// A folder of the computer where a backup was made, and the same folder here. Paths have no
 /// separator at their ends.

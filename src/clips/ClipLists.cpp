@@ -49,7 +49,8 @@ std::string FileOf(const std::string& clip) {
     const std::string file = clip + kClipExtension;
     return IsFileName(file) && !clip.empty() ? file : "";
   }
-  const std::string exercise = clip.substr(std::string_view(kNameClipSubfolder).size());
+  const std::string_view exercise =
+      TrimBlanks(std::string_view(clip).substr(std::string_view(kNameClipSubfolder).size()));
   return exercise.empty() ? "" : kNameClipSubfolder + AsFileName(exercise, kNameClipExtension);
 }
 

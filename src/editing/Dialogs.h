@@ -13,6 +13,7 @@
 #include "editing/FolderQuestion.h"
 #include "editing/LongWork.h"
 #include "editing/Preview.h"
+#include "editing/RestoreQuestion.h"
 
 namespace repvolta {
 
@@ -56,6 +57,9 @@ class Dialogs {
   /// Runs `work`; when it takes longer than a moment, a window shows `text` and how much is done,
   /// and can stop it. Throws what `work` throws.
   virtual void ShowWork(std::string_view text, const LongWork& work) = 0;
+
+  /// RestoreBackupForm. Returns the exchanges that the person wants; nothing when it was cancelled.
+  virtual std::optional<std::vector<PathExchange>> AskRestore(const RestoreQuestion& question) = 0;
 
   /// PreviewForm. `plan` is called before it is shown and can take a moment; what it throws is
   /// passed on. Without `listening` nothing can be listened to.

@@ -65,6 +65,9 @@ class EditedProgram {
   /// The person knows why no version was kept.
   void RememberUnkeptTold() const { program_.state.Kept.isFailureTold = true; }
 
+  /// Files of a restored backup are not all in place, so nothing may be saved; or they are.
+  void RememberPendingRestore(bool isPending) const { program_.state.RestoreIsPending = isPending; }
+
   void UpdateAllWorkouts(bool all) const { program_.state.UpdatingAllWorkouts = all; }
 
  private:

@@ -4,11 +4,14 @@
 #include <exception>
 #include <utility>
 
+#include "base/File.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "base/Folder.h"
 #include "base/ProgramFiles.h"
 #include "base/RenameToNew.h"
 #include "base/Text.h"
+#include "base/WholeFile.h"
 #include "editing/StepStack.h"
 #include "keeping/KeepWorkout.h"
 #include "keeping/Versions.h"
@@ -33,6 +36,29 @@ void Add(UndoStep& step, const FileChange& change) {
   }
   known->after = change.after;
   known->isSaved = change.isSaved;
+}
+
+std::string PathOf(const NewWorkoutFile& file) { return ExistingName(kWorkoutFolder + file.name); }
+
+void PutUnseen(const NewWorkoutFile& file) {
+  if (file.bytes) {
+    MakeFolder(kWorkoutFolder);
+    WriteWholeFile(PathOf(file), *file.bytes);
+  } else {
+    RemoveFile(PathOf(file));
+  }
+}
+
+/// Without looking what the files hold, which cannot be read.
+std::string ReplaceUnseen(const EditedProgram& program, BeforeWhat what,
+                          const std::vector<NewWorkoutFile>& files) {
+  std::string unkept;
+  for (const NewWorkoutFile& file : files) {
+    const std::string failure = KeepBefore(what, PathOf(file), program.state, program.clock.Now());
+    if (unkept.empty()) unkept = failure;
+  }
+  for (const NewWorkoutFile& file : files) PutUnseen(file);
+  return unkept;
 }
 
 }  // namespace
@@ -112,10 +138,14 @@ std::string History::ReplaceFiles(const StepDescription& step, BeforeWhat what,
                                   const std::vector<NewWorkoutFile>& files) {
   UndoStep whole{step, {}, std::nullopt};
   for (const NewWorkoutFile& file : files) {
-    const std::string path = ExistingName(kWorkoutFolder + file.name);
-    FileChange change = StepWatch(program_.state, StepWatch::Of::kFile, path, steps_->Latest(path),
-                                  steps_->Unsaved(path))
-                            .Beginning();
+    const std::string path = PathOf(file);
+    const StepWatch watch(program_.state, StepWatch::Of::kFile, path, steps_->Latest(path),
+                          steps_->Unsaved(path));
+    if (!watch.IsKnown()) {
+      Clear();
+      return ReplaceUnseen(program_, what, files);
+    }
+    FileChange change = watch.Beginning();
     change.after = file.bytes ? FileState(*file.bytes, change.before) : FileState();
     if (!change.IsNone()) whole.files.push_back(std::move(change));
   }

@@ -41,6 +41,12 @@ void ListWorkouts(const Editor& editor) {
   editor.screen.ShowWorkoutNames();
 }
 
+int PlaceInList(const ProgramState& state, const std::string& fileName) {
+  const auto& names = state.WorkoutNames;
+  const auto found = std::find(names.begin(), names.end(), fileName);
+  return found == names.end() ? -1 : static_cast<int>(found - names.begin());
+}
+
 WorkoutLoad LoadOrSayNotFound(const Editor& editor) {
   const WorkoutLoad load = editor.program.ReadWorkout();
   if (load == WorkoutLoad::kNotFound) editor.dialogs.ShowMessage("Error: Workout file not found");

@@ -11,6 +11,9 @@ namespace repvolta {
 /// FileError.
 void ListWorkouts(const Editor& editor);
 
+/// The place of a workout file in WorkoutDropBox, or -1.
+int PlaceInList(const ProgramState& state, const std::string& fileName);
+
 /// Loads the workout of WorkoutFileName and shows it on both tabs. A message reports a missing file
 /// or a damaged workout. Throws FileError when the file cannot be read, and what the tabs throw
 /// when the workout cannot be shown as a whole.

@@ -1,5 +1,6 @@
 #include "editing/StartUp.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "app/Options.h"
@@ -41,14 +42,23 @@ void ClampLastWorkoutIndex(const EditedProgram& program) {
   if (index < 0 || index > program.state.NumberOfWorkouts - 1) index = 0;
 }
 
-void LoadLastWorkout(const Editor& editor) {
+/// Where the workout in memory stands in the list, else the one that was last chosen.
+int RowOfWorkout(const ProgramState& state) {
+  const auto& names = state.WorkoutNames;
+  const auto found = std::ranges::find(names, state.WorkoutFileName);
+  return found == names.end() ? state.Settings.LastWorkoutIndex
+                              : static_cast<int>(found - names.begin());
+}
+
+/// Loads the workout that stands there in the list.
+void LoadListedWorkout(const Editor& editor, int index) {
   const ProgramState& state = editor.State();
   MainScreen& screen = editor.screen;
   if (state.NumberOfWorkouts < 1) {
+    editor.program.NameWorkout("");
     screen.EnableWorkoutControls();
     return;
   }
-  const int index = state.Settings.LastWorkoutIndex;
   editor.program.NameWorkout(state.WorkoutNames.at(static_cast<std::size_t>(index)));
   screen.EnableWorkoutControls();
   screen.SelectWorkout(index);
@@ -129,8 +139,24 @@ void Form_Load(const Editor& editor, AudioOutputs& outputs) {
   Try(editor, [&] { LoadOptionsAndTell(editor); });
   const ScreenUpdate updating = editor.program.BeginScreenUpdate();
   ClampLastWorkoutIndex(editor.program);
-  Try(editor, [&] { LoadLastWorkout(editor); });
+  Try(editor, [&] { LoadListedWorkout(editor, state.Settings.LastWorkoutIndex); });
   SetUpSpeech(editor, outputs);
+  CountMusic(editor);
+  editor.screen.UpdateSettingsScreen();
+}
+
+void ReadAndShowAll(const Editor& editor) {
+  const ProgramState& state = editor.State();
+  Try(editor, [&] { MakeProgramDirectoryCurrent(state); });
+  Try(editor, [&] { ListWorkouts(editor); });
+  Try(editor, [&] { editor.program.ReadSettings(); });
+  Try(editor, [&] { LoadOptionsAndTell(editor); });
+  const ScreenUpdate updating = editor.program.BeginScreenUpdate();
+  ClampLastWorkoutIndex(editor.program);
+  Try(editor, [&] { LoadListedWorkout(editor, RowOfWorkout(state)); });
+  editor.program.StartVoice();
+  Try(editor, [&] { editor.screen.ShowVoices(editor.program.speech.VoiceNames()); });
+  editor.screen.ShowFormats();
   CountMusic(editor);
   editor.screen.UpdateSettingsScreen();
 }

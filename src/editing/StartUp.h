@@ -11,6 +11,10 @@ namespace repvolta {
 /// step is shown, and the start continues.
 void Form_Load(const Editor& editor, AudioOutputs& outputs);
 
+/// Reads and shows everything again, because other files are there now. The workout in memory is
+/// loaded if its file is there, else the one that was last chosen. Failures are shown.
+void ReadAndShowAll(const Editor& editor);
+
 /// The guided set-up, which asks for the folders and writes the first settings file. Returns false,
 /// and does nothing, when there is a settings file. The program directory must be current. If the
 /// settings cannot be written, a message says so and the answers stay in memory.

@@ -29,7 +29,8 @@ Found Look(const std::string& path, const FileState& like) {
 
 [[noreturn]] void RefuseChanged(const std::string& path) {
   throw FileError(path, kFailure,
-                  "Another program has changed or deleted it meanwhile. It stays as it is.");
+                  "Another program has changed or deleted it meanwhile. It stays as it is. Earlier "
+                  "states are in the menu Workout under \"Restore an Earlier Version ...\".");
 }
 
 Found LookAndExpect(const FileTransition& transition) {

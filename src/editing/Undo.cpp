@@ -2,18 +2,13 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
 #include "editing/LoadedWorkout.h"
 
 namespace repvolta {
 namespace {
 
 constexpr int kNone = -1;
-
-int IndexOf(const ProgramState& state, const std::string& name) {
-  const auto& names = state.WorkoutNames;
-  const auto found = std::find(names.begin(), names.end(), name);
-  return found == names.end() ? kNone : static_cast<int>(found - names.begin());
-}
 
 void ShowNoWorkout(const Editor& editor) {
   editor.program.NameWorkout("");
@@ -61,7 +56,7 @@ void GoTo(const Editor& editor, const StepPlace& place) {
   if (!LoadNamed(editor, place.workout)) return;
   const int last = std::max(0, editor.State().NumberOfExercises - 1);
   editor.program.SelectExercise(std::clamp(place.exercise, 0, last));
-  editor.screen.SelectWorkout(IndexOf(editor.State(), place.workout));
+  editor.screen.SelectWorkout(PlaceInList(editor.State(), place.workout));
   editor.screen.EnableWorkoutControls();
   editor.screen.ShowTab(place.tab);
   ShowExercise(editor);
@@ -90,7 +85,9 @@ StepDescription StepOfRow(const Editor& editor, const std::string& name, StepPla
 }
 
 std::string StepName(const std::string& what, const std::string& name) {
-  return what + " '" + name + "'";
+  constexpr std::size_t kLongestName = 40;  // bytes; a longer one would make the menu too wide
+  if (name.size() <= kLongestName) return what + " '" + name + "'";
+  return what + " '" + std::string(CutUtf8(name, kLongestName)) + "...'";
 }
 
 }  // namespace repvolta

@@ -28,7 +28,7 @@ StepDescription StepOfExercise(const Editor& editor, const std::string& name);
 StepDescription StepOfRow(const Editor& editor, const std::string& name, StepPlace::List list,
                           int undone, int done);
 
-/// "Remove Exercise 'Bench Press'".
+/// "Remove Exercise 'Bench Press'"; a long name is cut.
 std::string StepName(const std::string& what, const std::string& name);
 
 }  // namespace repvolta

@@ -1,7 +1,5 @@
 #include "editing/WorkoutCopies.h"
 
-#include <algorithm>
-
 #include "app/WorkoutDamage.h"
 #include "base/File.h"
 #include "base/FileNames.h"
@@ -37,9 +35,7 @@ std::string FreePath(const Editor& editor, const std::string& name, const std::s
 /// Lists the workouts anew and selects that of the file without loading it.
 void ListAndSelect(const Editor& editor, const std::string& path) {
   ListWorkouts(editor);
-  const auto& names = editor.State().WorkoutNames;
-  const auto found = std::find(names.begin(), names.end(), FileName(path));
-  editor.screen.SelectWorkout(found == names.end() ? -1 : static_cast<int>(found - names.begin()));
+  editor.screen.SelectWorkout(PlaceInList(editor.State(), FileName(path)));
 }
 
 /// Says why there is no room for one more exercise.

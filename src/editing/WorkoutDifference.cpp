@@ -22,13 +22,10 @@ bool DifferInNameOnly(ExerciseRecord a, const ExerciseRecord& b) {
   return a == b;
 }
 
-/// Of the same kind, with the same songs or the same numbers.
+/// Of the same kind, with the same numbers.
 bool AreMuchAlike(const ExerciseRecord& a, const ExerciseRecord& b) {
-  if (a.SetType != b.SetType) return false;
-  const bool haveSongs = a.NumberOfMusicFiles > 0 && a.NumberOfMusicFiles == b.NumberOfMusicFiles;
-  const bool haveSets = a.NumberOfSets > 0 && a.NumberOfSets == b.NumberOfSets;
-  return (haveSongs && a.MusicFile == b.MusicFile) ||
-         (haveSets && a.SetValue1 == b.SetValue1 && a.SetValue2 == b.SetValue2);
+  return a.SetType == b.SetType && a.NumberOfSets > 0 && a.NumberOfSets == b.NumberOfSets &&
+         a.SetValue1 == b.SetValue1 && a.SetValue2 == b.SetValue2;
 }
 
 /// Which exercise of now is the one of then.

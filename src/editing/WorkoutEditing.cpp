@@ -1,6 +1,5 @@
 #include "editing/WorkoutEditing.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
@@ -20,14 +19,6 @@
 
 namespace repvolta {
 namespace {
-
-constexpr int kNone = -1;
-
-int IndexOf(const ProgramState& state, const std::string& name) {
-  const auto& names = state.WorkoutNames;
-  const auto found = std::find(names.begin(), names.end(), name);
-  return found == names.end() ? kNone : static_cast<int>(found - names.begin());
-}
 
 /// On destruction, puts back the workout that was loaded before, in memory and on the screen,
 /// unless LetNewOneStand() was called.
@@ -149,7 +140,7 @@ void WorkoutDropBox_Click(Editor& editor, const std::string& name) {
   // The workout in memory must not be saved under the name of a file that was not loaded.
   const auto goBack = [&] {
     editor.program.NameWorkout(before);
-    editor.screen.SelectWorkout(IndexOf(state, before));
+    editor.screen.SelectWorkout(PlaceInList(state, before));
   };
   try {
     if (LoadAndShowWorkout(editor) != WorkoutLoad::kLoaded) goBack();

@@ -47,7 +47,8 @@ std::string TimeText(double time) {
   static_cast<void>(
       std::snprintf(text.data(), text.size(), " %02d.%02d.%02d", static_cast<int>(second / 3600),
                     static_cast<int>(second / 60 % 60), static_cast<int>(second % 60)));
-  return IsoDate(static_cast<double>((all - second) / secondsOfDay)) + text.data();
+  const std::int64_t day = (all - second) / secondsOfDay;
+  return IsoDate(static_cast<double>(day)) + text.data();
 }
 
 /// Digits only: -1 for anything else.

@@ -15,6 +15,7 @@ constexpr MenuLine kLines[] = {
     {M::kFile, "ExportAllCsvAction"},
     {M::kFile},
     {M::kFile, "BackUpAction"},
+    {M::kFile, "RestoreBackupAction"},
 
     {M::kWorkout, "WorkoutDropBox", "Choose Workout"},
     {M::kWorkout, "CreateNewWorkoutButton"},

@@ -14,6 +14,7 @@
 
 #include "base/Product.h"
 #include "ui/SheetPages.h"
+#include "ui/WheelGuard.h"
 
 namespace repvolta {
 namespace {
@@ -89,6 +90,7 @@ Printing PrintSheet(const WorkoutSheet& sheet, QWidget* owner) {
   // A file is what "Save as PDF ..." makes.
   dialog.setOptions(QAbstractPrintDialog::PrintPageRange | QAbstractPrintDialog::PrintShowPageSize |
                     QAbstractPrintDialog::PrintCollateCopies);
+  new WheelGuard(&dialog);
   if (dialog.exec() != QDialog::Accepted) return Printing::kCancelled;
   DrawOnPrinter(sheet, printer);
   return Printing::kSent;

@@ -16,6 +16,7 @@
 #include "ui/MessageBox.h"
 #include "ui/MusicFileDialog.h"
 #include "ui/PreviewForm.h"
+#include "ui/RestoreBackupForm.h"
 #include "ui/RestoreVersionForm.h"
 #include "ui/RowList.h"
 #include "ui/SelectDirectory.h"
@@ -103,6 +104,12 @@ std::string QtDialogs::ChooseFileToOpen(const FileQuestion& question) {
 
 void QtDialogs::ShowWork(std::string_view text, const LongWork& work) {
   RunInSight(owner_, text, work);
+}
+
+std::optional<std::vector<PathExchange>> QtDialogs::AskRestore(const RestoreQuestion& question) {
+  RestoreBackupForm form(question, owner_);
+  if (form.exec() != QDialog::Accepted) return std::nullopt;
+  return form.Exchanges();
 }
 
 PreviewOutcome QtDialogs::ShowPreview(const std::function<Preview()>& plan, Listening* listening) {

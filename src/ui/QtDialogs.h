@@ -32,6 +32,7 @@ class QtDialogs : public Dialogs {
   std::string ChooseFileToSave(const FileQuestion& question) override;
   std::string ChooseFileToOpen(const FileQuestion& question) override;
   void ShowWork(std::string_view text, const LongWork& work) override;
+  std::optional<std::vector<PathExchange>> AskRestore(const RestoreQuestion& question) override;
   PreviewOutcome ShowPreview(const std::function<Preview()>& plan, Listening* listening) override;
   std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) override;
   void ShowAbout() override;

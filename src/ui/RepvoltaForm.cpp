@@ -15,6 +15,7 @@
 #include "base/Text.h"
 #include "editing/LoadedWorkout.h"
 #include "editing/PreviewCommands.h"
+#include "editing/RestoreBackup.h"
 #include "editing/StartUp.h"
 #include "editing/UpdateCommands.h"
 #include "ui/BackupActions.h"
@@ -191,6 +192,7 @@ void RepvoltaForm::PreviewAction_Trigger() {
 
 /// The selection is kept, because the command acts on the rows that the person selected.
 void RepvoltaForm::ReloadWorkout() {
+  FinishPendingRestore(editor_);
   const KeptRow exercise = workoutTab_->KeepSelection();
   const KeptRow music = exerciseTab_->KeepSelection();
   ReloadChangedWorkout(editor_);

@@ -13,7 +13,8 @@ constexpr int kValue = 22;
 constexpr int kNumber = 14;
 constexpr int kSmall = 9;
 
-constexpr qreal kGap = 2;  // millimetres
+constexpr qreal kSmallGap = 1;  // millimetres
+constexpr qreal kGap = 2;
 constexpr qreal kBetweenExercises = 7;
 constexpr qreal kRow = 12;
 constexpr qreal kBox = 8;
@@ -79,7 +80,7 @@ SheetPiece Title(const SheetPaper& paper, const SheetExercise& exercise, const s
   Put(piece, {0, piece.height},
       SheetText(paper, exercise.music, paper.Font(kSmall), paper.Width()));
   PutColumnNames(piece, paper, exercise);
-  piece.height += paper.Millimetres(kGap / 2);
+  piece.height += paper.Millimetres(kSmallGap);
   Underline(piece, paper);
   return piece;
 }

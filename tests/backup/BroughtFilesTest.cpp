@@ -9,8 +9,9 @@
 namespace repvolta {
 namespace {
 
-constexpr const char* kLine = "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad  "
-                              "voice/a b.wav\n";
+constexpr const char* kLine =
+    "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad  "
+    "voice/a b.wav\n";
 
 class BroughtFilesTest : public testing::Test {
  protected:

@@ -4,6 +4,7 @@
 
 #include "app/Options.h"
 #include "app/RecordFormat.h"
+#include "backup/BackupContents.h"
 #include "backup/PathExchange.h"
 
 namespace repvolta {

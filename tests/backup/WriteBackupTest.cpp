@@ -172,7 +172,7 @@ TEST_F(WriteBackupTest, TellsHowFarItIs) {
 
 TEST_F(WriteBackupTest, LeavesTheOldBackupWhenItIsStopped) {
   PutFile(kTarget, "old");
-  for (const std::size_t end : {1, 8, 9, 16}) {
+  for (const std::size_t end : {1U, 8U, 9U, 16U}) {
     EXPECT_THROW(Write([&](std::size_t done, std::size_t /*all*/) {
                    if (done >= end) throw 7;
                  }),

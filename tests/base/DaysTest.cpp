@@ -37,9 +37,7 @@ TEST(IsoDate, HasYearMonthAndDay) {
   EXPECT_EQ(IsoDate(-0.5), "1899-12-29");
 }
 
-TEST(IsoDate, IsRefusedBeyondTheCalendar) {
-  EXPECT_THROW(IsoDate(1e8), std::overflow_error);
-}
+TEST(IsoDate, IsRefusedBeyondTheCalendar) { EXPECT_THROW(IsoDate(1e8), std::overflow_error); }
 
 }  // namespace
 }  // namespace repvolta

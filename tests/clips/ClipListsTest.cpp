@@ -58,7 +58,7 @@ TEST(ReadWordList, PartsALineAtItsTab) {
 TEST(ReadWordList, TakesTheNameOfAnExerciseAlso) {
   EXPECT_EQ(Read(ReadWordList,
                  "exercise/Bench Press\tBankdr\xC3\xBC"
-                 "cken\nexercise/Push/Up\tx\n"),
+                 "cken\nexercise/ Push/Up \tx\n"),
             "exercise/Bench Press.WAV=Bankdrücken;exercise/Push_Up.WAV=x;");
   EXPECT_THROW(Read(ReadWordList, "exercise/\twords\n"), ClipError);
 }

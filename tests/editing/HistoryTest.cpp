@@ -97,12 +97,7 @@ std::vector<Command> CommandsOfSets() {
       {"Add Set", {"20", "5"}, AddNewSetButton_Click},
       {"Remove Set", {"OK"}, [](Editor& e) { RemoveSelectedSetButton_Click(e, 0); }},
       {"Move Set", {"OK"}, [](Editor& e) { MoveSetUpListButton_Click(e, 1); }},
-      {"Reset Dates",
-       {},
-       [](Editor& e) {
-         static_cast<FakeClock&>(const_cast<Clock&>(e.program.clock)).Set(kToday + 3);
-         ManualDateResetButton_Click(e, 0);
-       }},
+      {"Reset Dates", {}, [](Editor& e) { ManualDateResetButton_Click(e, 0); }},
       {"Change Kind of Sets", {}, [](Editor& e) { SetButton_Click(e, 2); }},
       {"Change Units", {}, [](Editor& e) { UnitsSelection_Click(e, 1); }},
       {"Change First Value", {"99"}, [](Editor& e) { SetList1_DblClick(e, 1); }},
@@ -120,6 +115,7 @@ TEST_F(Undoing, TakesBackEachCommandAsOneStepAndMakesItAgain) {
   for (const Command& command : commands) {
     SCOPED_TRACE(command.step);
     state.CurrentExercise = 0;
+    clock.Set(clock.Now() + 1);
     dialogs.answers.assign(command.answers.begin(), command.answers.end());
     command.run(editor);
     const Bytes after = GetFile(kMonday);
@@ -280,9 +276,11 @@ TEST_F(Undoing, RefusesWhatAnotherProgramHasChanged) {
   Bytes theirs = GetFile(kMonday);
   theirs[100] ^= 1U;
   PutFile(kMonday, theirs);
-  EXPECT_EQ(FailureOf([&] { Undo(); }),
-            "workouts/Monday.RPV could not be changed: Another program has changed or deleted it "
-            "meanwhile. It stays as it is.");
+  EXPECT_EQ(
+      FailureOf([&] { Undo(); }),
+      "workouts/Monday.RPV could not be changed: Another program has changed or deleted it "
+      "meanwhile. It stays as it is. Earlier states are in the menu Workout under \"Restore an "
+      "Earlier Version ...\".");
   EXPECT_EQ(GetFile(kMonday), theirs);
   EXPECT_EQ(editor.history->UndoName(), "Change First Value") << "The step stays.";
   theirs[100] ^= 1U;

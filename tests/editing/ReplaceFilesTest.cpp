@@ -100,6 +100,15 @@ TEST_F(ReplacedFiles, StayAsTheyAreWhenOneOfThemCannotBePutBack) {
   EXPECT_EQ(editor.history->UndoName(), "Restore");
 }
 
+TEST_F(ReplacedFiles, AreReplacedAlsoWhenTheyAreTooLargeToBeHeld) {
+  Replace({{"Monday.RPV", other}});
+  PutFile(kMonday, Bytes(2'000'000));
+  Replace({{"Monday.RPV", before}, {"Friday.RPV", std::nullopt}});
+  EXPECT_EQ(GetFile(kMonday), before);
+  EXPECT_FALSE(fs::exists(kFriday));
+  EXPECT_EQ(editor.history->UndoName(), "");
+}
+
 TEST_F(ReplacedFiles, CannotBeUndoneOnceTheHistoryIsCleared) {
   Replace({{"Monday.RPV", other}});
   editor.history->Clear();

@@ -164,10 +164,13 @@ TEST(WorkoutDifference, FindsARenamedExercise) {
   Exercises now = {Sample("Bench Press")};
   EXPECT_THAT(WorkoutDifference({Sample("Press")}, now),
               ElementsAre("Bench Press: name Press instead of Bench Press"));
-  now[0].SetValue1[0] = 60;
+  now[0].TargetExerciseTime = 60;
   EXPECT_THAT(WorkoutDifference({Sample("Press")}, now),
               ElementsAre("Bench Press: name Press instead of Bench Press",
-                          "Bench Press, set 1: Weight 55 instead of 60"));
+                          "Bench Press: target time 05:20 instead of 01:00"));
+  now[0].SetValue1[0] = 60;
+  EXPECT_THAT(WorkoutDifference({Sample("Press")}, now),
+              ElementsAre("Press: only then", "Bench Press: only now"));
 }
 
 TEST(WorkoutDifference, ComparesExercisesOfOneNameInTheirOrder) {

@@ -59,6 +59,10 @@ class RecordingWindow : public RecordingRun,
   void ShowWork(std::string_view /*text*/, const LongWork& work) override {
     work([](int /*percent*/) {});
   }
+  std::optional<std::vector<PathExchange>> AskRestore(const RestoreQuestion& question) override {
+    static_cast<void>(question.plan(question.exchanges));
+    return question.exchanges;
+  }
   PreviewOutcome ShowPreview(const std::function<Preview()>& /*plan*/,
                              Listening* /*listening*/) override {
     return {};

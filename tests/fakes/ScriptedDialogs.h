@@ -80,6 +80,16 @@ class ScriptedDialogs : public Dialogs {
       shares.push_back(percent);
       if (percent >= stopAt) throw WorkStopped();
     });
+    if (whenWorkEnds) whenWorkEnds();
+  }
+
+  /// The exchanges are those of `restoreAnswer`, or the proposed ones.
+  std::optional<std::vector<PathExchange>> AskRestore(const RestoreQuestion& question) override {
+    asked.push_back("restore|" + question.heading);
+    proposals = question.exchanges;
+    const auto answer = restoreAnswer ? *restoreAnswer : question.exchanges;
+    restorePlan = question.plan(answer).lines;
+    return NextAnswer() == "OK" ? std::optional(answer) : std::nullopt;
   }
 
   PreviewOutcome ShowPreview(const std::function<Preview()>& plan,
@@ -112,6 +122,10 @@ class ScriptedDialogs : public Dialogs {
   PreviewOutcome previewOutcome;
   std::function<std::optional<ChosenVersion>(EarlierVersions&)> chooseVersion;
   std::function<void()> whenAsked;
+  std::function<void()> whenWorkEnds;
+  std::vector<PathExchange> proposals;  // of the last restore
+  std::vector<std::string> restorePlan;
+  std::optional<std::vector<PathExchange>> restoreAnswer;
   std::vector<int> shares;  // per cent of the long works
   int stopAt = 101;         // per cent
 

@@ -9,10 +9,12 @@
 #include "app/Settings.h"
 #include "app/WorkoutFiles.h"
 #include "backup/WriteBackup.h"
+#include "editing/RestoreBackup.h"
 #include "editing/RestoreVersion.h"
 #include "editing/StartUp.h"
 #include "update/MusicListing.h"
 #include "update/RandomMusicList.h"
+#include "update/RestoreAtStart.h"
 
 #include "fakes/FakeServices.h"
 #include "fakes/RecordingWindow.h"
@@ -46,6 +48,27 @@ void StartEditAndExit(ProgramState& state) {
     SaveWorkout(state);
   }
   ExitButton_Click(editor);
+  for (const std::string& message : screen.messages) std::printf("%s\n", message.c_str());
+}
+
+/// Restores the backup "../b.zip" as a person would.
+class BackupRestorer : public RecordingWindow {
+ public:
+  std::string ChooseFileToOpen(const FileQuestion& /*question*/) override {
+    return std::filesystem::current_path().parent_path() / "b.zip";
+  }
+};
+
+void RestoreTheBackup(ProgramState& state) {
+  BackupRestorer screen;
+  FakeSpeech speech;
+  SystemClock clock;
+  ScriptedNumbers random;
+  FakeProcesses processes;
+  Program program{state, clock, random, processes, speech};
+  Editor editor = screen.EditorOf(program);
+  LoadSettings(state);
+  RestoreBackup(editor);
   for (const std::string& message : screen.messages) std::printf("%s\n", message.c_str());
 }
 
@@ -112,6 +135,10 @@ int Run(const std::string& step) {
     StartEditAndExit(state);
   } else if (step == "restore") {
     RestoreNewestVersion(state);
+  } else if (step == "restore-backup") {
+    RestoreTheBackup(state);
+  } else if (step == "finish-restore") {
+    FinishInterruptedRestore(state.ProgramDirectory);
   } else if (step == "list") {
     LoadWorkoutNames(state);
     for (const std::string& name : state.WorkoutNames) std::printf("%s\n", name.c_str());

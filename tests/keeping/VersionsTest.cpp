@@ -43,6 +43,15 @@ TEST_F(Versions, AreTheFileByteForByte) {
   EXPECT_THAT(Contents(), ElementsAre(content));
 }
 
+TEST_F(Versions, AreOnlySaidToBeKeptWhenTheyAre) {
+  EXPECT_FALSE(KeepVersion("workouts/Monday.RPV", BeforeWhat::kChange, today_));
+  Write("1");
+  EXPECT_TRUE(KeepVersion("workouts/Monday.RPV", BeforeWhat::kChange, today_));
+  EXPECT_TRUE(KeepVersion("workouts/Monday.RPV", BeforeWhat::kChange, today_ + 1));
+  fs::resize_file("workouts/Monday.RPV", 1'000'001);
+  EXPECT_FALSE(KeepVersion("workouts/Monday.RPV", BeforeWhat::kChange, today_ + 2));
+}
+
 TEST_F(Versions, AreKeptWhereTheirNamesSay) {
   Write("1");
   Keep(today_ + 0.5, BeforeWhat::kUpdate);

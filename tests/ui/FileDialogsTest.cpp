@@ -26,10 +26,7 @@ const FileQuestion kQuestion = {.name = "TestFileDialog",
 /// The dialogs for one file, which begin in the temporary folder.
 class FileDialogs : public testing::Test {
  protected:
-  FileDialogs() {
-    home_ = qgetenv("HOME");
-    qputenv("HOME", folder_.Path().c_str());
-  }
+  FileDialogs() { qputenv("HOME", folder_.Path().c_str()); }
   ~FileDialogs() override { qputenv("HOME", home_); }
 
   static void Answer(QWidget& box, const QString& name) {
@@ -41,7 +38,7 @@ class FileDialogs : public testing::Test {
   QtDialogs dialogs_{folder_.Path() + "window.ini"};
 
  private:
-  QByteArray home_;
+  QByteArray home_ = qgetenv("HOME");
 };
 
 TEST_F(FileDialogs, SuggestAName) {

@@ -3,6 +3,7 @@
 #include <QPushButton>
 
 #include "keeping/Versions.h"
+#include "ui/Mnemonics.h"
 #include "ui/RestoreVersionForm.h"
 #include "ui/RowTable.h"
 
@@ -33,13 +34,14 @@ class RestoreVersionWindow : public FormFixture {
 
   static void Keep(const std::string& workout, const char* exercise, int hour) {
     const std::string path = "workouts/" + workout + ".RPV";
-    ExerciseSlots workoutOf;
-    workoutOf[0].ExerciseName = exercise;
-    PutFile(path, EncodeWorkout(workoutOf));
+    ExerciseSlots content;
+    content[0].ExerciseName = exercise;
+    PutFile(path, EncodeWorkout(content));
     KeepVersion(path, BeforeWhat::kUpdate, kToday + hour / 24.0);
   }
 
   void Open() {
+    versions.Refresh();
     window = std::make_unique<RestoreVersionForm>(versions);
     window->show();
     window->activateWindow();
@@ -62,7 +64,6 @@ class RestoreVersionWindow : public FormFixture {
 };
 
 TEST_F(RestoreVersionWindow, BeginsAtTheNewestVersionOfThePresentWorkout) {
-  versions.Refresh();
   Open();
   EXPECT_EQ(Workouts().currentText(), "Monday");
   EXPECT_EQ(Versions().SelectedRow(), 0);
@@ -169,7 +170,6 @@ TEST_F(RestoreVersionWindow, StaysWhenNothingIsLeft) {
 
 TEST_F(RestoreVersionWindow, SaysThatThePresentWorkoutHasNoVersion) {
   fs::remove_all("versions/Monday");
-  versions.Refresh();
   Open();
   EXPECT_EQ(Notice(), "No version of Monday is kept.");
   EXPECT_FALSE(Restore().isEnabled());
@@ -199,7 +199,7 @@ TEST_F(RestoreVersionWindow, IsOpenedFromTheMenuAlsoWithoutAWorkout) {
   form->EnableWorkoutControls();
   auto& action = Get<QAction>("RestoreVersionAction");
   EXPECT_TRUE(action.isEnabled());
-  EXPECT_EQ(action.text(), "Restore an Earlier Version ...");
+  EXPECT_EQ(WithoutMnemonic(action.text()).toStdString(), "Restore an Earlier Version ...");
   action.trigger();
   EXPECT_THAT(dialogs.asked, ElementsAre("version"));
 }

@@ -151,7 +151,7 @@ std::string History::ReplaceFiles(const StepDescription& step, BeforeWhat what,
   }
   if (whole.files.empty()) return "";
   const auto transitions = TransitionsOf(whole, Forwards);
-  const std::string unkept = KeepVersions(transitions, what);
+  std::string unkept = KeepVersions(transitions, what);
   PutAll(transitions);
   steps_->Push(std::move(whole));
   return unkept;
@@ -159,7 +159,7 @@ std::string History::ReplaceFiles(const StepDescription& step, BeforeWhat what,
 
 std::string History::Rename(const StepDescription& step, const std::string& from,
                             const std::string& to) {
-  const std::string failure = MoveWorkout(from, to);
+  std::string failure = MoveWorkout(from, to);
   steps_->Push({step, {}, std::pair(from, to)});
   return failure;
 }
@@ -198,13 +198,13 @@ std::string History::KeepVersion(const FileTransition& transition, std::optional
   ProgramState other;
   other.WorkoutFileName = FileName(transition.path);
   other.Kept = state.Kept;
-  const std::string unkept = KeepBeforeChange(other, now);
+  std::string unkept = KeepBeforeChange(other, now);
   state.Kept = other.Kept;
   return unkept;
 }
 
 std::string History::Put(const std::vector<FileTransition>& transitions) {
-  const std::string unkept = KeepVersions(transitions, std::nullopt);
+  std::string unkept = KeepVersions(transitions, std::nullopt);
   PutAll(transitions);
   return unkept;
 }

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <limits>
+#include <numeric>
 #include <optional>
 #include <set>
 
@@ -43,18 +46,42 @@ std::vector<bool> KeptByAge(const std::vector<AgedVersion>& versions, double now
   return kept;
 }
 
+/// How much is lost with the version at `index` of `kept`: the time between its neighbours,
+/// compared with its age. The oldest one is lost last of all, since it reaches back farthest.
+double LossOf(std::size_t index, const std::vector<std::size_t>& kept,
+              const std::vector<AgedVersion>& versions, double now) {
+  if (index == 0) return std::numeric_limits<double>::infinity();
+  const double age = std::max(0.0, now - versions[kept[index]].time);
+  return (versions[kept[index + 1]].time - versions[kept[index - 1]].time) / (age + kAllKept);
+}
+
+/// Leaves out of `kept`, indices into `versions`, what does not fit, but not the newest one.
+void MakeFit(std::vector<std::size_t>& kept, const std::vector<AgedVersion>& versions, double now) {
+  std::uint64_t bytes = 0;
+  for (const std::size_t i : kept) bytes += versions[i].bytes;
+  while (bytes > kMostBytes && kept.size() > 1) {
+    std::size_t least = 0;
+    for (std::size_t i = 1; i + 1 < kept.size(); ++i) {
+      if (LossOf(i, kept, versions, now) < LossOf(least, kept, versions, now)) least = i;
+    }
+    bytes -= versions[kept[least]].bytes;
+    kept.erase(kept.begin() + static_cast<std::ptrdiff_t>(least));
+  }
+}
+
 }  // namespace
 
 std::vector<std::size_t> VersionsToDrop(const std::vector<AgedVersion>& versions, double now) {
-  std::vector<bool> kept = KeptByAge(versions, now);
-  std::uint64_t bytes = 0;
+  const std::vector<bool> isKeptByAge = KeptByAge(versions, now);
+  std::vector<std::size_t> kept;
+  std::vector<std::size_t> all(versions.size());
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  std::copy_if(all.begin(), all.end(), std::back_inserter(kept),
+               [&](std::size_t i) { return isKeptByAge[i] || i + 1 == versions.size(); });
+  MakeFit(kept, versions, now);
   std::vector<std::size_t> dropped;
-  for (std::size_t i = versions.size(); i-- > 0;) {
-    const bool isNewest = i + 1 == versions.size();
-    if (kept[i]) bytes += versions[i].bytes;
-    if (!isNewest && (!kept[i] || bytes > kMostBytes)) dropped.push_back(i);
-  }
-  std::reverse(dropped.begin(), dropped.end());
+  std::set_difference(all.begin(), all.end(), kept.begin(), kept.end(),
+                      std::back_inserter(dropped));
   return dropped;
 }
 

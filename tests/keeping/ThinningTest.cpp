@@ -48,7 +48,15 @@ TEST(Thinning, KeepsTheNewestHoweverOldItIs) {
 
 TEST(Thinning, KeepsNoMoreThanTwoMegabytes) {
   EXPECT_THAT(VersionsToDrop(At({kToday, kToday + 0.1, kToday + 0.2}, 800'000), kToday + 0.5),
-              ElementsAre(0));
+              ElementsAre(1));
+}
+
+TEST(Thinning, LosesAtTheLimitWhatIsNearestToItsNeighboursForItsAge) {
+  EXPECT_THAT(VersionsToDrop(At({kToday - 20, kToday - 10, kToday - 3, kToday - 2, kToday - 1,
+                                 kToday - 0.9, kToday, kToday + 0.1},
+                                266'240),
+                             kToday + 0.2),
+              ElementsAre(5));
 }
 
 TEST(Thinning, KeepsTheNewestHoweverLargeItIs) {
@@ -61,25 +69,50 @@ TEST(Thinning, TakesALaterTimeForToday) {
 
 TEST(Thinning, OfNothingDropsNothing) { EXPECT_THAT(VersionsToDrop({}, kToday), IsEmpty()); }
 
-/// However often it is done, one version a period stays: nobody loses a week by updating daily.
-TEST(Thinning, DoneDailyForTwoYearsLeavesSomethingOfEachWeekOfTheLastOne) {
+/// The ages in days of what is left when a version is added `perDay` times a day.
+std::vector<double> AgesAfter(int days, int perDay, std::uint64_t bytes) {
   std::vector<AgedVersion> versions;
-  for (int day = 0; day < 730; ++day) {
-    const double now = kToday + day;
-    versions.push_back({now, kSmall});
+  for (int added = 0; added < days * perDay; ++added) {
+    const double now = kToday + static_cast<double>(added) / perDay;
+    versions.push_back({now, bytes});
     const auto dropped = VersionsToDrop(versions, now);
     for (auto i = dropped.rbegin(); i != dropped.rend(); ++i) {
       versions.erase(versions.begin() + static_cast<std::ptrdiff_t>(*i));
     }
   }
-  const double last = kToday + 729;
-  for (int week = 52; week >= 2; --week) {
-    const double begin = last - 7 * week;
-    EXPECT_TRUE(std::ranges::any_of(versions, [&](const AgedVersion& version) {
-      return version.time >= begin && version.time < begin + 14;
-    })) << last - begin;
+  std::vector<double> ages(versions.size());
+  std::ranges::transform(versions, ages.begin(), [&](const AgedVersion& version) {
+    return versions.back().time - version.time;
+  });
+  return ages;
+}
+
+bool HasAgeWithin(const std::vector<double>& ages, double youngest, double oldest) {
+  return std::ranges::any_of(ages, [&](double age) { return age >= youngest && age <= oldest; });
+}
+
+/// A mistake that is found after a week or a month still has a version from before it.
+TEST(Thinning, OfWholeWorkoutsReachesBackForWeeksHoweverOftenOneIsKept) {
+  for (const int perDay : {1, 2, 20}) {
+    for (const int days : {60, 200, 800}) {
+      SCOPED_TRACE(std::to_string(perDay) + " a day for " + std::to_string(days) + " days");
+      const std::vector<double> ages = AgesAfter(days, perDay, 266'240);
+      EXPECT_EQ(ages.size(), 7U);
+      EXPECT_TRUE(HasAgeWithin(ages, 0.5, 2.5));
+      EXPECT_TRUE(HasAgeWithin(ages, 3, 8.5));
+      EXPECT_TRUE(HasAgeWithin(ages, 9, 31));
+      EXPECT_TRUE(HasAgeWithin(ages, 31, 366));
+    }
   }
-  EXPECT_LT(versions.size(), 31U + 54U);
+}
+
+/// However often it is done, one version a period stays: nobody loses a week by updating daily.
+TEST(Thinning, DoneDailyForTwoYearsLeavesSomethingOfEachWeekOfTheLastOne) {
+  const std::vector<double> ages = AgesAfter(730, 1, kSmall);
+  for (int week = 52; week >= 2; --week) {
+    EXPECT_TRUE(HasAgeWithin(ages, 7 * week - 13, 7 * week)) << week;
+  }
+  EXPECT_LT(ages.size(), 31U + 54U);
 }
 
 }  // namespace

@@ -55,7 +55,7 @@ std::string WeaknessText(const std::string& weakness) {
 BackupResult WriteInSight(const Editor& editor, const std::string& target,
                           const BackupOrigin& origin) {
   BackupResult result;
-  editor.dialogs.ShowWork("Backing up ...", [&](const ReportWork& report) {
+  editor.dialogs.ShowLongWork("Backing up ...", [&](const ReportWork& report) {
     result = WriteBackup(target, origin, [&](std::size_t done, std::size_t all) {
       report(all == 0 ? 0 : static_cast<int>(done * 100 / all));
     });

@@ -56,7 +56,7 @@ class Dialogs {
 
   /// Runs `work`; when it takes longer than a moment, a window shows `text` and how much is done,
   /// and can stop it. Throws what `work` throws.
-  virtual void ShowWork(std::string_view text, const LongWork& work) = 0;
+  virtual void ShowLongWork(std::string_view text, const LongWork& work) = 0;
 
   /// RestoreBackupForm. Returns the exchanges that the person wants; nothing when it was cancelled.
   virtual std::optional<std::vector<PathExchange>> AskRestore(const RestoreQuestion& question) = 0;

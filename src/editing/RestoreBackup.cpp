@@ -34,7 +34,7 @@ BackupWatch WatchOf(const ReportWork& report) {
 /// The whole backup, read once.
 std::unique_ptr<BackupRestore> Check(const Editor& editor, const std::string& file) {
   std::unique_ptr<BackupRestore> restore;
-  editor.dialogs.ShowWork("Checking the backup ...", [&](const ReportWork& report) {
+  editor.dialogs.ShowLongWork("Checking the backup ...", [&](const ReportWork& report) {
     restore = std::make_unique<BackupRestore>(file, WatchOf(report));
     restore->SetWatch({});
   });
@@ -100,7 +100,7 @@ Precautions Decide(const Editor& editor, BackupRestore& restore,
                    const std::vector<PathExchange>& exchanges) {
   const std::string& directory = editor.State().ProgramDirectory;
   Precautions done;
-  editor.dialogs.ShowWork("Restoring ...", [&](const ReportWork& report) {
+  editor.dialogs.ShowLongWork("Restoring ...", [&](const ReportWork& report) {
     FinishRestore(directory);
     RestoreStage stage(directory);
     restore.SetWatch(WatchOf(report));

@@ -102,7 +102,7 @@ std::string QtDialogs::ChooseFileToOpen(const FileQuestion& question) {
   return PickFile(owner_, question, FileChoice::kToOpen, layoutFile_);
 }
 
-void QtDialogs::ShowWork(std::string_view text, const LongWork& work) {
+void QtDialogs::ShowLongWork(std::string_view text, const LongWork& work) {
   RunInSight(owner_, text, work);
 }
 

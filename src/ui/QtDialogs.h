@@ -31,7 +31,7 @@ class QtDialogs : public Dialogs {
   std::vector<std::string> SelectMusicFiles(const std::string& startFolder) override;
   std::string ChooseFileToSave(const FileQuestion& question) override;
   std::string ChooseFileToOpen(const FileQuestion& question) override;
-  void ShowWork(std::string_view text, const LongWork& work) override;
+  void ShowLongWork(std::string_view text, const LongWork& work) override;
   std::optional<std::vector<PathExchange>> AskRestore(const RestoreQuestion& question) override;
   PreviewOutcome ShowPreview(const std::function<Preview()>& plan, Listening* listening) override;
   std::optional<ChosenVersion> ChooseVersion(EarlierVersions& versions) override;

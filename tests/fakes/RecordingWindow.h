@@ -56,7 +56,7 @@ class RecordingWindow : public RecordingRun,
   }
   std::string ChooseFileToSave(const FileQuestion& /*question*/) override { return {}; }
   std::string ChooseFileToOpen(const FileQuestion& /*question*/) override { return {}; }
-  void ShowWork(std::string_view /*text*/, const LongWork& work) override {
+  void ShowLongWork(std::string_view /*text*/, const LongWork& work) override {
     work([](int /*percent*/) {});
   }
   std::optional<std::vector<PathExchange>> AskRestore(const RestoreQuestion& question) override {

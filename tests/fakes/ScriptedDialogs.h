@@ -74,7 +74,7 @@ class ScriptedDialogs : public Dialogs {
     return NextAnswer();
   }
 
-  void ShowWork(std::string_view text, const LongWork& work) override {
+  void ShowLongWork(std::string_view text, const LongWork& work) override {
     asked.push_back("work|" + std::string(text));
     work([this](int percent) {
       shares.push_back(percent);

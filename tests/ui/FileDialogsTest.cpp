@@ -108,7 +108,7 @@ TEST_F(FileDialogs, FitOnASmallScreenAtDoubleSize) {
 
 TEST(WorkWindow, GivesTheWorkWhatItReports) {
   int reports = 0;
-  QtDialogs().ShowWork("Backing up ...", [&](const ReportWork& report) {
+  QtDialogs().ShowLongWork("Backing up ...", [&](const ReportWork& report) {
     for (const int percent : {0, 50, 100}) {
       report(percent);
       ++reports;
@@ -131,7 +131,7 @@ TEST(WorkWindow, StopsTheWorkOfAPersonWhoWantsNoMore) {
       ++reports;
     }
   };
-  EXPECT_THROW(QtDialogs().ShowWork("Backing up ...", work), WorkStopped);
+  EXPECT_THROW(QtDialogs().ShowLongWork("Backing up ...", work), WorkStopped);
   EXPECT_EQ(reports, 5);
 }
 

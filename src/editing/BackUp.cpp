@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "base/Text.h"
+#include "editing/ChooseTarget.h"
 
 namespace repvolta {
 namespace {
@@ -88,8 +89,8 @@ void BackUp(Editor& editor) {
   const BackupOrigin origin =
       OriginHere(editor.State().ProgramDirectory, editor.program.clock.Now());
   const std::string day = origin.made.substr(0, origin.made.find(' '));
-  const std::string target = editor.dialogs.ChooseFileToSave(
-      BackupQuestion(kTitle, "Repvolta backup " + day + kBackupExtension));
+  const std::string target =
+      ChooseTarget(editor, BackupQuestion(kTitle, "Repvolta backup " + day + kBackupExtension));
   if (target.empty()) return;
   try {
     const BackupResult result = WriteInSight(editor, target, origin);

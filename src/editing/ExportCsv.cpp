@@ -8,6 +8,7 @@
 #include "base/FileNames.h"
 #include "base/Text.h"
 #include "base/WholeFile.h"
+#include "editing/ChooseTarget.h"
 #include "editing/WorkoutCsv.h"
 
 namespace repvolta {
@@ -66,11 +67,11 @@ void SaveTable(const Editor& editor, const Table& table, const std::string& file
     editor.dialogs.ShowMessage("There is no workout to export." + LeftOutText(table), kTitle);
     return;
   }
-  const std::string path = editor.dialogs.ChooseFileToSave({.name = "CsvFileDialog",
-                                                            .title = kTitle,
-                                                            .file = fileName,
-                                                            .filter = "Tables (*.csv)",
-                                                            .suffix = kExtension});
+  const std::string path = ChooseTarget(editor, {.name = "CsvFileDialog",
+                                                 .title = kTitle,
+                                                 .file = fileName,
+                                                 .filter = "Tables (*.csv)",
+                                                 .suffix = kExtension});
   if (path.empty()) return;
   WriteWholeFile(path, AsBytes(table.content));
   editor.dialogs.ShowMessage(what + " with " + Counted(table.lines, "line") +

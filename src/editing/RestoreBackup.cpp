@@ -48,15 +48,38 @@ std::string HeadingOf(const std::string& file, const BackupOrigin& origin) {
   return heading;
 }
 
+/// Reads the whole backup again, in sight of the person.
+template <class Read>
+void Compare(const Editor& editor, BackupRestore& restore, Read read) {
+  try {
+    editor.dialogs.ShowLongWork("Comparing ...", [&](const ReportWork& report) {
+      restore.SetWatch(WatchOf(report));
+      read();
+    });
+    restore.SetWatch({});
+  } catch (const WorkStopped&) {
+    restore.SetWatch({});
+    throw std::runtime_error("The comparison was stopped. Choose the backup again to restore it.");
+  }
+}
+
+RestoreView ViewOf(const Editor& editor, BackupRestore& restore,
+                   const std::vector<PathExchange>& exchanges) {
+  RestorePlan plan;
+  Compare(editor, restore, [&] { plan = restore.Plan(exchanges); });
+  return {TextOf(plan), ChangesNothing(plan)};
+}
+
 std::optional<std::vector<PathExchange>> AskExchanges(const Editor& editor,
                                                       const std::string& heading,
-                                                      const BackupRestore& restore,
+                                                      BackupRestore& restore,
                                                       const BackupOrigin& here) {
+  std::vector<PathExchange> proposals;
+  Compare(editor, restore, [&] { proposals = restore.Proposals(here.home); });
   return editor.dialogs.AskRestore({.heading = heading,
-                                    .exchanges = restore.Proposals(here.home),
-                                    .plan = [&restore](const auto& exchanges) -> RestoreView {
-                                      const RestorePlan plan = restore.Plan(exchanges);
-                                      return {TextOf(plan), ChangesNothing(plan)};
+                                    .exchanges = proposals,
+                                    .plan = [&](const std::vector<PathExchange>& exchanges) {
+                                      return ViewOf(editor, restore, exchanges);
                                     }});
 }
 

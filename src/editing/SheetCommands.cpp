@@ -7,6 +7,7 @@
 #include "base/FileNames.h"
 #include "base/Text.h"
 #include "base/WholeFile.h"
+#include "editing/ChooseTarget.h"
 
 namespace repvolta {
 namespace {
@@ -41,11 +42,11 @@ void SaveWorkoutAsPdf(const Editor& editor,
   const auto sheet = SheetToPrint(editor, kTitle);
   if (!sheet) return;
   const std::string name = BaseName(editor.State().WorkoutFileName);
-  const std::string path = editor.dialogs.ChooseFileToSave({.name = "PdfFileDialog",
-                                                            .title = kTitle,
-                                                            .file = AsFileName(name, kExtension),
-                                                            .filter = "PDF (*.pdf)",
-                                                            .suffix = kExtension});
+  const std::string path = ChooseTarget(editor, {.name = "PdfFileDialog",
+                                                 .title = kTitle,
+                                                 .file = AsFileName(name, kExtension),
+                                                 .filter = "PDF (*.pdf)",
+                                                 .suffix = kExtension});
   if (path.empty()) return;
   WriteWholeFile(path, pdfOf(*sheet));
   editor.dialogs.ShowMessage("The sheet of " + name + " is in " + path + ".", kTitle);

@@ -38,6 +38,9 @@ Found LookAndExpect(const FileTransition& transition) {
   if (std::ranges::find(transition.expected, found.state) == transition.expected.end()) {
     RefuseChanged(transition.path);
   }
+  // For the program, and for some disks, names that differ in case only are those of one workout.
+  const auto other = found.state.IsFile() ? std::nullopt : FindFile(transition.path);
+  if (other) RefuseChanged(*other);
   return found;
 }
 

@@ -43,6 +43,17 @@ TEST_F(BackUpTest, WritesNothingWhenItIsCancelled) {
   EXPECT_TRUE(fs::is_empty("out"));
 }
 
+TEST_F(BackUpTest, ReplacesNoFileOfTheProgramsOwn) {
+  const Bytes workout = GetFile("workouts/Monday.RPV");
+  for (const std::string& target :
+       {folder.Path() + "workouts/Monday.RPV", folder.Path() + "out/../workouts/Monday.RPV"}) {
+    EXPECT_EQ(BackUpInto(target), "message|Back Up|" + target +
+                                      " is a file of Repvolta's own and is not replaced. Choose "
+                                      "another name.");
+  }
+  EXPECT_EQ(GetFile("workouts/Monday.RPV"), workout);
+}
+
 TEST_F(BackUpTest, SaysWhatTheBackupHolds) {
   PutFile("voice/a.wav", WavBytes().Format(1, 16000, 16).Samples16({1}));
   EXPECT_EQ(BackUpInto(target_),

@@ -240,6 +240,17 @@ TEST_F(Undoing, BringsADeletedWorkoutBack) {
   EXPECT_EQ(state.WorkoutFileName, "");
 }
 
+TEST_F(Undoing, DoesNotPutADeletedWorkoutBesideOneWhoseNameDiffersInCase) {
+  fs::current_path("workouts");
+  Answer({"OK"});
+  DeleteSelectedWorkoutButton_Click(editor);
+  fs::current_path("..");
+  PutFile("workouts/MONDAY.RPV", "theirs");
+  EXPECT_THROW(Undo(), FileError);
+  EXPECT_FALSE(fs::exists(kMonday));
+  EXPECT_EQ(GetTextFile("workouts/MONDAY.RPV"), "theirs");
+}
+
 TEST_F(Undoing, TakesBackCopiesAndNewNamesOfWorkouts) {
   Answer({"Copy"});
   DuplicateWorkout(editor);

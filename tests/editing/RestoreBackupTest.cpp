@@ -240,6 +240,15 @@ TEST_F(RestoreBackupCommand, ProposesFoldersThatAreGone) {
   EXPECT_THAT(dialogs.proposals, ElementsAre(PathExchange{folder.Path() + "music", ""}));
 }
 
+TEST_F(RestoreBackupCommand, ShowsHowFarTheComparisonIsAndCanStopIt) {
+  const auto before = FilesOf(".");
+  dialogs.whenWorkEnds = [&] { dialogs.stopAt = 0; };
+  dialogs.answers = {Backup(), "OK"};
+  EXPECT_THROW(RestoreBackup(editor), std::runtime_error);
+  EXPECT_EQ(dialogs.asked.back(), "work|Comparing ...");
+  EXPECT_TRUE(FilesOf(".") == before);
+}
+
 TEST_F(RestoreBackupCommand, NeverReplacesAVersion) {
   const std::string path = VersionsOf("Monday.RPV").at(0).path;
   PutFile(path, "another");

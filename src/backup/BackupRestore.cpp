@@ -21,9 +21,9 @@ RestoreEffect EffectOn(const std::string& target, std::span<const Byte> content)
 
 /// Files that are there under the very name are taken, also when there are several that differ only
 /// in case. A version is never replaced: another one of the same second comes behind it.
-PlannedFile PlanFile(const BackupEntry& entry, std::span<const Byte> content,
-                     const RestoreTargets& targets, const std::set<std::string>& taken) {
-  PlannedFile file{.path = entry.path, .target = entry.path, .kind = entry.kind, .effect = {}};
+RestoredFile PlanFile(const BackupEntry& entry, std::span<const Byte> content,
+                      const RestoreTargets& targets, const std::set<std::string>& taken) {
+  RestoredFile file{.path = entry.path, .target = entry.path, .kind = entry.kind, .effect = {}};
   const bool isVersion = entry.kind == BackupKind::kVersion;
   if (isVersion || !IsTaken(file.target)) file.target = targets.TargetOf(entry.path, entry.kind);
   file.effect = EffectOn(file.target, content);
@@ -35,7 +35,7 @@ PlannedFile PlanFile(const BackupEntry& entry, std::span<const Byte> content,
 }
 
 /// A file that cannot be backed up before must not be lost.
-void ExpectBackedUp(const PlannedFile& file, const std::set<std::string>& present) {
+void ExpectBackedUp(const RestoredFile& file, const std::set<std::string>& present) {
   if (file.effect != RestoreEffect::kReplaces || present.contains(file.target)) return;
   throw FileError(file.target, "would be replaced", "There cannot be a backup of it");
 }
@@ -110,12 +110,12 @@ RestorePlan BackupRestore::ForEachPlanned(const std::vector<PathExchange>& excha
 }
 
 RestorePlan BackupRestore::Plan(const std::vector<PathExchange>& exchanges) const {
-  return ForEachPlanned(exchanges, [](const PlannedFile&, std::span<const Byte>) {});
+  return ForEachPlanned(exchanges, [](const RestoredFile&, std::span<const Byte>) {});
 }
 
 RestorePlan BackupRestore::Stage(const std::vector<PathExchange>& exchanges,
                                  RestoreStage& stage) const {
-  return ForEachPlanned(exchanges, [&](const PlannedFile& file, std::span<const Byte> content) {
+  return ForEachPlanned(exchanges, [&](const RestoredFile& file, std::span<const Byte> content) {
     if (file.effect != RestoreEffect::kIsThere) stage.Add(file.target, content);
   });
 }

@@ -36,7 +36,7 @@ class BackupRestore {
   RestorePlan Stage(const std::vector<PathExchange>& exchanges, RestoreStage& stage) const;
 
  private:
-  using TakePlanned = std::function<void(const PlannedFile& file, std::span<const Byte> content)>;
+  using TakePlanned = std::function<void(const RestoredFile& file, std::span<const Byte> content)>;
   RestorePlan ForEachPlanned(const std::vector<PathExchange>& exchanges,
                              const TakePlanned& take) const;
 

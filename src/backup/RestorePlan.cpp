@@ -71,7 +71,7 @@ void AddLines(const std::string& verb, const Paths& paths, const std::string& re
 
 Paths PathsOf(const RestorePlan& plan, RestoreEffect effect) {
   Paths paths;
-  for (const PlannedFile& file : plan.files) {
+  for (const RestoredFile& file : plan.files) {
     if (file.effect == effect) paths[KindToName(file.kind)].push_back(file.target);
   }
   return paths;
@@ -84,7 +84,7 @@ Paths LeftPathsOf(const RestorePlan& plan) {
 }
 
 std::string EqualText(const RestorePlan& plan) {
-  const auto equal = std::ranges::count(plan.files, RestoreEffect::kIsThere, &PlannedFile::effect);
+  const auto equal = std::ranges::count(plan.files, RestoreEffect::kIsThere, &RestoredFile::effect);
   if (equal == 0) return "";
   return equal == 1 ? "1 file is here already, just the same."
                     : std::to_string(equal) + " files are here already, just the same.";
@@ -121,9 +121,9 @@ std::string NextVersionPath(const std::string& path) {
 }
 
 std::vector<FileToBackUp> LeftByPlan(const std::vector<FileToBackUp>& present,
-                                     const std::vector<PlannedFile>& files) {
+                                     const std::vector<RestoredFile>& files) {
   std::set<std::string> targets;
-  for (const PlannedFile& file : files) targets.insert(file.target);
+  for (const RestoredFile& file : files) targets.insert(file.target);
   std::vector<FileToBackUp> left;
   std::ranges::copy_if(present, std::back_inserter(left),
                        [&](const FileToBackUp& file) { return !targets.contains(file.path); });
@@ -132,7 +132,7 @@ std::vector<FileToBackUp> LeftByPlan(const std::vector<FileToBackUp>& present,
 
 bool ChangesNothing(const RestorePlan& plan) {
   return std::ranges::all_of(
-      plan.files, [](const PlannedFile& file) { return file.effect == RestoreEffect::kIsThere; });
+      plan.files, [](const RestoredFile& file) { return file.effect == RestoreEffect::kIsThere; });
 }
 
 std::vector<std::string> TextOf(const RestorePlan& plan) {

@@ -12,18 +12,18 @@ namespace repvolta {
 /// What a restore does with one file of a backup.
 enum class RestoreEffect { kAdds, kReplaces, kIsThere };
 
-struct PlannedFile {
+struct RestoredFile {
   std::string path;    // in the backup
   std::string target;  // below the program directory
   BackupKind kind;
   RestoreEffect effect;
 
-  bool operator==(const PlannedFile&) const = default;
+  bool operator==(const RestoredFile&) const = default;
 };
 
 /// What a restore would do; nothing is ever deleted by it.
 struct RestorePlan {
-  std::vector<PlannedFile> files;
+  std::vector<RestoredFile> files;
   std::vector<FileToBackUp> left;    // which the backup does not have
   std::vector<std::string> tooLong;  // paths that stay, because the exchanged ones do not fit
 
@@ -50,7 +50,7 @@ std::string NextVersionPath(const std::string& path);
 
 /// Those of `present` that no file of the plan replaces or equals.
 std::vector<FileToBackUp> LeftByPlan(const std::vector<FileToBackUp>& present,
-                                     const std::vector<PlannedFile>& files);
+                                     const std::vector<RestoredFile>& files);
 
 /// True when the program directory would be as it is.
 bool ChangesNothing(const RestorePlan& plan);

@@ -2,7 +2,7 @@
 
 #include <archive.h>
 #include <archive_entry.h>
-#include <cerrno>
+#include <memory>
 #include <stdexcept>
 #include <utility>
 
@@ -30,12 +30,6 @@ Entry EntryOf(const ZipWriter::File& file, std::size_t size) {
 
 }  // namespace
 
-/// A ZIP file that is given up must not be ended: nothing more is written.
-void ZipWriter::Freeing::operator()(archive* zip) const {
-  archive_write_fail(zip);
-  archive_write_free(zip);
-}
-
 ZipWriter::ZipWriter(Write write) : write_(std::move(write)), zip_(archive_write_new()) {
   const Utf8Locale utf8;
   archive* zip = zip_.get();
@@ -45,6 +39,11 @@ ZipWriter::ZipWriter(Write write) : write_(std::move(write)), zip_(archive_write
   Check(archive_write_set_bytes_in_last_block(zip, 1) == ARCHIVE_OK);
   Check(archive_write_open(zip, this, nullptr, &ZipWriter::Take, nullptr) == ARCHIVE_OK);
 }
+
+/// The library can only be freed whole when it ends the file, of which nothing more is written.
+ZipWriter::~ZipWriter() { isGivenUp_ = true; }
+
+void ZipWriter::Freeing::operator()(archive* zip) const { archive_write_free(zip); }
 
 void ZipWriter::Add(const File& file, std::span<const Byte> content, Packing packing) {
   const Utf8Locale utf8;
@@ -64,17 +63,16 @@ void ZipWriter::Add(const File& file, std::span<const Byte> content, Packing pac
 
 void ZipWriter::Finish() { Check(archive_write_close(zip_.get()) == ARCHIVE_OK); }
 
-/// No exception may pass through the library.
-long ZipWriter::Take(archive* zip, void* self, const void* bytes, std::size_t count) {
+/// No exception may pass through the library, so what fails shows in Check.
+long ZipWriter::Take(archive* /*zip*/, void* self, const void* bytes, std::size_t count) {
   auto* writer = static_cast<ZipWriter*>(self);
   try {
-    writer->write_({static_cast<const Byte*>(bytes), count});
-    return static_cast<long>(count);
+    const bool isWanted = !writer->isGivenUp_ && !writer->failure_;
+    if (isWanted) writer->write_({static_cast<const Byte*>(bytes), count});
   } catch (...) {
     writer->failure_ = std::current_exception();
-    archive_set_error(zip, EIO, "%s", "");
-    return ARCHIVE_FATAL;
   }
+  return static_cast<long>(count);
 }
 
 void ZipWriter::Check(bool isDone) {

@@ -24,6 +24,11 @@ class ZipWriter {
 
   explicit ZipWriter(Write write);
 
+  /// Without Finish, the ZIP file stays without its end.
+  ~ZipWriter();
+  ZipWriter(const ZipWriter&) = delete;
+  ZipWriter& operator=(const ZipWriter&) = delete;
+
   enum class Packing { kDeflated, kStored };
 
   /// Throws what `write` throws, and std::runtime_error when the file cannot be added.
@@ -42,7 +47,8 @@ class ZipWriter {
 
   Write write_;
   std::exception_ptr failure_;  // of a call that was made by the library
-  std::unique_ptr<archive, Freeing> zip_;
+  bool isGivenUp_ = false;
+  std::unique_ptr<archive, Freeing> zip_;  // freed first
 };
 
 }  // namespace repvolta

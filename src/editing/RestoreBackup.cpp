@@ -103,7 +103,7 @@ std::string BackUpPresent(const BackupOrigin& here, const BackupWatch& watch) {
 /// Keeps each workout that is replaced, too; returns why one could not be kept.
 std::string KeepReplaced(const Editor& editor, const RestorePlan& plan) {
   std::string unkept;
-  for (const PlannedFile& file : plan.files) {
+  for (const RestoredFile& file : plan.files) {
     if (file.kind != BackupKind::kWorkout || file.effect != RestoreEffect::kReplaces) continue;
     const std::string why =
         KeepBefore(BeforeWhat::kRestore, file.target, editor.State(), editor.program.clock.Now());

@@ -13,7 +13,7 @@ FileToBackUp Present(const std::string& path, BackupKind kind) {
   return {.path = path, .archived = path, .kind = kind, .stamp = {}};
 }
 
-PlannedFile Planned(const std::string& path, BackupKind kind, RestoreEffect effect) {
+RestoredFile Planned(const std::string& path, BackupKind kind, RestoreEffect effect) {
   return {.path = path, .target = path, .kind = kind, .effect = effect};
 }
 

@@ -53,6 +53,13 @@ class CheckIncludes(unittest.TestCase):
     def test_has_nothing_to_say_of_a_tree_that_is_as_planned(self):
         self.assertEqual(self.complaints(), [])
 
+    def test_names_a_type_that_is_defined_twice(self):
+        self.put("src/base/Bytes.h", "struct Item {\n};\nstruct Frame;\nclass Other;\n")
+        self.put("src/mp3/Frame.h", "class Frame : public Item {\n  struct Other {\n  };\n};\n")
+        self.put("src/mp3/Tag.h", "enum class Item { kOne };\n")
+        self.assertEqual(self.complaints(),
+                         ["src/mp3/Tag.h defines Item, as src/base/Bytes.h does"])
+
     def test_names_an_include_against_the_plan(self):
         self.put("src/mp3/Frame.h", '#include "ui/Form.h"\n')
         self.put("src/ui/Form.h", "\n")

@@ -100,12 +100,12 @@ class BackupRestoreFaults : public FaultWorld {
 
   /// Returns how many calls were tried.
   int TryEvery(const std::string& group, int step, const std::vector<const char*>& failures) {
-    int points = 0;
+    std::size_t points = 0;
     for (int number = 1; TryFault({group, number, failures[points % failures.size()]});
          number += step) {
       ++points;
     }
-    return points;
+    return static_cast<int>(points);
   }
 
  private:

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <map>
 #include <string>
 
 #include "app/ProgramDirectory.h"
@@ -129,48 +130,71 @@ void SaveEdit(ProgramState& state, int number) {
   SaveSettings(state);
 }
 
+void LoadAll(ProgramState& state) {
+  LoadSettings(state);
+  LoadWorkout(state);
+  CountRandomMusicFiles(state);
+  std::printf("%s %d %d\n", state.Settings.MusicPath.Text().c_str(), state.NumberOfExercises,
+              state.RandomMusicFiles);
+}
+
+void SaveAll(ProgramState& state) {
+  state.Workout[0].ExerciseName = "New";
+  state.Settings.MusicPath = "new";
+  ReplaceWorkoutFile(state);
+  SaveWorkout(state);
+  SaveSettings(state);
+}
+
+void EditOften(ProgramState& state) {
+  LoadWorkout(state);
+  const int before = static_cast<int>(state.Workout[0].SetValue1[0]);
+  state.Workout = {};
+  for (int i = 1; i <= kEdits; ++i) SaveEdit(state, before + i);
+}
+
+void StartWithoutWorkout(ProgramState& state) {
+  state.WorkoutFileName.clear();
+  StartEditAndExit(state);
+}
+
+void FinishARestore(ProgramState& state) { FinishInterruptedRestore(state.ProgramDirectory); }
+
+void ListAll(ProgramState& state) {
+  LoadWorkoutNames(state);
+  for (const std::string& name : state.WorkoutNames) std::printf("%s\n", name.c_str());
+}
+
+void MakeABackup(ProgramState& /*state*/) {
+  std::printf("%s\n", WriteBackup("../out/b.zip", OriginHere("/p/", 0)).weakness.c_str());
+}
+
+void Compile(ProgramState& /*state*/) {
+  CompileMusicList(std::filesystem::current_path().parent_path() / "music");
+}
+
+void SetUp(ProgramState& /*state*/) {
+  FillProgramDirectory("../home/repvolta/", "../usr/bin/repvolta");
+}
+
 int Run(const std::string& step) {
+  const std::map<std::string, void (*)(ProgramState&)> steps = {
+      {"load", LoadAll},
+      {"save", SaveAll},
+      {"edit", EditOften},
+      {"start", StartWithoutWorkout},
+      {"restore", RestoreNewestVersion},
+      {"undo", UndoAndRedo},
+      {"restore-backup", RestoreTheBackup},
+      {"finish-restore", FinishARestore},
+      {"list", ListAll},
+      {"backup", MakeABackup},
+      {"compile", Compile}};
   ProgramState state;
   state.ProgramDirectory = std::filesystem::current_path().string() + "/";
   state.WorkoutFileName = "Monday.RPV";
-  if (step == "load") {
-    LoadSettings(state);
-    LoadWorkout(state);
-    CountRandomMusicFiles(state);
-    std::printf("%s %d %d\n", state.Settings.MusicPath.Text().c_str(), state.NumberOfExercises,
-                state.RandomMusicFiles);
-  } else if (step == "save") {
-    state.Workout[0].ExerciseName = "New";
-    state.Settings.MusicPath = "new";
-    ReplaceWorkoutFile(state);
-    SaveWorkout(state);
-    SaveSettings(state);
-  } else if (step == "edit") {
-    LoadWorkout(state);
-    const int before = static_cast<int>(state.Workout[0].SetValue1[0]);
-    state.Workout = {};
-    for (int i = 1; i <= kEdits; ++i) SaveEdit(state, before + i);
-  } else if (step == "start") {
-    state.WorkoutFileName.clear();
-    StartEditAndExit(state);
-  } else if (step == "restore") {
-    RestoreNewestVersion(state);
-  } else if (step == "undo") {
-    UndoAndRedo(state);
-  } else if (step == "restore-backup") {
-    RestoreTheBackup(state);
-  } else if (step == "finish-restore") {
-    FinishInterruptedRestore(state.ProgramDirectory);
-  } else if (step == "list") {
-    LoadWorkoutNames(state);
-    for (const std::string& name : state.WorkoutNames) std::printf("%s\n", name.c_str());
-  } else if (step == "backup") {
-    std::printf("%s\n", WriteBackup("../out/b.zip", OriginHere("/p/", 0)).weakness.c_str());
-  } else if (step == "compile") {
-    CompileMusicList(std::filesystem::current_path().parent_path() / "music");
-  } else {
-    FillProgramDirectory("../home/repvolta/", "../usr/bin/repvolta");
-  }
+  const auto found = steps.find(step);
+  (found == steps.end() ? SetUp : found->second)(state);
   return 0;
 }
 

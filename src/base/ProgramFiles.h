@@ -30,6 +30,7 @@ inline constexpr const char* kRestoreJournal = "restore.pending/journal.txt";
 
 /// The backups of what was there before another was restored.
 inline constexpr const char* kBackupFolder = "backups/";
+inline constexpr const char* kBackupBeforeRestore = "Before restore ";
 
 /// The lists of exercise names.
 inline constexpr const char* kExerciseFolder = "exercise/";

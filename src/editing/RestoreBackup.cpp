@@ -85,7 +85,7 @@ std::optional<std::vector<PathExchange>> AskExchanges(const Editor& editor,
 
 /// A name that no backup has yet.
 std::string NameForPresent(const BackupOrigin& here) {
-  const std::string name = std::string(kBackupFolder) + "Before restore " + here.made;
+  const std::string name = std::string(kBackupFolder) + kBackupBeforeRestore + here.made;
   std::string path = name + kBackupExtension;
   for (int i = 2; IsTaken(path); ++i) path = name + " " + std::to_string(i) + kBackupExtension;
   return path;

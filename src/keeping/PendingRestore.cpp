@@ -89,6 +89,23 @@ void FlushFolders(const std::set<std::string>& folders) {
   for (const std::string& folder : folders) FlushFolder(folder.empty() ? "." : folder);
 }
 
+/// Backups of what was there before, amid which a program was killed. Each has a name of its own,
+/// which no later backup takes.
+void RemoveUnfinishedBackups(const std::string& directory) {
+  const std::string folder = directory + kBackupFolder;
+  const std::string begin = std::string(".") + kBackupBeforeRestore;
+  std::vector<std::string> names;
+  ForEachEntry(folder, [&](std::string_view name, EntryType type) {
+    if (type != EntryType::kFile || !name.starts_with(begin)) return;
+    names.emplace_back(name);
+  });
+  try {
+    for (const std::string& name : names) RemoveFile(folder + name);
+  } catch (const FileError&) {
+    // It only takes room.
+  }
+}
+
 /// The journal goes first: without it the folder means nothing.
 void Remove(const std::string& directory) {
   RemoveFile(directory + kRestoreJournal);
@@ -158,6 +175,7 @@ void FinishRestore(const std::string& programDirectory) {
     }
     FlushFolders(folders);
   }
+  RemoveUnfinishedBackups(programDirectory);
   try {
     Remove(programDirectory);
   } catch (const FileError&) {

@@ -96,6 +96,27 @@ TEST_F(PendingRestore, ThatWasKilledBeforeItWasDecidedIsRemoved) {
   EXPECT_FALSE(fs::exists(kFolder));
 }
 
+TEST_F(PendingRestore, ThatWasKilledAmidItsBackupLeavesNoHalfOfIt) {
+  fs::create_directory(kFolder);
+  PutFile("backups/.Before restore 2026-11-22 10.15.00.zip.new", "half a backup");
+  PutFile("backups/Before restore 2026-11-21 10.15.00.zip", "a backup");
+  PutFile("backups/.My own.zip.new", "is being written");
+  FinishRestore("");
+  EXPECT_FALSE(fs::exists("backups/.Before restore 2026-11-22 10.15.00.zip.new"));
+  EXPECT_TRUE(fs::exists("backups/Before restore 2026-11-21 10.15.00.zip"));
+  EXPECT_TRUE(fs::exists("backups/.My own.zip.new"));
+}
+
+TEST_F(PendingRestore, IsFinishedAlsoWhenHalfABackupMustStay) {
+  const OrdinaryRights ordinary;
+  Decide();
+  PutFile("backups/.Before restore 2026-11-22 10.15.00.zip.new", "half a backup");
+  fs::permissions("backups", fs::perms(0500));
+  FinishRestore("");
+  fs::permissions("backups", fs::perms(0700));
+  EXPECT_FALSE(IsRestorePending(""));
+}
+
 TEST_F(PendingRestore, GoesOnWhereItStopped) {
   Decide();
   fs::rename("restore.pending/files/settings.dat", "settings.dat");

@@ -94,15 +94,14 @@ void FlushFolders(const std::set<std::string>& folders) {
 void RemoveUnfinishedBackups(const std::string& directory) {
   const std::string folder = directory + kBackupFolder;
   const std::string begin = std::string(".") + kBackupBeforeRestore;
-  std::vector<std::string> names;
-  ForEachEntry(folder, [&](std::string_view name, EntryType type) {
-    if (type != EntryType::kFile || !name.starts_with(begin)) return;
-    names.emplace_back(name);
-  });
   try {
+    std::vector<std::string> names;
+    ForEachEntry(folder, [&](std::string_view name, EntryType type) {
+      if (type == EntryType::kFile && name.starts_with(begin)) names.emplace_back(name);
+    });
     for (const std::string& name : names) RemoveFile(folder + name);
   } catch (const FileError&) {
-    // It only takes room.
+    // They only take room.
   }
 }
 

@@ -134,6 +134,18 @@ std::string WhyNotOfKind(BackupKind kind, std::span<const Byte> content) {
   return "";
 }
 
+bool IsDamaged(BackupKind kind, std::span<const Byte> content) {
+  switch (kind) {
+    case BackupKind::kSettings:
+      return content.size() < kSettingsFileSize;
+    case BackupKind::kWorkout:
+    case BackupKind::kVersion:
+      return content.size() < kExerciseRecordSize;
+    default:
+      return false;
+  }
+}
+
 std::u32string FoldedBackupPath(std::string_view path) { return FoldCaseFully(path); }
 
 }  // namespace repvolta

@@ -95,6 +95,10 @@ RestorePlan BackupRestore::ForEachPlanned(const std::vector<PathExchange>& excha
   std::set<std::string> taken;
   RestorePlan plan;
   reader_.ForEachFile([&](const BackupEntry& entry, std::span<const Byte> content) {
+    if (IsDamaged(entry.kind, content)) {
+      plan.damaged.push_back(entry.path);
+      return;
+    }
     const ExchangedFile exchanged = ExchangePaths(entry.kind, content, exchanges);
     plan.files.push_back(PlanFile(entry, exchanged.content, targets, taken));
     ExpectBackedUp(plan.files.back(), paths);
@@ -103,6 +107,9 @@ RestorePlan BackupRestore::ForEachPlanned(const std::vector<PathExchange>& excha
     take(plan.files.back(), exchanged.content);
   });
   plan.left = LeftByPlan(present, plan.files);
+  std::erase_if(plan.left, [&](const FileToBackUp& file) {
+    return std::ranges::find(plan.damaged, file.archived) != plan.damaged.end();
+  });
   ForgetBrought(plan.left);
   std::ranges::sort(plan.tooLong);
   plan.tooLong.erase(std::unique(plan.tooLong.begin(), plan.tooLong.end()), plan.tooLong.end());

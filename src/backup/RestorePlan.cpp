@@ -137,12 +137,18 @@ bool ChangesNothing(const RestorePlan& plan) {
 
 std::vector<std::string> TextOf(const RestorePlan& plan) {
   std::vector<std::string> lines;
-  if (ChangesNothing(plan)) lines.emplace_back("Changes nothing: all of the backup is here.");
+  if (ChangesNothing(plan)) {
+    lines.emplace_back(plan.damaged.empty() ? "Changes nothing: all of the backup is here."
+                                            : "Changes nothing.");
+  }
   AddLines("Replaces", PathsOf(plan, RestoreEffect::kReplaces), "", lines);
   AddLines("Adds", PathsOf(plan, RestoreEffect::kAdds), "", lines);
   AddLines("Leaves", LeftPathsOf(plan), " that the backup does not have", lines);
   const std::string equal = EqualText(plan);
   if (!equal.empty() && !ChangesNothing(plan)) lines.push_back(equal);
+  for (const std::string& path : plan.damaged) {
+    lines.push_back("Leaves out a file that is damaged in the backup: " + path);
+  }
   for (const std::string& path : plan.tooLong) lines.push_back(TooLongText(path));
   return lines;
 }

@@ -25,6 +25,7 @@ struct RestoredFile {
 struct RestorePlan {
   std::vector<RestoredFile> files;
   std::vector<FileToBackUp> left;    // which the backup does not have
+  std::vector<std::string> damaged;  // paths in the backup of files that are left out
   std::vector<std::string> tooLong;  // paths that stay, because the exchanged ones do not fit
 
   bool operator==(const RestorePlan&) const = default;

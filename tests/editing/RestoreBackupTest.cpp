@@ -113,6 +113,24 @@ TEST_F(RestoreBackupCommand, ReplacesAndLeavesWhatItSays) {
   EXPECT_TRUE(now == saved_);
 }
 
+TEST_F(RestoreBackupCommand, PutsNothingDamagedInThePlaceOfWhatIsWhole) {
+  const std::string settings = saved_.at("settings.dat");
+  PutFile("settings.dat", settings.substr(0, 100));
+  PutFile("workouts/Legs.RPV", "abc");
+  WriteBackup(Backup(), OriginHere(folder.Path(), clock.Now()));
+  PutFile("settings.dat", settings);
+  fs::remove("workouts/Legs.RPV");
+  fs::remove("voice/exercise/Hop.WAV");
+  Restore();
+  EXPECT_THAT(dialogs.restorePlan,
+              ElementsAre("Adds 1 clip: Hop.", "3 files are here already, just the same.",
+                          "Leaves out a file that is damaged in the backup: settings.dat",
+                          "Leaves out a file that is damaged in the backup: workouts/Legs.RPV"));
+  EXPECT_EQ(GetTextFile("settings.dat"), settings);
+  EXPECT_FALSE(fs::exists("workouts/Legs.RPV"));
+  EXPECT_TRUE(fs::exists("voice/exercise/Hop.WAV"));
+}
+
 TEST_F(RestoreBackupCommand, BacksUpWhatWasThereBefore) {
   const std::string before(kWorkoutFileSize, '\1');
   PutFile("workouts/Legs.RPV", before);

@@ -6,8 +6,9 @@
 
 namespace repvolta {
 
-/// Asks for a file to write. One that the program itself keeps, such as a workout, is refused with a
-/// message, since it would be replaced by something else. Returns "" then and when it was cancelled.
+/// Asks for a file to write. One that the program itself keeps, such as a workout, is refused with
+/// a message, since it would be replaced by something else. Returns "" then and when it was
+/// cancelled.
 std::string ChooseTarget(const Editor& editor, const FileQuestion& question);
 
 }  // namespace repvolta

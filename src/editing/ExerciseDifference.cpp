@@ -171,19 +171,4 @@ std::vector<std::string> ExerciseDifference(const std::string& name, const Exerc
   return Comparison(name, then, now).Lines();
 }
 
-std::string SetTypeName(std::int16_t type) {
-  switch (type) {
-    case kWeightAndReps:
-      return "Weight/Reps";
-    case kLevelAndTime:
-      return "Level/Time";
-    case kDistanceAndSpeed:
-      return "Distance/Speed";
-    case kUserDefined:
-      return "User Defined";
-    default:
-      return "unknown";
-  }
-}
-
 }  // namespace repvolta

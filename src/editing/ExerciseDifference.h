@@ -13,7 +13,4 @@ namespace repvolta {
 std::vector<std::string> ExerciseDifference(const std::string& name, const ExerciseRecord& then,
                                             const ExerciseRecord& now);
 
-/// "Weight/Reps", as its button says; "unknown" for a number that no button has.
-std::string SetTypeName(std::int16_t type);
-
 }  // namespace repvolta

@@ -133,4 +133,19 @@ SetColumns SetRows(const ExerciseRecord& exercise, double now) {
   return columns;
 }
 
+std::string SetTypeName(std::int16_t type) {
+  switch (type) {
+    case kWeightAndReps:
+      return "Weight/Reps";
+    case kLevelAndTime:
+      return "Level/Time";
+    case kDistanceAndSpeed:
+      return "Distance/Speed";
+    case kUserDefined:
+      return "User Defined";
+    default:
+      return "unknown";
+  }
+}
+
 }  // namespace repvolta

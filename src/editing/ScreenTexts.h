@@ -64,4 +64,7 @@ using SetColumns = std::array<std::vector<std::string>, kNextUpdateList + 1>;
 /// A row for each set. Throws std::out_of_range when there are more sets than slots.
 SetColumns SetRows(const ExerciseRecord& exercise, double now);
 
+/// "Weight/Reps", as its button says; "unknown" for a number that no button has.
+std::string SetTypeName(std::int16_t type);
+
 }  // namespace repvolta

@@ -92,19 +92,10 @@ std::string DateOrNothing(double date) {
   }
 }
 
+/// The number of a kind that the program does not know, so that it is not lost.
 std::string SetTypeText(const ExerciseRecord& exercise) {
-  switch (exercise.SetType) {
-    case kWeightAndReps:
-      return "Weight/Reps";
-    case kLevelAndTime:
-      return "Level/Time";
-    case kDistanceAndSpeed:
-      return "Distance/Speed";
-    case kUserDefined:
-      return "User Defined";
-    default:
-      return std::to_string(exercise.SetType);
-  }
+  const bool isKnown = exercise.SetType >= kWeightAndReps && exercise.SetType <= kUserDefined;
+  return isKnown ? SetTypeName(exercise.SetType) : std::to_string(exercise.SetType);
 }
 
 void PutExercise(Cells& cells, const ProgramState& state, int index) {

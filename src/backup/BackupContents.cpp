@@ -134,6 +134,11 @@ std::string WhyNotOfKind(BackupKind kind, std::span<const Byte> content) {
   return "";
 }
 
+bool CanBeBrought(BackupKind kind) {
+  return kind == BackupKind::kClip || kind == BackupKind::kNameClip ||
+         kind == BackupKind::kExerciseList;
+}
+
 bool IsDamaged(BackupKind kind, std::span<const Byte> content) {
   switch (kind) {
     case BackupKind::kSettings:

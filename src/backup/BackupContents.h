@@ -39,6 +39,9 @@ std::uint64_t LargestInBackup(BackupKind kind);
 /// Why this content cannot be that of a file of the kind, "It is no WAV file"; "" when it can.
 std::string WhyNotOfKind(BackupKind kind, std::span<const Byte> content);
 
+/// True for the kinds of files that may have come with the program.
+bool CanBeBrought(BackupKind kind);
+
 /// True for content that is too short for what its kind needs: settings that are not whole, or a
 /// workout without a whole exercise. Backups have it, since they hold what is there; but it must
 /// not take the place of anything.

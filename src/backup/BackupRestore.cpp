@@ -46,11 +46,6 @@ std::set<std::string> PathsOf(const std::vector<FileToBackUp>& files) {
   return paths;
 }
 
-bool CanBeBrought(BackupKind kind) {
-  return kind == BackupKind::kClip || kind == BackupKind::kNameClip ||
-         kind == BackupKind::kExerciseList;
-}
-
 /// What the program brought is nobody's loss or gain.
 void ForgetBrought(std::vector<FileToBackUp>& files) {
   const BroughtFiles brought;

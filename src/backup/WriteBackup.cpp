@@ -24,11 +24,6 @@ constexpr const char* kFailure = "could not be written";
 /// Another program has changed what is being backed up.
 class ChangedMeanwhile {};
 
-bool CanBeBrought(BackupKind kind) {
-  return kind == BackupKind::kClip || kind == BackupKind::kNameClip ||
-         kind == BackupKind::kExerciseList;
-}
-
 ZipWriter::Packing PackingOf(BackupKind kind) {
   const bool isSound = kind == BackupKind::kClip || kind == BackupKind::kNameClip;
   return isSound ? ZipWriter::Packing::kStored : ZipWriter::Packing::kDeflated;

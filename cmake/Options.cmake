@@ -7,11 +7,19 @@ add_library(repvolta_options INTERFACE)
 target_compile_options(repvolta_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
   -fstack-protector-strong)
+if(REPVOLTA_GROUPS)
+  # What is one source's own is global for the others of its group, and g++ takes the sources of a group
+  # for headers; a build without groups judges them.
+  target_compile_options(repvolta_options INTERFACE -Wno-shadow
+    $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local> $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # False alarms inside std::string's own operator+ (GCC bug 105651).
   target_compile_options(repvolta_options INTERFACE -Wno-restrict)
 endif()
 target_link_options(repvolta_options INTERFACE -Wl,-z,relro,-z,now)
+# Half of the program knows nothing of Qt and has slots and signals of its own.
+target_compile_definitions(repvolta_options INTERFACE QT_NO_KEYWORDS)
 
 # What is built fast has no optimisation, without which nothing is fortified.
 set(fast $<BOOL:$<TARGET_PROPERTY:REPVOLTA_BUILT_FAST>>)

@@ -52,5 +52,5 @@ def function_lengths(text):
 
 def head_of(code, start):
     """The blanks and access specifiers before a declaration."""
-    return re.match(r"(?:\s|\b(?:public|private|protected|signals|public slots|private slots)\s*:)*",
+    return re.match(r"(?:\s|\b(?:public|private|protected|Q_SIGNALS|public Q_SLOTS)\s*:)*",
                     code[start:])[0]

@@ -102,7 +102,7 @@ void ControlAction::Use() {
   if (auto* button = qobject_cast<QAbstractButton*>(&control_)) {
     button->click();
   } else if (auto* list = qobject_cast<RowList*>(&control_)) {
-    emit list->RowChosen(list->SelectedRow());
+    Q_EMIT list->RowChosen(list->SelectedRow());
   } else {
     control_.setFocus(Qt::ShortcutFocusReason);
   }

@@ -24,7 +24,7 @@ void EjectButton::UpdateEnds() {
 
 void EjectButton::Look() {
   if (!disks_) return;
-  emit Said({});
+  Q_EMIT Said({});
   setEnabled(false);
   folder_ = outputPath_();
   disks_->Ask(folder_, [this](const Ejection& found) { ShowEjection(found); });
@@ -45,7 +45,7 @@ void EjectButton::ShowEjection(const Ejection& ejection) {
 
 void EjectButton::Eject() {
   Grey(tr("%1 is being ejected.").arg(disk_));
-  emit Said(tr("%1 is being ejected. Do not unplug it yet.").arg(disk_));
+  Q_EMIT Said(tr("%1 is being ejected. Do not unplug it yet.").arg(disk_));
   disks_->Eject(folder_,
                 [this](const std::string& failure) { ShowEnd(QString::fromStdString(failure)); });
 }
@@ -53,11 +53,11 @@ void EjectButton::Eject() {
 void EjectButton::ShowEnd(const QString& failure) {
   if (failure.isEmpty()) {
     Grey(tr("%1 can be unplugged now.").arg(disk_));
-    emit Said(tr("%1 can be unplugged now.").arg(disk_));
+    Q_EMIT Said(tr("%1 can be unplugged now.").arg(disk_));
   } else {
     Describe(tr("Make %1 ready to be unplugged").arg(disk_));
     setEnabled(true);
-    emit Said(failure);
+    Q_EMIT Said(failure);
   }
 }
 

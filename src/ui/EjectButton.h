@@ -24,7 +24,7 @@ class EjectButton : public QPushButton {
   /// Does nothing unless an update has begun.
   void UpdateEnds();
 
- signals:
+ Q_SIGNALS:
   /// How the ejection goes, as a sentence; empty when there is nothing to say any more.
   void Said(const QString& line);
 

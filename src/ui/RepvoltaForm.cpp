@@ -280,7 +280,7 @@ void RepvoltaForm::End() {
   ended_ = true;
   editor_.progress.Hide();
   hide();
-  emit Ended();
+  Q_EMIT Ended();
 }
 
 void RepvoltaForm::closeEvent(QCloseEvent* event) {

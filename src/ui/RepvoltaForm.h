@@ -78,7 +78,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   /// Escape does not close the main window.
   void reject() override {}
 
- signals:
+ Q_SIGNALS:
   /// The program ends now: no command runs any more.
   void Ended();
 

@@ -32,7 +32,7 @@ RowList::RowList(QWidget* parent) : QListWidget(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setItemDelegate(new RowPainter(this));
   connect(this, &QListWidget::itemSelectionChanged, this,
-          [this] { emit RowSelected(SelectedRow()); });
+          [this] { Q_EMIT RowSelected(SelectedRow()); });
 }
 
 void RowList::SetHint(const QString& hint) {
@@ -102,7 +102,7 @@ QSize RowList::minimumSizeHint() const {
 }
 
 void RowList::EmitChosen() {
-  if (SelectedRow() >= 0) emit RowChosen(SelectedRow());
+  if (SelectedRow() >= 0) Q_EMIT RowChosen(SelectedRow());
 }
 
 void RowList::keyPressEvent(QKeyEvent* event) {

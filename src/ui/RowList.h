@@ -43,7 +43,7 @@ class RowList : public QListWidget {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
- signals:
+ Q_SIGNALS:
   void RowSelected(int row);
   void RowChosen(int row);  // Enter or a double click on the selected row
 

@@ -68,18 +68,18 @@ void RowTable::keyPressEvent(QKeyEvent* event) {
     return;
   }
   event->accept();
-  if (!event->isAutoRepeat() && currentIndex().isValid()) emit RowChosen(SelectedRow());
+  if (!event->isAutoRepeat() && currentIndex().isValid()) Q_EMIT RowChosen(SelectedRow());
 }
 
 void RowTable::mouseDoubleClickEvent(QMouseEvent* event) {
   QTableView::mouseDoubleClickEvent(event);
   const QModelIndex clicked = indexAt(event->position().toPoint());
-  if (event->button() == Qt::LeftButton && clicked.isValid()) emit RowChosen(clicked.row());
+  if (event->button() == Qt::LeftButton && clicked.isValid()) Q_EMIT RowChosen(clicked.row());
 }
 
 void RowTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
-  if (current.row() != previous.row()) emit RowSelected(current.row());
+  if (current.row() != previous.row()) Q_EMIT RowSelected(current.row());
 }
 
 }  // namespace repvolta

@@ -25,7 +25,7 @@ class RowTable : public QTableView {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
- signals:
+ Q_SIGNALS:
   void RowSelected(int row);
   void RowChosen(int row);
 

@@ -20,7 +20,7 @@ void TextTable::MarkRow(int row, const QString& meaning) {
   marked_ = row;
   meaning_ = meaning;
   for (const int changed : {before, row}) {
-    if (changed >= 0) emit dataChanged(index(changed, 0), index(changed, columnCount() - 1));
+    if (changed >= 0) Q_EMIT dataChanged(index(changed, 0), index(changed, columnCount() - 1));
   }
 }
 

@@ -44,7 +44,7 @@ class WorkoutTab : public QWidget {
   /// enabled.
   void EnableEditing(bool enabled);
 
- signals:
+ Q_SIGNALS:
   void ExerciseOpened();
 
  private:

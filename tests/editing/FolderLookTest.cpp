@@ -26,8 +26,6 @@ class FolderLookTest : public testing::Test {
     return last;
   }
 
-  int argumentCount = 0;
-  QCoreApplication application{argumentCount, nullptr};
   TemporaryFolder folder;
 };
 

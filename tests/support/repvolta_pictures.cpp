@@ -368,7 +368,7 @@ void TakeWindow(const Pictures& pictures) {
   form.findChild<QPushButton*>("ListenButton")->click();
   pictures.Take(form, "RepvoltaForm-Exercise-heard");
   for (auto* menu : form.findChildren<QMenu*>()) {
-    emit menu->aboutToShow();
+    Q_EMIT menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());
   }
   TakePreview(pictures, program);

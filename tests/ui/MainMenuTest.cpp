@@ -49,7 +49,7 @@ class MainMenuTest : public FormFixture {
     const MenuLine* line = LineOf(object);
     if (line == nullptr) qFatal("There is no line %s", qPrintable(object));
     auto& menu = Get<QMenu>(qPrintable(QString(TitleOf(line->menu)) + "Menu"));
-    emit menu.aboutToShow();
+    Q_EMIT menu.aboutToShow();
     const std::vector<MenuLine> lines = MenuLines();
     qsizetype place = 0;
     for (const MenuLine& one : lines) {
@@ -97,7 +97,7 @@ TEST_F(MainMenuTest, TitlesLeaveAllLettersToTheTabs) {
 
 TEST_F(MainMenuTest, EachLineHasAMnemonicOfItsOwn) {
   for (QMenu* menu : Menus()) {
-    emit menu->aboutToShow();
+    Q_EMIT menu->aboutToShow();
     QSet<QString> letters;
     for (const QAction* action : menu->actions()) {
       if (action->isSeparator()) continue;

@@ -27,7 +27,7 @@ class Desktop : public QObject {
 
   QList<QUrl> opened;
 
- public slots:
+ public Q_SLOTS:
   void Open(const QUrl& url) { opened << url; }
 };
 

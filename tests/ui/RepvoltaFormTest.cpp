@@ -178,7 +178,7 @@ TEST_F(MainWindow, UpdatesAllWorkoutsAndEndsWithoutOne) {
 TEST_F(MainWindow, AfterUpdateAllTheSelectedWorkoutCanBeChosenAgain) {
   Click("UpdateAllWorkoutsButton");
   auto& box = Get<QComboBox>("WorkoutDropBox");
-  emit box.activated(box.currentIndex());
+  Q_EMIT box.activated(box.currentIndex());
   EXPECT_EQ(state.WorkoutFileName, "Monday.RPV");
   EXPECT_TRUE(IsEnabled("AddExerciseButton"));
 }

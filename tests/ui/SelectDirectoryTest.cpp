@@ -149,7 +149,7 @@ TEST_F(SelectDirectoryDeepDown, StaysWhereThePersonScrolledTo) {
   QScrollBar& bar = *folders->verticalScrollBar();
   bar.triggerAction(QScrollBar::SliderToMinimum);
   const int place = bar.value();
-  emit dynamic_cast<QFileSystemModel&>(*folders->model()).directoryLoaded(At(kDeep));
+  Q_EMIT dynamic_cast<QFileSystemModel&>(*folders->model()).directoryLoaded(At(kDeep));
   EXPECT_EQ(bar.value(), place);
   EXPECT_FALSE(InSight(folders->currentIndex()));
 }
@@ -158,7 +158,7 @@ TEST_F(SelectDirectoryDeepDown, StaysWithTheFolderThatThePersonOpened) {
   ASSERT_NO_FATAL_FAILURE(Open());
   const QModelIndex parent = folders->currentIndex().parent().parent().parent();
   folders->collapse(parent);
-  emit dynamic_cast<QFileSystemModel&>(*folders->model()).directoryLoaded(At(kDeep));
+  Q_EMIT dynamic_cast<QFileSystemModel&>(*folders->model()).directoryLoaded(At(kDeep));
   EXPECT_FALSE(folders->isExpanded(parent));
 }
 

@@ -224,7 +224,7 @@ TEST_F(SettingsScreen, AChosenAudioOutputChangesNothing) {
   const Bytes file = GetFile("settings.dat");
   QComboBox& box = Get<QComboBox>("AudioOutputCB");
   box.setCurrentIndex(1);
-  emit box.activated(1);
+  Q_EMIT box.activated(1);
   EXPECT_EQ(state.Settings, before);
   EXPECT_EQ(GetFile("settings.dat"), file);
 }

@@ -53,7 +53,7 @@ TEST_F(UndoInTheWindow, SaysInTheMenuWhatItIs) {
   EXPECT_EQ(TextOf(Undo()), "Undo Remove Exercise 'Bench && Press'");
   EXPECT_FALSE(Redo().isEnabled());
   auto& menu = Get<QMenu>("EditMenu");
-  emit menu.aboutToShow();
+  Q_EMIT menu.aboutToShow();
   EXPECT_EQ(menu.actions().first(), &Undo());
   EXPECT_EQ(menu.actions()[1], &Redo());
 }

@@ -213,7 +213,7 @@ TEST_F(WorkoutControls, ChoosingTheSelectedWorkoutLoadsItAgain) {
   changed[0].ExerciseName = "Press";
   PutFile("workouts/Monday.RPV", EncodeWorkout(changed));
   // As a person does who opens the list and picks the entry that is selected already.
-  emit Box().activated(Box().currentIndex());
+  Q_EMIT Box().activated(Box().currentIndex());
   EXPECT_THAT(Rows("ExerciseList"), ElementsAre("Press"));
 }
 

@@ -27,7 +27,7 @@ constexpr const char* kWorkout = "Monday.RPV";
 
 /// Seconds and nanoseconds of the last change.
 std::array<std::int64_t, 2> TimeOfChange() {
-  struct stat status {};
+  struct stat status{};
   Require(stat(kSong, &status) == 0, "the file is there");
   return {status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }

@@ -50,19 +50,17 @@ void ReloadChangedOptions(ProgramState& state) {
 
 void SaveOptions(ProgramState& state) {
   MakeProgramDirectoryCurrent(state);
-  SaveShared({.name = kOptionsFile,
-              .isUnread = state.OptionsAreUnread,
-              .knownStamp = [&] { return state.KnownOptions.stamp; },
-              .takeOver = [&] { ReloadChangedOptions(state); },
-              .content =
-                  [&] {
-                    const std::string file = state.Options.File();
-                    return Bytes(file.begin(), file.end());
-                  },
-              .remember =
-                  [&](const FileStamp& stamp) {
-                    state.KnownOptions = {state.Options, stamp};
-                  }});
+  SaveShared(
+      {.name = kOptionsFile,
+       .isUnread = state.OptionsAreUnread,
+       .knownStamp = [&] { return state.KnownOptions.stamp; },
+       .takeOver = [&] { ReloadChangedOptions(state); },
+       .content =
+           [&] {
+             const std::string file = state.Options.File();
+             return Bytes(file.begin(), file.end());
+           },
+       .remember = [&](const FileStamp& stamp) { state.KnownOptions = {state.Options, stamp}; }});
 }
 
 std::string OddOptions(const OptionLines& options) {

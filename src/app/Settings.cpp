@@ -33,15 +33,13 @@ void ReloadChangedSettings(ProgramState& state) {
 
 void SaveSettings(ProgramState& state) {
   MakeProgramDirectoryCurrent(state);
-  SaveShared({.name = kSettingsFile,
-              .isUnread = state.SettingsAreUnread,
-              .knownStamp = [&] { return state.KnownSettings.stamp; },
-              .takeOver = [&] { ReloadChangedSettings(state); },
-              .content = [&] { return EncodeSettings(state.Settings); },
-              .remember =
-                  [&](const FileStamp& stamp) {
-                    state.KnownSettings = {state.Settings, stamp};
-                  }});
+  SaveShared(
+      {.name = kSettingsFile,
+       .isUnread = state.SettingsAreUnread,
+       .knownStamp = [&] { return state.KnownSettings.stamp; },
+       .takeOver = [&] { ReloadChangedSettings(state); },
+       .content = [&] { return EncodeSettings(state.Settings); },
+       .remember = [&](const FileStamp& stamp) { state.KnownSettings = {state.Settings, stamp}; }});
 }
 
 }  // namespace repvolta

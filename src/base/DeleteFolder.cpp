@@ -26,7 +26,7 @@ struct Entry {
 struct statx LookAt(const Entry& entry) {
   constexpr int kFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_EMPTY_PATH;
   constexpr unsigned kWanted = STATX_TYPE | STATX_MODE | STATX_MNT_ID;
-  struct statx status {};
+  struct statx status{};
   const int result = Uninterrupted(
       [&] { return statx(entry.folder.Number(), entry.name.c_str(), kFlags, kWanted, &status); });
   if (result != 0) throw FileError(entry.path, kFailure, errno);
@@ -125,10 +125,9 @@ class Deletion {
     // The folder is read to its end first: some file systems skip entries when others are deleted
     // during the reading.
     std::vector<Found> all;
-    const int error =
-        ForEachEntry(OpenIn(opened, ".", folder.path), [&](std::string_view name, EntryType type) {
-          all.push_back({std::string(name), type});
-        });
+    const int error = ForEachEntry(
+        OpenIn(opened, ".", folder.path),
+        [&](std::string_view name, EntryType type) { all.push_back({std::string(name), type}); });
     for (const auto& [name, type] : all) {
       Delete({opened, name, std::string(folder.path).append("/").append(name)}, type);
     }

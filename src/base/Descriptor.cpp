@@ -23,8 +23,8 @@ Descriptor OpenDescriptor(const std::string& path, int flags, unsigned mode) {
 }
 
 bool IsStillAt(const Descriptor& descriptor, const std::string& name) {
-  struct stat open {};
-  struct stat named {};
+  struct stat open{};
+  struct stat named{};
   return fstat(descriptor.Number(), &open) == 0 && lstat(name.c_str(), &named) == 0 &&
          open.st_dev == named.st_dev && open.st_ino == named.st_ino;
 }

@@ -79,7 +79,7 @@ File File::OpenOrCreate(const std::string& path) {
 }
 
 struct stat File::Status() const {
-  struct stat status {};
+  struct stat status{};
   if (fstat(descriptor_.Number(), &status) != 0) throw FileError(path_, "could not be read", errno);
   return status;
 }
@@ -158,7 +158,7 @@ bool FileExists(const std::string& path) {
 bool FileIsReachable(const std::string& path) { return SizeIfReachable(path).has_value(); }
 
 std::optional<std::uint64_t> SizeIfReachable(const std::string& path) {
-  struct stat status {};
+  struct stat status{};
   if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
   return static_cast<std::uint64_t>(status.st_size);
 }
@@ -227,7 +227,9 @@ void CopyFileToNew(const std::string& source, const std::string& target, const C
 }
 
 void CopyFileOver(const std::string& source, const std::string& target, const CopyStart& start) {
-  { const File readable = File::Open(source, File::Access::kRead); }
+  {
+    const File readable = File::Open(source, File::Access::kRead);
+  }
   RemoveFile(target);
   CopyFileToNew(source, target, start);
 }

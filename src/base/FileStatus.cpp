@@ -9,7 +9,7 @@
 namespace repvolta {
 
 std::optional<struct stat> StatusOf(const std::string& path, Links links) {
-  struct stat status {};
+  struct stat status{};
   const auto look = links == Links::kFollowed ? stat : lstat;
   if (look(path.c_str(), &status) == 0) return status;
   for (const int missing : {ENOENT, ENOTDIR, ELOOP, ENAMETOOLONG}) {

@@ -30,7 +30,7 @@ EntryType TypeOfMode(mode_t mode) {
 /// Nothing, with the error in errno, when that fails.
 std::optional<EntryType> TypeOf(DIR* folder, const dirent& entry) {
   if (entry.d_type != DT_UNKNOWN) return TypeOfMode(static_cast<mode_t>(DTTOIF(entry.d_type)));
-  struct stat status {};
+  struct stat status{};
   if (fstatat(dirfd(folder), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0) {
     return TypeOfMode(status.st_mode);
   }

@@ -30,7 +30,7 @@ FolderHandle FolderHandle::OpenFolder(const std::string& name) const {
 
 std::optional<struct stat> FolderHandle::StatusOf(const std::string& name) const {
   constexpr int kFlags = AT_SYMLINK_NOFOLLOW | AT_EMPTY_PATH;
-  struct stat status {};
+  struct stat status{};
   if (fstatat(descriptor_.Number(), name.c_str(), &status, kFlags) == 0) return status;
   for (const int missing : {ENOENT, ENOTDIR, ELOOP, ENAMETOOLONG}) {
     if (errno == missing) return std::nullopt;

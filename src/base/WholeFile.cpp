@@ -28,10 +28,10 @@ mode_t PermissionsInOtherGroup(mode_t mode) {
 /// that file, or those of a new one. Throws FileError, because a private file must not become
 /// readable to others when a disk fails.
 mode_t TakeGroup(const File& file, const std::string& path) {
-  struct stat before {};
+  struct stat before{};
   if (stat(path.c_str(), &before) == 0) {
     const mode_t mode = before.st_mode & 07777;
-    struct stat now {};
+    struct stat now{};
     const int own = file.OpenAs().Number();
     const bool hasGroup = fstat(own, &now) == 0 && now.st_gid == before.st_gid;
     const bool keepsGroup = hasGroup || fchown(own, kSameUser, before.st_gid) == 0;
@@ -50,7 +50,7 @@ void SetPermissions(const File& file, mode_t mode, const std::string& path) {
   const int own = file.OpenAs().Number();
   if (fchmod(own, mode) == 0) return;
   const int error = errno;
-  struct stat now {};
+  struct stat now{};
   const bool isUnable = error == EPERM || error == ENOSYS || error == ENOTSUP;
   if (isUnable && fstat(own, &now) == 0 && (now.st_mode & kReadable & ~mode) == 0) return;
   throw FileError(path, kFailure, error);

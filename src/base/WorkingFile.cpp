@@ -33,7 +33,7 @@ std::string UserName(uid_t user) {
 
 /// Why access to `name` is denied: it belongs to another user, or `otherwise`.
 std::string ReasonOfDenial(const std::string& name, const std::string& otherwise) {
-  struct stat status {};
+  struct stat status{};
   if (lstat(name.c_str(), &status) != 0 || status.st_uid == geteuid()) return otherwise;
   return FileName(name) + " belongs to user " + UserName(status.st_uid) + " and cannot be removed";
 }

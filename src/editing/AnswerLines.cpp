@@ -29,7 +29,7 @@ constexpr Unit kMinutes = {"minute", "minutes"};
 struct ColumnOfSet {
   const char* meaning;  // before the name of the field
   int field;
-  SetSingles ExerciseRecord::*numbers;
+  SetSingles ExerciseRecord::* numbers;
 };
 
 ColumnOfSet Column(SetColumn column) {

@@ -66,7 +66,7 @@ class Comparison {
 
   /// Texts that are equal on the screen are not told.
   template <class Field, class TextOf>
-  void Tell(Field ExerciseRecord::*field, const std::string& what, TextOf textOf) {
+  void Tell(Field ExerciseRecord::* field, const std::string& what, TextOf textOf) {
     const std::string then = textOf(then_.*field);
     const std::string now = textOf(now_.*field);
     if (then == now) return;
@@ -140,7 +140,7 @@ class Comparison {
   }
 
   template <class Numbers, class TextOf>
-  void TellNumber(Numbers ExerciseRecord::*numbers, int set, const std::string& what,
+  void TellNumber(Numbers ExerciseRecord::* numbers, int set, const std::string& what,
                   TextOf textOf) {
     const std::string then = textOf((then_.*numbers)[set]);
     const std::string now = textOf((now_.*numbers)[set]);

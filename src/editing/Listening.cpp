@@ -106,8 +106,7 @@ void Listening::SpeakName(const std::string& name) {
 /// The target begins with the name already.
 void Listening::PlayJoined() {
   MissingWords missing;
-  JoinClips(
-      said_.clips, Target(), [](const Clip&) {}, missing);
+  JoinClips(said_.clips, Target(), [](const Clip&) {}, missing);
   missing_ = missing.Text();
   if (!said_.failure.empty()) missing_ += (missing_.empty() ? "" : " ") + WithEnd(said_.failure);
   services_.player.Play(Target(), services_.output(),

@@ -51,13 +51,14 @@ void ChangeNumber(Editor& editor, int row, SetColumn column, Change change) {
                          });
 }
 
-void ChangeField(Editor& editor, int row, SetColumn column, SetSingles ExerciseRecord::*field) {
+void ChangeField(Editor& editor, int row, SetColumn column, SetSingles ExerciseRecord::* field) {
   ChangeNumber(editor, row, column,
                [&](ExerciseRecord& record, float number) { (record.*field)[row] = number; });
 }
 
 void ChangeFrequency(Editor& editor, int row, SetColumn column,
-                     SetSingles ExerciseRecord::*frequency, SetDates ExerciseRecord::*nextUpdate) {
+                     SetSingles ExerciseRecord::* frequency,
+                     SetDates ExerciseRecord::* nextUpdate) {
   ChangeNumber(editor, row, column, [&](ExerciseRecord& record, float days) {
     (record.*frequency)[row] = days;
     (record.*nextUpdate)[row] = editor.program.clock.Today() + static_cast<double>(days);

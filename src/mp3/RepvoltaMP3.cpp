@@ -71,7 +71,7 @@ bool FitsInt32(std::int64_t value) {
 }
 
 std::array<timespec, 2> TimesOf(const std::string& path) {
-  struct stat status {};
+  struct stat status{};
   if (stat(path.c_str(), &status) != 0) throw FileError(path, "could not be read", errno);
   return {status.st_atim, status.st_mtim};
 }

@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kUsualWidth = 80;
 
 std::size_t WidthOf(int descriptor) {
-  struct winsize size {};
+  struct winsize size{};
   if (ioctl(descriptor, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return kUsualWidth;
   return size.ws_col;
 }

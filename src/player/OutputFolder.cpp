@@ -16,7 +16,7 @@ constexpr const char* kNotRead = "could not be read";
 
 /// True when the file system is a program, as those of phones are.
 bool IsOnProgram(const FolderHandle& folder) {
-  struct statfs status {};
+  struct statfs status{};
   return fstatfs(folder.OpenAs().Number(), &status) == 0 && status.f_type == FUSE_SUPER_MAGIC;
 }
 

@@ -71,7 +71,7 @@ bool IsOurFile(std::string_view name) {
 
 /// True when the folder has our owner and permissions, and holds only files that we put there.
 bool IsOurs(const Descriptor& descriptor, const std::string& folder) {
-  struct stat status {};
+  struct stat status{};
   if (fstat(descriptor.Number(), &status) != 0 || status.st_uid != geteuid()) return false;
   if ((status.st_mode & 0777) != S_IRWXU) return false;
   bool isOurs = true;

@@ -7,6 +7,8 @@ namespace repvolta {
 /// A label of one line that leaves out the middle of a text for which it is too narrow. A screen
 /// reader says the whole text.
 class ElidedLabel : public QLabel {
+  Q_OBJECT
+
  public:
   using QLabel::QLabel;
 

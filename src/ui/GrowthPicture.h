@@ -9,6 +9,8 @@ namespace repvolta {
 /// Draws growth ahead: steps, one line a value, told apart by colour, dashes and marks; hollow
 /// marks are those of the second value, whose axis is on the right.
 class GrowthPicture : public QChartView {
+  Q_OBJECT
+
  public:
   explicit GrowthPicture(QWidget* parent = nullptr);
 

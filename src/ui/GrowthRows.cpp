@@ -7,7 +7,7 @@ namespace {
 
 struct Column {
   const char* name;
-  std::string GrowthRow::*text;
+  std::string GrowthRow::* text;
   Qt::Alignment alignment;
 };
 

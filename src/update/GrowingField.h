@@ -7,10 +7,10 @@ namespace repvolta {
 /// The members of a record that hold one of the two set values and the rule of its growth.
 struct GrowingField {
   int number;
-  SetSingles ExerciseRecord::*value;
-  SetSingles ExerciseRecord::*increment;
-  SetSingles ExerciseRecord::*frequency;  // days
-  SetDates ExerciseRecord::*nextUpdate;   // the frequency is counted from it
+  SetSingles ExerciseRecord::* value;
+  SetSingles ExerciseRecord::* increment;
+  SetSingles ExerciseRecord::* frequency;  // days
+  SetDates ExerciseRecord::* nextUpdate;   // the frequency is counted from it
 };
 
 inline constexpr GrowingField kField1 = {

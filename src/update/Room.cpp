@@ -69,7 +69,7 @@ std::optional<LackOfRoom> Compare(const std::vector<const ProgramState*>& workou
 }  // namespace
 
 std::optional<DiskRoom> RoomOf(const std::string& folder) {
-  struct statvfs disk {};
+  struct statvfs disk{};
   // A file system that does not count its room reports zeros.
   if (statvfs(folder.c_str(), &disk) != 0 || disk.f_blocks == 0 || disk.f_frsize == 0) {
     return std::nullopt;

@@ -17,7 +17,9 @@ TEST(ScreenUpdate, LastsAsLongAsItLives) {
 TEST(ScreenUpdate, DoesNotEndTheOneAroundIt) {
   ProgramState state;
   const ScreenUpdate outer(state);
-  { const ScreenUpdate inner(state); }
+  {
+    const ScreenUpdate inner(state);
+  }
   EXPECT_TRUE(state.ScreenUpdating);
 }
 

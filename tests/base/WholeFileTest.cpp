@@ -70,7 +70,9 @@ TEST(WriteWholeFile, NamesTheFileAndNotTheOneBesideIt) {
 
 TEST(WholeFileWriter, LeavesNothingWithoutACommit) {
   TemporaryFolder folder;
-  { WholeFileWriter("musiclist.txt").Append("a song\n"); }
+  {
+    WholeFileWriter("musiclist.txt").Append("a song\n");
+  }
   EXPECT_EQ(EntriesHere(), 0U);
 }
 

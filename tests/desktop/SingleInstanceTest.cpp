@@ -48,7 +48,9 @@ TEST(SingleInstance, KnowsADirectoryByAnotherName) {
 
 TEST(SingleInstance, LeavesNothingBehind) {
   const TemporaryFolder folder;
-  { const SingleInstance first(folder.Path()); }
+  {
+    const SingleInstance first(folder.Path());
+  }
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
   EXPECT_TRUE(SingleInstance(folder.Path()).IsFirst());
 }

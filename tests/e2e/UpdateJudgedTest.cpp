@@ -151,13 +151,13 @@ TEST_F(UpdateJudged, TheUsersMusicIsNotTouched) {
   Begin("Monday");
   AddMusic("tagged.mp3", Tone({"--add-id3v2", "--tt", "Old"}));
   SaveBegun();
-  struct stat before {};
+  struct stat before{};
   ASSERT_EQ(stat("music/tagged.mp3", &before), 0);
   const Bytes content = GetFile("music/tagged.mp3");
 
   ASSERT_EQ(Update().status, 0);
 
-  struct stat after {};
+  struct stat after{};
   ASSERT_EQ(stat("music/tagged.mp3", &after), 0);
   EXPECT_EQ(GetFile("music/tagged.mp3"), content);
   EXPECT_EQ(after.st_mtim.tv_nsec, before.st_mtim.tv_nsec);

@@ -34,32 +34,21 @@ using testing::SizeIs;
 // Nobody who has an Editor can change a workout but through a History.
 
 template <class Any>
-concept ChangesTheCount = requires(Any& editor) {
-  editor.State().NumberOfExercises = 1;
-};
+concept ChangesTheCount = requires(Any& editor) { editor.State().NumberOfExercises = 1; };
 template <class Any>
-concept ChangesTheExercise = requires(Any& editor) {
-  editor.Exercise().NumberOfSets = 1;
-};
+concept ChangesTheExercise = requires(Any& editor) { editor.Exercise().NumberOfSets = 1; };
 template <class Any>
-concept ChangesTheProgram = requires(Any& editor) {
-  editor.program.state.NumberOfExercises = 1;
-};
+concept ChangesTheProgram = requires(Any& editor) { editor.program.state.NumberOfExercises = 1; };
 template <class Any>
-concept Saves = requires(Any& editor) {
-  SaveWorkout(editor.State());
-};
+concept Saves = requires(Any& editor) { SaveWorkout(editor.State()); };
 template <class Any>
-concept HasTheProgram = requires(Any& editor) {
-  static_cast<Program&>(editor.program);
-};
+concept HasTheProgram = requires(Any& editor) { static_cast<Program&>(editor.program); };
 template <class Any>
-concept OpensTheProgram = requires(Any& editor) {
-  editor.program.program_;
-};
+concept OpensTheProgram = requires(Any& editor) { editor.program.program_; };
 template <class Any>
-concept ChangesAWorkout = ChangesTheCount<Any> || ChangesTheExercise<Any> ||
-    ChangesTheProgram<Any> || Saves<Any> || HasTheProgram<Any> || OpensTheProgram<Any>;
+concept ChangesAWorkout =
+    ChangesTheCount<Any> || ChangesTheExercise<Any> || ChangesTheProgram<Any> || Saves<Any> ||
+    HasTheProgram<Any> || OpensTheProgram<Any>;
 
 struct OpenEditor {
   Program& program;

@@ -50,10 +50,7 @@ class ListeningTest : public ProgramFixture {
   Listening listening{program,
                       {.player = player,
                        .speech = background,
-                       .output =
-                           [] {
-                             return ChosenOutput{1, "Headphones"};
-                           },
+                       .output = [] { return ChosenOutput{1, "Headphones"}; },
                        .current = [this] { return current; }}};
 };
 

@@ -151,11 +151,8 @@ TEST_F(SetEditing, LeadingNumbersBecomeValues) {
 
 TEST_F(SetEditing, ASetThatCannotBeSavedIsToldAndShown) {
   BlockWorkouts();
-  EXPECT_THAT(
-      [this] {
-        Add({"1", "2"});
-      },
-      ThrowsMessage<UnsavedChange>(HasSubstr("workouts/Monday.RPV could not be")));
+  EXPECT_THAT([this] { Add({"1", "2"}); },
+              ThrowsMessage<UnsavedChange>(HasSubstr("workouts/Monday.RPV could not be")));
   EXPECT_THAT(screen.sets[kSetList1], ElementsAre("1"));
 }
 

@@ -23,7 +23,7 @@ struct ValueList {
   const char* name;
   void (*doubleClick)(Editor& editor, int row);
   SetColumn column;
-  SetSingles ExerciseRecord::*number;
+  SetSingles ExerciseRecord::* number;
 };
 
 constexpr ValueList kValueLists[] = {

@@ -30,7 +30,7 @@ constexpr const char* kClips[] = {"1",   "set",  "sets", "5",         "10",    "
                                   "for", "reps", "50",   "kilograms", "pounds"};
 
 Entry LookAt(const fs::path& path) {
-  struct stat status {};
+  struct stat status{};
   lstat(path.c_str(), &status);
   Entry entry{.content = {},
               .changed = status.st_mtim.tv_sec * 1'000'000'000 + status.st_mtim.tv_nsec,

@@ -127,8 +127,7 @@ INSTANTIATE_TEST_SUITE_P(Groups, FaultsOfOneCall, testing::ValuesIn(kGroups),
 TEST_F(Faults, OfOneCallLoseNothingWhileANameIsSpoken) {
   MakeMondaySpeak();
   LearnWhatIsRight();
-  ForEachFault(
-      "update that speaks", [&](const Fault& fault) { return TryUpdate(fault); }, 5);
+  ForEachFault("update that speaks", [&](const Fault& fault) { return TryUpdate(fault); }, 5);
 }
 
 TEST_F(Faults, OfAllFurtherCallsLoseNothingInAnUpdate) {

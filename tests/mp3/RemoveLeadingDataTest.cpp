@@ -49,7 +49,7 @@ void SetOldTimes() {
 }
 
 struct stat StatusNow() {
-  struct stat status {};
+  struct stat status{};
   stat("song.mp3", &status);
   return status;
 }

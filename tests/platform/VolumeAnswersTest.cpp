@@ -27,7 +27,7 @@ TEST_F(VolumeAnswersTest, TellTheRoomOfAFolder) {
   const auto answer = answers.Of(folder.Path());
   ASSERT_TRUE(answer);
   EXPECT_TRUE(answer->isFolder);
-  struct statvfs room {};
+  struct statvfs room{};
   ASSERT_EQ(statvfs(folder.Path().c_str(), &room), 0);
   ASSERT_TRUE(answer->freeBytes);
   // Others use this disk, too.

@@ -51,28 +51,36 @@ TEST_F(PrivateFolders, AreNotTakenForThoseWithALikeName) {
   const std::string names[] = {"repvolta-speech-takes-of-may", "repvolta-speech-", "speech-kI11ed",
                                "repvolta-speech-of-may", "repvolta-speech-kI11e"};
   for (const std::string& name : names) LeaveFolder(name);
-  { const PrivateFolder made; }
+  {
+    const PrivateFolder made;
+  }
   for (const std::string& name : names) EXPECT_EQ(GetTextFile(name + "/text"), "Squat");
 }
 
 TEST_F(PrivateFolders, WithSomethingElseInThemAreLeft) {
   LeaveFolder(kLeft);
   PutFile(std::string(kLeft) + "/recording.wav", "mine");
-  { const PrivateFolder made; }
+  {
+    const PrivateFolder made;
+  }
   EXPECT_EQ(GetTextFile(std::string(kLeft) + "/recording.wav"), "mine");
 }
 
 TEST_F(PrivateFolders, WithAFolderInThemAreLeft) {
   fs::create_directories(std::string(kLeft) + "/sound.wav");
   fs::permissions(kLeft, fs::perms::owner_all);
-  { const PrivateFolder made; }
+  {
+    const PrivateFolder made;
+  }
   EXPECT_TRUE(fs::exists(kLeft));
 }
 
 TEST_F(PrivateFolders, ThatOthersMayEnterAreLeft) {
   LeaveFolder(kLeft);
   fs::permissions(kLeft, fs::perms(0750));
-  { const PrivateFolder made; }
+  {
+    const PrivateFolder made;
+  }
   EXPECT_TRUE(fs::exists(kLeft));
 }
 
@@ -82,7 +90,9 @@ TEST_F(PrivateFolders, LeaveNothingOpen) {
   };
   const auto before = opened();
   LeaveFolder(kLeft);
-  { const PrivateFolder made; }
+  {
+    const PrivateFolder made;
+  }
   EXPECT_EQ(opened(), before);
 }
 
@@ -98,7 +108,9 @@ TEST_F(PrivateFolders, AreNotTakenForWhatOthersLeft) {
   fs::create_directory_symlink("precious", "repvolta-speech-link");
   PutFile("repvolta-speech-file", "x");
   PutFile("repvolta-other/file", "x");
-  { const PrivateFolder made; }
+  {
+    const PrivateFolder made;
+  }
   EXPECT_EQ(GetTextFile("precious/diary.txt"), "mine");
   EXPECT_TRUE(fs::is_symlink("repvolta-speech-link"));
   EXPECT_TRUE(fs::exists("repvolta-speech-file"));
@@ -109,7 +121,9 @@ TEST_F(PrivateFolders, OfOtherUsersAreLeft) {
   LeaveFolder("repvolta-speech-theirs");
   // Only the superuser can give a folder away; for other users it stays their own.
   const bool isGiven = chown("repvolta-speech-theirs", 12345, 12345) == 0;
-  { const PrivateFolder made; }
+  {
+    const PrivateFolder made;
+  }
   EXPECT_EQ(fs::exists("repvolta-speech-theirs"), isGiven);
 }
 

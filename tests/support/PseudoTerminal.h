@@ -15,7 +15,7 @@ namespace repvolta {
 class PseudoTerminal {
  public:
   explicit PseudoTerminal(unsigned short columns) {
-    struct winsize size {};
+    struct winsize size{};
     size.ws_col = columns;
     int master = -1;
     int slave = -1;
@@ -27,7 +27,7 @@ class PseudoTerminal {
   int Number() const { return slave_.Number(); }
 
   void Resize(unsigned short columns) const {
-    struct winsize size {};
+    struct winsize size{};
     size.ws_col = columns;
     EXPECT_EQ(ioctl(slave_.Number(), TIOCSWINSZ, &size), 0);
   }

@@ -43,8 +43,7 @@ class SelectDirectoryDialog : public testing::Test {
     return dialog->SelectedDirectory();
   }
   /// Answers the box that asks for the name of the new folder.
-  void MakeFolder(
-      const QString& name, const std::function<void()>& beforeTheAnswer = [] {}) {
+  void MakeFolder(const QString& name, const std::function<void()>& beforeTheAnswer = [] {}) {
     WhenModal([=](QWidget& box) {
       EXPECT_EQ(Find<QLabel>(box, "PromptLabel").text(), "Enter a name for the new folder");
       QTest::keyClicks(&Find<QLineEdit>(box, "AnswerBox"), name);

@@ -11,7 +11,7 @@ using testing::IsEmpty;
 
 struct ValueList {
   const char* name;
-  SetSingles ExerciseRecord::*number;
+  SetSingles ExerciseRecord::* number;
 };
 
 constexpr ValueList kValueLists[] = {

@@ -31,11 +31,8 @@ TEST(ChosenWorkouts, AreThoseOfTheSameCaseFirst) {
 }
 
 TEST(ChosenWorkouts, AreRefusedWhenOneIsNotThere) {
-  EXPECT_THAT(
-      [] {
-        ChosenWorkouts(Listed(), {"Monday", "Someday"});
-      },
-      ThrowsMessage<NoSuchWorkout>(StrEq("There is no workout Someday")));
+  EXPECT_THAT([] { ChosenWorkouts(Listed(), {"Monday", "Someday"}); },
+              ThrowsMessage<NoSuchWorkout>(StrEq("There is no workout Someday")));
   EXPECT_THROW(ChosenWorkouts(Listed(), {""}), NoSuchWorkout);
 }
 

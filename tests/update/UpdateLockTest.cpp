@@ -34,7 +34,9 @@ TEST(UpdateLock, NamesTheProgramDirectory) {
 
 TEST(UpdateLock, IsFreeAfterItsEnd) {
   TemporaryFolder folder;
-  { const UpdateLock lock(folder.Path()); }
+  {
+    const UpdateLock lock(folder.Path());
+  }
   EXPECT_NO_THROW(UpdateLock(folder.Path()));
 }
 

@@ -36,11 +36,14 @@ HERE = "/proc/self/cwd"
 NOT_COUNTED = {"getdents64", "brk"}
 
 # The C library has several ways to copy and search, and chooses one by the processor; the number of
-# instructions of one of them even depends on the addresses. It also asks the system for large blocks of
-# memory by a call of their own, and what counts as large depends on the blocks that were freed before.
-# These settings fix both choices.
+# instructions of one of them even depends on the addresses. Newer ones copy by one instruction that
+# repeats itself, which counts once for each byte. It also asks the system for large blocks of memory by a
+# call of their own, and what counts as large depends on the blocks that were freed before. These settings
+# fix all these choices.
 ALIKE_EVERYWHERE = {"GLIBC_TUNABLES": "glibc.malloc.mmap_max=0:glibc.cpu.hwcaps=-ERMS,-AVX2,-AVX,"
-                                      "-AVX_Fast_Unaligned_Load,-SSSE3,-SSE4_2"}
+                                      "-AVX_Fast_Unaligned_Load,-SSSE3,-SSE4_2:"
+                                      "glibc.cpu.x86_rep_movsb_threshold=1000000000:"
+                                      "glibc.cpu.x86_rep_stosb_threshold=1000000000"}
 
 # On a file system whose folders do not tell the types of their entries, each entry costs a call.
 ASKING_FOR_TYPE = {"calls": 1, "instructions": 25}

@@ -2,11 +2,14 @@
 
 import os
 import pathlib
+import platform
 import shutil
 import subprocess
 
 HOME = "/home/tester"
 DATA = HOME + "/.local/share/repvolta"
+# Where this machine's list of package sources is: in one of them.
+SOURCES = [pathlib.Path("/etc/apt/sources.list"), pathlib.Path("/etc/apt/sources.list.d/debian.sources")]
 LIMIT = 900  # seconds; packages come over the net
 
 ROOT_ENVIRONMENT = ["PATH=/usr/sbin:/usr/bin:/sbin:/bin", "DEBIAN_FRONTEND=noninteractive",
@@ -24,20 +27,34 @@ def run(*command, status=0):
     return done.stdout
 
 
-def package_sources():
-    """This machine's list of package sources, which is in one of two places."""
-    places = ["/etc/apt/sources.list.d/debian.sources", "/etc/apt/sources.list"]
-    return [place for place in places if os.path.exists(place) and os.path.getsize(place)][-1:]
+def own_release():
+    """The code name of this machine's release of Debian."""
+    return platform.freedesktop_os_release()["VERSION_CODENAME"]
+
+
+def package_sources(release, folder):
+    """This machine's list of package sources, made one of that release: a file in the folder, or
+    none."""
+    for place in SOURCES:
+        if place.exists() and place.stat().st_size:
+            copy = folder / place.name
+            copy.write_text(place.read_text(encoding="utf-8").replace(own_release(), release),
+                            encoding="utf-8")
+            return [copy]
+    return []
 
 
 class Tree:
-    """Paths of the tree are written as its programs see them. Its mounts end with this process."""
+    """A tree of a release, by default this machine's. Paths of the tree are written as its programs
+    see them. Its mounts end with this process, which must have mounts of its own."""
 
-    def __init__(self, work):
+    def __init__(self, work, release=None):
         self.root = work / "root"
-        self._make_base(work / "base", work / "base.done")
-        shutil.rmtree(self.root, ignore_errors=True)
+        self._make_base(work, release or own_release())
+        run("rm", "-rf", "--one-file-system", self.root)
         run("cp", "-a", work / "base", self.root)
+        # As on a computer, the root is a mount.
+        run("mount", "--bind", self.root, self.root)
         shutil.copy("/etc/resolv.conf", self.path("/etc/resolv.conf"))
         run("mount", "-t", "proc", "proc", self.path("/proc"))
         self.as_root("useradd", "--create-home", "--shell", "/bin/bash", "tester")
@@ -45,12 +62,15 @@ class Tree:
         self.path("/tmp/.X11-unix").mkdir(exist_ok=True)
 
     @staticmethod
-    def _make_base(base, done):
-        """Makes the base tree, which is kept between runs."""
+    def _make_base(work, release):
+        """Makes the base tree, which is kept between runs. What is installed need not survive a
+        power cut, so nothing waits for the disk."""
+        base, done = work / "base", work / "base.done"
         if not done.exists():
             shutil.rmtree(base, ignore_errors=True)
-            base.parent.mkdir(parents=True, exist_ok=True)
-            run("mmdebstrap", "--quiet", "--variant=minbase", "bookworm", base, *package_sources())
+            work.mkdir(parents=True, exist_ok=True)
+            run("mmdebstrap", "--quiet", "--variant=minbase", "--dpkgopt=force-unsafe-io", release,
+                base, *package_sources(release, work))
             done.touch()
 
     def share_display(self):

@@ -26,12 +26,17 @@ const char* OpenFailure(File::Access access) {
 
 constexpr const char* kOtherName = "It has another name elsewhere";
 
-/// The status of an open regular file; throws FileError for anything else.
-struct stat StatusOfOpened(const Descriptor& descriptor, const std::string& path,
-                           const char* failure) {
-  struct stat status {};
-  if (fstat(descriptor.Number(), &status) != 0) throw FileError(path, failure, errno);
-  if (!S_ISREG(status.st_mode)) throw FileError(path, failure, kNoFile);
+/// The size and the names of an open regular file; throws FileError for anything else. Its times
+/// are not asked for: after that, some file systems note the time of the next write more exactly,
+/// which takes as long as a small write.
+struct statx StatusOfOpened(const Descriptor& descriptor, const std::string& path,
+                            const char* failure) {
+  constexpr unsigned kWanted = STATX_TYPE | STATX_SIZE | STATX_NLINK;
+  struct statx status{};
+  if (statx(descriptor.Number(), "", AT_EMPTY_PATH, kWanted, &status) != 0) {
+    throw FileError(path, failure, errno);
+  }
+  if (!S_ISREG(status.stx_mode)) throw FileError(path, failure, kNoFile);
   return status;
 }
 
@@ -57,8 +62,10 @@ File File::TakeOver(Descriptor descriptor, std::string path) {
 
 File File::TakeOverUnknown(Descriptor descriptor, const std::string& path, Access access) {
   if (!descriptor.IsOpen()) throw FileError(path, OpenFailure(access), errno);
-  StatusOfOpened(descriptor, path, OpenFailure(access));
-  return {std::move(descriptor), path};
+  const std::uint64_t size = StatusOfOpened(descriptor, path, OpenFailure(access)).stx_size;
+  File file(std::move(descriptor), path);
+  file.sizeAtOpening_ = size;
+  return file;
 }
 
 File File::CreateNew(const std::string& path, unsigned mode) {
@@ -72,7 +79,7 @@ File File::OpenOrCreate(const std::string& path) {
   Descriptor descriptor = OpenDescriptor(path, flags, 0666);
   if (!descriptor.IsOpen()) throw FileError(path, kWriteFailure, errno);
   File file(std::move(descriptor), path);
-  if (StatusOfOpened(file.descriptor_, path, kWriteFailure).st_nlink > 1) {
+  if (StatusOfOpened(file.descriptor_, path, kWriteFailure).stx_nlink > 1) {
     throw FileError(path, kWriteFailure, kOtherName);
   }
   return file;

@@ -56,6 +56,9 @@ class File {
   std::uint64_t Size() const;
   FileStamp Stamp() const;
 
+  /// What Open found, without asking again; 0 for a file that was just created.
+  std::uint64_t SizeAtOpening() const { return sizeAtOpening_; }
+
   /// Reads at `offset` until `buffer` is full or the file ends; returns the count of bytes read.
   /// Throws FileError.
   std::size_t ReadAt(std::uint64_t offset, std::span<Byte> buffer) const;
@@ -87,6 +90,7 @@ class File {
 
   Descriptor descriptor_;
   std::string path_;
+  std::uint64_t sizeAtOpening_ = 0;
 };
 
 /// True when `path` is a regular file, or a link to one. Throws FileError when the disk cannot

@@ -23,9 +23,11 @@ inline constexpr const char* kWorkoutExtension = ".RPV";
 /// Kept versions of the workouts, in a folder for each.
 inline constexpr const char* kVersionFolder = "versions/";
 
-/// A backup that is being restored: its files, and the journal that lists them once they are whole.
+/// A backup that is being restored, or clips that are being changed: the files, a mark for each one
+/// that is to go, and the journal that lists them once they are whole.
 inline constexpr const char* kRestoreFolder = "restore.pending/";
 inline constexpr const char* kRestoredFiles = "restore.pending/files/";
+inline constexpr const char* kRemovalMarks = "restore.pending/removed/";
 inline constexpr const char* kRestoreJournal = "restore.pending/journal.txt";
 
 /// The backups of what was there before another was restored.
@@ -42,6 +44,13 @@ inline constexpr const char* kClipExtension = ".wav";
 inline constexpr const char* kNameClipSubfolder = "exercise/";  // of the clip folder
 inline constexpr const char* kNameClipFolder = "voice/exercise/";
 inline constexpr const char* kNameClipExtension = ".WAV";
+
+/// Whole voices, in a folder for each; notes on the clips that are in use, whose they are and how
+/// their level was changed; and what those of them were before.
+inline constexpr const char* kVoicesFolder = "voices/";
+inline constexpr const char* kClipOrigins = "voices/origins.txt";
+inline constexpr const char* kClipLevels = "voices/level.txt";
+inline constexpr const char* kOriginalClips = "voices/.originals/";
 
 /// The working files of an update.
 inline constexpr const char* kWorkingWav = "temp.wav";

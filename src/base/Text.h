@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <string>
 #include <string_view>
 
@@ -31,5 +32,11 @@ std::u32string FoldCase(std::string_view text);
 
 /// The same, and letters with one capital are one letter, as disks without case have them.
 std::u32string FoldCaseFully(std::string_view text);
+
+/// "1 clip is", "2 clips are"; without a word for several, that for one with an "s".
+std::string Counted(std::integral auto count, const std::string& one,
+                    const std::string& several = "") {
+  return std::to_string(count) + " " + (count == 1 ? one : several.empty() ? one + "s" : several);
+}
 
 }  // namespace repvolta

@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 #include "base/FileError.h"
 #include "base/FileNames.h"
@@ -23,6 +24,13 @@ constexpr const char* kInUse = "Another program is writing it";
 
 /// False when another process holds the lock. A file system without locks grants every one.
 bool Lock(const Descriptor& descriptor) { return TryLock(descriptor) != EWOULDBLOCK; }
+
+/// Opened for writing where that is allowed: a network file system locks no other files.
+Descriptor OpenToLock(const std::string& name) {
+  constexpr int kFlags = O_NOFOLLOW | O_NONBLOCK;
+  Descriptor writable = OpenDescriptor(name, O_RDWR | kFlags);
+  return writable.IsOpen() ? std::move(writable) : OpenDescriptor(name, O_RDONLY | kFlags);
+}
 
 bool IsDenied(int error) { return error == EACCES || error == EPERM; }
 
@@ -42,7 +50,7 @@ std::string ReasonOfDenial(const std::string& name, const std::string& otherwise
 /// name, so no process loses a file that it is writing. Returns why the file may have to stay;
 /// throws FileError when it cannot be removed.
 std::string RemoveAbandoned(const std::string& name) {
-  const Descriptor found = OpenDescriptor(name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+  const Descriptor found = OpenToLock(name);
   const int error = found.IsOpen() ? 0 : errno;
   if (IsDenied(error)) return ReasonOfDenial(name, kInUse);
   try {

@@ -18,10 +18,6 @@ int CountOf(const std::map<BackupKind, int>& counts, BackupKind kind) {
 }
 
 /// "1 workout", "2 workouts"
-std::string Counted(int count, const std::string& one, const std::string& several) {
-  return std::to_string(count) + " " + (count == 1 ? one : several);
-}
-
 std::vector<std::string> PartsOf(const std::map<BackupKind, int>& counts) {
   const auto count = [&](BackupKind kind) { return CountOf(counts, kind); };
   const int clips = count(BackupKind::kClip) + count(BackupKind::kNameClip);

@@ -50,10 +50,6 @@ void AddFile(Table& table, ProgramState& room, const std::string& name, double t
   }
 }
 
-std::string Counted(int count, const std::string& what) {
-  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
 std::string LeftOutText(const Table& table) {
   std::string text;
   for (const std::string& reason : table.leftOut) text += "\rLeft out: " + reason;

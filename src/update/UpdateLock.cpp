@@ -5,7 +5,6 @@
 #include <thread>
 
 #include "base/FileError.h"
-#include "base/Lock.h"
 #include "base/ProgramFiles.h"
 
 namespace repvolta {
@@ -20,7 +19,7 @@ UpdateLock::UpdateLock(const std::string& programDirectory)
     : file_(File::OpenOrCreate(programDirectory + kUpdateLockFile)) {
   // When a program is killed while starting a child, the child holds the lock for a moment.
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    const int error = TryLock(file_.OpenAs());
+    const int error = lock_.Try(file_.OpenAs());
     if (error == 0) return;
     if (error != EWOULDBLOCK) throw FileError(file_.Path(), "could not be locked", error);
     std::this_thread::sleep_for(kPause);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/File.h"
+#include "base/Lock.h"
 
 namespace repvolta {
 
@@ -23,6 +24,7 @@ class UpdateLock {
 
  private:
   File file_;
+  ComputerLock lock_;
 };
 
 }  // namespace repvolta

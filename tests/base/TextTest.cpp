@@ -89,5 +89,11 @@ TEST(ShownOnOneLine, TakesControlCharactersOfTwoBytesAsOne) {
             "A");
 }
 
+TEST(Counted, SaysOneAndSeveral) {
+  EXPECT_EQ(Counted(1, "clip"), "1 clip");
+  EXPECT_EQ(Counted(0, "clip"), "0 clips");
+  EXPECT_EQ(Counted(2, "clip is", "clips are"), "2 clips are");
+}
+
 }  // namespace
 }  // namespace repvolta

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "base/File.h"
+#include "base/FileError.h"
 #include "base/Folder.h"
 #include "base/Lock.h"
 #include "base/WholeFile.h"
@@ -14,6 +15,7 @@
 #include "support/OrdinaryRights.h"
 #include "support/TemporaryFolder.h"
 #include "support/UnreadableFile.h"
+#include "support/WeakLocks.h"
 
 namespace repvolta {
 namespace {
@@ -80,6 +82,15 @@ TEST(WorkingFile, LeavesAFileAloneThatAnotherIsWriting) {
   EXPECT_EQ(GetTextFile("Monday.RPV"), "first");
   WriteWholeFile("Monday.RPV", AsBytes("second"));
   EXPECT_EQ(GetTextFile("Monday.RPV"), "second");
+}
+
+/// Such a disk refuses to lock what is only open for reading, which is no sign of a dead writer.
+TEST(WorkingFile, LeavesAFileAloneThatAnotherIsWritingOnANetworkDisk) {
+  TemporaryFolder folder;
+  const WeakLocks network;
+  const File file = CreateWorkingFile("a");
+  EXPECT_THROW(CreateWorkingFile("a"), FileError);
+  EXPECT_TRUE(IsStillAt(file.OpenAs(), WorkingName("a")));
 }
 
 TEST(WorkingFile, SaysSoWhereAFolderIsInItsWay) {

@@ -1,5 +1,6 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <cerrno>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -8,6 +9,7 @@
 #include "platform/desktop/SingleInstance.h"
 
 #include "support/TemporaryFolder.h"
+#include "support/WeakLocks.h"
 
 namespace repvolta {
 namespace {
@@ -28,6 +30,14 @@ TEST(SingleInstance, IsTheFirstInADirectoryOfItsOwn) {
 TEST(SingleInstance, IsNotTheFirstWhileAnotherHoldsTheDirectory) {
   const TemporaryFolder folder;
   const SingleInstance first(folder.Path());
+  EXPECT_FALSE(SingleInstance(folder.Path()).IsFirst());
+}
+
+TEST(SingleInstance, IsNotTheFirstEitherWhereTheDiskHasNoLocks) {
+  const TemporaryFolder folder;
+  const WeakLocks none(ENOLCK);
+  const SingleInstance first(folder.Path());
+  EXPECT_TRUE(first.IsFirst());
   EXPECT_FALSE(SingleInstance(folder.Path()).IsFirst());
 }
 

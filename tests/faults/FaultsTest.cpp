@@ -40,7 +40,7 @@ constexpr const char* kReasons[] = {"Input/output error", "No space left on devi
                                     "Permission denied"};
 
 bool IsToBeSurvived(const std::string& failure) {
-  return failure == "EINTR" || failure == "SHORT" || failure == "UNTYPED";
+  return failure == "EINTR" || failure == "SHORT" || failure == "UNTYPED" || failure == "ENOLCK";
 }
 
 /// The short form tries one failure of each call.

@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@
 #include "update/UpdateLock.h"
 
 #include "support/TemporaryFolder.h"
+#include "support/WeakLocks.h"
 
 namespace repvolta {
 namespace {
@@ -19,6 +21,16 @@ TEST(UpdateLock, KeepsASecondUpdateOut) {
   TemporaryFolder folder;
   const UpdateLock lock(folder.Path());
   EXPECT_THROW(UpdateLock(folder.Path()), UpdateRunning);
+}
+
+TEST(UpdateLock, KeepsASecondUpdateOutWhereTheDiskHasNoLocks) {
+  TemporaryFolder folder;
+  const WeakLocks none(ENOLCK);
+  {
+    const UpdateLock lock(folder.Path());
+    EXPECT_THROW(UpdateLock(folder.Path()), UpdateRunning);
+  }
+  EXPECT_NO_THROW(UpdateLock(folder.Path()));
 }
 
 TEST(UpdateLock, NamesTheProgramDirectory) {

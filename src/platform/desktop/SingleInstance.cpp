@@ -10,8 +10,6 @@
 #include <unistd.h>
 #include <utility>
 
-#include "base/Lock.h"
-
 namespace repvolta {
 namespace {
 
@@ -29,8 +27,8 @@ QString ServerName(const std::string& programDirectory) {
 SingleInstance::SingleInstance(const std::string& programDirectory)
     : directory_(OpenDescriptor(programDirectory, O_RDONLY | O_DIRECTORY)),
       serverName_(ServerName(programDirectory)) {
-  // The program must also start on a file system without locks.
-  isFirst_ = TryLock(directory_) != EWOULDBLOCK;
+  // The program must also start where nothing can be locked.
+  isFirst_ = lock_.Try(directory_) != EWOULDBLOCK;
 }
 
 void SingleInstance::OnLaterStart(std::function<void()> raise) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/Descriptor.h"
+#include "base/Lock.h"
 
 namespace repvolta {
 
@@ -30,6 +31,7 @@ class SingleInstance {
 
  private:
   Descriptor directory_;
+  ComputerLock lock_;
   bool isFirst_ = true;
   QString serverName_;
   QLocalServer server_;

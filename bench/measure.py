@@ -32,18 +32,39 @@ MEBIBYTE = 1024 * 1024
 
 Row = collections.namedtuple("Row", "number what must aim")
 RATIOS = [
-    Row(1, "play time warm", 1.8, 1.3),
+    Row(1, "play time warm", 1.8, 1.15),
     Row(2, "play time cold", 1.15, 1.05),
-    Row(3, "worst case", 3, 2),
+    Row(3, "worst case", 3, 1.4),
     Row(3, "10,000 empty tags", 3, 2),
     Row(6, "listing", 1.3, 1.1),
     Row(7, "draw", 1.2, 1.05),
     Row(8, "copy and tag", 1.25, 1.1),
-    Row(10, "joining 60 clips", 1.3, 1.1),
+    Row(10, "joining 60 clips", 1.3, 1.08),
     Row(11, "encoding", 1.05, None),
     Row(12, "whole update", 1.2, 1.1),
     Row(13, "plan of 50 songs", 2, 1.5),
 ]
+
+
+# Of the promises that are no such ratio.
+OTHER_AIMS = {"slowest worst case to fastest": 1.2, "memory": "256 KiB", "bytes written": 1}
+AGAINST = {
+    "play time warm": "opening the files and reading 3 places of each",
+    "play time warm, TagLib to ours": "TagLib",
+    "play time cold": "the same reading, from the disk",
+    "worst case": "reading the file once",
+    "10,000 empty tags": "reading the file once",
+    "slowest worst case to fastest": "the other kinds of bytes",
+    "memory": "the memory for a small file",
+    "listing": "readdir alone",
+    "draw": "reading the list once",
+    "copy and tag": "writing tag and audio in one pass",
+    "bytes written": "the size of the finished copies",
+    "joining 60 clips": "open, append, patch, close",
+    "encoding": "the encoder alone",
+    "whole update": "the encoder, the speech engine and the copies alone",
+    "plan of 50 songs": "looking up the songs' play times",
+}
 
 
 def verdict(figure, must, aim):
@@ -177,8 +198,14 @@ def promise_of(what, way):
     return next((row.what for row in RATIOS if what.startswith(row.what)), what.split(",")[0])
 
 
+def aim_of(name):
+    aims = {row.what: row.aim for row in RATIOS if row.aim} | OTHER_AIMS
+    return aims.get(name, "")
+
+
 def promises_of(table):
-    """A line for each promise, made from the worst of its lines of the table."""
+    """The day and the machine, and a line for each promise, made from the worst of its lines of the
+    table."""
     worst = {}
     for line in table.splitlines():
         cells = [cell.strip() for cell in line.strip("|").split("|")]
@@ -188,8 +215,11 @@ def promises_of(table):
         name, figure = promise_of(what, way), ratio or median
         if name not in worst or float(figure.split()[0]) > float(worst[name][0].split()[0]):
             worst[name] = figure, must, judged
-    return "| what | measured | promised | |\n|---|--:|--:|---|\n" + "".join(
-        f"| {name} | {' | '.join(cells)} |\n" for name, cells in worst.items())
+    rows = "".join(f"| {name} | {AGAINST[name]} | {figure} | {must} | {aim_of(name)} | {judged} |\n"
+                   for name, (figure, must, judged) in worst.items())
+    return (f"All measured on {table.split('. ')[0]}.\n\n"
+            "| what | compared with | measured | promised | aim | |\n|---|---|--:|--:|--:|---|\n"
+            + rows)
 
 
 def put_table(page, table):

@@ -202,7 +202,10 @@ std::uint64_t CopyContent(const File& from, std::uint64_t offset, File& to, std:
   // The end is read once: a file that is appended to itself would otherwise grow for ever.
   const std::uint64_t end = from.Size();
   CopyTarget target(to, position, watch);
-  if (offset < end && end - offset > kCopyBlock) offset = CopyInSystem(from, offset, end, target);
+  // Only what stands at the same place in both files can be shared by them, which takes no time.
+  // Else the system copies a page at a time, which on some machines takes longer than blocks.
+  const bool mayBeShared = offset == position && offset < end && end - offset > kCopyBlock;
+  if (mayBeShared) offset = CopyInSystem(from, offset, end, target);
   if (offset >= end) return target.Position();
   std::vector<Byte> block(static_cast<std::size_t>(std::min(end - offset, kCopyBlock)));
   while (offset < end) {

@@ -88,6 +88,12 @@ void WholeFileWriter::Writing(Statement statement) {
 }
 
 void WholeFileWriter::Append(std::span<const Byte> bytes) {
+  if (pending_.empty() && bytes.size() >= kPendingLimit) {
+    // As it is, without a copy of all.
+    Writing([&] { file_.WriteAt(written_, bytes); });
+    written_ += bytes.size();
+    return;
+  }
   pending_.insert(pending_.end(), bytes.begin(), bytes.end());
   if (pending_.size() >= kPendingLimit) WriteOut();
 }

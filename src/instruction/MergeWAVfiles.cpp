@@ -71,16 +71,24 @@ class Joint {
   /// less than the number of bytes after the header, and -1 if there are none (quirk 24). A file
   /// that is too short is reported, and joined all the same (quirk 28).
   void Append(File& target, const File& source) {
-    const std::uint64_t length = target.Size();
-    if (source.Size() < kWavHeaderSize) Tell(kSourceTooShort);
+    const std::uint64_t length = target.SizeAtOpening();
+    if (source.SizeAtOpening() < kWavHeaderSize) Tell(kSourceTooShort);
     if (length < kWavHeaderSize) Tell(TargetTooShortText(target_));
-    // An empty target has no last byte that could be replaced.
-    if (length > 0) Try([&] { CopyContent(source, kCopyOffset, target, length - 1); });
-    const auto newLength = static_cast<std::int64_t>(target.Size());
+    const auto newLength = static_cast<std::int64_t>(CopySamples(target, source));
     Try([&] { WriteNumber(target, kRiffSizeOffset, newLength - kRiffHeaderSize); });
     Try([&] { WriteNumber(target, kFormatSizeOffset, kFormatChunkSize); });  // quirk 25
     Try([&] { WriteNumber(target, kDataSizeOffset, newLength - kBeforeData); });
-    Try([&] { target.ConfirmWritten(); });
+    Try([&] { target.CloseWritten(); });
+  }
+
+  /// Returns the length that the target then has, which is asked for only where it is unknown.
+  std::uint64_t CopySamples(File& target, const File& source) {
+    const std::uint64_t length = target.SizeAtOpening();
+    // An empty target has no last byte that could be replaced.
+    if (length == 0) return 0;
+    std::optional<std::uint64_t> end;
+    Try([&] { end = CopyContent(source, kCopyOffset, target, length - 1); });
+    return end ? std::max(*end, length) : target.Size();
   }
 
   const std::string& target_;

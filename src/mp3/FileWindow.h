@@ -4,8 +4,8 @@
 
 namespace repvolta {
 
-/// Reads a file in blocks from front to back. The blocks grow as the reading goes on: a short
-/// search costs one small read, a long search few reads.
+/// Reads a file in blocks from front to back. The blocks grow as long as each begins where the one
+/// before it ended: a short search costs one small read, a long search few reads.
 class FileWindow {
  public:
   explicit FileWindow(const File& file) : file_(file) {}
@@ -24,7 +24,7 @@ class FileWindow {
   const File& file_;
   Bytes block_;
   std::uint64_t start_ = 0;
-  std::size_t nextSize_ = std::size_t{4} * 1024;
+  std::size_t size_ = 0;  // of the last block, before it met the end of the file
 };
 
 }  // namespace repvolta

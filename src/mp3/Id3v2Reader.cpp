@@ -34,6 +34,11 @@ constexpr Byte EndsSearch(Byte first, Byte second, Byte third) {
   return static_cast<Byte>(isMarker | isAudio);
 }
 
+/// FirstMatch for the end of the search.
+REPVOLTA_WIDE_REGISTERS std::size_t FirstEnd(std::span<const Byte> bytes, std::size_t count) {
+  return FirstMatch(bytes, count, EndsSearch);
+}
+
 /// The offset of the first marker at or after `start`, if no audio comes before it.
 std::optional<std::uint64_t> FindMarker(const File& file, std::uint64_t start) {
   FileWindow window(file);
@@ -41,7 +46,7 @@ std::optional<std::uint64_t> FindMarker(const File& file, std::uint64_t start) {
     const auto bytes = window.From(offset, kId3v2Marker.size());
     if (bytes.size() < kId3v2Marker.size()) return std::nullopt;
     const std::size_t count = bytes.size() - kId3v2Marker.size() + 1;
-    const std::size_t found = FirstMatch(bytes, count, EndsSearch);
+    const std::size_t found = FirstEnd(bytes, count);
     offset += found;
     if (found == count) continue;
     if (bytes[found] == kAudioStart[0]) return std::nullopt;

@@ -34,15 +34,24 @@ std::array<Byte, kCount> BytesAt(FileWindow& window, std::int64_t position) {
   return bytes;
 }
 
-/// 1 when the bytes begin a header that DecodeFrameHeader accepts: all sync bits are set, and
-/// version, layer, bit rate and sample rate are neither reserved nor free.
+/// Of values: g++ 14 makes no wide registers of std::min, which takes and returns references.
+constexpr Byte Smaller(Byte a, Byte b) { return a < b ? a : b; }
+
+/// Not 0 when the bytes begin a header that DecodeFrameHeader accepts: all sync bits are set, and
+/// version, layer, bit rate and sample rate are neither reserved nor free, which makes them 0 here.
 constexpr Byte StartsFrame(Byte first, Byte second, Byte third) {
-  const unsigned hasSync = AsBit(first == kFirstSyncByte) & AsBit(second >= 0xE0);
-  const unsigned hasVersion = AsBit((second & 0x18) != 0x08);
-  const unsigned hasLayer = AsBit((second & 0x06) != 0);
-  const unsigned hasBitRate = AsBit(static_cast<Byte>(third - 0x10) < 0xE0);
-  const unsigned hasSampleRate = AsBit((third & 0x0C) != 0x0C);
-  return static_cast<Byte>(hasSync & hasVersion & hasLayer & hasBitRate & hasSampleRate);
+  const Byte version = (second ^ 0x08) & 0x18;
+  const Byte layer = second & 0x06;
+  const Byte bitRate = static_cast<Byte>(third + 0x10) & 0xE0;
+  const Byte sampleRate = ~third & 0x0C;
+  const Byte fields = Smaller(Smaller(version, layer), Smaller(bitRate, sampleRate));
+  return static_cast<Byte>(fields * AsBit((first & (second | 0x1F)) == kFirstSyncByte));
+}
+
+/// FirstMatch for the start of a frame.
+REPVOLTA_WIDE_REGISTERS std::size_t FirstFrameStart(std::span<const Byte> bytes,
+                                                    std::size_t count) {
+  return FirstMatch(bytes, count, StartsFrame);
 }
 
 /// The first position, at or after `position`, where a frame starts; `end` if there is none.
@@ -52,7 +61,7 @@ std::int64_t NextFrame(FileWindow& window, std::int64_t position, std::int64_t e
     if (bytes.size() < kFrameHeaderSize) return end;
     const auto count =
         std::min(bytes.size() - kFrameHeaderSize + 1, static_cast<std::size_t>(end - position));
-    const std::size_t found = FirstMatch(bytes, count, StartsFrame);
+    const std::size_t found = FirstFrameStart(bytes, count);
     position += static_cast<std::int64_t>(found);
     if (found < count) return position;
   }
@@ -108,7 +117,7 @@ void RepvoltaMP3::SetFileName(const std::string& path) {
 bool RepvoltaMP3::ReadMP3Header() {
   ResetMP3Info(AfterReset::kKeepsFileName);
   const File file = File::Open(fileName_, File::Access::kRead);
-  const std::uint64_t size = file.Size();
+  const std::uint64_t size = file.SizeAtOpening();
   info_.fileLength = Checked(static_cast<std::int64_t>(size));
   const FileTail tail(file, size);
   ReadID3v1(tail);

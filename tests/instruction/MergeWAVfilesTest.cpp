@@ -260,6 +260,18 @@ TEST_F(MergeWAV, SaysWhyAClipCouldNotBeJoined) {
                                    "File too large"));
 }
 
+TEST_F(MergeWAV, WritesTheSizesOfThePartThatStillFitted) {
+  PutFile("target.wav", ClipBytes(Bytes(200, 't')));
+  PutFile("source.wav", ClipBytes(Bytes(100'000, 's')));
+  {
+    const FullDisk full(50'000);
+    MergeWAVfiles("target.wav", "source.wav", run);
+  }
+  const std::size_t size = GetFile("target.wav").size();
+  EXPECT_EQ(TargetNumber(4), size - 8);
+  EXPECT_EQ(TargetNumber(42), size - 47);
+}
+
 TEST_F(MergeWAV, SaysOnceThatNothingCanBeWritten) {
   PutFile("target.wav", ClipBytes(Bytes(200, 't')));
   PutFile("source.wav", ClipBytes(Bytes(100, 's')));

@@ -68,5 +68,14 @@ TEST_F(FileWindowTest, ReadsMoreAtATimeTheLongerItGoesOn) {
   EXPECT_LE(blocks, 8U);
 }
 
+TEST_F(FileWindowTest, ReadsLittleBehindAJump) {
+  const File file = Open();
+  FileWindow window(file);
+  const std::size_t atStart = window.From(0, 10).size();
+  EXPECT_EQ(window.From(300'000, 10).size(), atStart);
+  EXPECT_GT(window.From(300'000 + atStart, 10).size(), atStart);
+  EXPECT_EQ(window.From(10, 10).size(), atStart);
+}
+
 }  // namespace
 }  // namespace repvolta

@@ -24,13 +24,17 @@ class SpeedPages(unittest.TestCase):
                          measure.promises_of(table_of(measure.TABLE_PAGE)).strip())
 
     def test_gives_the_least_good_of_the_lines_of_a_promise(self):
-        table = "\n".join([row(3, "worst case ff", "ours", 30.1, 2.01, "reached"),
+        table = "\n".join(["2026-11-22, a machine. 9 runs of each.",
+                           row(3, "worst case ff", "ours", 30.1, 2.01, "reached"),
                            row(3, "worst case late", "ours", 26.1, 3.4, "MISSED"),
                            row(3, "worst case late", "limit", 10.8, 1.0, ""),
                            row(5, "memory, copy, 100 MiB", "ours", "188 KiB", "", "reached"),
                            row(5, "memory, play-time, 100 MiB", "ours", "90 KiB", "", "reached")])
-        self.assertEqual(measure.promises_of(table).splitlines()[2:],
-                         ["| worst case | 3.4 | 3 | MISSED |", "| memory | 188 KiB | 3 | reached |"])
+        lines = measure.promises_of(table).splitlines()
+        self.assertEqual(lines[0], "All measured on 2026-11-22, a machine.")
+        self.assertEqual(lines[4:], [
+            "| worst case | reading the file once | 3.4 | 3 | 1.4 | MISSED |",
+            "| memory | the memory for a small file | 188 KiB | 3 | 256 KiB | reached |"])
 
 
 if __name__ == "__main__":

@@ -6,6 +6,7 @@
 
 #include "base/FileError.h"
 #include "base/FileNames.h"
+#include "player/KeptName.h"
 #include "player/PlayerNames.h"
 
 namespace repvolta {
@@ -65,16 +66,26 @@ File OutputFolder::CreateOrReplace(const std::string& name) {
   return folder.CreateFile(name);
 }
 
+/// The same; a disk that takes another name for it than this refuses it.
+File OutputFolder::CreateNamed(const std::string& name) {
+  {
+    File file = CreateOrReplace(name);
+    if (IsKeptAs(folder_, name)) return file;
+  }
+  folder_.RemoveFile(name);
+  throw FileError(Path() + name, kNotCreated, EINVAL);
+}
+
 /// A new file, under the nearest name that the disk takes.
 File OutputFolder::CreateFile(const std::string& name) {
   try {
-    return CreateOrReplace(name);
+    return CreateNamed(name);
   } catch (const FileError& refusal) {
     if (!MayRefuseName(refusal.Error())) throw;
     const std::vector<std::string> names = PlayerNames(name);
     for (std::size_t i = 1; i < names.size(); ++i) {
       try {
-        return CreateOrReplace(names[i]);
+        return CreateNamed(names[i]);
       } catch (const FileError& next) {
         if (!MayRefuseName(next.Error())) throw;
       }

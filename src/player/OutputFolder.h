@@ -66,6 +66,7 @@ class OutputFolder {
   const FolderHandle& Opened(const std::string& name, const char* failure);
   void CheckUse(const std::string& name) const;
   File CreateOrReplace(const std::string& name);
+  File CreateNamed(const std::string& name);
   File CreateFile(const std::string& name);
   template <class Write>
   std::string WriteNew(const std::string& name, Write write);

@@ -1,13 +1,16 @@
 #include "player/WorkoutFolder.h"
 
 #include <cerrno>
+#include <optional>
 #include <stdexcept>
+#include <sys/stat.h>
 
 #include "base/DeleteFolder.h"
 #include "base/FileError.h"
 #include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/Text.h"
+#include "player/KeptName.h"
 #include "player/PlayerNames.h"
 
 namespace repvolta {
@@ -21,6 +24,18 @@ constexpr std::size_t kRoomForNumber = 240;  // bytes of the name in front of it
 std::string NumberedName(const std::string& name, std::size_t index) {
   if (index == 0) return name;
   return std::string(CutUtf8(name, kRoomForNumber)) + " (" + std::to_string(index + 1) + ")";
+}
+
+/// The status of the entry; nothing, too, where the disk refuses to look for a name that it may not
+/// hold. Throws FileError.
+std::optional<struct stat> StatusIn(const FolderHandle& place, const std::string& name) {
+  try {
+    return place.StatusOf(name);
+  } catch (const FileError& error) {
+    const bool hasOtherNames = PlayerNames(name).size() > 1;
+    if (!hasOtherNames || !MayRefuseName(error.Error())) throw;
+    return std::nullopt;
+  }
 }
 
 }  // namespace
@@ -91,7 +106,7 @@ bool WorkoutFolder::IsForThis(const FolderOwners& owners, const FolderHandle& fo
 /// std::runtime_error when there is a link.
 FolderHandle WorkoutFolder::Find() {
   use_ = Use::kNothing;
-  const auto status = place_.StatusOf(name_);
+  const auto status = StatusIn(place_, name_);
   if (status && S_ISLNK(status->st_mode)) Refuse("it is a link");
   use_ = Use::kAddOnly;
   if (!status || !S_ISDIR(status->st_mode)) return {};
@@ -112,8 +127,13 @@ void WorkoutFolder::Empty(const FolderHandle& folder) {
 /// Creates the folder of this name, unless it exists. Returns 0 or the errno value.
 int WorkoutFolder::Make(const std::string& name) {
   const int error = place_.MakeFolder(name);
-  if (error != EEXIST) return error;
-  const auto status = place_.StatusOf(name);
+  if (error != 0 && error != EEXIST) return error;
+  if (!IsKeptAs(place_, name)) {
+    if (error == 0) DeleteFolder(place_, place_.OpenFolder(name));
+    return EINVAL;
+  }
+  if (error == 0) return 0;
+  const auto status = StatusIn(place_, name);
   return status && S_ISDIR(status->st_mode) ? 0 : error;
 }
 

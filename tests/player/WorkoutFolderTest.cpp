@@ -5,6 +5,7 @@
 #include "base/FileError.h"
 #include "player/WorkoutFolder.h"
 
+#include "support/HiddenFile.h"
 #include "support/OwnedSong.h"
 #include "support/RefusingDisk.h"
 #include "support/TemporaryFolder.h"
@@ -53,6 +54,20 @@ TEST_F(FolderOnAPlayer, HasTheNearestNameThatThePlayerHolds) {
     PutSong("Week_ 1", "Week: 1");
     EXPECT_EQ(Make("Week: 1"), "Week_ 1");
   }
+}
+
+TEST_F(FolderOnAPlayer, HasTheNearestNameWhereThePlayerRefusesToLookForItsOwn) {
+  for (const int error : {EINVAL, EIO}) {
+    const RefusingDisk disk(kForbidden, error);
+    const HiddenFile refused("Week: 1", error);
+    EXPECT_EQ(Make("Week: 1"), "Week_ 1");
+  }
+}
+
+TEST_F(FolderOnAPlayer, IsNotMadeWhereThePlayerCannotTellOfAnOrdinaryName) {
+  const HiddenFile broken("Monday", EIO);
+  EXPECT_THROW(Make("Monday"), FileError);
+  EXPECT_TRUE(fs::is_empty("player"));
 }
 
 TEST_F(FolderOnAPlayer, ReportsTheFirstErrorWhereNoNameIsTaken) {

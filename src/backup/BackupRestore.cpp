@@ -4,7 +4,8 @@
 #include <set>
 #include <utility>
 
-#include "backup/BroughtFiles.h"
+#include "app/BroughtFiles.h"
+#include "app/ClipOrigins.h"
 #include "backup/FilesToBackUp.h"
 #include "base/FileNames.h"
 #include "base/Folder.h"

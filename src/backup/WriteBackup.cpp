@@ -6,7 +6,7 @@
 #include <fcntl.h>
 #include <optional>
 
-#include "backup/BroughtFiles.h"
+#include "app/BroughtFiles.h"
 #include "backup/FilesToBackUp.h"
 #include "backup/ZipWriter.h"
 #include "base/FileError.h"

@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "backup/BroughtFiles.h"
+#include "app/BroughtFiles.h"
 #include "backup/WriteBackup.h"
 #include "base/Days.h"
 

@@ -2,7 +2,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
-#include "backup/BroughtFiles.h"
+#include "app/BroughtFiles.h"
 
 #include "support/TemporaryFolder.h"
 
@@ -24,6 +24,12 @@ TEST_F(BroughtFilesTest, HaveTheirChecksums) {
   EXPECT_TRUE(brought.Has("voice/a b.wav", AsBytes("abc")));
   EXPECT_FALSE(brought.Has("voice/a b.wav", AsBytes("abd")));
   EXPECT_FALSE(brought.Has("voice/b.wav", AsBytes("abc")));
+}
+
+TEST_F(BroughtFilesTest, AreThoseOfEarlierVersionsToo) {
+  PutFile("brought.sha256", std::string(64, '0') + "  voice/a b.wav\n# " + kLine);
+  EXPECT_TRUE(BroughtFiles().Has("voice/a b.wav", AsBytes("abc")));
+  EXPECT_FALSE(BroughtFiles().Has("voice/a b.wav", AsBytes("abd")));
 }
 
 TEST_F(BroughtFilesTest, AreNoneWithoutAList) {

@@ -45,8 +45,9 @@ Sound EngineSpeech::Speak(const SpeechRequest& request) {
     if (position < 0) break;
     const std::vector<EngineVoice> voices = engine->Voices();
     if (position < std::ssize(voices)) {
-      return engine->Speak(request.text, voices[static_cast<std::size_t>(position)],
-                           Slowness(request.rate));
+      const EngineVoice& voice = voices[static_cast<std::size_t>(position)];
+      lastVoice_ = voice.name;
+      return engine->Speak(request.text, voice, Slowness(request.rate));
     }
     position -= static_cast<int>(voices.size());
   }

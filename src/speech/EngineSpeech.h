@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "platform/ChildProcess.h"
@@ -18,11 +19,13 @@ class EngineSpeech : public SpeechSynthesizer {
 
   std::vector<std::string> VoiceNames() override;
   void SpeakToFile(const SpeechRequest& request) override;
+  std::string LastVoice() const override { return lastVoice_; }
 
  private:
   Sound Speak(const SpeechRequest& request);
 
   SpeechEngines engines_;
+  std::string lastVoice_;
 };
 
 /// flite, then espeak-ng, so that the first voice is the one of the recorded clips. `processes`

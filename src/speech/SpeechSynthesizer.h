@@ -34,6 +34,9 @@ class SpeechSynthesizer {
   /// produces silence; FileError when the file cannot be written. Neither leaves a half-written
   /// file.
   virtual void SpeakToFile(const SpeechRequest& request) = 0;
+
+  /// The name of the voice that has spoken last; "" when that is not known.
+  virtual std::string LastVoice() const { return ""; }
 };
 
 }  // namespace repvolta

@@ -20,6 +20,7 @@
 #include "player/PlayerPlayList.h"
 #include "update/Encoder.h"
 #include "update/Growth.h"
+#include "update/NotingSpeech.h"
 #include "update/NumberedName.h"
 #include "update/ProcessMP3tag.h"
 #include "update/RandomMusic.h"
@@ -41,6 +42,7 @@ class WorkoutUpdate {
         state_(program.state),
         log_(log),
         host_(host),
+        speech_(program.speech, program.clock),
         steps_(log, host),
         work_(steps_, host),
         workoutName_(BaseName(state_.WorkoutFileName)),
@@ -124,7 +126,7 @@ class WorkoutUpdate {
     work_.BeginInstruction(exercise);
     steps_.Run([&] {
       workingFiles_ = WorkingFiles::kMade;
-      GenerateHumanVoiceInstruction(state_, exercise, kWorkingWav, program_.speech, log_);
+      GenerateHumanVoiceInstruction(state_, exercise, kWorkingWav, speech_, log_);
     });
     steps_.Run([&] { text_ = GenerateTextInstruction(state_.Workout, exercise); });
     Encoding encoding = Encoding::kNoEncoder;
@@ -346,6 +348,7 @@ class WorkoutUpdate {
   ProgramState& state_;
   ProgressLog& log_;
   UpdateHost& host_;
+  NotingSpeech speech_;
   Steps steps_;
   UpdateWork work_;
   std::string workoutName_;

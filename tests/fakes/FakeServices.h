@@ -66,6 +66,8 @@ class FakeSpeech : public SpeechSynthesizer {
     std::ofstream(request.file, std::ios::binary) << AsText(ClipBytes(Bytes(100, 's')));
   }
 
+  std::string LastVoice() const override { return requests.empty() ? "" : "first"; }
+
   std::vector<SpeechRequest> requests;
   bool fails = false;
 };

@@ -18,6 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kSpokenClip = "program/voice/exercise/Spoken.WAV";
+constexpr const char* kOrigins = "program/voices/origins.txt";
 
 /// A speech engine that says the same for every text.
 constexpr const char* kEngine =
@@ -167,6 +168,7 @@ void FaultWorld::MakeMondaySpeak() {
 
 void FaultWorld::Reset() {
   fs::remove(kSpokenClip);
+  fs::remove_all("program/voices");
   fs::remove_all("player");
   // The folder of an older update, with links to "precious" that somebody has put there.
   PutFile("player/Monday/deep/old.mp3", "old");
@@ -219,6 +221,7 @@ void FaultWorld::LearnWhatIsRight() {
   ASSERT_EQ(run.status, 0) << run.output << run.errors;
   newWorkout = GetFile("program/workouts/Monday.RPV");
   rightClip_ = fs::exists(kSpokenClip) ? GetTextFile(kSpokenClip) : "";
+  rightOrigins_ = fs::exists(kOrigins) ? GetTextFile(kOrigins) : "";
   ASSERT_NE(WithoutGrowth(newWorkout), WithoutGrowth(oldWorkout));
   rightPlayer_.clear();
   for (const auto& [path, entry] : Look("player")) rightPlayer_[path] = entry.content;
@@ -261,14 +264,18 @@ void FaultWorld::ExpectVersionsAreWhole(const Entries& now) {
 void FaultWorld::ExpectClipIsWhole() {
   if (!fs::exists(kSpokenClip)) return;
   EXPECT_TRUE(GetTextFile(kSpokenClip) == rightClip_) << kSpokenClip << " is damaged";
+  // The day may be another, but is as long.
+  EXPECT_TRUE(!fs::exists(kOrigins) || GetTextFile(kOrigins).size() == rightOrigins_.size())
+      << kOrigins << " is damaged";
 }
 
 void FaultWorld::ExpectOnlyAllowedPaths(const Entries& now) {
   for (const auto& [path, entry] : now) {
     const bool isAllowed = before_.contains(path) || path == "program/temp.wav" ||
                            path == "program/temp.mp3" || path == "program/options.conf" ||
-                           path == kSpokenClip || IsBelow(path, "player") || IsVersion(path) ||
-                           path.ends_with(".new") || IsBelow(path, "tmp");
+                           path == kSpokenClip || path == "program/voices" || path == kOrigins ||
+                           IsBelow(path, "player") || IsVersion(path) || path.ends_with(".new") ||
+                           IsBelow(path, "tmp");
     EXPECT_TRUE(isAllowed) << path << " was made";
     EXPECT_TRUE(!IsBelow(path, "player") || path == "player" || IsBelow(path, "player/Monday"))
         << path << " was made";

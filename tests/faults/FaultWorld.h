@@ -102,6 +102,7 @@ class FaultWorld : public testing::Test {
   Entries before_;
   std::map<std::string, std::string> rightPlayer_;
   std::string rightClip_;
+  std::string rightOrigins_;
 };
 
 }  // namespace repvolta

@@ -2,6 +2,8 @@
 
 #include <QStandardPaths>
 #include <filesystem>
+#include <span>
+#include <stdexcept>
 #include <system_error>
 
 #include "base/File.h"
@@ -17,6 +19,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kSharedData = "../share/repvolta/";
+constexpr const char* kProgramVoiceFolders[] = {"program-voice/", "../share/repvolta/voice/"};
+constexpr const char* kWordListFolders[] = {"words/", "../share/repvolta/words/"};
 constexpr const char* kGuideFolders[] = {"guide/", "../share/doc/repvolta/guide/"};
 constexpr const char* kFirstPage = "index.html";
 
@@ -48,6 +52,15 @@ void CopyMissing(const std::string& source, const std::string& target) {
   if (error != 0) throw FileError(source, "could not be read", error);
 }
 
+/// The first of the folders, which are beside the executable, that there is; "" when there is none.
+std::string FirstFolder(const std::string& executable, std::span<const char* const> folders) {
+  for (const char* folder : folders) {
+    std::string found = FolderOf(executable) + folder;
+    if (FolderExists(found)) return found;
+  }
+  return "";
+}
+
 }  // namespace
 
 std::string FindProgramDirectory(const std::string& executable) {
@@ -61,6 +74,14 @@ void FillProgramDirectory(const std::string& programDirectory, const std::string
   MakeFolders(programDirectory);
   const std::string shared = beside + kSharedData;
   if (FolderExists(shared)) CopyMissing(shared, programDirectory);
+}
+
+std::string FindProgramVoice(const std::string& executable) {
+  return FirstFolder(executable, kProgramVoiceFolders);
+}
+
+std::string FindWordLists(const std::string& executable) {
+  return FirstFolder(executable, kWordListFolders);
 }
 
 std::string FindGuide(const std::string& executable) {

@@ -15,6 +15,15 @@ std::string FindProgramDirectory(const std::string& executable);
 /// Does nothing for a directory beside the executable. Throws FileError.
 void FillProgramDirectory(const std::string& programDirectory, const std::string& executable);
 
+/// The folder of the program's own clips, ending with the separator, which nothing ever changes:
+/// "program-voice" beside the executable, else where the clips are installed. "" when there is
+/// none.
+std::string FindProgramVoice(const std::string& executable);
+
+/// The folder of the word lists in other languages, ending with the separator: "words" beside the
+/// executable, else where they are installed. "" when there is none.
+std::string FindWordLists(const std::string& executable);
+
 /// The folder of the user's guide as web pages, ending with the separator: "guide" beside the
 /// executable, else where it is installed. "" when there is none.
 std::string FindGuide(const std::string& executable);

@@ -104,6 +104,23 @@ TEST_F(ProgramDirectory, HasTheGuideBesideTheExecutableOrWhereItIsInstalled) {
   EXPECT_EQ(FindGuide(executable), folder.Path() + "usr/bin/guide/");
 }
 
+TEST_F(ProgramDirectory, FindsTheWordListsBesideTheProgramOrWhereTheyAreInstalled) {
+  EXPECT_EQ(FindWordLists(executable), "");
+  fs::create_directories("usr/share/repvolta/words");
+  EXPECT_EQ(FindWordLists(executable), folder.Path() + "usr/bin/../share/repvolta/words/");
+  fs::create_directories("usr/bin/words");
+  EXPECT_EQ(FindWordLists(executable), folder.Path() + "usr/bin/words/");
+}
+
+TEST_F(ProgramDirectory, HasTheProgramsVoiceBesideTheExecutableOrWhereItIsInstalled) {
+  fs::create_directories("usr/bin/voice");
+  EXPECT_EQ(FindProgramVoice(executable), "");
+  Share("voice/one.wav", "one");
+  EXPECT_EQ(FindProgramVoice(executable), folder.Path() + "usr/bin/../share/repvolta/voice/");
+  fs::create_directories("usr/bin/program-voice");
+  EXPECT_EQ(FindProgramVoice(executable), folder.Path() + "usr/bin/program-voice/");
+}
+
 TEST_F(ProgramDirectory, GetsAllThatIsShared) {
   Share("README", "read me");
   Share("voice/one.wav", "one");

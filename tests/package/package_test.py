@@ -109,6 +109,7 @@ class Package(TreeTest):
         self.tree.as_root("chown", "-R", "tester:tester", HOME + "/stick")
         portable = f"{HOME}/stick/{self.archive.name.removesuffix('.tar.xz')}"
         self.assert_has(portable + "/guide/index.html", portable + "/words/german.txt")
+        self.assert_same_folders(portable + "/program-voice", portable + "/voice")
         before = self.tree.snapshot(HOME, without=("stick",))
         program = self.start(portable + "/repvolta")
         set_up()

@@ -1,10 +1,16 @@
 #include <QApplication>
 #include <QIcon>
+#include <QTimer>
 #include <cstdio>
+#include <memory>
 #include <string>
 
 #include "app/ProgramDirectory.h"
+#include "app/UserFolders.h"
+#include "base/File.h"
+#include "base/FileError.h"
 #include "base/Product.h"
+#include "base/ProgramFiles.h"
 #include "editing/StartUp.h"
 #include "platform/QtChildProcesses.h"
 #include "platform/desktop/DesktopAudioOutputs.h"
@@ -13,6 +19,7 @@
 #include "platform/desktop/UDisks.h"
 #include "speech/EngineBackgroundSpeech.h"
 #include "speech/EngineSpeech.h"
+#include "speech/PreparedSpeech.h"
 #include "ui/ClearIndicators.h"
 #include "ui/MessageBox.h"
 #include "ui/QtDialogs.h"
@@ -27,6 +34,8 @@ namespace repvolta {
 namespace {
 
 constexpr int kNotStarted = 1;
+constexpr const char* kStartsAllTheSame =
+    "\rRepvolta starts without it. The workouts are as they were.";
 
 int Fail(const std::string& reason) {
   static_cast<void>(std::fprintf(stderr, "repvolta: %s\n", reason.c_str()));
@@ -43,11 +52,17 @@ QIcon ProgramIcon() {
   return QIcon::fromTheme("repvolta", own);
 }
 
-std::string PrepareProgramDirectory(const std::string& executable) {
-  std::string directory = FindProgramDirectory(executable);
-  FillProgramDirectory(directory, executable);
+/// Returns why the directory lacks something, or "". Throws FileError where nobody has used it yet.
+std::string PrepareProgramDirectory(const std::string& directory, const std::string& executable) {
+  std::string lack;
+  try {
+    FillProgramDirectory(directory, executable);
+  } catch (const FileError& error) {
+    if (!FileExists(directory + kSettingsFile)) throw;
+    lack = error.what();
+  }
   LinkEncoder(directory);
-  return directory;
+  return lack;
 }
 
 /// Brings the window to the front, or the message box that blocks it.
@@ -59,15 +74,20 @@ void Raise(QWidget& form) {
   window.activateWindow();
 }
 
+std::unique_ptr<SpeechSynthesizer> MakeSpeech(ChildProcesses& processes) {
+  return std::make_unique<EngineSpeech>(InstalledEngines(processes));
+}
+
 /// The state, the services and the windows of one run.
 class Desktop {
  public:
-  Desktop(const std::string& programDirectory, std::string layoutFile, const std::string& guide)
+  Desktop(const std::string& programDirectory, std::string layoutFile,
+          const std::string& executable)
       : layoutFile_(std::move(layoutFile)) {
     state_.ProgramDirectory = programDirectory;
     window_ = &form_;
     dialogs_.SetOwner(&form_);
-    dialogs_.SetGuide(guide);
+    dialogs_.SetGuide(FindGuide(executable));
     progress_.SetOwner(&form_);
     progress_.OfferEject(disks_, [this] { return state_.Settings.OutputPath.Trimmed(); });
     pleaseWait_.SetOwner(&form_);
@@ -76,8 +96,9 @@ class Desktop {
                      Qt::QueuedConnection);
   }
 
-  int Run(SingleInstance& instance) {
+  int Run(SingleInstance& instance, const std::string& lack) {
     instance.OnLaterStart([this] { Raise(form_); });
+    if (!lack.empty()) dialogs_.ShowMessage(lack + kStartsAllTheSame);
     Form_Load(form_.GetEditor(), outputs_);
     form_.show();
     return QApplication::exec();
@@ -94,12 +115,10 @@ class Desktop {
   SystemClock clock_;
   TimerSeededNumbers random_;
   QtChildProcesses processes_{[this] { RunEvents(); }};
-  EngineSpeech speech_{InstalledEngines(processes_)};
+  PreparedSpeech speech_{MakeSpeech, processes_};
   DesktopAudioOutputs outputs_;
   DesktopSoundPlayer player_;
-  EngineBackgroundSpeech backgroundSpeech_{[](ChildProcesses& processes) {
-    return std::make_unique<EngineSpeech>(InstalledEngines(processes));
-  }};
+  EngineBackgroundSpeech backgroundSpeech_{MakeSpeech};
   UDisks disks_;
   QtDialogs dialogs_{layoutFile_};
   UpdateForm progress_;
@@ -110,12 +129,13 @@ class Desktop {
 
 int Run() {
   const std::string executable = QCoreApplication::applicationFilePath().toStdString();
-  const std::string directory = PrepareProgramDirectory(executable);
+  const std::string directory = FindProgramDirectory(executable);
+  const std::string lack = PrepareProgramDirectory(directory, executable);
   SingleInstance instance(directory);
   if (instance.IsFirst()) {
     const std::string layoutFile = WindowLayoutFile(directory, executable);
     if (!layoutFile.empty()) KeepFileDialogIn(directory);
-    return Desktop(directory, layoutFile, FindGuide(executable)).Run(instance);
+    return Desktop(directory, layoutFile, executable).Run(instance, lack);
   }
   return instance.RaiseFirst() ? 0 : Fail("Repvolta is already running in " + directory);
 }
@@ -124,10 +144,12 @@ int Run() {
 }  // namespace repvolta
 
 int main(int argc, char** argv) {
+  repvolta::CorrectUserFolders();
   QApplication application(argc, argv);
   QApplication::setApplicationName("repvolta");
   QApplication::setDesktopFileName("repvolta");
-  QApplication::setWindowIcon(repvolta::ProgramIcon());
+  // The window need not wait for its icon: looking through the themes takes several milliseconds.
+  QTimer::singleShot(0, [] { QApplication::setWindowIcon(repvolta::ProgramIcon()); });
   QApplication::setStyle(new repvolta::ClearIndicators);
   // Only the Exit command ends the program. During the set-up, closing a message box closes the
   // last window.

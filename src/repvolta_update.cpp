@@ -11,6 +11,7 @@
 #include "app/ProblemCount.h"
 #include "app/ProgramDirectory.h"
 #include "app/Settings.h"
+#include "app/UserFolders.h"
 #include "app/Voice.h"
 #include "app/WorkoutDamage.h"
 #include "app/WorkoutFiles.h"
@@ -261,6 +262,7 @@ int Run(const std::string& executable, const std::vector<std::string>& words) {
 }  // namespace repvolta
 
 int main(int argc, char** argv) {
+  repvolta::CorrectUserFolders();
   QCoreApplication application(argc, argv);
   static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
   try {

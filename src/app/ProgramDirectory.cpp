@@ -25,6 +25,11 @@ constexpr const char* kGuideFolders[] = {"guide/", "../share/doc/repvolta/guide/
 constexpr const char* kFirstPage = "index.html";
 
 std::string UserDataFolder() {
+  if (qEnvironmentVariableIsEmpty("HOME") && qEnvironmentVariableIsEmpty("XDG_DATA_HOME")) {
+    throw std::runtime_error(
+        "There is no home folder to keep the workouts in: HOME names none, "
+        "and this user has none");
+  }
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
   return folder.toStdString() + "/repvolta/";
 }

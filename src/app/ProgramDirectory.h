@@ -7,7 +7,7 @@ namespace repvolta {
 /// The folder that holds the settings, workouts and clips, ending with the separator: the
 /// executable's own folder if it contains a folder "voice", else "repvolta" in the user's data
 /// folder (XDG_DATA_HOME, or .local/share in the home folder). Creates nothing. Throws FileError
-/// when the executable's folder cannot be searched.
+/// when the executable's folder cannot be searched, and std::runtime_error without a home folder.
 std::string FindProgramDirectory(const std::string& executable);
 
 /// Creates a program directory in the user's data folder and copies the clips, exercise lists and

@@ -25,6 +25,7 @@
 #include "ui/QtDialogs.h"
 #include "ui/RandomMusicMessage.h"
 #include "ui/RepvoltaForm.h"
+#include "ui/TouchScreen.h"
 #include "ui/UpdateForm.h"
 #include "ui/WindowLayout.h"
 
@@ -150,7 +151,8 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName("repvolta");
   // The window need not wait for its icon: looking through the themes takes several milliseconds.
   QTimer::singleShot(0, [] { QApplication::setWindowIcon(repvolta::ProgramIcon()); });
-  QApplication::setStyle(new repvolta::ClearIndicators);
+  QApplication::setStyle(new repvolta::ClearIndicators(
+      repvolta::HasTouchScreen() ? repvolta::Pointing::kFinger : repvolta::Pointing::kMouse));
   // Only the Exit command ends the program. During the set-up, closing a message box closes the
   // last window.
   QApplication::setQuitOnLastWindowClosed(false);

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QStyle>
 
 namespace repvolta {
 
@@ -14,10 +15,12 @@ EmptyListHint::EmptyListHint(QAbstractItemView* list, const QString& hint)
 bool EmptyListHint::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Paint && list_->model()->rowCount() == 0) {
     QPainter painter(list_->viewport());
+    const Qt::Alignment beginning =
+        QStyle::visualAlignment(list_->layoutDirection(), Qt::AlignTop | Qt::AlignLeft);
     painter.setPen(list_->palette().color(QPalette::PlaceholderText));
     const int margin = list_->fontMetrics().averageCharWidth();
     painter.drawText(list_->viewport()->rect().adjusted(margin, margin, -margin, -margin),
-                     Qt::AlignTop | Qt::AlignLeft | Qt::TextWordWrap, hint_);
+                     static_cast<int>(beginning) | Qt::TextWordWrap, hint_);
   }
   return QObject::eventFilter(watched, event);
 }

@@ -8,6 +8,7 @@
 
 #include "ui/EmptyListHint.h"
 #include "ui/RowPainter.h"
+#include "ui/TouchScreen.h"
 
 namespace repvolta {
 namespace {
@@ -30,6 +31,8 @@ QStringList QtTexts(const std::vector<std::string>& texts) {
 
 RowList::RowList(QWidget* parent) : QListWidget(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  // Lists that scroll together must count alike, also while a finger moves one of them.
+  setVerticalScrollMode(ScrollPerPixel);
   setItemDelegate(new RowPainter(this));
   connect(this, &QListWidget::itemSelectionChanged, this,
           [this] { Q_EMIT RowSelected(SelectedRow()); });
@@ -89,7 +92,8 @@ QString RowList::ToolTipOf(const QString& text, const QString& remark) const {
 }
 
 QSize RowList::SizeOf(int characters, int rows) const {
-  const int rowHeight = fontMetrics().height() + fontMetrics().height() / kRowMargin;
+  const int rowHeight =
+      std::max(fontMetrics().height() + fontMetrics().height() / kRowMargin, LeastRowHeight(*this));
   return {fontMetrics().averageCharWidth() * characters + 2 * frameWidth(),
           rowHeight * rows + 2 * frameWidth()};
 }

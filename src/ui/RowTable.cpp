@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <algorithm>
 
+#include "ui/TouchScreen.h"
+
 namespace repvolta {
 namespace {
 
@@ -27,8 +29,8 @@ RowTable::RowTable(QWidget* parent) : QTableView(parent) {
   setVerticalScrollMode(ScrollPerPixel);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() +
-                                          fontMetrics().height() / kRowMargin);
+  verticalHeader()->setDefaultSectionSize(std::max(
+      fontMetrics().height() + fontMetrics().height() / kRowMargin, LeastRowHeight(*this)));
   horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setSectionsClickable(false);

@@ -11,6 +11,7 @@
 #include "base/FileNames.h"
 #include "ui/InputBox.h"
 #include "ui/MessageBox.h"
+#include "ui/ReadableTree.h"
 #include "ui/SizeOnScreen.h"
 #include "ui/WheelGuard.h"
 
@@ -174,6 +175,7 @@ void SelectDirectory::OpenTree() {
   connect(ui_->DirListBox->selectionModel(), &QItemSelectionModel::currentChanged, this,
           &SelectDirectory::LetGo);
   KeepInSight();
+  KeepReadable(*ui_->DirListBox);
 }
 
 /// Deleting the model waits until it has read its last folder, which never happens on a drive that

@@ -36,7 +36,10 @@ bool SetTable::eventFilter(QObject* watched, QEvent* event) {
   const auto* keyEvent = static_cast<QKeyEvent*>(event);
   if (keyEvent->modifiers() != Qt::NoModifier) return false;
   if (keyEvent->key() != Qt::Key_Left && keyEvent->key() != Qt::Key_Right) return false;
-  MoveFocus(watched, keyEvent->key() == Qt::Key_Right ? 1 : -1);
+  // The lists stand in the order in which the desktop's language is read.
+  const auto& list = *static_cast<QWidget*>(watched);
+  const Qt::Key next = list.isRightToLeft() ? Qt::Key_Left : Qt::Key_Right;
+  MoveFocus(watched, keyEvent->key() == next ? 1 : -1);
   return true;
 }
 

@@ -51,6 +51,15 @@ TEST_F(SetTable, AClickInAnyListSelectsTheSetInAll) {
   ExpectSelected(1);
 }
 
+TEST_F(SetTable, TheArrowKeysGoWhereTheyPointInAWindowThatBeginsAtTheRight) {
+  form->setLayoutDirection(Qt::RightToLeft);
+  List("SetList1").setFocus();
+  QTest::keyClick(&List("SetList1"), Qt::Key_Left);
+  EXPECT_EQ(form->focusWidget(), &List("SetList2"));
+  QTest::keyClick(&List("SetList2"), Qt::Key_Right);
+  EXPECT_EQ(form->focusWidget(), &List("SetList1"));
+}
+
 TEST_F(SetTable, TheFocusSelectsNoRow) {
   List("SetList1").setFocus();
   for (const char* button :

@@ -21,6 +21,8 @@
 #include "speech/EngineSpeech.h"
 #include "speech/PreparedSpeech.h"
 #include "ui/ClearIndicators.h"
+#include "ui/ComeToFront.h"
+#include "ui/DisplayNeeded.h"
 #include "ui/MessageBox.h"
 #include "ui/QtDialogs.h"
 #include "ui/RandomMusicMessage.h"
@@ -66,15 +68,6 @@ std::string PrepareProgramDirectory(const std::string& directory, const std::str
   return lack;
 }
 
-/// Brings the window to the front, or the message box that blocks it.
-void Raise(QWidget& form) {
-  QWidget* box = QApplication::activeModalWidget();
-  QWidget& window = box ? *box : form;
-  if (window.isMinimized()) window.showNormal();
-  window.raise();
-  window.activateWindow();
-}
-
 std::unique_ptr<SpeechSynthesizer> MakeSpeech(ChildProcesses& processes) {
   return std::make_unique<EngineSpeech>(InstalledEngines(processes));
 }
@@ -98,7 +91,7 @@ class Desktop {
   }
 
   int Run(SingleInstance& instance, const std::string& lack) {
-    instance.OnLaterStart([this] { Raise(form_); });
+    instance.OnLaterStart([this](const QByteArray& leave) { ComeToFront(form_, leave); });
     if (!lack.empty()) dialogs_.ShowMessage(lack + kStartsAllTheSame);
     Form_Load(form_.GetEditor(), outputs_);
     form_.show();
@@ -138,7 +131,9 @@ int Run() {
     if (!layoutFile.empty()) KeepFileDialogIn(directory);
     return Desktop(directory, layoutFile, executable).Run(instance, lack);
   }
-  return instance.RaiseFirst() ? 0 : Fail("Repvolta is already running in " + directory);
+  return instance.RaiseFirst(LeaveToComeToFront())
+             ? 0
+             : Fail("Repvolta is already running in " + directory);
 }
 
 }  // namespace
@@ -146,13 +141,16 @@ int Run() {
 
 int main(int argc, char** argv) {
   repvolta::CorrectUserFolders();
+  auto displayNeeded = std::make_unique<repvolta::DisplayNeeded>();
   QApplication application(argc, argv);
+  displayNeeded.reset();
   QApplication::setApplicationName("repvolta");
   QApplication::setDesktopFileName("repvolta");
   // The window need not wait for its icon: looking through the themes takes several milliseconds.
   QTimer::singleShot(0, [] { QApplication::setWindowIcon(repvolta::ProgramIcon()); });
   QApplication::setStyle(new repvolta::ClearIndicators(
       repvolta::HasTouchScreen() ? repvolta::Pointing::kFinger : repvolta::Pointing::kMouse));
+  repvolta::HandKeyboardToBoxes(application);
   // Only the Exit command ends the program. During the set-up, closing a message box closes the
   // last window.
   QApplication::setQuitOnLastWindowClosed(false);

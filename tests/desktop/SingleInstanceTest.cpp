@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 #include "platform/desktop/SingleInstance.h"
 
@@ -82,7 +83,7 @@ TEST(SingleInstance, IsRaisedByALaterStart) {
   const TemporaryFolder folder;
   SingleInstance first(folder.Path());
   int raised = 0;
-  first.OnLaterStart([&] { ++raised; });
+  first.OnLaterStart([&](const QByteArray&) { ++raised; });
 
   const SingleInstance later(folder.Path());
 
@@ -90,18 +91,33 @@ TEST(SingleInstance, IsRaisedByALaterStart) {
   EXPECT_TRUE(WaitFor([&] { return raised == 1; }));
 }
 
+TEST(SingleInstance, HandsOnTheLeaveOfALaterStartToComeToTheFront) {
+  const TemporaryFolder folder;
+  SingleInstance first(folder.Path());
+  std::vector<QByteArray> leaves;
+  first.OnLaterStart([&](const QByteArray& leave) { leaves.push_back(leave); });
+
+  const SingleInstance later(folder.Path());
+
+  EXPECT_TRUE(later.RaiseFirst("token 7"));
+  EXPECT_TRUE(WaitFor([&] { return leaves.size() == 1; }));
+  EXPECT_TRUE(later.RaiseFirst());
+  EXPECT_TRUE(WaitFor([&] { return leaves.size() == 2; }));
+  EXPECT_EQ(leaves, (std::vector<QByteArray>{"token 7", ""}));
+}
+
 TEST(SingleInstance, CanBeRaisedAfterAnotherCrashed) {
   const TemporaryFolder folder;
   const pid_t child = fork();
   if (child == 0) {
     SingleInstance killed(folder.Path());
-    killed.OnLaterStart([] {});
+    killed.OnLaterStart([](const QByteArray&) {});
     _exit(0);  // This leaves its socket behind.
   }
   waitpid(child, nullptr, 0);
   SingleInstance first(folder.Path());
   int raised = 0;
-  first.OnLaterStart([&] { ++raised; });
+  first.OnLaterStart([&](const QByteArray&) { ++raised; });
 
   EXPECT_TRUE(SingleInstance(folder.Path()).RaiseFirst());
 
@@ -111,7 +127,7 @@ TEST(SingleInstance, CanBeRaisedAfterAnotherCrashed) {
 TEST(SingleInstance, SaysWhenTheFirstCannotBeAsked) {
   const TemporaryFolder folder;
   const SingleInstance silent(folder.Path());
-  EXPECT_FALSE(SingleInstance(folder.Path()).RaiseFirst(std::chrono::milliseconds(60)));
+  EXPECT_FALSE(SingleInstance(folder.Path()).RaiseFirst({}, std::chrono::milliseconds(60)));
 }
 
 }  // namespace

@@ -3,11 +3,13 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QUrl>
 #include <cstdio>
 
 // A window like a file manager's: a press of the mouse drags the addresses given as arguments. When
-// they are dropped, the program prints what was made of them and ends: drag_source URL...
+// the mouse has come, the program prints "entered"; when the drag has begun, "dragging"; when they
+// are dropped, it prints what was made of them and ends: drag_source URL...
 
 namespace repvolta {
 namespace {
@@ -25,6 +27,11 @@ const char* NameOf(Qt::DropAction action) {
   }
 }
 
+void Say(const char* line) {
+  std::puts(line);
+  static_cast<void>(std::fflush(stdout));
+}
+
 class Source : public QLabel {
  public:
   explicit Source(QList<QUrl> urls) : QLabel("Drag me"), urls_(std::move(urls)) {
@@ -34,18 +41,25 @@ class Source : public QLabel {
   }
 
  protected:
+  void enterEvent(QEnterEvent* /*event*/) override {
+    if (!entered_) Say("entered");
+    entered_ = true;
+  }
+
   void mousePressEvent(QMouseEvent* /*event*/) override {
+    QTimer::singleShot(0, this, [] { Say("dragging"); });
     auto* dragged = new QMimeData;
     dragged->setUrls(urls_);
     QDrag drag(this);
     drag.setMimeData(dragged);
     const Qt::DropAction action = drag.exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction);
-    std::puts(NameOf(action));
+    Say(NameOf(action));
     QApplication::quit();
   }
 
  private:
   QList<QUrl> urls_;
+  bool entered_ = false;
 };
 
 }  // namespace

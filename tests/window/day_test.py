@@ -26,11 +26,6 @@ class Day(WindowTest):
         keys("Return")
         program.wait_for(f"{name} in the list", lambda: name in program.items("Exercises"))
 
-    def add_set(self, first, second, labels=("Weight", "Reps")):
-        self.program.press("Add New Set")
-        for label, value in zip(labels, (first, second)):
-            self.assertEqual(self.program.answer(label, value), f"Enter the {label} required:")
-
     def change(self, name, row, value):
         """Enter on a row of a set list does what a double click does."""
         program = self.program

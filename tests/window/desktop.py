@@ -25,6 +25,16 @@ def has_state(node, state):
     return node.get_state_set().contains(state)
 
 
+def role_of(node):
+    """What a screen reader calls the kind of the control. Newer ones say "button" for short."""
+    name = node.get_role_name()
+    return "push button" if name == "button" else name
+
+
+def text_in(field):
+    return Atspi.Text.get_text(field, 0, -1)
+
+
 def children(node):
     for index in range(node.get_child_count()):
         child = node.get_child_at_index(index)
@@ -32,13 +42,35 @@ def children(node):
             yield child
 
 
-def showing(node):
-    """The node and its descendants that are on the screen."""
+# What has only entries of these roles: perhaps thousands, which are not worth a look for other roles.
+ENTRIES = {"list": ("list item",), "tree": ("tree item", "table cell"),
+           "table": ("table cell", "table column header"), "menu bar": ("menu item",)}
+
+
+def showing(node, role=None):
+    """The node and its descendants that are on the screen; with a role, those at least that have
+    it."""
     if not has_state(node, Atspi.StateType.SHOWING):
         return
     yield node
+    if role and role not in ENTRIES.get(role_of(node), (role,)):
+        return
     for child in children(node):
-        yield from showing(child)
+        yield from showing(child, role)
+
+
+def with_keyboard(node):
+    """Of the node and its descendants on the screen those that have the keyboard. An entry has it
+    only with its list."""
+    states = node.get_state_set()
+    if not states.contains(Atspi.StateType.SHOWING):
+        return
+    if states.contains(Atspi.StateType.FOCUSED):
+        yield node
+    elif role_of(node) in ("list", "tree", "table"):
+        return
+    for child in children(node):
+        yield from with_keyboard(child)
 
 
 def heard_name(node):
@@ -47,7 +79,7 @@ def heard_name(node):
     for relation in node.get_relation_set():
         if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
             for index in range(relation.get_n_targets()):
-                if relation.get_target(index).get_role_name() == "label":
+                if role_of(relation.get_target(index)) == "label":
                     return relation.get_target(index).get_name()
     return node.get_name()
 
@@ -89,12 +121,12 @@ class Program:
 
     TITLE = "Repvolta - Exercise Management for your MP3 Player"
 
-    def __init__(self, home, prefix=()):
-        """Starts the program, through the command `prefix` if there is one."""
+    def __init__(self, home, display, prefix=()):
+        """Starts the program on the display, through the command `prefix` if there is one."""
         self.home = home
         self.environment = dict(os.environ, HOME=str(home.folder), XDG_RUNTIME_DIR=str(home.folder),
                                 XDG_CONFIG_HOME=str(home.folder / ".config"),
-                                QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
+                                QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", **display.environment)
         self.process = subprocess.Popen([*prefix, home.program / "repvolta"], env=self.environment,
                                         cwd="/", stderr=subprocess.DEVNULL)
         self.application = wait_for("the program on the accessibility bus", self._application)
@@ -121,7 +153,7 @@ class Program:
         """What is on the screen, as a screen reader hears it."""
         lines = [f"the keyboard is in {active_title()!r}"]
         for window in children(self.application):
-            lines += [f"{node.get_role_name()} {node.get_name()!r}"
+            lines += [f"{role_of(node)} {node.get_name()!r}"
                       + (" focused" if has_state(node, Atspi.StateType.FOCUSED) else "")
                       for node in showing(window)]
         return "\n".join(lines)
@@ -154,8 +186,8 @@ class Program:
         return self.window(self.TITLE)
 
     def controls(self, window, role=None, name=None):
-        return [node for node in showing(window)
-                if (role is None or node.get_role_name() == role)
+        return [node for node in showing(window, role)
+                if (role is None or role_of(node) == role)
                 and (name is None or name in (node.get_name(), heard_name(node)))]
 
     def find(self, window, role, name):
@@ -166,7 +198,7 @@ class Program:
     def focus(self, control):
         self.wait_for(f"{control.get_name()!r} to be enabled",
                       lambda: has_state(control, Atspi.StateType.ENABLED))
-        if control.get_role_name() in ("list", "combo box"):
+        if role_of(control) in ("list", "combo box"):
             self._tab_to(control)  # which no assistive tool can do for it
         else:
             control.grab_focus()
@@ -175,7 +207,7 @@ class Program:
 
     def focused(self, window):
         """The controls that have the keyboard."""
-        return [node for node in showing(window) if has_state(node, Atspi.StateType.FOCUSED)]
+        return list(with_keyboard(window))
 
     def next_control(self, window):
         """Presses the Tab key and returns the control that it leads to."""
@@ -205,7 +237,7 @@ class Program:
             type_text(text)
         else:
             field.set_text_contents(text)  # no key of the display's keyboard gives it
-        self.wait_for(f"{text!r} in the field", lambda: field.get_text(0, -1) == text)
+        self.wait_for(f"{text!r} in the field", lambda: text_in(field) == text)
 
     def _closed(self, box):
         # The program may end with its last box.
@@ -235,7 +267,7 @@ class Program:
         return prompt[0]
 
     def _entries(self, control):
-        return [item for item in children(control) if item.get_role_name() == "list item"]
+        return [item for item in children(control) if role_of(item) == "list item"]
 
     def items(self, name, role="list", window=None):
         control = self.find(window or self.main(), role, name)
@@ -277,7 +309,7 @@ class Program:
             # The tab bar has the name of the shown tab.
             return self.controls(self.main(), "page tab list")[0].get_name()
         strip = self.wait_for("the tabs", lambda: self.controls(self.main(), "page tab list"))[0]
-        titles = [tab.get_name() for tab in children(strip) if tab.get_role_name() == "page tab"]
+        titles = [tab.get_name() for tab in children(strip) if role_of(tab) == "page tab"]
         before = shown()
         while before != title:
             behind = titles.index(title) - titles.index(before)
@@ -295,7 +327,7 @@ class Program:
     def _walk(self, key, name):
         def names():
             return [node.get_name().partition("\t")[0] for window in children(self.application)
-                    for node in self.focused(window) if node.get_role_name() == "menu item"]
+                    for node in self.focused(window) if role_of(node) == "menu item"]
         for _ in range(50):
             before = self.wait_for("the menu", names)
             if name in before:

@@ -34,19 +34,26 @@ def output_of(*command):
     return subprocess.run(command, capture_output=True, text=True, check=True, timeout=LIMIT).stdout
 
 
+_in_use = None  # the display in front of which the tests sit
+
+
+def use(display):
+    """From now on, keys go to that display."""
+    global _in_use
+    _in_use = display
+
+
 def keys(*names):
-    output_of("xdotool", "key", "--clearmodifiers", *names)
+    _in_use.keys(*names)
 
 
 def type_text(text):
-    output_of("xdotool", "type", "--delay", "2", "--", text)
+    _in_use.type_text(text)
 
 
 def active_title():
     """The title of the window that has the keyboard; empty when there is none."""
-    run = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], capture_output=True,
-                         text=True, timeout=LIMIT)
-    return run.stdout.rstrip("\n")
+    return _in_use.active_title()
 
 
 def png(width, height, rows):
@@ -60,16 +67,34 @@ def png(width, height, rows):
             + chunk(b"IEND", b""))
 
 
+def start_accessibility():
+    """The accessibility bus. It is up before any program starts: a program that finds no bus may
+    never appear on it."""
+    session = Gio.bus_get_sync(Gio.BusType.SESSION)
+    address, = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress",
+                                 None, GLib.VariantType("(s)"), Gio.DBusCallFlags.NONE,
+                                 LIMIT * 1000)
+    bus = Gio.DBusConnection.new_for_address_sync(
+        address, Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+        | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
+    bus.call_sync("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root",
+                  "org.freedesktop.DBus.Peer", "Ping", None, None, Gio.DBusCallFlags.NONE,
+                  LIMIT * 1000)
+
+
 class Display:
-    """An X server with a window manager, and an accessibility bus. The bus is up before any program
-    starts: a program that finds no bus may never appear on it."""
+    """An X server with a window manager, and an accessibility bus."""
+
+    environment = {"QT_QPA_PLATFORM": "xcb"}  # of the programs on it
 
     def __init__(self, *options):
         """The options go to the server."""
         self.memory = tempfile.TemporaryDirectory(prefix="repvolta-display-")
         read, write = os.pipe()
+        # Without -noreset the server begins anew whenever its last client has gone, and refuses the
+        # window manager if that comes just then.
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1400x1000x24",
+            ["Xvfb", "-noreset", "-displayfd", str(write), "-screen", "0", "1400x1000x24",
              "-fbdir", self.memory.name, *options], pass_fds=[write], stderr=subprocess.DEVNULL)
         atexit.register(self.close)
         os.close(write)
@@ -78,19 +103,19 @@ class Display:
         self.manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
         wait_for("the window manager", lambda: "window id" in output_of(
             "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
-        self._start_accessibility()
+        start_accessibility()
+        use(self)
 
-    def _start_accessibility(self):
-        session = Gio.bus_get_sync(Gio.BusType.SESSION)
-        address, = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress",
-                                     None, GLib.VariantType("(s)"), Gio.DBusCallFlags.NONE,
-                                     LIMIT * 1000)
-        bus = Gio.DBusConnection.new_for_address_sync(
-            address, Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
-            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
-        bus.call_sync("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root",
-                      "org.freedesktop.DBus.Peer", "Ping", None, None, Gio.DBusCallFlags.NONE,
-                      LIMIT * 1000)
+    def keys(self, *names):
+        output_of("xdotool", "key", "--clearmodifiers", *names)
+
+    def type_text(self, text):
+        output_of("xdotool", "type", "--delay", "2", "--", text)
+
+    def active_title(self):
+        run = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], capture_output=True,
+                             text=True, timeout=LIMIT)
+        return run.stdout.rstrip("\n")
 
     def picture(self, path):
         """Writes what is on the screen to a PNG file. The server keeps it as a window dump."""

@@ -49,7 +49,7 @@ class Drop(WindowTest):
                      for start, end in zip(FREE_PLACE, middle)]
             output_of("xdotool", "mousemove", "--sync", *map(str, place))
         output_of("xdotool", "mouseup", "1")
-        return source.communicate(timeout=LIMIT)[0].strip()
+        return source.communicate(timeout=LIMIT)[0].split()[-1]
 
     def exercise(self):
         return self.home.records("workouts/Monday.RPV")["exercises"][0]

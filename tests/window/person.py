@@ -3,7 +3,7 @@
 import dataclasses
 import re
 
-from desktop import Atspi, children, has_state, heard_name, showing
+from desktop import Atspi, children, has_state, heard_name, role_of, showing, text_in
 from display import active_title, keys, output_of, type_text
 
 SECOND_CLICK = 60  # milliseconds after the first one
@@ -74,10 +74,10 @@ class Person:
         """Types a name or number into the field that has the keyboard."""
         self.program.wait_for("the keyboard in the field",
                               lambda: has_state(field, Atspi.StateType.FOCUSED))
-        before = field.get_text(0, -1)
+        before = text_in(field)
         self.type(text)
-        self.program.wait_for(f"{text!r} in the field", lambda: field.get_text(0, -1) != before
-                              and field.get_text(0, -1).endswith(text))
+        self.program.wait_for(f"{text!r} in the field", lambda: text_in(field) != before
+                              and text_in(field).endswith(text))
 
     # --- boxes
 
@@ -117,8 +117,8 @@ class Person:
         lines = []
         for node in showing(window):
             parts = [node.get_name(), heard_name(node), node.get_description()]
-            if node.get_role_name() == "text":
-                parts.append(node.get_text(0, -1))
+            if role_of(node) == "text":
+                parts.append(text_in(node))
             lines += [part for part in dict.fromkeys(parts) if part]
         return lines
 
@@ -131,7 +131,7 @@ class Person:
 
         def shown():
             for window in children(self.program.application):
-                if window.get_role_name() == "tool tip":
+                if role_of(window) == "tool tip":
                     return window.get_name() or window.get_description()
             return None
         try:

@@ -35,6 +35,8 @@ class SetUp(WindowTest):
             picker, "label", str(self.home.folder / "Player")))
         keys("Return")
         program.main()
+        program.wait_for("the window's icon", lambda: "Icon (" in output_of(
+            "xprop", "-name", program.TITLE, "_NET_WM_ICON"))
 
         self.assertEqual(self.home.records("settings.dat"), {
             "whole": True, "music": str(self.home.music),

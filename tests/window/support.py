@@ -5,8 +5,8 @@ import pathlib
 import signal
 import unittest
 
-from desktop import Home, Program
-from display import Display, keys
+from desktop import Home, Program, role_of
+from display import Display, keys, use
 
 WORKOUT_TAB = "Workout Setup/Exercise Selection"
 EXERCISE_TAB = "Exercise Setup"
@@ -34,13 +34,18 @@ def pick_folder(program, name):
 
 
 class WindowTest(unittest.TestCase):
-    """Each test has its own home folder; all share a display."""
+    """Each test has its own home folder; the tests of a class, and of those that do not name
+    another, share a display of X."""
 
-    display = None
+    make_display = Display
+    displays = {}
 
     @classmethod
     def setUpClass(cls):
-        WindowTest.display = WindowTest.display or Display()
+        if cls.make_display not in WindowTest.displays:
+            WindowTest.displays[cls.make_display] = cls.make_display()
+        cls.display = WindowTest.displays[cls.make_display]
+        use(cls.display)
 
     def setUp(self):
         signal.signal(signal.SIGALRM, self._too_long)
@@ -66,7 +71,7 @@ class WindowTest(unittest.TestCase):
             print(f"The screen is in {path}")
 
     def start(self, prefix=()):
-        program = Program(self.home, prefix)
+        program = Program(self.home, self.display, prefix)
         self.addCleanup(program.kill)
         self.addCleanup(self._picture_of_failure)
         return program
@@ -107,11 +112,16 @@ class WindowTest(unittest.TestCase):
         program = self.program
         dialog = program.window("Music File Selection")
         field, = program.wait_for("the field for the name", lambda: [
-            node for node in program.focused(dialog) if node.get_role_name() == "text"])
+            node for node in program.focused(dialog) if role_of(node) == "text"])
         program.type_into(field, path)
         keys("Return")
         program.wait_for(f"{path} in the list",
                          lambda: path in program.items("Music to be played"))
+
+    def add_set(self, first, second, labels=("Weight", "Reps")):
+        self.program.press("Add New Set")
+        for label, value in zip(labels, (first, second)):
+            self.assertEqual(self.program.answer(label, value), f"Enter the {label} required:")
 
     def open_exercise(self, name):
         self.program.tab(WORKOUT_TAB)

@@ -10,7 +10,7 @@ import re
 import shutil
 import sys
 
-from desktop import Atspi, Home, Program, children, has_state
+from desktop import Atspi, Home, Program, children, has_state, role_of
 from display import Display, active_title, keys, output_of, wait_for
 from person import Person
 from support import EXERCISE_TAB, SETTINGS_TAB, WORKOUT_TAB
@@ -63,7 +63,7 @@ class Tasks:
             if active_title() != Program.TITLE:
                 keys("Escape")
             self.program.exit()
-        self.person = Person(Program(self.home))
+        self.person = Person(Program(self.home, Display))
         if (self.home.program / "settings.dat").exists():
             self.program.main()
 
@@ -97,7 +97,7 @@ class Tasks:
         """A row of a list, by its number or text."""
         def found():
             control = self.program.controls(window or self.program.main(), role, name)[0]
-            rows = [item for item in children(control) if item.get_role_name() == "list item"]
+            rows = [item for item in children(control) if role_of(item) == "list item"]
             if isinstance(index, int):
                 return rows[index:index + 1]
             return [row for row in rows if row.get_name() == index]
@@ -151,7 +151,7 @@ class Tasks:
         self.person.press("Add New Exercise")
         dialog = self.person.box("Select Exercise")
         search = [field for field in self.program.focused(dialog)
-                  if field.get_role_name() == "text"]
+                  if role_of(field) == "text"]
         if search:
             self.person.type_into(search[0], name)
             if not self._is_listed(dialog, name):

@@ -13,7 +13,8 @@
 namespace repvolta {
 namespace {
 
-constexpr int kPause = 20;  // milliseconds
+constexpr int kPause = 20;              // milliseconds
+constexpr qint64 kLongestLeave = 1024;  // bytes
 
 /// One name for each user and program directory.
 QString ServerName(const std::string& programDirectory) {
@@ -31,11 +32,14 @@ SingleInstance::SingleInstance(const std::string& programDirectory)
   isFirst_ = lock_.Try(directory_) != EWOULDBLOCK;
 }
 
-void SingleInstance::OnLaterStart(std::function<void()> raise) {
+void SingleInstance::OnLaterStart(std::function<void(const QByteArray& leave)> raise) {
   QObject::connect(&server_, &QLocalServer::newConnection, [this, raise = std::move(raise)] {
     while (QLocalSocket* later = server_.nextPendingConnection()) {
-      later->deleteLater();
-      raise();
+      later->setReadBufferSize(kLongestLeave);
+      QObject::connect(later, &QLocalSocket::disconnected, [later, raise] {
+        later->deleteLater();
+        raise(later->readAll());
+      });
     }
   });
   server_.setSocketOptions(QLocalServer::UserAccessOption);
@@ -43,12 +47,16 @@ void SingleInstance::OnLaterStart(std::function<void()> raise) {
   server_.listen(serverName_);
 }
 
-bool SingleInstance::RaiseFirst(std::chrono::milliseconds limit) const {
+bool SingleInstance::RaiseFirst(const QByteArray& leave, std::chrono::milliseconds limit) const {
   QLocalSocket socket;
   // The first instance may hold the directory before it listens.
   for (QDeadlineTimer end(limit); !end.hasExpired(); QThread::msleep(kPause)) {
     socket.connectToServer(serverName_);
-    if (socket.waitForConnected(static_cast<int>(limit.count()))) return true;
+    if (!socket.waitForConnected(static_cast<int>(limit.count()))) continue;
+    socket.write(leave);
+    socket.disconnectFromServer();
+    return socket.state() == QLocalSocket::UnconnectedState ||
+           socket.waitForDisconnected(static_cast<int>(limit.count()));
   }
   return false;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QLocalServer>
 #include <chrono>
 #include <functional>
@@ -22,12 +23,14 @@ class SingleInstance {
   /// False when another program holds the directory.
   bool IsFirst() const { return isFirst_; }
 
-  /// For the first instance: calls `raise` whenever a later start asks for the running window.
-  void OnLaterStart(std::function<void()> raise);
+  /// For the first instance: calls `raise` whenever a later start asks for the running window,
+  /// with the desktop's leave to come to the front that the later start has brought, or "".
+  void OnLaterStart(std::function<void(const QByteArray& leave)> raise);
 
   /// For a later start: asks the running program to come to the front. False when it does not
   /// answer within the limit, for example because it belongs to another user.
-  bool RaiseFirst(std::chrono::milliseconds limit = std::chrono::seconds(2)) const;
+  bool RaiseFirst(const QByteArray& leave = {},
+                  std::chrono::milliseconds limit = std::chrono::seconds(2)) const;
 
  private:
   Descriptor directory_;

@@ -1,22 +1,14 @@
 #pragma once
 
 #include <functional>
-#include <stdexcept>
 #include <string>
+
+#include "platform/SoundDevice.h"
 
 namespace repvolta {
 
-/// The reason why a sound cannot be played, in words for the user.
-class SoundError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
 /// An entry of the list that AudioOutputs::Names gave; without a name, the default output.
-struct ChosenOutput {
-  int entry = 0;
-  std::string name;
-};
+using ChosenOutput = ChosenDevice;
 
 /// Plays one WAV file at a time. Nothing waits for the sound.
 class SoundPlayer {

@@ -3,7 +3,9 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <algorithm>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/types.h>
 
 namespace repvolta {
 namespace {
@@ -126,26 +128,59 @@ SoundServer::SoundServer() : environment_(QProcessEnvironment::systemEnvironment
   if (!said.empty()) ADD_FAILURE() << "pulseaudio did not start: " << said;
 }
 
-SoundServer::~SoundServer() { Kill(); }
+SoundServer::~SoundServer() {
+  for (const auto& player : players_) End(*player);
+  Kill();
+}
 
 std::unique_ptr<SoundRecording> SoundServer::Record(const std::string& output) {
   return std::make_unique<SoundRecording>(output, environment_);
 }
 
-void SoundServer::Unplug(const std::string& output) {
-  QProcess control;
-  control.setProcessEnvironment(environment_);
-  control.start("pactl", {"list", "short", "modules"});
-  control.waitForFinished(kLimit);
-  for (const QByteArray& line : control.readAllStandardOutput().split('\n')) {
-    if (!line.contains("sink_name=" + QByteArray::fromStdString(output) + " ")) continue;
-    control.start("pactl", {"unload-module", line.split('\t').first()});
-    control.waitForFinished(kLimit);
-    return;
-  }
-  ADD_FAILURE() << "There is no output " << output;
+void SoundServer::PlugMicrophone(const std::string& name) {
+  const QString source = QString::fromStdString(name);
+  Control({"load-module", "module-null-sink", "sink_name=" + source + "Room", "norewinds=1"});
+  Control({"load-module", "module-remap-source", "master=" + source + "Room.monitor",
+           "source_name=" + source, "source_properties=device.description=" + source});
 }
 
+void SoundServer::PlugDeadMicrophone(const std::string& name) {
+  const QString source = QString::fromStdString(name);
+  Control({"load-module", "module-pipe-source", "source_name=" + source,
+           "file=" + QDir::currentPath() + "/sound/" + source,
+           "source_properties=device.description=" + source});
+}
+
+void SoundServer::PlayTo(const std::string& microphone, const std::string& file) {
+  players_.push_back(std::make_unique<QProcess>());
+  QProcess& player = *players_.back();
+  player.setProcessEnvironment(environment_);
+  // Enough of it is held that a busy machine makes no gaps.
+  player.start("paplay",
+               {"--latency-msec=2000", "--device=" + QString::fromStdString(microphone) + "Room",
+                QString::fromStdString(file)});
+}
+
+void SoundServer::Unplug(const std::string& device) {
+  for (const QByteArray& line : Control({"list", "short", "modules"}).split('\n')) {
+    if (!line.contains("_name=" + QByteArray::fromStdString(device) + " ")) continue;
+    Control({"unload-module", line.split('\t').first()});
+    return;
+  }
+  ADD_FAILURE() << "There is no " << device;
+}
+
+void SoundServer::Hang() { kill(static_cast<pid_t>(server_.processId()), SIGSTOP); }
+
 void SoundServer::Kill() { End(server_); }
+
+QByteArray SoundServer::Control(const QStringList& arguments) {
+  QProcess control;
+  control.setProcessEnvironment(environment_);
+  control.start("pactl", arguments);
+  control.waitForFinished(kLimit);
+  EXPECT_EQ(control.exitCode(), 0) << control.readAllStandardError().toStdString();
+  return control.readAllStandardOutput();
+}
 
 }  // namespace repvolta

@@ -53,14 +53,30 @@ class SoundServer {
 
   std::unique_ptr<SoundRecording> Record(const std::string& output);
 
-  void Unplug(const std::string& output);
+  /// Adds a microphone, at first the default one, in a room without any sound.
+  void PlugMicrophone(const std::string& name);
+
+  /// Adds a microphone that never gives any sound, not even silence.
+  void PlugDeadMicrophone(const std::string& name);
+
+  /// Begins to play a WAV file in the room of a microphone.
+  void PlayTo(const std::string& microphone, const std::string& file);
+
+  /// An output or a microphone.
+  void Unplug(const std::string& device);
+
+  /// Lets the server do nothing any more, as one that hangs.
+  void Hang();
 
   /// Ends the server without a word.
   void Kill();
 
  private:
+  QByteArray Control(const QStringList& arguments);
+
   QProcess server_;
   QProcessEnvironment environment_;
+  std::vector<std::unique_ptr<QProcess>> players_;
 };
 
 }  // namespace repvolta

@@ -2,22 +2,12 @@
 
 #include <QMediaDevices>
 
+#include "platform/desktop/DeviceList.h"
+
 namespace repvolta {
 
-QList<QAudioDevice> OutputsInOrder() {
-  QList<QAudioDevice> outputs;
-  for (const QAudioDevice& device : QMediaDevices::audioOutputs()) {
-    outputs.insert(device.isDefault() ? 0 : outputs.size(), device);
-  }
-  return outputs;
-}
+QList<QAudioDevice> OutputsInOrder() { return DefaultFirst(QMediaDevices::audioOutputs()); }
 
-std::vector<std::string> DesktopAudioOutputs::Names() {
-  std::vector<std::string> names;
-  for (const QAudioDevice& device : OutputsInOrder()) {
-    names.push_back(device.description().toStdString());
-  }
-  return names;
-}
+std::vector<std::string> DesktopAudioOutputs::Names() { return DescriptionsOf(OutputsInOrder()); }
 
 }  // namespace repvolta

@@ -6,6 +6,7 @@
 #include "base/Folder.h"
 #include "base/WholeFile.h"
 #include "clips/ClipSound.h"
+#include "clips/VoiceLevel.h"
 #include "clips/Word.h"
 #include "sound/WavReader.h"
 
@@ -33,19 +34,17 @@ Sound WordOf(const Sound& speech, const std::string& source) {
   throw ClipError(recording + " cannot be used: " + reason);
 }
 
-Sound WordOfRecording(const std::string& path) {
-  const Bytes file = ReadWholeFile(path, kLargestRecording);
-  try {
-    const WavSource recording(file);
-    const std::optional<Word> word = FindWord(recording);
-    if (!word) ThrowSilent(path);
-    if (Seconds(*word) > kLongestWord) {
-      ThrowUnusable(path, "From the first to the last sound it lasts longer than two minutes");
-    }
-    return CutWord(recording, *word);
-  } catch (const WavError& error) {
-    ThrowUnusable(path, error.what());
+/// The clip of a recording, which errors call by the given name.
+Bytes ClipOfNamed(const std::string& name, const SoundSource& recording, double loudness) {
+  const std::optional<Word> word = FindWord(recording);
+  if (!word) ThrowSilent(name);
+  if (Seconds(*word) > kLongestWord) {
+    ThrowUnusable(name, "From the first to the last sound it lasts longer than two minutes");
   }
+  std::vector<Sound> clip;
+  clip.push_back(CutWord(recording, *word));
+  LevelClips(clip, loudness);
+  return EncodeWav(clip.front(), kClipFormat);
 }
 
 }  // namespace
@@ -67,11 +66,18 @@ void MakeClips(const Speaker& speaker, const std::vector<ClipWords>& clips,
   }
 }
 
+Bytes ClipOf(const SoundSource& recording, double loudness) {
+  return ClipOfNamed("The recording", recording, loudness);
+}
+
 void MakeClipOfRecording(const std::string& recording, const std::string& clip) {
-  std::vector<Sound> word;
-  word.push_back(WordOfRecording(recording));
-  LevelClips(word);
-  WriteClip(clip, word.front());
+  const Bytes file = ReadWholeFile(recording, kLargestRecording);
+  try {
+    const WavSource sound(file);
+    WriteWholeFile(clip, ClipOfNamed(recording, sound, LoudnessOfVoice(VoiceOfClip(clip))));
+  } catch (const WavError& error) {
+    ThrowUnusable(recording, error.what());
+  }
 }
 
 }  // namespace repvolta

@@ -3,8 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "base/Bytes.h"
 #include "clips/ClipLists.h"
 #include "clips/Speaker.h"
+#include "sound/SoundSource.h"
 
 namespace repvolta {
 
@@ -14,9 +16,14 @@ namespace repvolta {
 void MakeClips(const Speaker& speaker, const std::vector<ClipWords>& clips,
                const std::string& folder);
 
-/// Makes a clip of any WAV recording of a word; an existing clip is replaced. Holds a small
-/// multiple of the recording and of the clip. Throws ClipError when the recording is silent or its
-/// sound is longer than two minutes, FileError.
+/// The file of a clip: the word in a recording of any rate, at a loudness in LUFS
+/// (LoudnessOfVoice). Holds a small multiple of the recording and of the clip. Throws ClipError
+/// when the recording is silent or its sound is longer than two minutes.
+Bytes ClipOf(const SoundSource& recording, double loudness);
+
+/// Makes a clip of any WAV recording of a word, as loud as the voice that it is put into; an
+/// existing clip is replaced. Holds a small multiple of the recording and of the clip. Throws
+/// ClipError when the recording is silent or its sound is longer than two minutes, FileError.
 void MakeClipOfRecording(const std::string& recording, const std::string& clip);
 
 }  // namespace repvolta

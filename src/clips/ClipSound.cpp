@@ -46,8 +46,8 @@ float Factor(double decibels) { return static_cast<float>(std::pow(10, decibels 
 
 /// Removes most of the difference between a clip's loudness and the wanted one; the remaining
 /// difference keeps the words natural.
-void EvenOut(Sound& sound) {
-  const double missing = kClipLoudness - JoinedLoudness(std::span(&sound, 1));
+void EvenOut(Sound& sound, double wanted) {
+  const double missing = wanted - JoinedLoudness(std::span(&sound, 1));
   if (std::isfinite(missing)) Scale(sound, Factor(missing * kEvenness));
 }
 
@@ -87,8 +87,8 @@ double JoinedLoudness(std::span<const Sound> sounds) {
   return loudness;
 }
 
-void LevelClips(std::vector<Sound>& sounds) {
-  for (Sound& sound : sounds) EvenOut(sound);
+void LevelClips(std::vector<Sound>& sounds, double wanted) {
+  for (Sound& sound : sounds) EvenOut(sound, wanted);
   const std::vector<Sound> even = sounds;
   double gain = 0;
   for (int round = 0; round < kLevelRounds; ++round) {
@@ -97,7 +97,7 @@ void LevelClips(std::vector<Sound>& sounds) {
       Scale(sound, Factor(gain));
       LimitPeaks(sound);
     }
-    const double missing = kClipLoudness - JoinedLoudness(sounds);
+    const double missing = wanted - JoinedLoudness(sounds);
     if (!std::isfinite(missing) || std::abs(missing) < kNearEnough) return;
     // The next round makes up for the loudness that the limiter takes away.
     gain += missing;

@@ -21,8 +21,8 @@ void LimitPeaks(Sound& sound);
 /// to measure. All are at the clips' rate. Minus infinity for silence.
 double JoinedLoudness(std::span<const Sound> sounds);
 
-/// Brings the clips close to one loudness, then applies one gain to all, so that they have
-/// kClipLoudness when joined; limits their peaks.
-void LevelClips(std::vector<Sound>& sounds);
+/// Brings the clips close to one loudness, then applies one gain to all, so that they have the
+/// wanted loudness in LUFS when joined; limits their peaks.
+void LevelClips(std::vector<Sound>& sounds, double wanted = kClipLoudness);
 
 }  // namespace repvolta

@@ -157,8 +157,8 @@ void ExpectNoHalfRestore(const std::string& directory, UpdateArguments::Task tas
   if (task == UpdateArguments::Task::kUpdate) {
     FinishInterruptedRestore(directory);
   } else if (IsRestorePending(directory)) {
-    throw CannotStart("A backup is half restored in " + directory +
-                      "; start repvolta or an update, which restores the rest");
+    throw CannotStart("A restored backup or a changed voice is half in place in " + directory +
+                      "; start repvolta or an update, which does the rest");
   }
 }
 

@@ -222,7 +222,7 @@ void FinishPendingRestore(const Editor& editor) {
   FinishInterruptedRestore(state.ProgramDirectory);
   editor.program.RememberPendingRestore(false);
   ShowRestored(editor);
-  throw WorkoutReplaced("The rest of the backup has been restored now.");
+  throw WorkoutReplaced("The rest of the backup, or of the changed voice, is in place now.");
 }
 
 }  // namespace repvolta

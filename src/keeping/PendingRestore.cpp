@@ -19,7 +19,13 @@
 namespace repvolta {
 namespace {
 
-constexpr const char* kFirstLine = "Repvolta restore 1";
+constexpr std::string_view kFirstLine = "Repvolta restore 1";
+
+/// The first line of a journal that also has files to be removed, each below "- ". The other one is
+/// still written where it is enough: an older program can finish that.
+constexpr std::string_view kFirstLineOfRemoval = "Repvolta restore 2";
+constexpr std::string_view kRemoved = "- ";
+constexpr std::string_view kPlaced = "+ ";
 constexpr mode_t kPrivateFolder = 0700;
 constexpr unsigned kPrivateFile = 0600;
 
@@ -29,26 +35,54 @@ bool LeadsBelow(const std::string& name) {
   return IsFileName(FileName(name)) && (folder.empty() || LeadsBelow(folder));
 }
 
-/// The files that the journal lists. Throws FileError for a journal that this program did not
-/// write.
-std::vector<std::string> ReadJournal(const std::string& path) {
+struct Journal {
   std::vector<std::string> names;
+  std::vector<std::string> removed;
+};
+
+/// False for a line that no journal with removals has.
+bool AddTo(Journal& journal, std::string_view line) {
+  const std::string_view kind = line.substr(0, kPlaced.size());
+  if (kind != kPlaced && kind != kRemoved) return false;
+  (kind == kPlaced ? journal.names : journal.removed).emplace_back(line.substr(kind.size()));
+  return true;
+}
+
+/// Throws FileError for a journal that this program did not write.
+Journal ReadJournal(const std::string& path) {
+  Journal journal;
+  std::string first;
   bool isOurs = false;
   ForEachLine(path, [&](std::string_view line) {
-    if (!isOurs) return isOurs = line == kFirstLine;
-    names.emplace_back(line);
+    if (first.empty()) {
+      first = line;
+      return isOurs = line == kFirstLine || line == kFirstLineOfRemoval;
+    }
+    if (first == kFirstLineOfRemoval) return isOurs = AddTo(journal, line);
+    journal.names.emplace_back(line);
     return true;
   });
-  if (!isOurs || !std::ranges::all_of(names, LeadsBelow)) {
+  if (!isOurs || !std::ranges::all_of(journal.names, LeadsBelow) ||
+      !std::ranges::all_of(journal.removed, LeadsBelow)) {
     throw FileError(path, "could not be read", "Another version of Repvolta has written it");
   }
-  return names;
+  return journal;
+}
+
+std::string TextOf(const Journal& journal) {
+  const bool removes = !journal.removed.empty();
+  std::string text = std::string(removes ? kFirstLineOfRemoval : kFirstLine) + "\n";
+  for (const std::string& name : journal.names) {
+    text += std::string(removes ? kPlaced : "") + name + "\n";
+  }
+  for (const std::string& name : journal.removed) text += std::string(kRemoved) + name + "\n";
+  return text;
 }
 
 /// Finds out before the restore is decided whether the file could be put in place. Throws
 /// FileError.
 void ExpectPlaceFor(const std::string& directory, const std::string& name) {
-  constexpr const char* kFailure = "could not be restored";
+  constexpr const char* kFailure = "could not be put in place";
   const std::string path = directory + name;
   if (IsTaken(path) && !FileExists(path)) {
     throw FileError(path, kFailure, "Something else has its name");
@@ -73,6 +107,13 @@ void PutInPlace(const std::string& from, const std::string& to) {
   writer.AppendRest(file, 0);
   writer.Commit();
   RemoveFile(from);
+}
+
+/// The mark goes last: without it, the name is that of a file which somebody made later.
+void RemoveMarked(const std::string& mark, const std::string& path) {
+  if (!IsTaken(mark)) return;
+  RemoveFile(path);
+  RemoveFile(mark);
 }
 
 /// Adds the folders of the file `root` + `name`, from `root` down.
@@ -106,7 +147,7 @@ void RemoveUnfinishedBackups(const std::string& directory) {
 }
 
 /// The journal goes first: without it the folder means nothing.
-void Remove(const std::string& directory) {
+void RemoveStage(const std::string& directory) {
   RemoveFile(directory + kRestoreJournal);
   DeleteFolder(WithoutSeparator(directory + kRestoreFolder));
 }
@@ -116,7 +157,7 @@ void Remove(const std::string& directory) {
 RestoreStage::RestoreStage(std::string programDirectory) : directory_(std::move(programDirectory)) {
   const std::string folder = directory_ + kRestoreFolder;
   if (IsRestorePending(directory_)) {
-    throw FileError(folder, "is in the way", "An earlier restore is not finished");
+    throw FileError(folder, "is in the way", "An earlier change is not finished");
   }
   DeleteFolder(WithoutSeparator(folder));
   if (mkdir(folder.c_str(), kPrivateFolder) != 0) {
@@ -129,33 +170,42 @@ RestoreStage::RestoreStage(std::string programDirectory) : directory_(std::move(
 RestoreStage::~RestoreStage() {
   if (isCommitted_) return;
   try {
-    Remove(directory_);
+    RemoveStage(directory_);
   } catch (const FileError&) {
     // The next start removes it.
   }
 }
 
-void RestoreStage::Add(const std::string& name, std::span<const Byte> content) {
+void RestoreStage::Stage(const std::string& name, const std::string& path,
+                         std::span<const Byte> content) {
   if (!LeadsBelow(name)) {
-    throw FileError(name, "could not be restored", "It does not lie in the program directory");
+    throw FileError(name, "could not be put in place", "It does not lie in the program directory");
   }
   ExpectPlaceFor(directory_, name);
-  const std::string path = directory_ + kRestoredFiles + name;
   MakeFolders(WithoutSeparator(FolderOf(path)));
   File file = File::CreateNew(path, kPrivateFile);
   file.WriteAt(0, content);
   TakePermissions(file, directory_ + name);
   file.FlushToDevice();
   file.CloseWritten();
+}
+
+void RestoreStage::Add(const std::string& name, std::span<const Byte> content) {
+  Stage(name, directory_ + kRestoredFiles + name, content);
   names_.push_back(name);
   AddFoldersOf(name, directory_ + kRestoredFiles, folders_);
+}
+
+void RestoreStage::Remove(const std::string& name) {
+  Stage(name, directory_ + kRemovalMarks + name, {});
+  removed_.push_back(name);
+  AddFoldersOf(name, directory_ + kRemovalMarks, folders_);
 }
 
 void RestoreStage::Commit() {
   FlushFolders(folders_);
   FlushFolders({directory_});
-  std::string journal = std::string(kFirstLine) + "\n";
-  for (const std::string& name : names_) journal += name + "\n";
+  const std::string journal = TextOf(Journal{.names = names_, .removed = removed_});
   WriteWholeFile(directory_ + kRestoreJournal, AsBytes(journal));
   isCommitted_ = true;
 }
@@ -166,17 +216,25 @@ bool IsRestorePending(const std::string& programDirectory) {
 
 void FinishRestore(const std::string& programDirectory) {
   if (IsRestorePending(programDirectory)) {
+    const Journal journal = ReadJournal(programDirectory + kRestoreJournal);
     const std::string files = programDirectory + kRestoredFiles;
+    const std::string marks = programDirectory + kRemovalMarks;
     std::set<std::string> folders;
-    for (const std::string& name : ReadJournal(programDirectory + kRestoreJournal)) {
+    for (const std::string& name : journal.names) {
       PutInPlace(files + name, programDirectory + name);
       AddFoldersOf(name, programDirectory, folders);
+    }
+    for (const std::string& name : journal.removed) {
+      const std::string path = programDirectory + name;
+      RemoveMarked(marks + name, path);
+      if (FolderExists(FolderOf(path).empty() ? "." : FolderOf(path)))
+        folders.insert(FolderOf(path));
     }
     FlushFolders(folders);
   }
   RemoveUnfinishedBackups(programDirectory);
   try {
-    Remove(programDirectory);
+    RemoveStage(programDirectory);
   } catch (const FileError&) {
     // Nothing in it is needed any more; the next start removes it.
   }

@@ -9,11 +9,11 @@
 
 namespace repvolta {
 
-/// The files of a backup on their way into the program directory, all or none of them. They are
-/// written and flushed in a folder of their own, which no other part of the program reads. Commit()
-/// then puts a journal beside them, from which moment the restore is decided: FinishRestore puts
-/// the files in place, at the next start if not at once. Until then nothing has changed, and
-/// without Commit() the folder is removed.
+/// Files on their way into the program directory, of a backup or of a voice, all or none of them.
+/// They are written and flushed in a folder of their own, which no other part of the program reads.
+/// Commit() then puts a journal beside them, from which moment the restore is decided:
+/// FinishRestore puts the files in place, at the next start if not at once. Until then nothing has
+/// changed, and without Commit() the folder is removed.
 class RestoreStage {
  public:
   /// `programDirectory` ends with the separator; "" is the current one. Throws FileError, also when
@@ -27,12 +27,18 @@ class RestoreStage {
   /// in place there.
   void Add(const std::string& name, std::span<const Byte> content);
 
+  /// The file is removed when the others are put in place; it need not exist. Throws FileError.
+  void Remove(const std::string& name);
+
   /// Throws FileError; then nothing is restored, unless IsRestorePending.
   void Commit();
 
  private:
+  void Stage(const std::string& name, const std::string& path, std::span<const Byte> content);
+
   std::string directory_;
   std::vector<std::string> names_;
+  std::vector<std::string> removed_;
   std::set<std::string> folders_;
   bool isCommitted_ = false;
 };

@@ -6,11 +6,12 @@
 
 namespace repvolta {
 
-/// A backup is half restored; what() says why its last files could not be put in place.
+/// A backup is half restored, or a voice half changed; what() says why its last files could not be
+/// put in place.
 class RestoreUnfinished : public FileError {
  public:
   RestoreUnfinished(const std::string& programDirectory, const std::string& why)
-      : FileError(programDirectory, "is half restored", why) {}
+      : FileError(programDirectory, "is half changed", why) {}
 };
 
 /// Finishes a restore that was interrupted and removes one that was not decided, under the lock of

@@ -167,7 +167,9 @@ TEST_F(HalfRestore, IsNotReadByADryRun) {
   const Entries before = Look(".");
   const ProgramRun run = Update({"--dry-run"});
   EXPECT_EQ(run.status, 2);
-  EXPECT_THAT(run.errors, HasSubstr("repvolta-update: A backup is half restored in "));
+  EXPECT_THAT(
+      run.errors,
+      HasSubstr("repvolta-update: A restored backup or a changed voice is half in place in "));
   EXPECT_TRUE(Look(".") == before);
 }
 
@@ -176,7 +178,7 @@ TEST_F(HalfRestore, IsNotReadWhenItCannotBeFinished) {
   PutFile("program/workouts/Tuesday.RPV/in the way", "");
   const ProgramRun run = Update();
   EXPECT_EQ(run.status, 2);
-  EXPECT_THAT(run.errors, HasSubstr("program/ is half restored: "));
+  EXPECT_THAT(run.errors, HasSubstr("program/ is half changed: "));
   EXPECT_TRUE(fs::is_empty("player"));
   EXPECT_EQ(GetFile("program/workouts/Monday.RPV"), oldWorkout);
 }

@@ -17,9 +17,11 @@
 #include "update/MusicListing.h"
 #include "update/RandomMusicList.h"
 #include "update/RestoreAtStart.h"
+#include "voices/PutClips.h"
 
 #include "fakes/FakeServices.h"
 #include "fakes/RecordingWindow.h"
+#include "support/ClipBytes.h"
 
 namespace repvolta {
 namespace {
@@ -160,6 +162,16 @@ void StartWithoutWorkout(ProgramState& state) {
 
 void FinishARestore(ProgramState& state) { FinishInterruptedRestore(state.ProgramDirectory); }
 
+/// The person records a word and takes in a clip of a voice; a clip is removed.
+void PutSomeClips(ProgramState& state) {
+  const Bytes clip = ClipBytes(Bytes(40, 'k'));
+  const ClipOrigin own{.owner = ClipOwner::kOwn, .day = "2026-11-22"};
+  PutClips(state.ProgramDirectory,
+           {.clips = {{"1.wav", clip, own}, {"exercise/Hop.WAV", clip, own}},
+            .files = {{"voices/Kim/1.wav", clip}},
+            .removed = {"voice/pounds.wav"}});
+}
+
 void ListAll(ProgramState& state) {
   LoadWorkoutNames(state);
   for (const std::string& name : state.WorkoutNames) std::printf("%s\n", name.c_str());
@@ -187,6 +199,7 @@ int Run(const std::string& step) {
       {"undo", UndoAndRedo},
       {"restore-backup", RestoreTheBackup},
       {"finish-restore", FinishARestore},
+      {"put-clips", PutSomeClips},
       {"list", ListAll},
       {"backup", MakeABackup},
       {"compile", Compile}};

@@ -46,7 +46,7 @@ TEST_F(RestoreAtStart, SaysWhyItCannotBeFinished) {
     FinishInterruptedRestore(folder_.Path());
     FAIL() << "nothing was said";
   } catch (const RestoreUnfinished& error) {
-    EXPECT_THAT(error.what(), HasSubstr(folder_.Path() + " is half restored: "));
+    EXPECT_THAT(error.what(), HasSubstr(folder_.Path() + " is half changed: "));
     EXPECT_THAT(error.what(), HasSubstr("settings.dat could not be written: Is a directory"));
   }
 }

@@ -63,7 +63,7 @@ bool IsOurName(std::string_view name) {
 }
 
 bool IsOurFile(std::string_view name) {
-  for (const char* file : {kSpokenTextFile, kSpokenSoundFile}) {
+  for (const char* file : {kSpokenTextFile, kSpokenSoundFile, kSongFile, kSongSamplesFile}) {
     if (name == file || name == WorkingName(file)) return true;
   }
   return false;

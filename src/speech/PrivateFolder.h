@@ -9,6 +9,8 @@ namespace repvolta {
 /// The only files in a private folder, apart from their working files.
 inline constexpr const char* kSpokenTextFile = "text";
 inline constexpr const char* kSpokenSoundFile = "sound.wav";
+inline constexpr const char* kSongFile = "song.mp3";
+inline constexpr const char* kSongSamplesFile = "song.raw";
 
 /// A folder in the folder for temporary files that only this user can enter; the destructor deletes
 /// it with its content. The constructor also deletes such folders that killed programs left, but

@@ -191,6 +191,17 @@ void AddBackupSeeds(const fs::path& root) {
       .Add(with({"workouts/", "", 040755}));
 }
 
+void AddVoiceSeeds(const fs::path& root) {
+  const std::string sum = "f5c9477a85fc9f46f91f1e3e3b30aa270b06020ba7497d3c5338ac111d35fa05";
+  Seeds(root, "voice_files")
+      .Add("# Whose the clips are\nexercise/A.WAV\t" + sum +
+           "\tcomputer\t2026-11-22\t-2\tflite\tA\r\n300.wav\t" + sum +
+           "\town\t\t0\t\t\tmore\nodd\n")
+      .Add("level\t-12.00\n" + sum + "\t-18.00\tas-made\texercise/A.WAV\n" + sum +
+           "\t-11.98\traised\t300.wav\n" + sum + "\t1\traised\t../../x\n")
+      .Add("-9.02\t1000:1.2\t/music/a\tb.mp3\n-9.00\t1:2.3\tsong.mp3\n1e300\tx\ty\n");
+}
+
 }  // namespace
 }  // namespace repvolta
 
@@ -204,4 +215,5 @@ int main(int argc, char** argv) {
   repvolta::AddRecordSeeds(argv[1]);
   repvolta::AddTextSeeds(argv[1]);
   repvolta::AddBackupSeeds(argv[1]);
+  repvolta::AddVoiceSeeds(argv[1]);
 }

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <malloc.h>
 #include <string>
 #include <unistd.h>
 
@@ -33,6 +34,8 @@ struct Use {
 };
 
 Use UseNow() {
+  // How much freed memory the allocator keeps at a moment is its own affair.
+  malloc_trim(0);
   std::ifstream statm("/proc/self/statm");
   long all = 0;
   long resident = 0;
@@ -61,6 +64,7 @@ class Updates {
                      [](const std::string& line) { return line.starts_with("ERROR"); });
     screen_.calls.clear();
     screen_.messages.clear();
+    screen_.results.clear();
     return isRight;
   }
 

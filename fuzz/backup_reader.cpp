@@ -40,7 +40,8 @@ void CheckBackup(const BackupReader& backup) {
   });
   Require(count == backup.Entries().size(), "all that was listed is unpacked");
   Require(count < kLimits.entries && bytes <= kLimits.bytes, "the limits hold");
-  Require(backup.Origin().format == kBackupFormat, "the format is one that is understood");
+  Require(backup.Origin().format >= 1 && backup.Origin().format <= kBackupFormat,
+          "the format is one that is understood");
 }
 
 }  // namespace

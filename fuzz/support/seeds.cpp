@@ -187,7 +187,12 @@ void AddBackupSeeds(const fs::path& root) {
       .Add(with({"settings.dat", "/etc/passwd", 0120777}))
       .Add(with({.name = "exercise/a.lst", .content = "0123456789ab", .flags = 0x801}))
       .Add(with({.name = "options.conf", .content = "x", .method = 14}))
-      .Add(ZipBytes().Add({kBackupManifest, "Repvolta backup\nformat=2\n"}).Get())
+      .Add(with({"voices/origins.txt", "300.wav\t0\town\t\t0\t\t\n"}))
+      .Add(with({"voices/K/exercise/a.WAV", AsText(ClipBytes(Bytes(9, 's')))}))
+      .Add(with({"voices/level.txt", "level\t-12.00\n0\t-18.00\tas-made\t300.wav\n"}))
+      .Add(with({"voices/.originals/1.wav", AsText(ClipBytes(Bytes(9, 's')))}))
+      .Add(with({"voices/.taken in/1.wav", AsText(ClipBytes(Bytes(9, 's')))}))
+      .Add(ZipBytes().Add({kBackupManifest, "Repvolta backup\nformat=3\n"}).Get())
       .Add(with({"workouts/", "", 040755}));
 }
 

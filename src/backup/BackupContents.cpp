@@ -20,11 +20,13 @@ constexpr std::uint64_t kMegabyte = std::uint64_t{1} << 20;
 /// Sound begins near the start of a clip; the rest need not be looked at.
 constexpr std::size_t kClipStart = kMegabyte;
 
-constexpr std::array<std::pair<std::string_view, BackupKind>, 4> kSingleFiles = {{
+constexpr std::array<std::pair<std::string_view, BackupKind>, 6> kSingleFiles = {{
     {kBackupManifest, BackupKind::kManifest},
     {kSettingsFile, BackupKind::kSettings},
     {kOptionsFile, BackupKind::kOptions},
     {kMusicList, BackupKind::kMusicList},
+    {kClipOrigins, BackupKind::kClipOrigins},
+    {kClipLevels, BackupKind::kClipLevels},
 }};
 
 struct FolderOfKind {
@@ -49,10 +51,31 @@ bool HasExtension(const std::string& name, std::string_view extension) {
   return name.size() > extension.size() && FoldCase(name).ends_with(FoldCase(extension));
 }
 
+/// The folder of a whole voice. Hidden ones are none, except for the originals of the clips in use.
+bool IsVoiceFolder(std::string_view folder) {
+  if (!folder.starts_with(kVoicesFolder) || !folder.ends_with('/')) return false;
+  std::string_view name = folder.substr(std::string_view(kVoicesFolder).size());
+  if (name.empty()) return false;
+  name.remove_suffix(1);
+  return folder == kOriginalClips || (IsSafeName(name) && !name.starts_with('.'));
+}
+
+bool IsVoiceNameFolder(std::string_view folder) {
+  return folder.ends_with(std::string("/") + kNameClipSubfolder) &&
+         IsVoiceFolder(
+             folder.substr(0, folder.size() - std::string_view(kNameClipSubfolder).size()));
+}
+
 /// `folder` ends with the separator.
 std::optional<BackupKind> KindInFolder(const std::string& folder, const std::string& name) {
   for (const FolderOfKind& place : kFolders) {
     if (folder == place.folder && HasExtension(name, place.extension)) return place.kind;
+  }
+  const bool isVoiceClip = (IsVoiceFolder(folder) && HasExtension(name, kClipExtension)) ||
+                           (IsVoiceNameFolder(folder) && HasExtension(name, kNameClipExtension));
+  if (isVoiceClip) {
+    const bool isOriginal = folder.starts_with(kOriginalClips);
+    return isOriginal ? BackupKind::kOriginalClip : BackupKind::kVoiceClip;
   }
   const bool isVersion = IsBackupFolder(folder) && folder.starts_with(kVersionFolder) &&
                          folder != kVersionFolder && ParseVersionName(name);
@@ -86,10 +109,11 @@ std::optional<BackupKind> BackupKindOf(std::string_view path) {
 bool IsBackupFolder(std::string_view path) {
   if (!IsUtf8(path)) return false;
   const std::string folder(path.ends_with('/') ? path : std::string(path) + "/");
-  const bool isPlain =
-      folder == kVersionFolder || std::ranges::any_of(kFolders, [&](const FolderOfKind& place) {
-        return folder == place.folder;
-      });
+  const bool isPlain = folder == kVersionFolder || folder == kVoicesFolder ||
+                       IsVoiceFolder(folder) || IsVoiceNameFolder(folder) ||
+                       std::ranges::any_of(kFolders, [&](const FolderOfKind& place) {
+                         return folder == place.folder;
+                       });
   if (isPlain || !folder.starts_with(kVersionFolder)) return isPlain;
   const std::size_t begin = std::string_view(kVersionFolder).size();
   return IsSafeName(std::string_view(folder).substr(begin, folder.size() - begin - 1));
@@ -106,10 +130,14 @@ std::uint64_t LargestInBackup(BackupKind kind) {
     case BackupKind::kOptions:
       return kMegabyte;
     case BackupKind::kExerciseList:
+    case BackupKind::kClipOrigins:
+    case BackupKind::kClipLevels:
       return 4 * kMegabyte;
     case BackupKind::kMusicList:
     case BackupKind::kClip:
     case BackupKind::kNameClip:
+    case BackupKind::kVoiceClip:
+    case BackupKind::kOriginalClip:
       break;
   }
   return 32 * kMegabyte;
@@ -120,11 +148,15 @@ std::string WhyNotOfKind(BackupKind kind, std::span<const Byte> content) {
   switch (kind) {
     case BackupKind::kClip:
     case BackupKind::kNameClip:
+    case BackupKind::kVoiceClip:
+    case BackupKind::kOriginalClip:
       return WhyNoClip(content);
     case BackupKind::kManifest:
     case BackupKind::kOptions:
     case BackupKind::kMusicList:
     case BackupKind::kExerciseList:
+    case BackupKind::kClipOrigins:
+    case BackupKind::kClipLevels:
       return WhyNoText(content);
     case BackupKind::kSettings:
     case BackupKind::kWorkout:
@@ -132,6 +164,17 @@ std::string WhyNotOfKind(BackupKind kind, std::span<const Byte> content) {
       break;
   }
   return "";
+}
+
+bool IsClip(BackupKind kind) {
+  return kind == BackupKind::kClip || kind == BackupKind::kNameClip ||
+         kind == BackupKind::kVoiceClip || kind == BackupKind::kOriginalClip;
+}
+
+int FormatWith(BackupKind kind) {
+  const bool isOfVoices = kind == BackupKind::kClipOrigins || kind == BackupKind::kClipLevels ||
+                          kind == BackupKind::kVoiceClip || kind == BackupKind::kOriginalClip;
+  return isOfVoices ? 2 : 1;
 }
 
 bool CanBeBrought(BackupKind kind) {

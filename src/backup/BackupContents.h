@@ -20,6 +20,10 @@ enum class BackupKind {
   kClip,          // voice/NAME.wav
   kNameClip,      // voice/exercise/NAME.WAV
   kExerciseList,  // exercise/NAME.lst
+  kClipOrigins,   // voices/origins.txt
+  kClipLevels,    // voices/level.txt
+  kVoiceClip,     // voices/VOICE/NAME.wav, voices/VOICE/exercise/NAME.WAV
+  kOriginalClip,  // voices/.originals/NAME.wav, voices/.originals/exercise/NAME.WAV
 };
 
 inline constexpr const char* kBackupManifest = "repvolta-backup.txt";
@@ -29,6 +33,13 @@ inline constexpr const char* kBackupExtension = ".zip";
 /// too; nothing for a path that no backup has. Paths that have a kind are relative and well-formed
 /// UTF-8, lead nowhere else, and have no backslash and no control characters.
 std::optional<BackupKind> BackupKindOf(std::string_view path);
+
+/// True for WAV files with one word or name.
+bool IsClip(BackupKind kind);
+
+/// The lowest format of a backup that holds a file of the kind. Programs know the kinds of the
+/// formats that they know.
+int FormatWith(BackupKind kind);
 
 /// True for the folders that hold such files: "versions/Monday/" or "versions/Monday".
 bool IsBackupFolder(std::string_view path);

@@ -5,7 +5,7 @@
 
 namespace repvolta {
 
-inline constexpr int kBackupFormat = 1;
+inline constexpr int kBackupFormat = 2;  // the highest that is known
 
 /// Where and when a backup was made. Texts that it does not give are "".
 struct BackupOrigin {

@@ -7,8 +7,12 @@
 #include "app/BroughtFiles.h"
 #include "app/ClipOrigins.h"
 #include "backup/FilesToBackUp.h"
+#include "base/File.h"
 #include "base/FileNames.h"
 #include "base/Folder.h"
+#include "base/Lines.h"
+#include "base/ProgramFiles.h"
+#include "base/Text.h"
 #include "base/WholeFile.h"
 
 namespace repvolta {
@@ -56,6 +60,64 @@ void ForgetBrought(std::vector<FileToBackUp>& files) {
   });
 }
 
+/// Clips that stay keep their notes.
+Bytes WithNotesHere(std::span<const Byte> notes) {
+  ClipOrigins origins("");
+  origins.AddNotesOf(AsText(notes));
+  const std::string text = origins.Encode();
+  return {text.begin(), text.end()};
+}
+
+/// The clip that a line of voices/level.txt is about, its fourth field; "" for other lines.
+std::u32string ClipOfLevelLine(std::string_view line) {
+  constexpr int kFieldsBefore = 3;
+  for (int i = 0; i < kFieldsBefore; ++i) {
+    const std::size_t end = line.find('\t');
+    if (end == std::string_view::npos) return {};
+    line.remove_prefix(end + 1);
+  }
+  return FoldCase(line);
+}
+
+std::set<std::u32string> ClipsOfLevelLines(std::string_view text) {
+  std::set<std::u32string> clips;
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    clips.insert(ClipOfLevelLine(line.ends_with('\r') ? line.substr(0, line.size() - 1) : line));
+    text.remove_prefix(std::min(text.size(), line.size() + 1));
+  }
+  return clips;
+}
+
+/// The level is that of the backup; clips that stay keep their originals.
+Bytes WithLevelsHere(std::span<const Byte> levels) {
+  std::string text(AsText(levels));
+  std::set<std::u32string> clips = ClipsOfLevelLines(text);
+  clips.insert(std::u32string());
+  if (FileExists(kClipLevels)) {
+    ForEachLine(kClipLevels, [&](std::string_view line) {
+      if (clips.contains(ClipOfLevelLine(line))) return true;
+      if (!text.empty() && !text.ends_with('\n')) text += '\n';
+      text.append(line).append("\n");
+      return true;
+    });
+  }
+  return {text.begin(), text.end()};
+}
+
+/// What is to be in the program directory of the content of an entry.
+ExchangedFile ContentHere(const BackupEntry& entry, std::span<const Byte> content,
+                          const std::vector<PathExchange>& exchanges) {
+  switch (entry.kind) {
+    case BackupKind::kClipOrigins:
+      return {.content = WithNotesHere(content), .tooLong = {}};
+    case BackupKind::kClipLevels:
+      return {.content = WithLevelsHere(content), .tooLong = {}};
+    default:
+      return ExchangePaths(entry.kind, content, exchanges);
+  }
+}
+
 bool IsFolderHere(const std::string& folder) {
   try {
     return FolderExists(folder);
@@ -95,7 +157,7 @@ RestorePlan BackupRestore::ForEachPlanned(const std::vector<PathExchange>& excha
       plan.damaged.push_back(entry.path);
       return;
     }
-    const ExchangedFile exchanged = ExchangePaths(entry.kind, content, exchanges);
+    const ExchangedFile exchanged = ContentHere(entry, content, exchanges);
     plan.files.push_back(PlanFile(entry, exchanged.content, targets, taken));
     ExpectBackedUp(plan.files.back(), paths);
     taken.insert(plan.files.back().target);

@@ -23,10 +23,12 @@ class Search {
   FilesToBackUp Run() {
     for (const char* name : {kSettingsFile, kOptionsFile, kMusicList}) Take(name);
     TakeFolder(kWorkoutFolder, kWorkoutExtension);
-    for (const std::string& name : FoldersOfVersions()) TakeVersions(name);
+    for (const std::string& folder : FoldersIn(kVersionFolder)) TakeVersions(folder);
     TakeFolder(kClipFolder, kClipExtension);
     TakeFolder(kNameClipFolder, kNameClipExtension);
     TakeFolder(kExerciseFolder, kExerciseListExtension);
+    for (const char* name : {kClipOrigins, kClipLevels}) Take(name);
+    for (const std::string& folder : FoldersIn(kVoicesFolder)) TakeVoice(folder);
     return std::move(found_);
   }
 
@@ -42,12 +44,20 @@ class Search {
     }
   }
 
-  static std::set<std::string> FoldersOfVersions() {
+  /// A hidden folder is a voice that is being taken in.
+  void TakeVoice(const std::string& folder) {
+    const bool isHidden = FileName(WithoutSeparator(folder)).starts_with('.');
+    if (isHidden && folder != kOriginalClips) return;
+    TakeFolder(folder, kClipExtension);
+    TakeFolder(folder + kNameClipSubfolder, kNameClipExtension);
+  }
+
+  static std::set<std::string> FoldersIn(const std::string& place) {
     std::set<std::string> folders;
-    const int error = ForEachEntry(kVersionFolder, [&](std::string_view name, EntryType type) {
-      if (type == EntryType::kFolder) folders.insert(kVersionFolder + std::string(name) + "/");
+    const int error = ForEachEntry(place, [&](std::string_view name, EntryType type) {
+      if (type == EntryType::kFolder) folders.insert(place + std::string(name) + "/");
     });
-    if (error != 0 && error != ENOENT) throw FileError(kVersionFolder, "could not be read", error);
+    if (error != 0 && error != ENOENT) throw FileError(place, "could not be read", error);
     return folders;
   }
 

@@ -15,6 +15,11 @@ namespace {
 constexpr double kSecond = 1.0 / 86400;
 constexpr std::size_t kMostNames = 12;
 
+/// The folder of the voice that the path of its clip begins with.
+std::string VoiceIn(const std::string& path) {
+  return path.substr(0, path.find('/', std::string_view(kVoicesFolder).size()));
+}
+
 /// How files of a kind are called. There is only one file where `several` is empty.
 struct KindTexts {
   BackupKind kind;
@@ -23,7 +28,7 @@ struct KindTexts {
   bool areNamed;
 };
 
-constexpr std::array<KindTexts, 7> kKinds = {{
+constexpr std::array<KindTexts, 11> kKinds = {{
     {BackupKind::kSettings, "the settings", "", false},
     {BackupKind::kOptions, "the options", "", false},
     {BackupKind::kMusicList, "the list of random music", "", false},
@@ -31,6 +36,10 @@ constexpr std::array<KindTexts, 7> kKinds = {{
     {BackupKind::kVersion, "earlier version", "earlier versions", false},
     {BackupKind::kClip, "clip", "clips", true},
     {BackupKind::kExerciseList, "exercise list", "exercise lists", true},
+    {BackupKind::kClipOrigins, "the notes on the clips", "", false},
+    {BackupKind::kClipLevels, "the level of the voice", "", false},
+    {BackupKind::kVoiceClip, "clip of another voice", "clips of other voices", false},
+    {BackupKind::kOriginalClip, "clip as it was made", "clips as they were made", false},
 }};
 
 /// Words and names are both clips to a person.
@@ -99,6 +108,8 @@ std::string TooLongText(const std::string& path) {
 RestoreTargets::RestoreTargets(const std::vector<FileToBackUp>& present) {
   for (const FileToBackUp& file : present) {
     present_.emplace(FoldedBackupPath(file.archived), file.path);
+    if (file.kind != BackupKind::kVoiceClip) continue;
+    voices_.emplace(FoldedBackupPath(VoiceIn(file.archived)), VoiceIn(file.path));
   }
 }
 
@@ -107,7 +118,14 @@ std::string RestoreTargets::PresentName(const std::string& path) const {
   return found == present_.end() ? path : found->second;
 }
 
+std::string RestoreTargets::InPresentVoice(const std::string& path) const {
+  const std::string voice = VoiceIn(path);
+  const auto found = voices_.find(FoldedBackupPath(voice));
+  return found == voices_.end() ? path : found->second + path.substr(voice.size());
+}
+
 std::string RestoreTargets::TargetOf(const std::string& path, BackupKind kind) const {
+  if (kind == BackupKind::kVoiceClip) return PresentName(InPresentVoice(path));
   if (kind != BackupKind::kVersion) return PresentName(path);
   const std::string folder = WithoutSeparator(FolderOf(path));
   const std::string workout = PresentName(kWorkoutFolder + FileName(folder) + kWorkoutExtension);

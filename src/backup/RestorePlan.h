@@ -37,13 +37,16 @@ class RestoreTargets {
  public:
   explicit RestoreTargets(const std::vector<FileToBackUp>& present);
 
-  /// Versions go to those of the workout that is there.
+  /// Versions go to those of the workout that is there, clips of a voice to its others.
   std::string TargetOf(const std::string& path, BackupKind kind) const;
 
  private:
   std::string PresentName(const std::string& path) const;
 
+  std::string InPresentVoice(const std::string& path) const;
+
   std::map<std::u32string, std::string> present_;
+  std::map<std::u32string, std::string> voices_;  // folders of voices
 };
 
 /// The name for a version when another version has its name: the next second's.

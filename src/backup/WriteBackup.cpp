@@ -1,5 +1,6 @@
 #include "backup/WriteBackup.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <ctime>
@@ -25,8 +26,7 @@ constexpr const char* kFailure = "could not be written";
 class ChangedMeanwhile {};
 
 ZipWriter::Packing PackingOf(BackupKind kind) {
-  const bool isSound = kind == BackupKind::kClip || kind == BackupKind::kNameClip;
-  return isSound ? ZipWriter::Packing::kStored : ZipWriter::Packing::kDeflated;
+  return IsClip(kind) ? ZipWriter::Packing::kStored : ZipWriter::Packing::kDeflated;
 }
 
 std::optional<File> OpenUnlessGone(const std::string& path) {
@@ -70,7 +70,7 @@ class BackupTry {
  private:
   void Write(const BackupOrigin& origin) {
     ZipWriter zip([&](std::span<const Byte> bytes) { writer_.Append(bytes); });
-    zip.Add({kBackupManifest, std::time(nullptr)}, AsBytes(ManifestText(origin)),
+    zip.Add({kBackupManifest, std::time(nullptr)}, AsBytes(ManifestText(WithFormat(origin))),
             ZipWriter::Packing::kDeflated);
     for (const FileToBackUp& file : found_.files) {
       Add(file, zip);
@@ -79,6 +79,15 @@ class BackupTry {
     }
     zip.Finish();
     if (FindFilesToBackUp() != found_) throw ChangedMeanwhile();
+  }
+
+  /// So that an older program can read what it understands, and says why of the rest.
+  BackupOrigin WithFormat(BackupOrigin origin) const {
+    origin.format = 1;
+    for (const FileToBackUp& file : found_.files) {
+      origin.format = std::max(origin.format, FormatWith(file.kind));
+    }
+    return origin;
   }
 
   void Add(const FileToBackUp& file, ZipWriter& zip) {

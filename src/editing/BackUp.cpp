@@ -23,11 +23,17 @@ std::vector<std::string> PartsOf(const std::map<BackupKind, int>& counts) {
   const int clips = count(BackupKind::kClip) + count(BackupKind::kNameClip);
   const int workouts = count(BackupKind::kWorkout);
   const int versions = count(BackupKind::kVersion);
+  const int voices = count(BackupKind::kVoiceClip);
+  const int originals = count(BackupKind::kOriginalClip);
   const int lists = count(BackupKind::kExerciseList);
   std::vector<std::string> parts;
   if (workouts > 0) parts.push_back(Counted(workouts, "workout", "workouts"));
   if (versions > 0) parts.push_back(Counted(versions, "earlier version", "earlier versions"));
   if (clips > 0) parts.push_back(Counted(clips, "own clip", "own clips"));
+  if (voices > 0) parts.push_back(Counted(voices, "clip", "clips") + " of other voices");
+  if (originals > 0) {
+    parts.push_back(Counted(originals, "clip as it was made", "clips as they were made"));
+  }
   if (lists > 0) parts.push_back(Counted(lists, "own exercise list", "own exercise lists"));
   const bool hasSettings = count(BackupKind::kSettings) + count(BackupKind::kOptions) > 0;
   if (hasSettings) parts.emplace_back("the settings");

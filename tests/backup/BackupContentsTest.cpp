@@ -21,6 +21,42 @@ TEST(BackupContents, AreKnownByTheirPaths) {
   EXPECT_EQ(BackupKindOf("exercise/Arms.lst"), BackupKind::kExerciseList);
 }
 
+TEST(BackupContents, HaveWholeVoicesAndTheNotesOnClips) {
+  EXPECT_EQ(BackupKindOf("voices/origins.txt"), BackupKind::kClipOrigins);
+  EXPECT_EQ(BackupKindOf("voices/level.txt"), BackupKind::kClipLevels);
+  for (const char* path : {"voices/Kim's voice/300.wav", "voices/Kim/exercise/Squat.WAV"}) {
+    EXPECT_EQ(BackupKindOf(path), BackupKind::kVoiceClip) << path;
+  }
+  for (const char* path : {"voices/.originals/300.wav", "voices/.originals/exercise/Squat.WAV"}) {
+    EXPECT_EQ(BackupKindOf(path), BackupKind::kOriginalClip) << path;
+  }
+  for (const char* path :
+       {"voices/300.wav", "voices/Kim.txt", "voices/songs.txt", "voices//300.wav",
+        "voices/../300.wav", "voices/./300.wav", "voices/.taken in/300.wav", "voices/Kim/300.mp3",
+        "voices/Kim/exercise/deep/Squat.WAV", "voices/Kim/deep/300.wav", "voices/a\\b/300.wav",
+        "voices/.originals/deep/300.wav", "voices/.Originals/300.wav", "voices/.originals/300.mp3",
+        "voices/.taken in/exercise/Squat.WAV", "voices/Kim/exercise/.WAV"}) {
+    EXPECT_EQ(BackupKindOf(path), std::nullopt) << path;
+  }
+}
+
+TEST(BackupContents, HaveTheFoldersOfWholeVoices) {
+  for (const char* folder : {"voices", "voices/", "voices/Kim", "voices/Kim/exercise/"}) {
+    EXPECT_TRUE(IsBackupFolder(folder)) << folder;
+  }
+  for (const char* folder : {"voices/..", "voices//", "voices/Kim/deep", "voices/.hidden/"}) {
+    EXPECT_FALSE(IsBackupFolder(folder)) << folder;
+  }
+}
+
+TEST(BackupContents, OfVoicesNeedTheSecondFormat) {
+  EXPECT_EQ(FormatWith(BackupKind::kNameClip), 1);
+  EXPECT_EQ(FormatWith(BackupKind::kClipOrigins), 2);
+  EXPECT_EQ(FormatWith(BackupKind::kClipLevels), 2);
+  EXPECT_EQ(FormatWith(BackupKind::kVoiceClip), 2);
+  EXPECT_EQ(FormatWith(BackupKind::kOriginalClip), 2);
+}
+
 TEST(BackupContents, HaveNoOtherPaths) {
   for (const char* path : {"",
                            "/",
@@ -89,12 +125,13 @@ TEST(BackupContents, HaveClipsWithSound) {
   const Bytes clip = WavBytes().Format(1, 16000, 16).Samples16({0, 1}).Get();
   EXPECT_EQ(WhyNotOfKind(BackupKind::kClip, clip), "");
   EXPECT_EQ(WhyNotOfKind(BackupKind::kNameClip, AsBytes("RIFF")), "It is no WAV file");
+  EXPECT_EQ(WhyNotOfKind(BackupKind::kOriginalClip, AsBytes("RIFF")), "It is no WAV file");
 }
 
 TEST(BackupContents, HaveListsThatAreTexts) {
   const std::string binary("a\0b", 3);
-  for (const BackupKind kind :
-       {BackupKind::kExerciseList, BackupKind::kMusicList, BackupKind::kOptions}) {
+  for (const BackupKind kind : {BackupKind::kExerciseList, BackupKind::kMusicList,
+                                BackupKind::kOptions, BackupKind::kClipLevels}) {
     EXPECT_EQ(WhyNotOfKind(kind, AsBytes("Caf\xE9\r\n")), "");
     EXPECT_EQ(WhyNotOfKind(kind, AsBytes(binary)), "It is no text");
   }

@@ -152,7 +152,7 @@ TEST_F(BackupReaderTest, RefusesWhatIsNoBackup) {
 TEST_F(BackupReaderTest, SaysThatANewerProgramMadeIt) {
   EXPECT_EQ(WhyNot(ZipBytes()
                        .Add({"future/thing", "x"})
-                       .Add({kBackupManifest, "Repvolta backup\nformat=2\nprogram=7.5\n"})
+                       .Add({kBackupManifest, "Repvolta backup\nformat=3\nprogram=7.5\n"})
                        .Get()),
             "x.zip is no backup that can be restored: A newer Repvolta made it (version 7.5)");
 }

@@ -26,6 +26,13 @@ TEST(RestoreTargets, AreWhereTheProgramFindsTheFiles) {
   EXPECT_EQ(targets.TargetOf("workouts/Legs.RPV", BackupKind::kWorkout), "workouts/Legs.RPV");
 }
 
+TEST(RestoreTargets, LeadClipsToTheOthersOfTheirVoice) {
+  const RestoreTargets targets({Present("voices/Kim/300.wav", BackupKind::kVoiceClip)});
+  EXPECT_EQ(targets.TargetOf("voices/KIM/exercise/Row.WAV", BackupKind::kVoiceClip),
+            "voices/Kim/exercise/Row.WAV");
+  EXPECT_EQ(targets.TargetOf("voices/Lee/300.wav", BackupKind::kVoiceClip), "voices/Lee/300.wav");
+}
+
 TEST(RestoreTargets, HaveTheBytesOfNamesThatAreHere) {
   const FileToBackUp here{.path = "workouts/Gru\xCC\x88n.RPV",
                           .archived = "workouts/Gr\xC3\xBCn.RPV",
@@ -78,6 +85,19 @@ TEST(RestorePlanText, SaysWhatIsReplacedAddedAndLeft) {
                           "Adds 1 workout: New.", "Adds 2 earlier versions.", "Adds 1 clip: Hop.",
                           "Leaves 1 workout that the backup does not have: Other.",
                           "2 files are here already, just the same."));
+}
+
+TEST(RestorePlanText, SaysWhatBecomesOfTheVoice) {
+  RestorePlan plan;
+  plan.files = {
+      Planned("voices/origins.txt", BackupKind::kClipOrigins, RestoreEffect::kReplaces),
+      Planned("voices/level.txt", BackupKind::kClipLevels, RestoreEffect::kReplaces),
+      Planned("voices/Kim/300.wav", BackupKind::kVoiceClip, RestoreEffect::kAdds),
+      Planned("voices/.originals/300.wav", BackupKind::kOriginalClip, RestoreEffect::kAdds),
+      Planned("voices/.originals/and.wav", BackupKind::kOriginalClip, RestoreEffect::kAdds)};
+  EXPECT_THAT(TextOf(plan),
+              ElementsAre("Replaces the notes on the clips.", "Replaces the level of the voice.",
+                          "Adds 1 clip of another voice.", "Adds 2 clips as they were made."));
 }
 
 TEST(RestorePlanText, SaysThatNothingChanges) {

@@ -262,6 +262,32 @@ TEST_F(WriteBackupTest, GivesUpWhenTheFilesGoOnChanging) {
   EXPECT_THAT(Left(), ElementsAre("backup.zip"));
 }
 
+TEST_F(WriteBackupTest, HoldsWholeVoicesAndTheNotesOnClips) {
+  const std::map<std::string, std::string> files = {{"voices/origins.txt", "# notes"},
+                                                    {"voices/level.txt", "-12"},
+                                                    {"voices/Kim/300.wav", Clip(5)},
+                                                    {"voices/Kim/exercise/Row.WAV", Clip(6)},
+                                                    {"voices/.originals/300.wav", Clip(7)}};
+  for (const auto& [path, content] : files) PutFile(path, content);
+  PutFile("voices/.taken in/300.wav", Clip(8));
+  PutFile("voices/songs.txt", "measured");
+  const BackupResult result = Write();
+  EXPECT_EQ(result.counts.at(BackupKind::kVoiceClip), 2);
+  EXPECT_EQ(result.counts.at(BackupKind::kOriginalClip), 1);
+  EXPECT_THAT(result.leftOut, IsEmpty());
+  std::map<std::string, std::string> all = own_;
+  all.insert(files.begin(), files.end());
+  EXPECT_EQ(FilesIn(kTarget), all);
+}
+
+TEST_F(WriteBackupTest, HasTheNewFormatOnlyForWhatAnOlderProgramDoesNotKnow) {
+  Write();
+  EXPECT_EQ(BackupReader(kTarget).Origin().format, 1);
+  PutFile("voices/origins.txt", "# notes");
+  Write();
+  EXPECT_EQ(BackupReader(kTarget).Origin().format, 2);
+}
+
 TEST_F(WriteBackupTest, FollowsLinksToFiles) {
   PutFile("elsewhere/Run.RPV", "far");
   fs::create_symlink("../elsewhere/Run.RPV", "workouts/Run.RPV");

@@ -14,6 +14,7 @@
 #include "editing/StartUp.h"
 #include "platform/QtChildProcesses.h"
 #include "platform/desktop/DesktopAudioOutputs.h"
+#include "platform/desktop/DesktopMicrophone.h"
 #include "platform/desktop/DesktopSoundPlayer.h"
 #include "platform/desktop/SingleInstance.h"
 #include "platform/desktop/UDisks.h"
@@ -29,6 +30,7 @@
 #include "ui/RepvoltaForm.h"
 #include "ui/TouchScreen.h"
 #include "ui/UpdateForm.h"
+#include "ui/VoiceActions.h"
 #include "ui/WindowLayout.h"
 
 // The desktop program.
@@ -86,6 +88,11 @@ class Desktop {
     progress_.OfferEject(disks_, [this] { return state_.Settings.OutputPath.Trimmed(); });
     pleaseWait_.SetOwner(&form_);
     form_.OfferListening(player_, backgroundSpeech_);
+    form_.GetVoiceActions().Offer({.player = player_,
+                                   .speech = backgroundSpeech_,
+                                   .microphone = &microphone_,
+                                   .programVoice = FindProgramVoice(executable),
+                                   .wordLists = FindWordLists(executable)});
     QObject::connect(&form_, &RepvoltaForm::Ended, qApp, &QCoreApplication::quit,
                      Qt::QueuedConnection);
   }
@@ -112,6 +119,7 @@ class Desktop {
   PreparedSpeech speech_{MakeSpeech, processes_};
   DesktopAudioOutputs outputs_;
   DesktopSoundPlayer player_;
+  DesktopMicrophone microphone_;
   EngineBackgroundSpeech backgroundSpeech_{MakeSpeech};
   UDisks disks_;
   QtDialogs dialogs_{layoutFile_};

@@ -97,6 +97,8 @@ constexpr MenuLine kLines[] = {
     {M::kVoice, "VolumeSldr"},
     {M::kVoice, "FormatCB"},
     {M::kVoice, "AudioOutputCB"},
+    {M::kVoice},
+    {M::kVoice, "SayDifferentlyAction"},
 
     {M::kHelp, "HelpAction"},
     {M::kHelp, "GuideAction"},

@@ -27,6 +27,7 @@
 #include "ui/MainMenu.h"
 #include "ui/SettingsTab.h"
 #include "ui/UndoActions.h"
+#include "ui/VoiceActions.h"
 #include "ui/WheelGuard.h"
 #include "ui/WindowLayout.h"
 #include "ui/WorkoutActions.h"
@@ -177,6 +178,8 @@ void RepvoltaForm::AddMenu() {
   undoActions_ = std::make_unique<UndoActions>(*this, editor_, handlers_,
                                                [this] { exerciseTab_->FollowRandomMusic(); });
   AddBackupActions(*this, editor_, handlers_);
+  voiceActions_ = std::make_unique<VoiceActions>(
+      *this, editor_, handlers_, [this] { return settingsTab_->SelectedAudioOutput(); });
   new Help(*this, editor_.dialogs);
   menu_ = new MainMenu(*this, MenuLines());
   layout()->setMenuBar(menu_);

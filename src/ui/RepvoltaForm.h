@@ -27,6 +27,7 @@ class LastUpdate;
 class MainMenu;
 class SettingsTab;
 class UndoActions;
+class VoiceActions;
 class WorkoutActions;
 class WorkoutTab;
 
@@ -46,6 +47,9 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
 
   /// Until this call nothing can be listened to. Both must outlive the window.
   void OfferListening(SoundPlayer& player, BackgroundSpeech& speech);
+
+  /// The windows of the menu "Voice".
+  VoiceActions& GetVoiceActions() { return *voiceActions_; }
 
   /// Handles the windows' events during a wait. Throws UpdateStopped when the person has stopped
   /// the update or ended the program.
@@ -111,6 +115,7 @@ class RepvoltaForm : public QDialog, public MainScreen, public ProgressLog, publ
   std::unique_ptr<Listening> listening_;
   std::unique_ptr<WorkoutActions> workoutActions_;
   std::unique_ptr<UndoActions> undoActions_;
+  std::unique_ptr<VoiceActions> voiceActions_;
   WorkoutTab* workoutTab_ = nullptr;
   ExerciseTab* exerciseTab_ = nullptr;
   SettingsTab* settingsTab_ = nullptr;

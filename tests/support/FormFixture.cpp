@@ -1,5 +1,7 @@
 #include "support/FormFixture.h"
 
+#include "ui/VoiceActions.h"
+
 namespace repvolta {
 
 FormFixture::FormFixture() {
@@ -22,6 +24,7 @@ void FormFixture::OpenForm() {
   form.reset();
   form = std::make_unique<RepvoltaForm>(program, dialogs, progress, pleaseWait, layoutFile);
   form->OfferListening(player, backgroundSpeech);
+  form->GetVoiceActions().Offer({.player = player, .speech = backgroundSpeech});
   form->show();
 }
 

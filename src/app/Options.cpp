@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kLongestOptionsFile = std::size_t{1024} * 1024;
 
 std::vector<FlagOption> Flags() {
-  std::vector<FlagOption> flags = {kPlayListForPlayer, kPlayerHintShown};
+  std::vector<FlagOption> flags = {kPlayListForPlayer, kPlayerHintShown, kRecordNextByItself};
   flags.insert(flags.end(), kUpdatesOn.begin(), kUpdatesOn.end());
   return flags;
 }

@@ -31,6 +31,12 @@ inline constexpr std::array<FlagOption, 7> kUpdatesOn = {{{"updates-on-monday", 
                                                           {"updates-on-saturday", false},
                                                           {"updates-on-sunday", false}}};
 
+/// The microphone that "Record Words" listens to; empty for the desktop's default one.
+inline constexpr TextOption kMicrophone{"microphone", ""};
+
+/// In "Record Words", the word after a kept one is recorded without a key.
+inline constexpr FlagOption kRecordNextByItself{"record-next-by-itself", false};
+
 /// Reads the options from the file in the current directory; without a file all have their
 /// defaults. Throws FileError when the file cannot be read; the options are then unchanged, and
 /// SaveOptions refuses to overwrite the file.

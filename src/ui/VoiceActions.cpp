@@ -4,6 +4,7 @@
 
 #include "editing/Listening.h"
 #include "ui/Keys.h"
+#include "ui/RecordForm.h"
 #include "ui/SayDifferentlyForm.h"
 #include "ui/WorkoutTab.h"
 
@@ -20,7 +21,10 @@ struct VoiceWindow {
 
 /// In the order of the menu.
 std::vector<VoiceWindow> VoiceWindows() {
-  return {{"SayDifferentlyAction",
+  return {{"RecordWordsAction", "Record Words ...", Qt::CTRL | Qt::SHIFT | Qt::Key_R,
+           "Nothing can be recorded.",
+           [](QWidget* owner, VoiceServices& services) { ShowRecordWords(owner, services); }},
+          {"SayDifferentlyAction",
            "Say It Differently ...",
            {},
            "The names cannot be said differently.",

@@ -2,7 +2,7 @@
 
 import collections
 
-from desktop import Atspi, has_state, heard_name, showing
+from desktop import Atspi, has_state, heard_name, role_of, showing
 from display import keys
 from support import WindowTest
 
@@ -33,14 +33,14 @@ class Accessibility(WindowTest):
     def controls(self, window):
         return [node for node in showing(window)
                 if has_state(node, Atspi.StateType.FOCUSABLE)
-                and node.get_role_name() not in NO_CONTROLS]
+                and role_of(node) not in NO_CONTROLS]
 
     def check(self, window):
         """Every control has a role and a name of its own."""
         controls = self.controls(window)
         self.assertNotEqual(controls, [])
         names = collections.Counter(heard_name(control) for control in controls)
-        roles = {heard_name(control): control.get_role_name() for control in controls}
+        roles = {heard_name(control): role_of(control) for control in controls}
         self.assertNotIn("", names, roles)
         self.assertEqual([name for name, count in names.items() if count > 1], [])
         self.assertNotIn("invalid", roles.values())
@@ -49,7 +49,7 @@ class Accessibility(WindowTest):
         """The Tab key reaches every enabled control; arrow keys choose in a group."""
         wanted = {heard_name(control) for control in self.controls(window)
                   if has_state(control, Atspi.StateType.ENABLED)
-                  and control.get_role_name() != "radio button"}
+                  and role_of(control) != "radio button"}
         reached = {heard_name(node) for node in self.program.focused(window)}
         for _ in range(2 * len(wanted) + 20):
             if wanted <= reached:
@@ -74,6 +74,13 @@ class Accessibility(WindowTest):
                 open_it()
                 self.check(program.window(title))
                 keys("Escape")
+        program.main()
+        keys("ctrl+shift+r")
+        recording = program.window("Record Words")
+        self.check(recording)
+        self.check_reach(recording)
+        keys("Escape")
+        program.main()
         program.tab(TABS[2])
         program.press("Change Music Path")
         picker = program.window("Select Directory")

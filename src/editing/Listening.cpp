@@ -5,31 +5,14 @@
 #include <stdexcept>
 #include <utility>
 
-#include "app/ProgressLog.h"
 #include "base/File.h"
+#include "editing/MissingWords.h"
 #include "instruction/Clips.h"
 #include "instruction/VoiceInstruction.h"
 #include "update/Growth.h"
 
 namespace repvolta {
 namespace {
-
-/// Keeps the lines about words that are missing as one text.
-class MissingWords : public ProgressLog {
- public:
-  void AddLineToUpdateList(std::string_view line) override {
-    if (line.starts_with(kError)) line.remove_prefix(kError.size());
-    if (!text_.empty()) text_ += ' ';
-    text_ += line;
-  }
-
-  const std::string& Text() const { return text_; }
-
- private:
-  static constexpr std::string_view kError = "ERROR: ";
-
-  std::string text_;
-};
 
 ExerciseRecord Grown(ExerciseRecord exercise, double today) {
   for (const SetGrowth& growth : GrowthOn(exercise, today)) Apply(growth, exercise);

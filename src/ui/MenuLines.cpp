@@ -98,6 +98,7 @@ constexpr MenuLine kLines[] = {
     {M::kVoice, "FormatCB"},
     {M::kVoice, "AudioOutputCB"},
     {M::kVoice},
+    {M::kVoice, "RecordingsAction"},
     {M::kVoice, "RecordWordsAction"},
     {M::kVoice, "SayDifferentlyAction"},
 

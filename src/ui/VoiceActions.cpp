@@ -5,6 +5,7 @@
 #include "editing/Listening.h"
 #include "ui/Keys.h"
 #include "ui/RecordForm.h"
+#include "ui/RecordingsForm.h"
 #include "ui/SayDifferentlyForm.h"
 #include "ui/WorkoutTab.h"
 
@@ -21,7 +22,10 @@ struct VoiceWindow {
 
 /// In the order of the menu.
 std::vector<VoiceWindow> VoiceWindows() {
-  return {{"RecordWordsAction", "Record Words ...", Qt::CTRL | Qt::SHIFT | Qt::Key_R,
+  return {{"RecordingsAction", "Recordings ...", Qt::CTRL | Qt::Key_R,
+           "The recordings cannot be shown.",
+           [](QWidget* owner, VoiceServices& services) { ShowRecordings(owner, services); }},
+          {"RecordWordsAction", "Record Words ...", Qt::CTRL | Qt::SHIFT | Qt::Key_R,
            "Nothing can be recorded.",
            [](QWidget* owner, VoiceServices& services) { ShowRecordWords(owner, services); }},
           {"SayDifferentlyAction",

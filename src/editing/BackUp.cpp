@@ -51,10 +51,6 @@ std::string LeftOutText(const std::vector<std::string>& lines) {
   return text;
 }
 
-std::string WeaknessText(const std::string& weakness) {
-  return weakness.empty() ? "" : "\r\rIt may not survive a power cut: " + weakness;
-}
-
 BackupResult WriteInSight(const Editor& editor, const std::string& target,
                           const BackupOrigin& origin) {
   BackupResult result;

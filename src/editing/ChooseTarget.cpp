@@ -20,6 +20,10 @@ std::string PathInProgram(const std::string& programDirectory, const std::string
 
 }  // namespace
 
+std::string WeaknessText(const std::string& weakness) {
+  return weakness.empty() ? "" : "\r\rIt may not survive a power cut: " + weakness;
+}
+
 std::string ChooseTarget(const Editor& editor, const FileQuestion& question) {
   std::string path = editor.dialogs.ChooseFileToSave(question);
   if (path.empty() || !BackupKindOf(PathInProgram(editor.State().ProgramDirectory, path))) {

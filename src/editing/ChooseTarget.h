@@ -11,4 +11,7 @@ namespace repvolta {
 /// cancelled.
 std::string ChooseTarget(const Editor& editor, const FileQuestion& question);
 
+/// What is added to the message that the file was written; "" when there is no weakness.
+std::string WeaknessText(const std::string& weakness);
+
 }  // namespace repvolta

@@ -101,6 +101,7 @@ constexpr MenuLine kLines[] = {
     {M::kVoice, "RecordingsAction"},
     {M::kVoice, "RecordWordsAction"},
     {M::kVoice, "SayDifferentlyAction"},
+    {M::kVoice, "VoicesAction"},
 
     {M::kHelp, "HelpAction"},
     {M::kHelp, "GuideAction"},

@@ -7,6 +7,7 @@
 #include "ui/RecordForm.h"
 #include "ui/RecordingsForm.h"
 #include "ui/SayDifferentlyForm.h"
+#include "ui/VoicesForm.h"
 #include "ui/WorkoutTab.h"
 
 namespace repvolta {
@@ -32,7 +33,8 @@ std::vector<VoiceWindow> VoiceWindows() {
            "Say It Differently ...",
            {},
            "The names cannot be said differently.",
-           [](QWidget* owner, VoiceServices& services) { ShowSayDifferently(owner, services); }}};
+           [](QWidget* owner, VoiceServices& services) { ShowSayDifferently(owner, services); }},
+          {"VoicesAction", "Voices ...", {}, "The voices cannot be shown.", ShowVoices}};
 }
 
 }  // namespace

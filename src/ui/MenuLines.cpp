@@ -102,6 +102,7 @@ constexpr MenuLine kLines[] = {
     {M::kVoice, "RecordWordsAction"},
     {M::kVoice, "SayDifferentlyAction"},
     {M::kVoice, "VoicesAction"},
+    {M::kVoice, "VoiceAndMusicAction"},
 
     {M::kHelp, "HelpAction"},
     {M::kHelp, "GuideAction"},

@@ -7,6 +7,7 @@
 #include "ui/RecordForm.h"
 #include "ui/RecordingsForm.h"
 #include "ui/SayDifferentlyForm.h"
+#include "ui/VoiceAndMusicForm.h"
 #include "ui/VoicesForm.h"
 #include "ui/WorkoutTab.h"
 
@@ -34,7 +35,12 @@ std::vector<VoiceWindow> VoiceWindows() {
            {},
            "The names cannot be said differently.",
            [](QWidget* owner, VoiceServices& services) { ShowSayDifferently(owner, services); }},
-          {"VoicesAction", "Voices ...", {}, "The voices cannot be shown.", ShowVoices}};
+          {"VoicesAction", "Voices ...", {}, "The voices cannot be shown.", ShowVoices},
+          {"VoiceAndMusicAction",
+           "Voice and Music ...",
+           {},
+           "The window \"Voice and Music\" cannot be shown.",
+           ShowVoiceAndMusic}};
 }
 
 }  // namespace

@@ -45,35 +45,15 @@
 #include "fakes/FakeSound.h"
 #include "fakes/FakeVolumes.h"
 #include "support/ClipBytes.h"
+#include "support/Pictures.h"
 #include "support/PlannedSample.h"
 #include "support/TemporaryFolder.h"
+#include "support/VoicePictures.h"
 
-// Takes pictures of the windows: repvolta_pictures FOLDER light|dark|contrast [FONT SIZE].
+// Takes pictures of the windows: repvolta_pictures FOLDER light|dark|contrast|touch [FONT SIZE].
 
 namespace repvolta {
 namespace {
-
-class Pictures {
- public:
-  explicit Pictures(const QString& folder) : folder_(QDir(folder).absolutePath()) {
-    QDir().mkpath(folder_);
-  }
-
-  void Take(QWidget& window, const QString& name) const {
-    Settle(window);
-    window.grab().save(folder_ + "/" + name + ".png");
-    if (!qobject_cast<RepvoltaForm*>(&window)) window.hide();
-  }
-
-  /// Shows the window and lets it look at folders and songs, which it does in the background.
-  static void Settle(QWidget& window) {
-    window.show();
-    for (int i = 0; i < 20; ++i) QApplication::processEvents(QEventLoop::AllEvents, 20);
-  }
-
- private:
-  QString folder_;
-};
 
 class SampleOutputs : public AudioOutputs {
  public:
@@ -320,7 +300,7 @@ void TakeGrowth(const Pictures& pictures, RepvoltaForm& form, ExerciseRecord& ex
   exercise = GrowingExercise();
   form.UpdateExerciseScreen();
   form.findChild<QListWidget*>("FreqList1")->setCurrentRow(0);
-  pictures.Take(form, "RepvoltaForm-growth");
+  pictures.TakeOpen(form, "RepvoltaForm-growth");
   form.findChild<QAction*>("GrowthAheadAction")->trigger();
   auto& ahead = *form.findChild<QDialog*>("GrowthAheadForm");
   pictures.Take(ahead, "GrowthAheadForm-daily");
@@ -353,7 +333,7 @@ void TakeWindow(const Pictures& pictures) {
     form.SelectSet(0);
     Pictures::Settle(form);
     if (tabs.currentIndex() == 1) ForgetThatSongsAreGone(form);
-    pictures.Take(form, QString("RepvoltaForm-") + name);
+    pictures.TakeOpen(form, QString("RepvoltaForm-") + name);
     if (tabs.currentIndex() == 1) {
       TakeGrowth(pictures, form, state.Workout[state.CurrentExercise]);
     }
@@ -363,14 +343,15 @@ void TakeWindow(const Pictures& pictures) {
   form.activateWindow();
   form.SelectSet(0);
   form.findChild<QWidget*>("SetListInc1")->setFocus();
-  pictures.Take(form, "RepvoltaForm-Exercise-focus");
+  pictures.TakeOpen(form, "RepvoltaForm-Exercise-focus");
   PutFile("voice/exercise/Bench Press.WAV", ClipBytes({0xFD, 0xFD}));
   form.findChild<QPushButton*>("ListenButton")->click();
-  pictures.Take(form, "RepvoltaForm-Exercise-heard");
+  pictures.TakeOpen(form, "RepvoltaForm-Exercise-heard");
   for (auto* menu : form.findChildren<QMenu*>()) {
     Q_EMIT menu->aboutToShow();
     pictures.Take(*menu, menu->objectName());
   }
+  TakeVoiceWindows(pictures, form.GetEditor(), state);
   TakePreview(pictures, program);
 }
 
@@ -381,8 +362,9 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(REPVOLTA_ICON));
-  QApplication::setStyle(new repvolta::ClearIndicators);
   if (argc < 3) return 2;
+  QApplication::setStyle(new repvolta::ClearIndicators(
+      QString(argv[2]) == "touch" ? repvolta::Pointing::kFinger : repvolta::Pointing::kMouse));
   if (QString(argv[2]) == "dark") QApplication::setPalette(repvolta::DarkPalette());
   if (QString(argv[2]) == "contrast") {
     QApplication::setPalette(repvolta::HighContrastPalette());

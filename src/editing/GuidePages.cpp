@@ -20,6 +20,7 @@ constexpr GuidePage kPages[] = {
     {"voice-other-languages", "The voice in other languages"},
     {"voice-and-music", "Voice and music"},
     {"schedule", "Updates on a schedule"},
+    {"desktops", "On your desktop"},
     {"messages", "What the program says"},
     {"when-something-went-wrong", "When something went wrong"},
     {"backup", "Backup and moving"},

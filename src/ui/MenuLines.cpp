@@ -120,6 +120,7 @@ constexpr MenuLine kLines[] = {
     {M::kHelp, "GuidePage-voice-other-languages"},
     {M::kHelp, "GuidePage-voice-and-music"},
     {M::kHelp, "GuidePage-schedule"},
+    {M::kHelp, "GuidePage-desktops"},
     {M::kHelp, "GuidePage-messages"},
     {M::kHelp, "GuidePage-when-something-went-wrong"},
     {M::kHelp, "GuidePage-backup"},

@@ -105,8 +105,12 @@ void SelectDirectory::DriveListBox_Change() {
   if (ui_->DriveListBox->currentIndex() >= 0) Show(ui_->DriveListBox->currentData().toString());
 }
 
+/// Is also called when folders beside the selected one come and go.
 void SelectDirectory::DirListBox_Change() {
-  ui_->SelectedFolderLabel->setText(QDir::toNativeSeparators(CurrentFolder()));
+  const QString folder = CurrentFolder();
+  if (folder == folderInQuestion_) return;
+  folderInQuestion_ = folder;
+  ui_->SelectedFolderLabel->setText(QDir::toNativeSeparators(folder));
   ui_->FigureLabel->clear();
   look_.GiveUp();
   lookSoon_.start();

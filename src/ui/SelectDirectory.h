@@ -62,6 +62,7 @@ class SelectDirectory : public QDialog {
   const FolderQuestion::Figure figure_;
   FolderLook look_;
   QTimer lookSoon_;
+  QString folderInQuestion_;     // its figure is shown or sought
   QPersistentModelIndex shown_;  // the folder to keep in sight, if any
   std::string selectedDirectory_;
 };

@@ -69,6 +69,19 @@ TEST_F(FolderPickerTexts, CountsTheSongsBelowTheSelectedFolder) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return figure.text() == "Songs in it and below it: 1"; }));
 }
 
+TEST_F(FolderPickerTexts, GoesOnCountingWhenFoldersBesideItComeAndGo) {
+  auto& model = dynamic_cast<QFileSystemModel&>(*Folders().model());
+  auto& figure = Find<QLabel>(*dialog, "FigureLabel");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return figure.text() == "Songs in it and below it: 0"; }));
+  const QPersistentModelIndex beside = model.index(At("a"));
+  ASSERT_TRUE(beside.isValid());
+
+  std::filesystem::remove_all("a");
+
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !beside.isValid(); }));
+  EXPECT_EQ(figure.text(), "Songs in it and below it: 0");
+}
+
 TEST_F(FolderPickerTexts, SaysHowMuchRoomThereIs) {
   FolderQuestion question = From(At("start"));
   question.figure = FolderQuestion::Figure::kRoom;

@@ -109,6 +109,14 @@ int ClearIndicators::pixelMetric(PixelMetric metric, const QStyleOption* option,
   return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
+int ClearIndicators::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                               QStyleHintReturn* more) const {
+  if (hint == SH_Table_GridLineColor && option && NeedsOutlines(*option)) {
+    return static_cast<int>(OutlineOn(option->palette).rgba());
+  }
+  return QProxyStyle::styleHint(hint, option, widget, more);
+}
+
 QSize ClearIndicators::sizeFromContents(ContentsType type, const QStyleOption* option,
                                         const QSize& size, const QWidget* widget) const {
   const QSize usual = QProxyStyle::sizeFromContents(type, option, size, widget);

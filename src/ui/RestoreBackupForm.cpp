@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "ui/SizeOnScreen.h"
+#include "ui/TouchScreen.h"
 
 #include "ui_RestoreBackupForm.h"
 
@@ -21,6 +22,8 @@ enum Column { kFrom, kTo };
 constexpr int kWidth = 96;
 constexpr int kHeight = 30;
 constexpr int kMostRows = 5;
+
+constexpr int kRowMargin = 4;  // pixels around the text of a row
 
 QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 
@@ -82,6 +85,10 @@ void RestoreBackupForm::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   layout()->activate();
   QTableWidget* table = ui_->ExchangeTable;
+  QHeaderView* rows = table->verticalHeader();
+  rows->setDefaultSectionSize(
+      std::max({rows->defaultSectionSize(), table->fontMetrics().height() + kRowMargin,
+                LeastRowHeight(*table)}));
   int height = table->horizontalHeader()->height() + 2 * table->frameWidth();
   for (int row = 0; row < std::min(table->rowCount(), kMostRows); ++row)
     height += table->rowHeight(row);

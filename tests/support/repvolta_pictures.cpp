@@ -35,6 +35,7 @@
 #include "ui/QtDialogs.h"
 #include "ui/RandomMusicMessage.h"
 #include "ui/RepvoltaForm.h"
+#include "ui/RestoreBackupForm.h"
 #include "ui/RowList.h"
 #include "ui/SelectDirectory.h"
 #include "ui/SelectExerciseDialog.h"
@@ -251,6 +252,20 @@ void TakePreview(const Pictures& pictures, Program& program) {
   pictures.Take(crowded, "PreviewForm-crowded");
 }
 
+void TakeRestoreBackup(const Pictures& pictures) {
+  RestoreBackupForm restore(
+      {.heading = "Repvolta backup 2026-05-30.zip, made on 2026-05-30 18.05.12 of "
+                  "/home/alex/Training",
+       .exchanges = {{"/home/alex", "/home/kim"}, {"/srv/songs", ""}},
+       .plan = [](const std::vector<PathExchange>&) {
+         return RestoreView{.lines = {"Replaces the settings.",
+                                      "Replaces 2 workouts: Monday, Thursday.",
+                                      "Adds 14 earlier versions.",
+                                      "Leaves 1 workout that the backup does not have: Legs."}};
+       }});
+  pictures.Take(restore, "RestoreBackupForm");
+}
+
 void TakeDialogs(const Pictures& pictures) {
   SelectExerciseDialog exercise({"Arms", "Back", "Chest", "Core", "Legs"}, [](const std::string&) {
     return std::vector<std::string>{"Bench Press", "Cable Crossover", "Chest Dip"};
@@ -276,6 +291,7 @@ void TakeDialogs(const Pictures& pictures) {
   RandomMusicMessage wait;
   pictures.Take(wait, "RandomMusicMessage");
   TakeUpdate(pictures);
+  TakeRestoreBackup(pictures);
 }
 
 /// The example of the guide: entered today, which is a Monday.

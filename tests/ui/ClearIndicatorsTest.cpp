@@ -9,6 +9,7 @@
 #include <QSlider>
 #include <QStyleFactory>
 #include <QStyleOptionButton>
+#include <QTableWidget>
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
@@ -169,6 +170,17 @@ TEST(ClearIndicatorsTest, OutlineAllSidesOnScreensOfAnyScale) {
       }
     }
   }
+}
+
+TEST(ClearIndicatorsTest, DivideTheCellsOfATableInHighContrast) {
+  ClearIndicators style;
+  QTableWidget table(2, 2);
+  table.setStyle(&style);
+  table.setPalette(Contrasting());
+  table.resize(300, 200);
+  const QImage image = table.viewport()->grab().toImage();
+  const int line = table.rowViewportPosition(1) - 1;
+  EXPECT_GE(Contrast(image.pixelColor(5, line), Qt::black), 3);
 }
 
 TEST(ClearIndicatorsTest, OutlineNoButtonInOrdinaryColours) {

@@ -8,7 +8,9 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
+#include "ui/ClearIndicators.h"
 #include "ui/RestoreBackupForm.h"
+#include "ui/TouchScreen.h"
 
 #include "support/Modal.h"
 
@@ -128,6 +130,26 @@ TEST_F(RestoreBackupFormTest, HasRoomForAllRowsOfFolders) {
   form.show();
   const QTableWidget& table = Table(form);
   EXPECT_TRUE(table.viewport()->rect().contains(table.visualItemRect(table.item(1, 0))));
+}
+
+TEST_F(RestoreBackupFormTest, HasRowsOfFoldersThatAFingerHits) {
+  RestoreBackupForm form(question_);
+  ClearIndicators style(Pointing::kFinger);
+  QTableWidget& table = Table(form);
+  table.setStyle(&style);
+  form.show();
+  EXPECT_GE(table.rowHeight(0), kFingerHeight);
+  EXPECT_TRUE(table.viewport()->rect().contains(table.visualItemRect(table.item(1, 0))));
+}
+
+TEST_F(RestoreBackupFormTest, HasRowsOfFoldersAsHighAsTheirText) {
+  RestoreBackupForm form(question_);
+  QFont large = form.font();
+  large.setPointSize(40);
+  form.setFont(large);
+  form.show();
+  const QTableWidget& table = Table(form);
+  EXPECT_GE(table.rowHeight(0), table.fontMetrics().height());
 }
 
 TEST_F(RestoreBackupFormTest, IsReachedByTab) {

@@ -17,7 +17,7 @@ int CountOf(const std::map<BackupKind, int>& counts, BackupKind kind) {
   return found == counts.end() ? 0 : found->second;
 }
 
-/// "1 workout", "2 workouts"
+/// What was backed up, one part for each kind: "2 workouts", "1 own clip".
 std::vector<std::string> PartsOf(const std::map<BackupKind, int>& counts) {
   const auto count = [&](BackupKind kind) { return CountOf(counts, kind); };
   const int clips = count(BackupKind::kClip) + count(BackupKind::kNameClip);

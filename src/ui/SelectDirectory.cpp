@@ -167,6 +167,7 @@ void SelectDirectory::Reveal() {
 
 void SelectDirectory::OpenTree() {
   CloseTree();
+  folderInQuestion_.clear();
   folders_ = new QFileSystemModel(this);
   folders_->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
   folders_->setRootPath(QDir::rootPath());

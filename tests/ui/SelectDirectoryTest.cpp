@@ -326,6 +326,18 @@ TEST_F(SelectDirectoryWithPlayers, ShowsTheNearestFolderThatIsLeftWhenTheSelecte
   EXPECT_EQ(Find<QComboBox>(other, "DriveListBox").currentText(), "/");
 }
 
+TEST_F(SelectDirectoryWithPlayers, CountsAnewInTheFolderWhereOneIsPulledOut) {
+  PutFile("b/one.mp3", "");
+  SelectDirectory other(volumes, From(At("b")));
+  const auto& figure = Find<QLabel>(other, "FigureLabel");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return figure.text() == "Songs in it and below it: 1"; }));
+  // The folder on which a disk was mounted stays, and shows what it held before.
+  std::filesystem::remove("b/one.mp3");
+  volumes.ChangeTo({Root(), Fixed("a")});
+  EXPECT_EQ(figure.text(), "");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return figure.text() == "Songs in it and below it: 0"; }));
+}
+
 TEST_F(SelectDirectoryWithPlayers, ShowsTheRoomThatIsLeftNow) {
   volumes.ChangeTo({Root(), Player("b")});
   Drives().setCurrentIndex(1);

@@ -1,16 +1,14 @@
 #include <cstdio>
 #include <filesystem>
 #include <gmock/gmock.h>
-#include <map>
 #include <sys/stat.h>
 
 #include "app/RecordFormat.h"
 #include "backup/WriteBackup.h"
 #include "keeping/PendingRestore.h"
 
-#include "faults/FaultWorld.h"
+#include "faults/OldOrNewFaults.h"
 #include "support/ClipBytes.h"
-#include "support/ProgramsBeside.h"
 
 namespace repvolta {
 namespace {
@@ -18,43 +16,21 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-/// In turn, so that each call meets several of them.
-const std::vector<const char*> kFailures = {"EIO", "ENOSPC", "EACCES"};
-
 constexpr const char* kOwn[] = {"settings.dat", "workouts", "voice"};
-
-constexpr const char* kGroups[] = {"open", "write", "fsync", "rename", "mkdir", "unlink",
-                                   "read", "list",  "mode",  "stat",   "close", "lock"};
-
-/// The calls by which a restore is decided and put in place.
-constexpr const char* kDecidingGroups[] = {"rename", "mkdir", "unlink"};
 
 /// Restoring a backup that differs in the settings, a workout, a version and a clip from what is
 /// there. The clip and the folder of the version are new.
-class BackupRestoreFaults : public FaultWorld {
+class BackupRestoreFaults : public OldOrNewFaults {
  protected:
-  BackupRestoreFaults() {
-    fs::create_directory("before");
-    fs::current_path(Full("program"));
+  BackupRestoreFaults() : OldOrNewFaults("restore-backup") {
+    fs::create_directory("../before");
     for (const char* name : kOwn)
       fs::copy(name, Full("before/") + name, fs::copy_options::recursive);
     MakeBackup();
-    Reset();
-    old_ = Own();
-    EXPECT_EQ(RestoreWith({"any", 1'000'000, "EIO"}).run.status, 0);
-    new_ = Own();
-    EXPECT_NE(old_, new_);
+    LearnOldAndNew();
   }
 
-  FaultyRun RestoreWith(const Fault& fault) {
-    return RunWith(fault, ProgramBeside("engine_steps"), {"restore-backup"});
-  }
-
-  static int Finish() {
-    return RunProgram(ProgramBeside("engine_steps"), {"finish-restore"}).status;
-  }
-
-  static void Reset() {
+  void Reset() override {
     for (const char* name : {"versions", "backups", "restore.pending"}) fs::remove_all(name);
     for (const char* name : kOwn) {
       fs::remove_all(name);
@@ -62,9 +38,9 @@ class BackupRestoreFaults : public FaultWorld {
     }
   }
 
-  /// What must be all old or all new, without the backups and versions that come beside.
-  static std::map<std::string, std::string> Own() {
-    std::map<std::string, std::string> files;
+  /// Without the backups and versions that come beside.
+  Files Own() const override {
+    Files files;
     for (const char* name : {"settings.dat", "workouts", "voice", "versions/Tuesday"}) {
       if (fs::is_regular_file(name)) files[name] = GetTextFile(name);
       if (!fs::is_directory(name)) continue;
@@ -73,39 +49,6 @@ class BackupRestoreFaults : public FaultWorld {
       }
     }
     return files;
-  }
-
-  void ExpectOldOrNew(const ProgramRun& run) {
-    const bool wasPending = IsRestorePending("");
-    if (!wasPending && run.status != -1) {
-      EXPECT_TRUE(Own() == (run.status == 0 ? new_ : old_)) << run.errors;
-    }
-    EXPECT_EQ(Finish(), 0);
-    const auto now = Own();
-    EXPECT_TRUE(now == new_ || (now == old_ && !wasPending));
-    EXPECT_FALSE(fs::exists("restore.pending"));
-  }
-
-  bool TryFault(const Fault& fault) {
-    Reset();
-    const FaultyRun faulty = RestoreWith(fault);
-    SCOPED_TRACE(fault.Text());
-    const ProgramRun& run = faulty.run;
-    EXPECT_TRUE(run.status == -1 || run.status == 0 ||
-                (run.status == 1 && run.errors.starts_with("engine_steps: ")))
-        << run.status << run.errors;
-    ExpectOldOrNew(run);
-    return faulty.hit;
-  }
-
-  /// Returns how many calls were tried.
-  int TryEvery(const std::string& group, int step, const std::vector<const char*>& failures) {
-    std::size_t points = 0;
-    for (int number = 1; TryFault({group, number, failures[points % failures.size()]});
-         number += step) {
-      ++points;
-    }
-    return static_cast<int>(points);
   }
 
  private:
@@ -118,29 +61,23 @@ class BackupRestoreFaults : public FaultWorld {
     PutFile("versions/Tuesday/2026-11-22 05.32.06 before update.RPV", "version");
     WriteBackup("../b.zip", OriginHere(Full("program/"), 40000));
   }
-
-  std::map<std::string, std::string> old_;
-  std::map<std::string, std::string> new_;
 };
 
 TEST_F(BackupRestoreFaults, OfOneCallLeaveTheOldOrTheNewState) {
-  const int step = PointStep(19);
-  int points = 0;
-  for (const char* group : kGroups) points += TryEvery(group, step, kFailures);
+  const int distance = PointStep(19);
+  const int points = FailEveryCall(distance);
   std::printf("[  POINTS  ] restoring: %d calls failed, one at a time\n", points);
-  EXPECT_GE(points * step, 300);
+  EXPECT_GE(points * distance, 300);
 }
 
 TEST_F(BackupRestoreFaults, OfADecidingCallLeaveTheOldOrTheNewState) {
-  int points = 0;
-  for (const char* group : kDecidingGroups) points += TryEvery(group, PointStep(1), kFailures);
+  const int points = FailDecidingCalls();
   std::printf("[  POINTS  ] deciding a restore: %d calls failed, one at a time\n", points);
   EXPECT_GE(points * PointStep(1), 15);
 }
 
 TEST_F(BackupRestoreFaults, OfAKillLeaveTheOldOrTheNewState) {
-  int points = TryEvery("any", PointStep(61), {"KILL"});
-  for (const char* group : kDecidingGroups) points += TryEvery(group, PointStep(1), {"KILL"});
+  const int points = KillAmid(PointStep(61));
   std::printf("[  POINTS  ] restoring: killed before %d different calls\n", points);
   EXPECT_GE(points * PointStep(1), 25);
 }
